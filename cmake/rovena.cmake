@@ -1,0 +1,49 @@
+# What every target of the project shares: warnings, sanitizers, precompiled headers, and the rule that
+# one directory is one target that may include only what it links.
+
+add_library(rovena_options INTERFACE)
+target_compile_options(rovena_options INTERFACE
+  $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wnon-virtual-dtor;-Woverloaded-virtual;-Werror;-Winvalid-pch>)
+target_compile_definitions(rovena_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS)
+if(ROVENA_SANITIZE)
+  target_compile_options(rovena_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(rovena_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# rovena_library(NAME LINKS target... [PRECOMPILE header...]): the sources of the current directory as the static library rovena_NAME.
+# A directory reaches another one's headers only through the link, and src/ is the include root of all.
+function(rovena_library name)
+  cmake_parse_arguments(ARG "" "" "LINKS;PRECOMPILE" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  if(NOT sources)
+    add_library(rovena_${name} INTERFACE)
+    target_link_libraries(rovena_${name} INTERFACE rovena_options ${ARG_LINKS})
+    return()
+  endif()
+  add_library(rovena_${name} STATIC ${sources})
+  set_target_properties(rovena_${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_precompile_headers(rovena_${name} PRIVATE <QtCore/QtCore> ${ARG_PRECOMPILE})
+  target_include_directories(rovena_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(rovena_${name} PUBLIC rovena_options ${ARG_LINKS})
+endfunction()
+
+# rovena_test(NAME LINKS target...): the sources of the current directory as one GoogleTest program NAME_test.
+# The fakes that tests share lie in tests/support.
+function(rovena_test name)
+  cmake_parse_arguments(ARG "" "" "LINKS;DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name}_test ${sources})
+  target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name}_test PRIVATE rovena_options ${ARG_LINKS} GTest::gtest GTest::gmock)
+  target_precompile_headers(${name}_test PRIVATE <QtCore/QtCore> <gtest/gtest.h> <gmock/gmock.h>)
+  if(ARG_DEPENDS)
+    add_dependencies(${name}_test ${ARG_DEPENDS})
+  endif()
+  add_test(NAME ${name} COMMAND ${name}_test)
+  set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ROVENA_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}" TIMEOUT 600)
+endfunction()

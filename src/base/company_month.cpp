@@ -1,0 +1,82 @@
+#include "base/company_month.h"
+
+#include <algorithm>
+
+namespace base {
+
+namespace {
+
+int row_from_start(int day, int days_in_first_month, int first_day) {
+    return day >= first_day ? day - first_day + 1 : day + days_in_first_month - first_day + 1;
+}
+
+QDate start_of(int year, int month, int start_day) {
+    const QDate calendar_month(year, month, 1);
+    return calendar_month.addDays(std::min(start_day, calendar_month.daysInMonth()) - 1);
+}
+
+} // namespace
+
+int period_row(int day, int days_in_first_month, int month_start_day) {
+    if (month_start_day == 1 || day == total_row)
+        return day;
+    return row_from_start(day, days_in_first_month, month_start_day);
+}
+
+CompanyMonth::CompanyMonth(int year, int month, int month_start_day)
+    : m_start_day(month_start_day < 1 || month_start_day > 31 ? 1 : month_start_day) {
+    m_first = start_of(year, month, m_start_day);
+    const QDate next = QDate(year, month, 1).addMonths(1);
+    m_length = static_cast<int>(m_first.daysTo(start_of(next.year(), next.month(), m_start_day)));
+}
+
+CompanyMonth CompanyMonth::of(QDate day, int month_start_day) {
+    const CompanyMonth same(day.year(), day.month(), month_start_day);
+    if (day >= same.first())
+        return same;
+    const QDate before = day.addDays(1 - day.day()).addMonths(-1);
+    return {before.year(), before.month(), month_start_day};
+}
+
+QDate CompanyMonth::day(int row) const {
+    return row < 1 || row > m_length ? QDate() : m_first.addDays(row - 1);
+}
+
+int CompanyMonth::start_key() const {
+    return date_number(m_first);
+}
+
+int CompanyMonth::end_key() const {
+    return m_start_day == 1 ? month_key() * 100 + 31 : date_number(last());
+}
+
+int CompanyMonth::posting_key(int row) const {
+    if (row == total_row)
+        return total_key();
+    const QDate date = day(row);
+    const bool crosses_the_year = date.isValid() && date.year() != m_first.year();
+    return crosses_the_year ? date.day() + 8800 : date_number(date);
+}
+
+std::optional<int> CompanyMonth::row_of_key(int key) const {
+    const int day = key % 100;
+    if (key == total_key())
+        return total_row;
+    if (key < start_key() || key > end_key() || day < 1 || day > 31)
+        return std::nullopt;
+    const int days_in_first_month = m_first.daysInMonth();
+    return key / 100 == month_key() ? day - m_first.day() + 1 : day + days_in_first_month - m_first.day() + 1;
+}
+
+int date_number(QDate date) {
+    return date.isValid() ? date.year() * 10000 + date.month() * 100 + date.day() : 0;
+}
+
+QDate date_of_number(qint64 number) {
+    if (number < 1'01'01 || number > 9999'12'31)
+        return {};
+    const int n = static_cast<int>(number);
+    return {n / 10000, n / 100 % 100, n % 100};
+}
+
+} // namespace base

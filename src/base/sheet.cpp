@@ -1,0 +1,167 @@
+#include "base/sheet.h"
+
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace base {
+
+namespace {
+
+qint64 look_key(int row, int col) {
+    return qint64(row) << 32 | qint64(col);
+}
+
+bool is_number(const QString& text) {
+    bool ok = false;
+    text.toLongLong(&ok);
+    return ok;
+}
+
+bool generic_less(const QString& a, const QString& b) {
+    return is_number(a) && is_number(b) ? a.toLongLong() < b.toLongLong() : a < b;
+}
+
+int last_with_size(const QList<int>& sizes) {
+    for (auto i = sizes.size() - 1; i > 0; --i)
+        if (sizes[i] > 0)
+            return static_cast<int>(i);
+    return 0;
+}
+
+} // namespace
+
+Sheet::Sheet(int rows, int cols) {
+    setCols(cols);
+    setRows(rows);
+}
+
+qsizetype Sheet::at(int row, int col) const {
+    Q_ASSERT_X(contains(row, col), "Sheet", "cell outside the sheet");
+    return qsizetype(row) * Cols() + col;
+}
+
+void Sheet::setRows(int rows) {
+    m_row_heights.resize(rows, default_row_height);
+    m_cells.resize(qsizetype(rows) * Cols());
+    m_looks.removeIf([rows](auto it) { return it.key() >> 32 >= rows; });
+    setCursor(m_cursor);
+}
+
+void Sheet::setCols(int cols) {
+    if (cols == Cols())
+        return;
+    QList<QString> cells(qsizetype(Rows()) * cols);
+    const int kept = std::min(cols, Cols());
+    for (int row = 0; row < Rows(); ++row)
+        for (int col = 0; col < kept; ++col)
+            cells[qsizetype(row) * cols + col].swap(m_cells[qsizetype(row) * Cols() + col]);
+    m_cells.swap(cells);
+    m_col_widths.resize(cols, default_col_width);
+    m_col_alignments.resize(cols, Alignment::Left);
+    m_looks.removeIf([cols](auto it) { return (it.key() & 0xffffffff) >= cols; });
+    setCursor(m_cursor);
+}
+
+void Sheet::setFixed(int rows, int cols) {
+    m_fixed_rows = rows;
+    m_fixed_cols = cols;
+    setTopLeft(std::max(m_top_row, rows), std::max(m_left_col, cols));
+}
+
+void Sheet::setRow(int row) {
+    setCursor({row, m_cursor.col});
+}
+
+void Sheet::setCol(int col) {
+    setCursor({m_cursor.row, col});
+}
+
+void Sheet::setCursor(Cell cell) {
+    m_cursor = {std::clamp(cell.row, 0, std::max(0, Rows() - 1)), std::clamp(cell.col, 0, std::max(0, Cols() - 1))};
+}
+
+void Sheet::setTopLeft(int top_row, int left_col) {
+    m_top_row = top_row;
+    m_left_col = left_col;
+}
+
+CellLook Sheet::look(int row, int col) const {
+    return m_looks.value(look_key(row, col));
+}
+
+Alignment Sheet::alignment(int row, int col) const {
+    return look(row, col).alignment.value_or(m_col_alignments[col]);
+}
+
+CellLook& Sheet::look_of(int row, int col) {
+    Q_ASSERT_X(contains(row, col), "Sheet", "cell outside the sheet");
+    return m_looks[look_key(row, col)];
+}
+
+void Sheet::setBack(int row, int col, Rgb colour) {
+    look_of(row, col).back = colour;
+}
+
+void Sheet::setFore(int row, int col, Rgb colour) {
+    look_of(row, col).fore = colour;
+}
+
+void Sheet::setAlignment(int row, int col, Alignment alignment) {
+    look_of(row, col).alignment = alignment;
+}
+
+void Sheet::Clear() {
+    m_cells.fill(QString());
+    m_looks.clear();
+    m_row_heights.fill(default_row_height);
+    m_col_widths.fill(default_col_width);
+    m_col_alignments.fill(Alignment::Left);
+}
+
+void Sheet::Sort(int col, SortOrder order) {
+    QList<int> rows(std::max(0, Rows() - m_fixed_rows));
+    std::iota(rows.begin(), rows.end(), m_fixed_rows);
+    const auto less = [&](int a, int b) {
+        const QString& left = (*this)(a, col);
+        const QString& right = (*this)(b, col);
+        return order == SortOrder::NumericAscending ? Val(left) < Val(right) : generic_less(left, right);
+    };
+    std::stable_sort(rows.begin(), rows.end(), less);
+    QList<QString> sorted = m_cells;
+    for (qsizetype i = 0; i < rows.size(); ++i)
+        for (int c = 0; c < Cols(); ++c)
+            sorted[at(m_fixed_rows + static_cast<int>(i), c)] = m_cells[at(rows[i], c)];
+    m_cells.swap(sorted);
+}
+
+int Sheet::last_row() const {
+    return last_with_size(m_row_heights);
+}
+
+int Sheet::last_col() const {
+    return last_with_size(m_col_widths);
+}
+
+int Sheet::visible_rows(int view_height) const {
+    int sum = 0;
+    for (int row = 0; row < Rows(); ++row) {
+        sum += m_row_heights[row];
+        if (sum > view_height)
+            return row - m_fixed_rows;
+    }
+    return Rows();
+}
+
+int Sheet::visible_cols(int view_width) const {
+    int sum = std::accumulate(m_col_widths.begin(), m_col_widths.begin() + m_fixed_cols, 0);
+    for (int col = m_left_col; col < Cols(); ++col) {
+        sum += m_col_widths[col];
+        if (sum > view_width)
+            return col - m_fixed_cols;
+    }
+    return Cols();
+}
+
+} // namespace base

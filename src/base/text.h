@@ -1,0 +1,24 @@
+#pragma once
+
+// Small text rules: trimming of ordinary blanks, fixed-width fields and the combo item text that carries numbers beside
+// a name.
+
+#include <QString>
+#include <QStringView>
+
+namespace base {
+
+/// The text without ordinary blanks (U+0020) at both ends. Ideographic spaces stay, as a name may consist of them.
+QString Trim(QStringView text);
+
+/// Every occurrence of the character removed.
+QString 文字除去(QString text, QChar character);
+
+/// The text in a field of exactly `width` characters, padded with blanks or cut.
+QString left_justified(QStringView text, int width);  ///< left_justified(u"公休", 4)  // "公休  "
+QString right_justified(QStringView text, int width); ///< right_justified(u"7", 3)    // "  7"
+
+/// The last four characters of "0000" + text: the form in which hours and minutes are told apart by place.
+QString last_four(QStringView text); ///< last_four(u"830") // "0830"
+
+} // namespace base

@@ -1,0 +1,55 @@
+#include "platform/paths.h"
+
+#include "base/literals.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace platform {
+
+using namespace base;
+
+namespace {
+
+constexpr auto tail_below_drive = "/Program Files/meridan/qn";
+
+#ifdef Q_OS_WIN
+constexpr bool windows = true;
+#else
+constexpr bool windows = false;
+#endif
+
+} // namespace
+
+QString install_tail() {
+    return (windows ? u":"_s : QString()) + native(QString::fromLatin1(tail_below_drive));
+}
+
+QString install_drive(const QString& program_folder) {
+    if (windows)
+        return program_folder.left(1);
+    for (QDir dir(program_folder);;) {
+        if (QFileInfo(dir.path() + QString::fromLatin1(tail_below_drive)).isDir())
+            return dir.isRoot() ? QString() : dir.path();
+        if (!dir.cdUp())
+            return program_folder;
+    }
+}
+
+QString native(const QString& path) {
+    return QDir::toNativeSeparators(path);
+}
+
+QString portable(const QString& path) {
+    return QString(path).replace(u'\\', u'/');
+}
+
+QString program_file(const QString& exe_path) {
+    return !windows && exe_path.endsWith(u".exe"_s) ? exe_path.chopped(4) : exe_path;
+}
+
+bool is_share(const QString& root) {
+    return root.contains(u"\\\\"_s) || (!windows && root.startsWith(u"//"_s));
+}
+
+} // namespace platform

@@ -1,0 +1,29 @@
+#pragma once
+
+// A lock that stands for a program's window title: who holds it is running, and it goes with the process, however that
+// ends. It is a file TITLE.lock in a folder both programs know, locked through the operating system.
+
+#include <QString>
+#include <chrono>
+
+namespace platform {
+
+class ProgramLock {
+public:
+    ProgramLock(const QString& folder, const QString& title);
+    ~ProgramLock();
+    ProgramLock(const ProgramLock&) = delete;
+    ProgramLock& operator=(const ProgramLock&) = delete;
+
+    /// Takes the lock, trying for a while. False if another program keeps it, or the folder can't be written.
+    bool take(std::chrono::milliseconds patience);
+
+    /// Whether some program holds the title in the folder. A missing folder or file means none does.
+    static bool held(const QString& folder, const QString& title);
+
+private:
+    QString m_path;
+    int m_file = -1;
+};
+
+} // namespace platform

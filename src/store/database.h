@@ -1,0 +1,132 @@
+#pragma once
+
+// RAII over the encrypted engine. `Database` is one open, keyed file; `Statement` is prepared once, bound and stepped;
+// `Row` gives typed access, where Null is 0 or empty text; `Transaction` rolls back unless committed.
+// Every failure throws store::Error. Values are always bound: SQL text is never put together from data.
+//
+// Opening is cheap although every procedure opens its own connection: the key is derived once for each salt and process
+// and kept in memory. A connection is used by the thread that opened it.
+
+#include "store/error.h"
+
+#include <QList>
+#include <QString>
+#include <chrono>
+#include <memory>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace store {
+
+/// What a file must be, written into it as the application id. `Any` opens a keyed database of whatever kind.
+enum class Kind { Comsys, Allsystem, Rovdata, Losys, Exchange, Any };
+
+/// How long a connection waits for another one's write before Code::Busy.
+inline constexpr std::chrono::milliseconds default_patience(5000);
+
+class Statement;
+
+class Database {
+public:
+    /// Opens an existing database; never makes one. Proves the key with a read.
+    static Database open(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
+
+    /// Makes a new, keyed database of the kind, with that kind's tables and indexes, and opens it.
+    /// The file must not exist; nothing is left behind if it fails.
+    static Database create(const QString& path, Kind kind);
+
+    Database(Database&&) noexcept;
+    Database& operator=(Database&&) noexcept;
+    ~Database();
+
+    Statement prepare(std::string_view sql);
+
+    /// Runs statements without values, separated by ";".
+    void exec(std::string_view sql);
+
+    /// Rows changed by the last insert, update or delete.
+    int changes() const;
+
+    bool has_table(const QString& name);
+    const QString& path() const;
+
+private:
+    friend class Statement;
+    friend class Transaction;
+    struct State;
+    explicit Database(std::unique_ptr<State> state);
+    std::unique_ptr<State> m_state;
+};
+
+/// The row a statement stands on. Columns are counted from 0; a column of another type is converted, Null is 0 or
+/// empty.
+class Row {
+public:
+    qint64 number(int column) const;
+    int integer(int column) const; ///< number held within int
+    QString text(int column) const;
+    bool is_null(int column) const;
+    int columns() const;
+    QString name(int column) const;
+
+private:
+    friend class Statement;
+    explicit Row(sqlite3_stmt* statement) : m_statement(statement) {}
+    sqlite3_stmt* m_statement;
+};
+
+class Statement {
+public:
+    Statement(Statement&&) noexcept;
+    Statement& operator=(Statement&&) noexcept;
+    ~Statement();
+
+    /// Binds the values to the places "?" in order. A Statement may be bound and run again after each run.
+    template <typename... Values>
+    Statement& bind(const Values&... values) {
+        reset();
+        int place = 0;
+        (bind_at(++place, values), ...);
+        return *this;
+    }
+    void bind_at(int place, qint64 value);
+    void bind_at(int place, int value) { bind_at(place, qint64(value)); }
+    void bind_at(int place, QStringView value);
+    void bind_at(int place, const QString& value) { bind_at(place, QStringView(value)); }
+    void bind_null(int place);
+
+    /// Goes to the next row; false when there is none, and the statement is reset then.
+    bool step();
+    Row row() const { return Row(m_statement); }
+
+    /// Runs a statement that gives no rows.
+    void run();
+
+    void reset();
+
+private:
+    friend class Database;
+    Statement(Database::State& database, std::string_view sql);
+    Database::State* m_database;
+    sqlite3_stmt* m_statement = nullptr;
+};
+
+/// All writes of one procedure on one file. Takes the write lock at once (waiting at most the connection's patience)
+/// and makes sure the file at the path is still the one that was opened. Rolls back when it goes without commit().
+class Transaction {
+public:
+    enum class Lock { Write, Exclusive }; ///< Exclusive keeps readers out as well
+    explicit Transaction(Database& database, Lock lock = Lock::Write);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit();
+
+private:
+    Database& m_database;
+    bool m_open = true;
+};
+
+} // namespace store

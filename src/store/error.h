@@ -1,0 +1,45 @@
+#pragma once
+
+// The one exception of the store: what broke, in which file, in which statement; never bound values and never the key.
+// It is turned into the text that the person sees at one place, in main().
+
+#include <QString>
+#include <stdexcept>
+
+namespace store {
+
+enum class Code {
+    Missing,      ///< no file at the path
+    Empty,        ///< a file of no bytes
+    NotADatabase, ///< a plain file: not keyed, or too short to be a database
+    WrongKey,     ///< the password doesn't open it, or its first page is damaged
+    Damaged,      ///< a page behind the first doesn't decrypt or doesn't fit
+    OtherKind,    ///< a keyed database, but not of the kind expected at this place
+    Newer,        ///< written by a later version of the program
+    ReadOnly,     ///< the file or its folder can't be written
+    Full,         ///< the disk is full
+    Busy,         ///< another PC or program is writing and didn't end in time
+    Replaced,     ///< the file was replaced by another while it stood open
+    Misuse, ///< a fault of the program: a statement that doesn't fit the tables, a run of settings that isn't open
+    Other,
+};
+
+class Error : public std::runtime_error {
+public:
+    Error(Code code, QString file, QString statement, QString detail);
+
+    Code code() const { return m_code; }
+    const QString& file() const { return m_file; }
+    const QString& statement() const { return m_statement; }
+
+    /// What the person sees, in Japanese: what happened, the file, and what the engine said.
+    QString text() const;
+
+private:
+    Code m_code;
+    QString m_file;
+    QString m_statement;
+    QString m_detail;
+};
+
+} // namespace store

@@ -1,0 +1,21 @@
+#pragma once
+
+// Where the database files lie under the two roots. All paths use "/".
+
+#include "frame/settings.h"
+
+#include <QString>
+
+namespace store {
+
+QString comsys_path(const frame::Settings& settings);
+QString allsystem_path(const frame::Settings& settings);
+QString rovdata_path(const frame::Settings& settings);
+QString losys_path(const frame::Settings& settings);
+
+/// The folder of the exchange files, and the path of file 1 to 20 in it.
+QString exchange_folder(const frame::Settings& settings);
+QString exchange_path(const frame::Settings& settings, int number);
+inline constexpr int exchange_file_count = 20;
+
+} // namespace store

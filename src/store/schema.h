@@ -1,0 +1,42 @@
+#pragma once
+
+// The tables of every database as constant data: what the files hold stands here and nowhere else.
+
+#include "store/database.h"
+
+#include <span>
+
+namespace store {
+
+enum class FieldType { Number, Text };
+
+struct Field {
+    QStringView name;
+    FieldType type;
+};
+
+struct Table {
+    QStringView name;
+    std::span<const Field> fields;
+};
+
+/// An index that a query of the program needs: name, table, and the columns as SQL writes them.
+struct Index {
+    QStringView name;
+    QStringView table;
+    QStringView columns;
+};
+
+std::span<const Table> tables_of(Kind kind); ///< empty for Kind::Any
+std::span<const Index> indexes_of(Kind kind);
+
+/// Makes tables and indexes that the database lacks; leaves what is there.
+void add_missing_tables(Database& database, Kind kind);
+
+/// The stamp that a file of this program version carries as user_version.
+inline constexpr int schema_version = 1;
+
+/// The 32-bit application id that tells the kinds of file apart.
+int application_id(Kind kind);
+
+} // namespace store
