@@ -1,0 +1,51 @@
+#pragma once
+
+// The turn: only one PC at a time fills the exchange file. A PC other than the main PC asks the turn service on the
+// main PC over a socket before it posts, and gives the turn up afterwards. The link exists only for the length of a
+// save.
+
+#include "frame/settings.h"
+#include "platform/host.h"
+
+#include <QTcpSocket>
+#include <functional>
+
+namespace frame {
+
+inline constexpr quint16 turn_port = 1001;
+
+/// `link_state`
+enum class LinkState { Idle = 0, Asking = 1, Asked = 2, Held = 3, Releasing = 4, Released = 5 };
+
+class TurnLink {
+public:
+    /// `show` is given the state mark of the frame (`stalab`): "●" asking, "◎" held, "○" releasing, empty at rest.
+    TurnLink(const Settings& settings, platform::Host& host, std::function<void(const QString&)> show = {},
+        quint16 port = turn_port);
+
+    /// Takes the turn; the main PC (`use_class` 0) needs none. Waits at most 10 seconds with the interface running,
+    /// then tells the person that the server can't be reached. Afterwards link_failed() tells how it went.
+    void サーバー接続開始();
+
+    /// Gives the turn up; does nothing unless it is held. Waits at most 10 seconds, in silence.
+    void サーバー接続終了();
+
+    bool link_failed() const { return m_link_failed; }
+    LinkState link_state() const { return m_link_state; }
+
+private:
+    void reply_arrived();
+    void send_for_state();
+    bool wait_for(LinkState state);
+    void show(const QString& mark);
+
+    const Settings& m_settings;
+    platform::Host& m_host;
+    std::function<void(const QString&)> m_show;
+    quint16 m_port;
+    QTcpSocket m_socket;
+    LinkState m_link_state = LinkState::Idle;
+    bool m_link_failed = false;
+};
+
+} // namespace frame
