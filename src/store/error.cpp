@@ -1,0 +1,58 @@
+#include "store/error.h"
+
+#include "base/literals.h"
+#include "platform/paths.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <array>
+
+namespace store {
+
+using namespace base;
+
+namespace {
+
+struct Phrase {
+    Code code;
+    QStringView text;
+};
+
+constexpr std::array phrases{
+    Phrase{Code::Missing, u"データベースがありません。"},
+    Phrase{Code::Empty, u"データベースの中身が空です。"},
+    Phrase{Code::NotADatabase, u"データベースではないファイルか、パスワードのかかっていないファイルです。"},
+    Phrase{Code::WrongKey, u"パスワードが違うか、データベースの先頭が壊れています。"},
+    Phrase{Code::Damaged, u"データベースの一部が壊れています。"},
+    Phrase{Code::OtherKind, u"別の種類のデータベースが置かれています。"},
+    Phrase{Code::Newer, u"このプログラムより新しいバージョンのデータベースです。"},
+    Phrase{Code::ReadOnly, u"読み取り専用のため、データベースに書き込めません。"},
+    Phrase{Code::Full, u"ディスクの空き容量が足りません。"},
+    Phrase{Code::Busy, u"他のＰＣまたはプログラムがデータベースに書き込み中です。"},
+    Phrase{Code::Exists, u"データベースがすでにあります。"},
+    Phrase{Code::Replaced, u"使用中にデータベースが別のファイルに置き換えられました。"},
+    Phrase{Code::Misuse, u"プログラムに誤りがあります。"},
+    Phrase{Code::Other, u"データベースを処理できません。"},
+};
+
+QString phrase(Code code) {
+    return std::ranges::find(phrases, code, &Phrase::code)->text.toString();
+}
+
+QString lines(std::initializer_list<QString> texts) {
+    QStringList filled(texts);
+    filled.removeAll(QString());
+    return filled.join(u'\n');
+}
+
+} // namespace
+
+Error::Error(Code code, QString file, QString statement, QString detail)
+    : std::runtime_error(lines({phrase(code), file, statement, detail}).toStdString()), m_code(code),
+      m_file(std::move(file)), m_statement(std::move(statement)), m_detail(std::move(detail)) {}
+
+QString Error::text() const {
+    return lines({phrase(m_code), platform::native(m_file), m_detail});
+}
+
+} // namespace store
