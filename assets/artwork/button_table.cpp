@@ -13,7 +13,7 @@ constexpr ButtonPicture table[] = {
     // the frame
     {u"top_ent.BMP",  u"top_ent_b.BMP",  u"出勤入力",     I::Clock,    Top, Band},
     {u"top_rov.BMP",  u"top_rov_b.BMP",  u"集計表",       I::Chart,    Top, Band},
-    {u"top_mst.BMP",  u"top_mst_b.BMP",  u"マスター設定", I::Cards,    Top, Band},
+    {u"top_mst.BMP",  u"top_mst_b.BMP",  u"マスター",     I::Cards,    Top, Band},
     {u"top_help.BMP", u"top_help_b.BMP", u"ヘルプ",       I::Question, Top, Band},
     {u"top_end.BMP",  u"top_end_b.BMP",  u"終了",         I::Door,     Top, Band},
     // the menu of the reports
@@ -28,7 +28,7 @@ constexpr ButtonPicture table[] = {
     {u"mida_kinsyu.bmp",       u"mida_kinsyu_b.BMP",       u"勤務種類",           I::Tag,         Menu, Master},
     {u"mida_kintype_time.bmp", u"mida_kintype_time_b.BMP", u"勤務タイプ時間設定", I::Timetable,   Menu, Master},
     {u"mida_kintype_sya.bmp",  u"mida_kintype_sya_b.BMP",  u"社員勤務タイプ設定", I::PersonClock, Menu, Master},
-    {u"mida_system.BMP",       u"mida_system_b.BMP",       u"基本情報",           I::Gear,        Menu, Master},
+    {u"mida_system.BMP",       u"mida_system_b.BMP",       u"システム",           I::Gear,        Menu, Master},
     {u"mida_kyusyu.BMP",       u"mida_kyusyu_b.BMP",       u"休暇・出勤",         I::Sun,         Menu, Master},
     // the foot of a screen
     {u"zen_end.BMP",   u"zen_end_b.BMP",   u"閉じる", I::Back,      Action, Neutral},
