@@ -37,7 +37,6 @@ struct Action {
     ClientId client = 0;
     QByteArray reply = {}; ///< what to send
     QString reason = {};   ///< why the client is closed; empty after a turn given back in order
-    friend bool operator==(const Action&, const Action&) = default;
 };
 using Actions = std::vector<Action>;
 
