@@ -39,6 +39,11 @@ std::error_code rename_to_new(const QString& from, const QString& to, Durability
     return GetLastError() == ERROR_ALREADY_EXISTS ? std::make_error_code(std::errc::file_exists) : last_error();
 }
 
+std::error_code rename_over(const QString& from, const QString& to, Durability) {
+    const DWORD flags = MOVEFILE_WRITE_THROUGH | MOVEFILE_REPLACE_EXISTING;
+    return MoveFileExW(qUtf16Printable(from), qUtf16Printable(to), flags) != 0 ? std::error_code() : last_error();
+}
+
 #else
 
 std::error_code last_error() {
@@ -78,6 +83,14 @@ std::error_code rename_to_new(const QString& from, const QString& to, Durability
     return {};
 }
 
+std::error_code rename_over(const QString& from, const QString& to, Durability durability) {
+    if (rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
+        return last_error();
+    if (durability == Durability::Disk)
+        flush_folder(to);
+    return {};
+}
+
 #endif
 
 std::error_code write_all(QFile& file, const QByteArray& bytes, Durability durability) {
@@ -89,16 +102,26 @@ std::error_code write_all(QFile& file, const QByteArray& bytes, Durability durab
     return {};
 }
 
-} // namespace
+using Rename = std::error_code (*)(const QString& from, const QString& to, Durability);
 
-std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability) {
+std::error_code write_beside(const QString& path, const QByteArray& bytes, Durability durability, Rename rename_to) {
     QFile beside(path + u"."_s + QUuid::createUuid().toString(QUuid::Id128).left(12) + u".new"_s);
     std::error_code failure = write_all(beside, bytes, durability);
     if (!failure)
-        failure = rename_to_new(beside.fileName(), path, durability);
+        failure = rename_to(beside.fileName(), path, durability);
     if (failure)
         beside.remove();
     return failure;
+}
+
+} // namespace
+
+std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability) {
+    return write_beside(path, bytes, durability, rename_to_new);
+}
+
+std::error_code replace_file(const QString& path, const QByteArray& bytes, Durability durability) {
+    return write_beside(path, bytes, durability, rename_over);
 }
 
 } // namespace platform
