@@ -2,6 +2,7 @@
 
 #include "ui/grid_painter.h"
 #include "ui/grid_view.h"
+#include "ui/key_codes.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -15,6 +16,7 @@ namespace ui {
 namespace {
 
 constexpr QRgb accent = 0xff2f6fde;
+constexpr int backspace_key = 8;
 constexpr QPoint out_of_sight{-5000, 0};
 
 Qt::Alignment qt_alignment(base::Alignment alignment) {
@@ -38,7 +40,7 @@ bool takes_text_away(const QKeyEvent& event) {
     return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete || event.matches(QKeySequence::Cut);
 }
 
-bool is_typing(const QKeyEvent& event) {
+bool types_text(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text().front().isPrint();
 }
 
@@ -49,16 +51,16 @@ bool leaves_control(Qt::FocusReason reason) {
 
 } // namespace
 
-CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorKeys keys, QColor ground)
-    : QLineEdit(grid.viewport()), m_grid(grid), m_state(state), m_keys(std::move(keys)) {
+CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground)
+    : QLineEdit(grid.viewport()), m_grid(grid), m_state(state), m_acts(std::move(acts)) {
     setFrame(false);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
     QPalette colours = palette();
-    colours.setColor(QPalette::Base, ground);
+    colours.setColor(QPalette::Base, QColor(ground.red, ground.green, ground.blue));
     colours.setColor(QPalette::Text, Qt::black);
     setPalette(colours);
-    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { m_state.text = text; });
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { m_acts.Change(text); });
     move(out_of_sight);
 }
 
@@ -95,35 +97,34 @@ void CellEditor::place() {
     show();
 }
 
-/// The characters that the form lets stand.
 QString CellEditor::accepted(const QString& text) {
-    const QString typed = m_state.input_method == base::InputMethod::Off ? half_width(text) : text;
-    QString stands;
-    for (const char32_t character : typed.toUcs4())
-        if (QChar::isPrint(character) && m_keys.press(character))
-            stands += QString::fromUcs4(&character, 1);
-    return stands;
+    return text.isEmpty() ? text
+                          : m_acts.Insert(m_state.input_method == base::InputMethod::Off ? half_width(text) : text);
+}
+
+void CellEditor::type(QKeyEvent* event, int character) {
+    if (m_acts.KeyPress(character))
+        QLineEdit::keyPressEvent(event);
 }
 
 void CellEditor::keyPressEvent(QKeyEvent* event) {
     const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
-    if (plain && m_keys.down(event->key()))
+    const int code = key_code(event->key());
+    if (plain && code != 0 && m_acts.KeyDown(code))
         return;
     if (event->matches(QKeySequence::Paste))
         insert(accepted(QApplication::clipboard()->text()));
-    else if (takes_text_away(*event)) {
-        if (m_keys.press(backspace))
-            QLineEdit::keyPressEvent(event);
-    } else if (is_typing(*event))
-        insert(accepted(event->text()));
+    else if (takes_text_away(*event))
+        type(event, backspace_key);
+    else if (types_text(*event))
+        type(event, event->text().front().unicode());
     else
         QLineEdit::keyPressEvent(event);
 }
 
 void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
-    QInputMethodEvent filtered(*event);
-    filtered.setCommitString(accepted(event->commitString()), event->replacementStart(), event->replacementLength());
-    QLineEdit::inputMethodEvent(&filtered);
+    event->setCommitString(accepted(event->commitString()), event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(event);
 }
 
 void CellEditor::mouseReleaseEvent(QMouseEvent* event) {
@@ -135,7 +136,7 @@ void CellEditor::mouseReleaseEvent(QMouseEvent* event) {
 void CellEditor::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     if (leaves_control(event->reason()))
-        m_keys.left();
+        m_acts.LostFocus();
 }
 
 void CellEditor::paintEvent(QPaintEvent* event) {
@@ -150,9 +151,7 @@ CellCombo::CellCombo(GridView& grid) : QComboBox(grid.viewport()), m_grid(grid) 
     put_away();
 }
 
-void CellCombo::lay_over(base::Cell cell, int item, bool take_focus) {
-    if (take_focus)
-        m_grid.show_cell(cell);
+void CellCombo::lay_over(base::Cell cell, int item) {
     const QRect rect = m_grid.cell_rect(cell);
     if (rect.isEmpty()) {
         put_away();
@@ -164,13 +163,15 @@ void CellCombo::lay_over(base::Cell cell, int item, bool take_focus) {
     setEnabled(true);
     raise();
     show();
-    if (take_focus)
-        setFocus(Qt::OtherFocusReason);
 }
 
 void CellCombo::put_away() {
     move(out_of_sight);
     setEnabled(false);
+}
+
+void CellCombo::wheelEvent(QWheelEvent* event) {
+    event->ignore(); // the wheel scrolls the sheet and chooses nothing
 }
 
 } // namespace ui

@@ -3,8 +3,8 @@
 // The controls that are laid over a cell in hand: the one input box and the one list of a grid.
 //
 // CellEditor shows a base::CellEditor, which its form places, fills and puts away. The widget knows no rule: every key
-// goes to the form first, and whatever changes the text (typing, pasting, an input method) is asked of it character by
-// character. Out of sight the box keeps the focus and its text, as the form commits only when the focus leaves.
+// goes to the form first, and what a paste or an input method brings is asked of it too. Out of sight the box keeps the
+// focus and its text, as the form commits when the focus leaves.
 
 #include "base/cell_editor.h"
 
@@ -16,26 +16,28 @@ namespace ui {
 
 class GridView;
 
-inline constexpr char32_t backspace = 8;
-
-/// What the form makes of the keys. Every function must be set.
-struct EditorKeys {
-    /// A key goes down, before the box sees it. True if the form took it.
-    std::function<bool(int key)> down;
-    /// A character is about to be typed; `backspace` for whatever takes characters away. False drops it.
-    std::function<bool(char32_t character)> press;
-    /// The focus went to another control of the window.
-    std::function<void()> left;
+/// The form's acts behind the box. Every one must be set.
+struct EditorActs {
+    /// A key that the forms know (see key_codes.h) goes down. True if it moved the cursor; else it is the box's own.
+    std::function<bool(int key_code)> KeyDown;
+    /// A character is about to be typed, 8 for whatever takes characters away. False drops it.
+    std::function<bool(int character)> KeyPress;
+    /// Text that arrives in one piece; gives back what of it stands.
+    std::function<QString(const QString& text)> Insert;
+    /// The text after an edit that stood.
+    std::function<void(const QString& text)> Change;
+    /// The focus went to another control of this window.
+    std::function<void()> LostFocus;
 };
 
 class CellEditor : public QLineEdit {
     Q_OBJECT
 public:
     /// Grid and state must outlive the box, which becomes a child of the grid's viewport.
-    CellEditor(GridView& grid, base::CellEditor& state, EditorKeys keys, QColor ground);
+    CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground);
 
-    /// Takes over the state: text, place, alignment of the cell, input method. A fresh placement (`select_all`, which is
-    /// taken back here) brings its cell into view and takes the focus.
+    /// Takes over the state: text, place, alignment of the cell, input method. A fresh placement (`select_all`, taken
+    /// back here) brings its cell into view, takes the focus and selects the text.
     void refresh();
 
 protected:
@@ -46,25 +48,29 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void type(QKeyEvent* event, int character);
     QString accepted(const QString& text);
     void place();
 
     GridView& m_grid;
     base::CellEditor& m_state;
-    EditorKeys m_keys;
+    EditorActs m_acts;
 };
 
-/// The list laid over a cell that is chosen instead of typed. `activated` is the person's choice; the page fills it.
+/// The list laid over a cell that is chosen instead of typed. The page fills it; `activated` is the person's choice.
 class CellCombo : public QComboBox {
     Q_OBJECT
 public:
     /// The grid must outlive the list, which becomes a child of its viewport.
     explicit CellCombo(GridView& grid);
 
-    /// Lays it over the cell with that item selected (-1: none), enabled; `take_focus` at a fresh placement.
-    void lay_over(base::Cell cell, int item, bool take_focus);
+    /// Lays it over the cell, enabled and with that item selected (-1: none).
+    void lay_over(base::Cell cell, int item);
     /// Out of sight and disabled.
     void put_away();
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     GridView& m_grid;

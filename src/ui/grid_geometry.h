@@ -2,9 +2,9 @@
 
 // Where the cells of a sheet lie in a view. Pure arithmetic over the sheet's sizes, without a widget.
 //
-// The fixed rows and columns stand at the edge; behind them come the scrolled ones from TopRow and LeftCol on, always by
-// whole rows and columns. Twips become pixels cell by cell, so that cells abut without gaps. What has size 0 is skipped.
-// The cost follows what is in view, not what is in the sheet.
+// The fixed rows and columns stand at the edge; behind them come the scrolled ones from TopRow and LeftCol on, always
+// by whole rows and columns. Twips become pixels cell by cell, so that cells abut without gaps. What has size 0 is
+// skipped. The cost follows what is in view, not what is in the sheet.
 
 #include "base/sheet.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// The look of a grid: heading band, lines, cell colours, the cell in hand. One light style for every grid of the system,
-// because the colours that the forms give to cells are made for a light ground.
+// The look of a grid: heading band, lines, cell colours, the cell in hand. One light style for every grid of the
+// system, because the colours that the forms give to cells are made for a light ground.
 
 #include "ui/grid_geometry.h"
 

@@ -6,8 +6,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSignalBlocker>
 #include <QToolTip>
 #include <algorithm>
 #include <functional>
@@ -70,15 +70,16 @@ void GridView::update_scroll_bars() {
     const GridGeometry bare = geometry_in(maximumViewportSize());
     const bool all_fits = bare.last_top() <= m_sheet.FixedRows() && bare.last_left() <= m_sheet.FixedCols();
     const GridGeometry geometry = all_fits ? bare : geometry_in(viewport()->size());
-    const QSignalBlocker quiet_rows(verticalScrollBar()), quiet_cols(horizontalScrollBar());
+    const QScopedValueRollback following(m_following_sheet, true);
+    const int top = m_sheet.TopRow(), left = m_sheet.LeftCol();
 
     verticalScrollBar()->setPageStep(std::max<int>(1, static_cast<int>(geometry.rows().size()) - m_sheet.FixedRows()));
     verticalScrollBar()->setRange(m_sheet.FixedRows(), geometry.last_top());
-    verticalScrollBar()->setValue(m_sheet.TopRow());
+    verticalScrollBar()->setValue(top);
     horizontalScrollBar()->setPageStep(
         std::max<int>(1, static_cast<int>(geometry.cols().size()) - m_sheet.FixedCols()));
     horizontalScrollBar()->setRange(m_sheet.FixedCols(), geometry.last_left());
-    horizontalScrollBar()->setValue(m_sheet.LeftCol());
+    horizontalScrollBar()->setValue(left);
     m_sheet.setTopLeft(verticalScrollBar()->value(), horizontalScrollBar()->value());
 }
 
@@ -137,7 +138,8 @@ void GridView::resizeEvent(QResizeEvent* event) {
 void GridView::scrollContentsBy(int, int) {
     m_sheet.setTopLeft(verticalScrollBar()->value(), horizontalScrollBar()->value());
     viewport()->update();
-    Q_EMIT scrolled();
+    if (!m_following_sheet)
+        Q_EMIT scrolled();
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
@@ -162,8 +164,8 @@ bool GridView::move_cursor(int key) {
         to.row = neighbour(to.row, step->rows, m_sheet.FixedRows(), m_sheet.Rows(),
             [this](int row) { return m_sheet.RowHeight(row); });
     else
-        to.col = neighbour(to.col, step->cols, m_sheet.FixedCols(), m_sheet.Cols(),
-            [this](int col) { return m_sheet.ColWidth(col); });
+        to.col = neighbour(
+            to.col, step->cols, m_sheet.FixedCols(), m_sheet.Cols(), [this](int col) { return m_sheet.ColWidth(col); });
     m_sheet.setCursor(to);
     show_cell(to);
     Q_EMIT cursor_moved();

@@ -1,7 +1,8 @@
 #pragma once
 
 // GridView: shows a sheet. The sheet is the form's; the view reads its cells, sizes and looks, moves its cursor on a
-// click or an arrow key and keeps TopRow and LeftCol with the scroll bars. It never edits a cell: a box is laid over it.
+// click or an arrow key and keeps TopRow and LeftCol with the scroll bars. It never edits a cell: a box is laid over
+// it.
 //
 // After a change of the sheet the page calls refresh(). Only the cells in view are looked at, whatever the sheet holds.
 
@@ -76,6 +77,7 @@ private:
 
     base::Sheet& m_sheet;
     CursorStyle m_style;
+    bool m_following_sheet = false; ///< the scroll bars are being set from the sheet, not by the person
 };
 
 } // namespace ui
