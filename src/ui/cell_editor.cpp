@@ -1,5 +1,6 @@
 #include "ui/cell_editor.h"
 
+#include "ui/colours.h"
 #include "ui/grid_painter.h"
 #include "ui/grid_view.h"
 #include "ui/key_codes.h"
@@ -15,7 +16,6 @@ namespace ui {
 
 namespace {
 
-constexpr QRgb accent = 0xff2f6fde;
 constexpr int backspace_key = 8;
 constexpr QPoint out_of_sight{-5000, 0};
 
@@ -142,7 +142,7 @@ void CellEditor::focusOutEvent(QFocusEvent* event) {
 void CellEditor::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(QPen(QColor::fromRgb(accent), 2));
+    painter.setPen(QPen(QColor::fromRgb(colours::accent), 2));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 

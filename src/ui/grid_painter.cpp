@@ -1,5 +1,7 @@
 #include "ui/grid_painter.h"
 
+#include "ui/colours.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
@@ -7,18 +9,6 @@
 namespace ui {
 
 namespace {
-
-constexpr QRgb ground = 0xffffffff;
-constexpr QRgb heading_ground = 0xffe8eef7;
-constexpr QRgb heading_in_hand = 0xffcfdff7;
-constexpr QRgb fixed_ground = 0xfff4f7fb;
-constexpr QRgb row_in_hand = 0xffdbe8fd;
-constexpr QRgb row_in_hand_idle = 0xffe9edf3;
-constexpr QRgb text_colour = 0xff1c2733;
-constexpr QRgb heading_text = 0xff2c4260;
-constexpr QRgb line_colour = 0xffdde3eb;
-constexpr QRgb heading_line = 0xffb9c7da;
-constexpr QRgb accent = 0xff2f6fde;
 
 constexpr int side_margin = 3;
 constexpr double narrowest = 0.78; ///< text is condensed as far as this before it is cut
@@ -43,7 +33,8 @@ public:
         const base::CellLook look = m_sheet.look(place.cell.row, place.cell.col);
         m_painter.fillRect(place.rect, look.back ? colour(*look.back) : QColor::fromRgb(own_ground(place)));
         lines(place);
-        m_painter.setPen(look.fore ? colour(*look.fore) : QColor::fromRgb(place.heading ? heading_text : text_colour));
+        m_painter.setPen(
+            look.fore ? colour(*look.fore) : QColor::fromRgb(place.heading ? colours::heading_text : colours::text));
         text(place);
     }
 
@@ -53,29 +44,29 @@ public:
         const QRect rect = geometry.rect(*m_cursor);
         if (rect.isEmpty())
             return;
-        m_painter.setPen(QPen(QColor::fromRgb(m_style.focused ? accent : heading_line), 2));
+        m_painter.setPen(QPen(QColor::fromRgb(m_style.focused ? colours::accent : colours::heading_line), 2));
         m_painter.drawRect(rect.adjusted(0, 0, -1, -1));
     }
 
 private:
     QRgb own_ground(const CellPlace& place) const {
         if (place.heading)
-            return !m_style.row_cursor && m_cursor && m_cursor->col == place.cell.col ? heading_in_hand
-                                                                                      : heading_ground;
+            return !m_style.row_cursor && m_cursor && m_cursor->col == place.cell.col ? colours::heading_in_hand
+                                                                                      : colours::heading;
         const bool row_of_cursor = m_cursor && m_cursor->row == place.cell.row;
         if (m_style.row_cursor && row_of_cursor)
-            return m_style.focused ? row_in_hand : row_in_hand_idle;
+            return m_style.focused ? colours::row_in_hand : colours::row_in_hand_idle;
         if (place.fixed)
-            return row_of_cursor ? heading_in_hand : fixed_ground;
-        return ground;
+            return row_of_cursor ? colours::heading_in_hand : colours::fixed;
+        return colours::ground;
     }
 
     void lines(const CellPlace& place) {
         const QRect& r = place.rect;
         m_painter.fillRect(r.right(), r.top(), 1, r.height(),
-            QColor::fromRgb(is_last_fixed_col(place) || place.heading ? heading_line : line_colour));
+            QColor::fromRgb(is_last_fixed_col(place) || place.heading ? colours::heading_line : colours::line));
         m_painter.fillRect(
-            r.left(), r.bottom(), r.width(), 1, QColor::fromRgb(place.heading ? heading_line : line_colour));
+            r.left(), r.bottom(), r.width(), 1, QColor::fromRgb(place.heading ? colours::heading_line : colours::line));
     }
 
     bool is_last_fixed_col(const CellPlace& place) const { return place.cell.col == m_sheet.FixedCols() - 1; }
@@ -145,7 +136,7 @@ std::optional<base::Cell> shown_cursor(const base::Sheet& sheet) {
 }
 
 QFont cell_font(QFont font, int row_height) {
-    font.setPixelSize(std::clamp(static_cast<int>(row_height * 0.72), 9, 15));
+    font.setPixelSize(std::clamp(static_cast<int>(row_height * 0.72), 9, 22));
     return font;
 }
 

@@ -1,5 +1,6 @@
 #include "ui/grid_view.h"
 
+#include "ui/colours.h"
 #include "ui/grid_painter.h"
 
 #include <QHelpEvent>
@@ -57,7 +58,15 @@ GridView::GridView(base::Sheet& sheet, CursorStyle style, QWidget* parent)
 }
 
 GridGeometry GridView::geometry_in(QSize view) const {
-    return {m_sheet, logicalDpiX() / double(twips_per_inch), view};
+    return {m_sheet, pixels_per_twip(), view};
+}
+
+double GridView::pixels_per_twip() const {
+    return m_zoom * logicalDpiX() / twips_per_inch;
+}
+
+void GridView::set_zoom(double zoom) {
+    m_zoom = zoom;
 }
 
 void GridView::refresh() {
@@ -92,11 +101,11 @@ void GridView::show_cell(base::Cell cell) {
 }
 
 int GridView::view_height() const {
-    return viewport()->height() * twips_per_inch / logicalDpiY();
+    return static_cast<int>(viewport()->height() / pixels_per_twip());
 }
 
 int GridView::view_width() const {
-    return viewport()->width() * twips_per_inch / logicalDpiX();
+    return static_cast<int>(viewport()->width() / pixels_per_twip());
 }
 
 int GridView::full_height(bool with_scroll_bar) const {
@@ -125,7 +134,7 @@ QSize GridView::minimumSizeHint() const {
 
 void GridView::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), Qt::white);
+    painter.fillRect(viewport()->rect(), QColor::fromRgb(colours::ground));
     const bool in_hand = hasFocus() || isAncestorOf(focusWidget());
     paint_grid(painter, m_sheet, geometry_in(viewport()->size()), {m_style == CursorStyle::Row, in_hand, font()});
 }

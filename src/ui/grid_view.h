@@ -30,6 +30,9 @@ public:
     /// Takes over what changed in the sheet: sizes, cursor, cells, TopRow and LeftCol (held within what can scroll).
     void refresh();
 
+    /// Shows everything larger by this factor from the next refresh() on; 1 is the size that the sheet says.
+    void set_zoom(double zoom);
+
     /// Scrolls as little as shows the cell whole, without a signal.
     void show_cell(base::Cell cell);
 
@@ -72,11 +75,13 @@ protected:
 
 private:
     GridGeometry geometry_in(QSize view) const;
+    double pixels_per_twip() const;
     bool move_cursor(int key);
     void update_scroll_bars();
 
     base::Sheet& m_sheet;
     CursorStyle m_style;
+    double m_zoom = 1.0;
     bool m_following_sheet = false; ///< the scroll bars are being set from the sheet, not by the person
 };
 
