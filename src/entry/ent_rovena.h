@@ -103,6 +103,9 @@ public:
     void botan_Click(int element); ///< 0 leaves the screen, 1 saves
 
 private:
+    store::Database open_data() const;
+    base::CompanyMonth month_chosen();
+    void load_month(qint64 employee);
     bool employee_chosen();
 
     frame::Session& m_session;

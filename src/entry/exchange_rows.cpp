@@ -54,9 +54,8 @@ ExchangeRow count_row(const PostedEmployee& employee, int month_key, const Tag& 
 
 /// Kind "54", for `kyumei`.
 ExchangeRow kind_row(const base::Sheet& hyou_system, const PostedEmployee& employee, const ChangedDay& day) {
-    return {u"54"_s, digits(day.date_key), digits(employee.key),
-        digits(Val(hyou_system(day.row, record::kind_number))), Trim(hyou_system(day.row, record::kind_name)),
-        Trim(hyou_system(day.row, record::holiday_work))};
+    return {u"54"_s, digits(day.date_key), digits(employee.key), digits(Val(hyou_system(day.row, record::kind_number))),
+        Trim(hyou_system(day.row, record::kind_name)), Trim(hyou_system(day.row, record::holiday_work))};
 }
 
 void add_counts(QList<ExchangeRow>& rows, const MonthSheet& sheet, const PostedEmployee& employee) {
@@ -68,8 +67,8 @@ void add_counts(QList<ExchangeRow>& rows, const MonthSheet& sheet, const PostedE
     }
 }
 
-void add_kinds(QList<ExchangeRow>& rows, const MonthSheet& sheet, const PostedEmployee& employee,
-    const QList<ChangedDay>& days) {
+void add_kinds(
+    QList<ExchangeRow>& rows, const MonthSheet& sheet, const PostedEmployee& employee, const QList<ChangedDay>& days) {
     for (const ChangedDay& day : days)
         if (day.row != row::total && Val(sheet.mark(day.row)) != 0)
             rows << kind_row(sheet.hyou_system, employee, day);

@@ -2,6 +2,8 @@
 
 #include "entry/cells.h"
 
+#include <span>
+
 namespace entry {
 
 namespace {

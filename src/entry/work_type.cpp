@@ -68,8 +68,8 @@ QList<StripKind> read_kinds(store::Database& database) {
     while (query.step()) {
         const store::Row row = query.row();
         const bool leave = row.number(2) == 0;
-        kinds.append({Trim(row.text(0)), (leave ? u'k' : u's') + digits(row.number(1)),
-            leave ? leave_back : holiday_work_back});
+        kinds.append(
+            {Trim(row.text(0)), (leave ? u'k' : u's') + digits(row.number(1)), leave ? leave_back : holiday_work_back});
     }
     return kinds;
 }
@@ -111,7 +111,8 @@ void add_category_columns(MonthSheet& sheet) {
 }
 
 qint64 number_of_type(store::Database& database, qint64 employee, QString& text) {
-    auto query = database.prepare("select 勤務タイプ from syainkinmu where システム社員番号 = ? order by rowid limit 1");
+    auto query =
+        database.prepare("select 勤務タイプ from syainkinmu where システム社員番号 = ? order by rowid limit 1");
     query.bind(employee);
     if (!query.step())
         return 0;
