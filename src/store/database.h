@@ -122,7 +122,11 @@ private:
 /// and makes sure the file at the path is still the one that was opened. Rolls back when it goes without commit().
 class Transaction {
 public:
-    enum class Lock { Write, Exclusive }; ///< Exclusive keeps readers out as well
+    enum class Lock {
+        Read, ///< writes nothing: all reads until its end see one state of the file
+        Write,
+        Exclusive, ///< keeps readers out as well
+    };
     explicit Transaction(Database& database, Lock lock = Lock::Write);
     ~Transaction();
     Transaction(const Transaction&) = delete;
