@@ -16,6 +16,10 @@ namespace {
 // A client that reads none of its four-letter answers is gone in all but name.
 constexpr qint64 most_unsent_bytes = 1024;
 
+// A burst of PCs waits in the operating system's row. Where that overflows, a client may take itself for connected and
+// hear nothing.
+constexpr int most_unaccepted = 256;
+
 struct Note {
     QByteArrayView reply;
     QStringView text;
@@ -58,6 +62,7 @@ TurnServer::~TurnServer() {
 }
 
 bool TurnServer::listen() {
+    m_server.setListenBacklogSize(most_unaccepted);
     const bool open = m_server.listen(m_options.bind, m_options.port);
     const QString place = u"%1:%2"_s.arg(m_options.bind.toString()).arg(open ? port() : m_options.port);
     m_log.line(

@@ -21,7 +21,7 @@ namespace {
 /// Lets events happen until the condition holds; false after a time that only a broken service needs.
 bool happens(const std::function<bool()>& condition) {
     QElapsedTimer time;
-    for (time.start(); !condition() && time.elapsed() < 60'000;)
+    for (time.start(); !condition() && time.elapsed() < 240'000;)
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
     return condition();
 }
