@@ -108,6 +108,10 @@ int GridView::view_width() const {
     return static_cast<int>(viewport()->width() / pixels_per_twip());
 }
 
+int GridView::own_row_height() const {
+    return base::Sheet::default_row_height * logicalDpiY() / twips_per_inch;
+}
+
 int GridView::full_height(bool with_scroll_bar) const {
     const GridGeometry geometry = geometry_in({});
     int height = 2 * frameWidth() + (with_scroll_bar ? horizontalScrollBar()->sizeHint().height() : 0);
