@@ -5,6 +5,8 @@
 #include "frame/settings.h"
 #include "store/setting_tables.h"
 
+#include <QStringList>
+
 namespace store {
 
 inline constexpr QStringView data_file_name = u"rovdata.mdb"; ///< as the register names it, below the data folder
