@@ -82,6 +82,10 @@ QString receiver_path(const frame::Settings& settings) {
 
 bool 初期セットアップ(const frame::Settings& settings) {
     Database allsystem = Database::open(allsystem_path(settings), Kind::Allsystem);
+    return register_product(allsystem, settings);
+}
+
+bool register_product(Database& allsystem, const frame::Settings& settings) {
     Product wanted = running_product(settings);
     const auto stands = [&] {
         const std::optional<Product> found = registered(allsystem, settings);

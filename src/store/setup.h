@@ -20,6 +20,9 @@ QString receiver_path(const frame::Settings& settings);
 /// Returns whether the row was added: the first start of this product on this data.
 bool 初期セットアップ(const frame::Settings& settings);
 
+/// The same in an open `allsystem.mdb`.
+bool register_product(Database& allsystem, const frame::Settings& settings);
+
 /// Looks through the databases of the suite once for each stamp, adds tables that this version needs and they lack, and
 /// stores the stamp. Where the stamp stands already no other database is opened.
 /// Returns which of the suite's own later tables were met on the way; none of them is needed here.
