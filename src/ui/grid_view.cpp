@@ -1,8 +1,8 @@
 #include "ui/grid_view.h"
 
-#include "ui/colours.h"
 #include "ui/grid_painter.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -138,8 +138,7 @@ QSize GridView::minimumSizeHint() const {
 
 void GridView::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), QColor::fromRgb(colours::ground));
-    const bool in_hand = hasFocus() || isAncestorOf(focusWidget());
+    const bool in_hand = hasFocus() || isAncestorOf(QApplication::focusWidget());
     paint_grid(painter, m_sheet, geometry_in(viewport()->size()), {m_style == CursorStyle::Row, in_hand, font()});
 }
 
