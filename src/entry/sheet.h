@@ -71,7 +71,7 @@ struct BreakRule {
 
 /// One band of a weekday's schedule. An unused slot is all zero.
 struct Band {
-    QString name;                    ///< `種類名` of the category
+    QString name{};                  ///< `種類名` of the category
     base::minutes start{0};          ///< `開始時間`
     base::minutes end{0};            ///< `終了時間`, a day later if its number is below the start's
     bool counts_from_inside = false; ///< `時間計算` 1: it counts only if the clock-in lies in it

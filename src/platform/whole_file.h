@@ -1,7 +1,7 @@
 #pragma once
 
-// New files that are there whole or not at all: written beside under a passing name, then renamed. A program that is
-// killed on the way leaves at most the passing name behind.
+// New files that are there whole or not at all: made beside their place under a passing name, then renamed. A program
+// that is killed on the way leaves at most the passing name behind.
 
 #include <QByteArray>
 #include <QString>
@@ -13,6 +13,31 @@ namespace platform {
 enum class Durability {
     Disk,  ///< nothing: the call waits until the file and its name are on the disk
     Cache, ///< the file: it is in order for every program, but the disk is not waited for
+};
+
+/// Whether a file that stands at the place is left there or gives way.
+enum class Standing { Stays, GivesWay };
+
+/// A file in the making. It goes again unless it was placed.
+class NewFile {
+public:
+    explicit NewFile(const QString& path);
+    ~NewFile();
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    /// Makes the empty file under its passing name. No error means that it stands.
+    std::error_code make();
+
+    const QString& passing_path() const { return m_passing; }
+
+    /// Gives the file its name. Where a file stands that stays: std::errc::file_exists.
+    std::error_code place(Durability durability, Standing standing = Standing::Stays);
+
+private:
+    QString m_path;
+    QString m_passing;
+    bool m_made = false;
 };
 
 /// Writes a file that doesn't exist yet. An existing file stays untouched and gives std::errc::file_exists; other
