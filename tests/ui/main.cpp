@@ -1,11 +1,13 @@
-#include "ui/fonts.h"
+#include "support/fake_host.h"
+#include "ui/application.h"
+#include "ui/style.h"
 
-#include <QApplication>
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    QApplication::setFont(ui::screen_font());
+    support::FakeHost host;
+    ui::Application application(argc, argv, host);
+    ui::apply_style(application);
     return RUN_ALL_TESTS();
 }
