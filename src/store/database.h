@@ -13,6 +13,7 @@
 #include <QString>
 #include <chrono>
 #include <concepts>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -35,8 +36,9 @@ public:
     static Database open(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
 
     /// Makes a new, keyed database of the kind, with that kind's tables and indexes, and opens it.
-    /// A file that exists stands as it is and throws Code::Exists. The database is there whole or not at all.
-    static Database create(const QString& path, Kind kind);
+    /// A file that exists stands as it is and throws Code::Exists. The database is there whole or not at all, with the
+    /// rows that `fill` puts into it.
+    static Database create(const QString& path, Kind kind, const std::function<void(Database&)>& fill = {});
 
     Database(Database&&) noexcept;
     Database& operator=(Database&&) noexcept;

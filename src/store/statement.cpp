@@ -1,5 +1,6 @@
 #include "store/connection.h"
 
+#include <algorithm>
 #include <limits>
 #include <sqlite3.h>
 #include <utility>

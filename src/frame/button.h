@@ -1,0 +1,28 @@
+#pragma once
+
+// A picture button as data: what it is called and the two bitmaps it is made of. The names are spelled as the files
+// are, upper and lower case included.
+
+#include "frame/settings.h"
+
+#include <QStringView>
+
+namespace frame {
+
+struct Button {
+    int index;           ///< in the screen's array of buttons
+    QStringView label;   ///< what its bitmap reads, for those who can't see it
+    QStringView up;      ///< bitmap at rest
+    QStringView pressed; ///< bitmap while it is pressed
+};
+
+/// Closes a page; every screen has it.
+inline constexpr Button endbotan{0, u"閉じる", u"zen_end.BMP", u"zen_end_b.BMP"};
+
+/// The path of a bitmap of this PC.
+QString picture_path(const Settings& settings, QStringView file);
+
+/// The picture of the start-up form.
+QString splash_path(const Settings& settings);
+
+} // namespace frame
