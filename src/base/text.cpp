@@ -24,6 +24,18 @@ QString right_justified(QStringView text, int width) {
     return text.toString().rightJustified(width, u' ', true);
 }
 
+QString whole_left(QStringView text, int length) {
+    QStringView kept = text.left(length);
+    if (kept.size() < text.size() && !kept.isEmpty() && kept.back().isHighSurrogate())
+        kept.chop(1);
+    return kept.toString();
+}
+
+QString field_text(QStringView text) {
+    constexpr int field_room = 255;
+    return whole_left(text, field_room);
+}
+
 QString last_four(QStringView text) {
     return (u"0000"_s + text.toString()).right(4);
 }
