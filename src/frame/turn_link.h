@@ -24,7 +24,8 @@ public:
         quint16 port = turn_port);
 
     /// Takes the turn; the main PC (`use_class` 0) needs none. Waits at most 10 seconds with the interface running,
-    /// then tells the person that the server can't be reached. Afterwards link_failed() tells how it went.
+    /// then tells the person that the server can't be reached. A connection that is refused or lost ends the wait at
+    /// once. Afterwards link_failed() tells how it went; the mark is "◎" either way, until the next attempt.
     void サーバー接続開始();
 
     /// Gives the turn up; does nothing unless it is held. Waits at most 10 seconds, in silence.
@@ -34,8 +35,10 @@ public:
     LinkState link_state() const { return m_link_state; }
 
 private:
+    void introduce();
     void reply_arrived();
     void send_for_state();
+    void hang_up();
     bool wait_for(LinkState state);
     void show(const QString& mark);
 

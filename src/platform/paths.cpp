@@ -36,6 +36,10 @@ QString install_drive(const QString& program_folder) {
     }
 }
 
+QString drive_root(const QString& install_drive) {
+    return native(install_drive + (windows ? u":/"_s : u"/"_s));
+}
+
 QString native(const QString& path) {
     return QDir::toNativeSeparators(path);
 }

@@ -15,6 +15,9 @@ QString install_tail();
 /// the nearest folder upwards that holds the install tree, or `program_folder` itself if none does.
 QString install_drive(const QString& program_folder);
 
+/// The root folder of that drive, in the platform's form: "C:\" on Windows, elsewhere the folder itself and "/".
+QString drive_root(const QString& install_drive);
+
 /// The path in the platform's form.
 QString native(const QString& path);
 

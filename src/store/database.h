@@ -9,13 +9,13 @@
 
 #include "store/error.h"
 
-#include <QList>
+#include <QByteArray>
 #include <QString>
 #include <chrono>
+#include <concepts>
 #include <memory>
 #include <string_view>
 
-struct sqlite3;
 struct sqlite3_stmt;
 
 namespace store {
@@ -27,6 +27,7 @@ enum class Kind { Comsys, Allsystem, Rovdata, Losys, Exchange, Any };
 inline constexpr std::chrono::milliseconds default_patience(5000);
 
 class Statement;
+struct Connection;
 
 class Database {
 public:
@@ -34,7 +35,7 @@ public:
     static Database open(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
 
     /// Makes a new, keyed database of the kind, with that kind's tables and indexes, and opens it.
-    /// The file must not exist; nothing is left behind if it fails.
+    /// A file that exists stands as it is and throws Code::Exists. The database is there whole or not at all.
     static Database create(const QString& path, Kind kind);
 
     Database(Database&&) noexcept;
@@ -53,12 +54,14 @@ public:
     const QString& path() const;
 
 private:
-    friend class Statement;
     friend class Transaction;
-    struct State;
-    explicit Database(std::unique_ptr<State> state);
-    std::unique_ptr<State> m_state;
+    explicit Database(std::unique_ptr<Connection> connection);
+    std::unique_ptr<Connection> m_connection;
 };
+
+/// A new database of the kind as bytes, to be written as often as needed: one key serves all copies, since they share
+/// the salt.
+QByteArray empty_database_image(Kind kind);
 
 /// The row a statement stands on. Columns are counted from 0; a column of another type is converted, Null is 0 or
 /// empty.
@@ -77,6 +80,7 @@ private:
     sqlite3_stmt* m_statement;
 };
 
+/// Must end before its database does.
 class Statement {
 public:
     Statement(Statement&&) noexcept;
@@ -91,8 +95,7 @@ public:
         (bind_at(++place, values), ...);
         return *this;
     }
-    void bind_at(int place, qint64 value);
-    void bind_at(int place, int value) { bind_at(place, qint64(value)); }
+    void bind_at(int place, std::integral auto value) { bind_number(place, qint64(value)); }
     void bind_at(int place, QStringView value);
     void bind_at(int place, const QString& value) { bind_at(place, QStringView(value)); }
     void bind_null(int place);
@@ -108,8 +111,10 @@ public:
 
 private:
     friend class Database;
-    Statement(Database::State& database, std::string_view sql);
-    Database::State* m_database;
+    Statement(Connection& connection, std::string_view sql);
+    void bind_number(int place, qint64 value);
+    void check(int result);
+    Connection* m_connection;
     sqlite3_stmt* m_statement = nullptr;
 };
 
@@ -125,7 +130,8 @@ public:
     void commit();
 
 private:
-    Database& m_database;
+    void roll_back();
+    Connection& m_connection;
     bool m_open = true;
 };
 

@@ -19,6 +19,7 @@ enum class Code {
     ReadOnly,     ///< the file or its folder can't be written
     Full,         ///< the disk is full
     Busy,         ///< another PC or program is writing and didn't end in time
+    Exists,       ///< there is a file already where a new one should be made
     Replaced,     ///< the file was replaced by another while it stood open
     Misuse, ///< a fault of the program: a statement that doesn't fit the tables, a run of settings that isn't open
     Other,

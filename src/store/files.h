@@ -13,6 +13,9 @@ QString allsystem_path(const frame::Settings& settings);
 QString rovdata_path(const frame::Settings& settings);
 QString losys_path(const frame::Settings& settings);
 
+/// The folder of the data files of all products of the suite.
+QString data_folder(const frame::Settings& settings);
+
 /// The folder of the exchange files, and the path of file 1 to 20 in it.
 QString exchange_folder(const frame::Settings& settings);
 QString exchange_path(const frame::Settings& settings, int number);

@@ -30,7 +30,11 @@ struct Index {
 std::span<const Table> tables_of(Kind kind); ///< empty for Kind::Any
 std::span<const Index> indexes_of(Kind kind);
 
-/// Makes tables and indexes that the database lacks; leaves what is there.
+/// The statements that turn an empty file into a database of the kind, its marks included.
+QString definition_of(Kind kind);
+
+/// Makes the tables and indexes that the database lacks and marks it as of this program's version; leaves what is
+/// there. Writes nothing where nothing is missing.
 void add_missing_tables(Database& database, Kind kind);
 
 /// The stamp that a file of this program version carries as user_version.

@@ -67,11 +67,11 @@ public:
 private:
     template <typename T>
     static T next(std::deque<T>& script, T otherwise) {
-        if (script.empty())
-            return otherwise;
-        T value = script.front();
-        script.pop_front();
-        return value;
+        if (!script.empty()) {
+            otherwise = std::move(script.front());
+            script.pop_front();
+        }
+        return otherwise;
     }
 };
 

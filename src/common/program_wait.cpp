@@ -1,0 +1,17 @@
+#include "common/program_wait.h"
+
+namespace common {
+
+using namespace std::chrono_literals;
+
+Wait ウィンドウ終了待ち(platform::Host& host, const QString& title, const QString& folder) {
+    const QDateTime limit = host.now().addSecs(15);
+    while (host.program_running(title, folder)) {
+        host.wait(1s);
+        if (host.now() >= limit)
+            return Wait::StillRunning;
+    }
+    return Wait::Ended;
+}
+
+} // namespace common

@@ -1,0 +1,55 @@
+#include "common/save_path.h"
+
+#include "base/literals.h"
+#include "base/text.h"
+#include "platform/paths.h"
+
+#include <QFileInfo>
+
+namespace common {
+
+using namespace base;
+
+namespace {
+
+constexpr int key_length = 30;
+
+QString folder_key(const QString& report_number) {
+    return Trim(left_justified(u"H_ph_exp_"_s + report_number, key_length));
+}
+
+QString without_end_separator(const QString& folder) {
+    return folder.endsWith(u'\\') || folder.endsWith(u'/') ? folder.chopped(1) : folder;
+}
+
+bool is_folder(const QString& path) {
+    return !path.isEmpty() && QFileInfo(platform::portable(path)).isDir();
+}
+
+} // namespace
+
+std::optional<QString> ファイル保存ダイアログ(platform::Host& host, platform::SaveDialog record) {
+    if (record.extension.startsWith(u'.'))
+        record.extension.remove(0, 1);
+    if (record.title.isEmpty())
+        record.title = u"ﾌｧｲﾙを開く"_s;
+    auto path = host.save_path(record);
+    if (path)
+        *path = path->section(QChar::Null, 0, 0);
+    return path;
+}
+
+QString CSV保存先取得(
+    const frame::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number) {
+    const QString key = folder_key(report_number);
+    const QString last = without_end_separator(tables.設定読込(u"losystem"_s, key));
+    const QString start = is_folder(last) ? last : platform::drive_root(settings.install_drive);
+    const auto path =
+        ファイル保存ダイアログ(host, {u"ファイルを選択して下さい。"_s, start, u"csv"_s, u"CSV(*.csv)|*.csv"_s});
+    if (!path)
+        return {};
+    tables.設定書込(u"losystem"_s, key, platform::native(QFileInfo(platform::portable(*path)).path()));
+    return *path;
+}
+
+} // namespace common

@@ -1,0 +1,91 @@
+#include "store/connection.h"
+
+#include "platform/paths.h"
+
+#include <algorithm>
+#include <array>
+#include <sqlite3.h>
+#include <thread>
+
+namespace store {
+
+namespace {
+
+struct Meaning {
+    int result;
+    Code code;
+};
+
+// Extended results stand before the plain results that they refine.
+constexpr std::array meanings{
+    Meaning{SQLITE_READONLY_DBMOVED, Code::Replaced},
+    Meaning{SQLITE_READONLY, Code::ReadOnly},
+    Meaning{SQLITE_CANTOPEN, Code::ReadOnly}, // of a database that is open: its journal can't be made
+    Meaning{SQLITE_PERM, Code::ReadOnly},
+    Meaning{SQLITE_FULL, Code::Full},
+    Meaning{SQLITE_BUSY, Code::Busy},
+    Meaning{SQLITE_LOCKED, Code::Busy},
+    Meaning{SQLITE_PROTOCOL, Code::Busy},
+    Meaning{SQLITE_CORRUPT, Code::Damaged},
+    Meaning{SQLITE_NOTADB, Code::Damaged},
+    Meaning{SQLITE_IOERR_SHORT_READ, Code::Damaged},
+    Meaning{SQLITE_MISUSE, Code::Misuse},
+    Meaning{SQLITE_RANGE, Code::Misuse},
+    Meaning{SQLITE_CONSTRAINT, Code::Misuse},
+};
+
+Code meaning_of(int result) {
+    for (const Meaning& meaning : meanings)
+        if (meaning.result == result || meaning.result == (result & 0xff))
+            return meaning.code;
+    return Code::Other;
+}
+
+int wait_for_others(void* state, int tries) {
+    auto& connection = *static_cast<Connection*>(state);
+    if (tries == 0)
+        connection.waiting_since = std::chrono::steady_clock::now();
+    if (std::chrono::steady_clock::now() - connection.waiting_since >= connection.patience)
+        return 0;
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(1 + tries / 2, 20)));
+    return 1;
+}
+
+} // namespace
+
+Connection::~Connection() {
+    sqlite3_close_v2(engine);
+}
+
+void Connection::open(int flags) {
+    const int result = sqlite3_open_v2(path.toUtf8().constData(), &engine, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (result != SQLITE_OK)
+        throw Error(Code::Other, path, {}, QString::fromUtf8(sqlite3_errstr(result)));
+    sqlite3_extended_result_codes(engine, 1);
+    sqlite3_busy_handler(engine, wait_for_others, this);
+}
+
+void Connection::unlock(const QByteArray& key) {
+    if (const int result = sqlite3_key(engine, key.constData(), int(key.size())); result != SQLITE_OK)
+        fail({}, result);
+    exec("pragma cipher_page_size=4096");
+}
+
+void Connection::exec(std::string_view sql) {
+    const int result = sqlite3_exec(engine, std::string(sql).c_str(), nullptr, nullptr, nullptr);
+    if (result != SQLITE_OK)
+        fail(sql, result);
+}
+
+bool Connection::replaced() const {
+    int moved = 0;
+    sqlite3_file_control(engine, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved != 0;
+}
+
+void Connection::fail(std::string_view sql, int result) const {
+    throw Error(meaning_of(result), path, QString::fromUtf8(sql.data(), qsizetype(sql.size())),
+        QString::fromUtf8(sqlite3_errmsg(engine)));
+}
+
+} // namespace store

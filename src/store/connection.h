@@ -1,0 +1,38 @@
+#pragma once
+
+// What the sources of this directory share: the engine's handle of one open file, and how its results become errors.
+
+#include "store/database.h"
+
+struct sqlite3;
+
+namespace store {
+
+struct Connection {
+    sqlite3* engine = nullptr;
+    QString path;
+    std::chrono::milliseconds patience = default_patience;
+    std::chrono::steady_clock::time_point waiting_since; ///< when the statement in hand met another's lock
+
+    explicit Connection(QString file) : path(std::move(file)) {}
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection();
+
+    /// Opens the engine on the path with SQLite's open flags.
+    void open(int flags);
+
+    /// Hands over the password and the page size; nothing is read yet.
+    void unlock(const QByteArray& key);
+
+    /// Runs statements without values; throws what the engine says.
+    void exec(std::string_view sql);
+
+    /// Whether another file has taken the place of the one that stands open.
+    bool replaced() const;
+
+    /// Throws the engine's last result as an Error.
+    [[noreturn]] void fail(std::string_view sql, int result) const;
+};
+
+} // namespace store

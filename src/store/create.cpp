@@ -1,0 +1,55 @@
+#include "platform/whole_file.h"
+#include "store/connection.h"
+#include "store/key.h"
+#include "store/schema.h"
+
+#include "base/literals.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <sqlite3.h>
+
+namespace store {
+
+using namespace base;
+
+namespace {
+
+Code code_of(const std::error_code& failure) {
+    if (failure == std::errc::file_exists)
+        return Code::Exists;
+    if (failure == std::errc::no_space_on_device)
+        return Code::Full;
+    if (failure == std::errc::read_only_file_system || failure == std::errc::permission_denied)
+        return Code::ReadOnly;
+    return Code::Other;
+}
+
+} // namespace
+
+QByteArray empty_database_image(Kind kind) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"new.mdb"_s);
+    {
+        Connection connection(path);
+        connection.open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+        connection.unlock(key_for_new_file());
+        connection.exec("pragma synchronous=off; pragma journal_mode=memory; begin");
+        connection.exec(definition_of(kind).toStdString());
+        connection.exec("commit");
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Error(Code::Other, path, {}, file.errorString());
+    return file.readAll();
+}
+
+Database Database::create(const QString& path, Kind kind) {
+    const std::error_code failure =
+        platform::write_new_file(path, empty_database_image(kind), platform::Durability::Disk);
+    if (failure)
+        throw Error(code_of(failure), path, {}, QString::fromLocal8Bit(failure.message()));
+    return open(path, kind);
+}
+
+} // namespace store

@@ -1,0 +1,96 @@
+#include "store/connection.h"
+#include "store/key.h"
+#include "store/schema.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <sqlite3.h>
+
+namespace store {
+
+namespace {
+
+constexpr int smallest_database = 4096;
+
+/// The salt of a file that may be a keyed database.
+QByteArray salt_of(const QString& path) {
+    if (!QFileInfo::exists(path))
+        throw Error(Code::Missing, path, {}, {});
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw Error(Code::Other, path, {}, file.errorString());
+    if (file.size() == 0)
+        throw Error(Code::Empty, path, {}, {});
+    const QByteArray salt = file.read(salt_size);
+    if (file.size() < smallest_database || salt == QByteArrayView("SQLite format 3\0", salt_size))
+        throw Error(Code::NotADatabase, path, {}, {});
+    return salt;
+}
+
+/// The first read of all decrypts the first page and reads the tables' definitions.
+void prove_key(Connection& connection) {
+    constexpr std::string_view first_read = "select count(*) from sqlite_master";
+    const int result = sqlite3_exec(connection.engine, std::string(first_read).c_str(), nullptr, nullptr, nullptr);
+    if ((result & 0xff) == SQLITE_NOTADB)
+        throw Error(Code::WrongKey, connection.path,
+            QString::fromLatin1(first_read.data(), qsizetype(first_read.size())),
+            QString::fromUtf8(sqlite3_errmsg(connection.engine)));
+    if (result != SQLITE_OK)
+        connection.fail(first_read, result);
+}
+
+qint64 number_of(Database& database, std::string_view sql) {
+    Statement statement = database.prepare(sql);
+    return statement.step() ? statement.row().number(0) : 0;
+}
+
+void check_kind(Database& database, Kind kind) {
+    if (kind != Kind::Any && number_of(database, "pragma application_id") != application_id(kind))
+        throw Error(Code::OtherKind, database.path(), {}, {});
+    if (number_of(database, "pragma user_version") > schema_version)
+        throw Error(Code::Newer, database.path(), {}, {});
+}
+
+} // namespace
+
+Database::Database(std::unique_ptr<Connection> connection) : m_connection(std::move(connection)) {}
+Database::Database(Database&&) noexcept = default;
+Database& Database::operator=(Database&&) noexcept = default;
+Database::~Database() = default;
+
+Database Database::open(const QString& path, Kind kind, std::chrono::milliseconds patience) {
+    auto connection = std::make_unique<Connection>(path);
+    const QByteArray key = key_for(salt_of(path));
+    connection->patience = patience;
+    connection->open(SQLITE_OPEN_READWRITE);
+    connection->unlock(key);
+    prove_key(*connection);
+    Database database(std::move(connection));
+    check_kind(database, kind);
+    // No write-ahead log in a shared folder; and a commit survives a power failure of the machine.
+    database.exec("pragma journal_mode=delete; pragma synchronous=extra");
+    return database;
+}
+
+Statement Database::prepare(std::string_view sql) {
+    return Statement(*m_connection, sql);
+}
+
+void Database::exec(std::string_view sql) {
+    m_connection->exec(sql);
+}
+
+int Database::changes() const {
+    return sqlite3_changes(m_connection->engine);
+}
+
+bool Database::has_table(const QString& name) {
+    Statement tables = prepare("select 1 from sqlite_master where type='table' and name=?");
+    return tables.bind(name).step();
+}
+
+const QString& Database::path() const {
+    return m_connection->path;
+}
+
+} // namespace store

@@ -1,0 +1,63 @@
+#include "store/key.h"
+
+#include <QHash>
+#include <QMutex>
+#include <openssl/evp.h>
+#include <openssl/rand.h>
+#include <stdexcept>
+
+namespace store {
+
+namespace {
+
+constexpr std::string_view password = "mzlart";
+constexpr int rounds = 64'000;
+constexpr int key_size = 32;
+
+QByteArray derive(const QByteArray& salt) {
+    QByteArray key(key_size, '\0');
+    const auto* salt_bytes = reinterpret_cast<const unsigned char*>(salt.constData());
+    if (PKCS5_PBKDF2_HMAC_SHA1(password.data(), int(password.size()), salt_bytes, int(salt.size()), rounds, key_size,
+            reinterpret_cast<unsigned char*>(key.data())) != 1)
+        throw std::runtime_error("the key can't be derived");
+    return "x'" + key.toHex() + salt.toHex() + "'";
+}
+
+QByteArray random_salt() {
+    QByteArray salt(salt_size, '\0');
+    if (RAND_bytes(reinterpret_cast<unsigned char*>(salt.data()), salt_size) != 1)
+        throw std::runtime_error("no random numbers");
+    return salt;
+}
+
+/// Memory of a pure function; nothing else in the program can tell whether a key was derived or remembered.
+struct Memory {
+    QMutex mutex;
+    QHash<QByteArray, QByteArray> key_of_salt;
+};
+
+Memory& memory() {
+    static Memory the_memory;
+    return the_memory;
+}
+
+} // namespace
+
+QByteArray key_for(const QByteArray& salt) {
+    Memory& known = memory();
+    const QMutexLocker lock(&known.mutex);
+    const auto found = known.key_of_salt.constFind(salt);
+    return found != known.key_of_salt.constEnd() ? *found : *known.key_of_salt.insert(salt, derive(salt));
+}
+
+QByteArray key_for_new_file() {
+    {
+        Memory& known = memory();
+        const QMutexLocker lock(&known.mutex);
+        if (!known.key_of_salt.isEmpty())
+            return *known.key_of_salt.constBegin();
+    }
+    return key_for(random_salt());
+}
+
+} // namespace store

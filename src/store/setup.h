@@ -1,0 +1,26 @@
+#pragma once
+
+// What each start does to the shared data: this product's row in the suite's register, and the data structure's stamp.
+
+#include "frame/settings.h"
+#include "store/setting_tables.h"
+
+namespace store {
+
+inline constexpr QStringView data_file_name = u"rovdata.mdb"; ///< as the register names it, below the data folder
+inline constexpr QStringView table_stamp = u"2006041301";     ///< the data structure that this program expects
+
+/// Where the register says that this product's exchange receiver lies, in the platform's form.
+QString receiver_path(const frame::Settings& settings);
+
+/// Brings this product's row of `allsystem` in line with the running program, adding it if there is none. A row whose
+/// product number begins with the letter of ours is ours. Writes only what differs.
+/// Returns whether the row was added: the first start of this product on this data.
+bool 初期セットアップ(const frame::Settings& settings);
+
+/// Looks through the databases of the suite once for each stamp, adds tables that this version needs and they lack, and
+/// stores the stamp. Where the stamp stands already no other database is opened.
+/// Returns which of the suite's own later tables were met on the way; none of them is needed here.
+QStringList db追加_テーブル(const frame::Settings& settings, SettingTables& tables);
+
+} // namespace store

@@ -1,0 +1,196 @@
+#include "frame/turn_link.h"
+
+#include "base/literals.h"
+#include "support/fake_host.h"
+
+#include <QEventLoop>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <gtest/gtest.h>
+
+using namespace base;
+using frame::LinkState;
+using frame::TurnLink;
+
+namespace {
+
+/// A service with a script: each message of the client is answered with the next reply, piece by piece.
+class Service {
+public:
+    using Pieces = QByteArrayList;
+
+    explicit Service(std::deque<Pieces> script) : m_script(std::move(script)) {
+        m_server.listen(QHostAddress::LocalHost);
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
+            m_client = m_server.nextPendingConnection();
+            m_client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+            QObject::connect(m_client, &QTcpSocket::readyRead, &m_server, [this] { answer(); });
+            QObject::connect(m_client, &QTcpSocket::disconnected, &m_server, [this] { disconnected = true; });
+        });
+    }
+
+    quint16 port() const { return m_server.serverPort(); }
+    void close() { m_server.close(); }
+
+    /// Sends the pieces that a reply came in, one each time the interface has time.
+    void send_next_piece() {
+        if (!m_pieces.isEmpty())
+            m_client->write(m_pieces.takeFirst());
+    }
+
+    QByteArrayList heard;
+    bool disconnected = false;
+
+private:
+    void answer() {
+        heard << m_client->readAll();
+        if (m_script.empty())
+            return;
+        m_pieces = m_script.front();
+        m_script.pop_front();
+        send_next_piece();
+    }
+
+    QTcpServer m_server;
+    QTcpSocket* m_client = nullptr;
+    std::deque<Pieces> m_script;
+    Pieces m_pieces;
+};
+
+class TurnLinkTest : public ::testing::Test {
+protected:
+    TurnLinkTest() {
+        settings.use_class = 1;
+        settings.server_name = u"127.0.0.1"_s;
+    }
+
+    void serve(std::deque<Service::Pieces> script) {
+        service.emplace(std::move(script));
+        link.emplace(
+            settings, host, [this](const QString& mark) { marks << mark; }, service->port());
+        host.on_yield = [this] {
+            service->send_next_piece();
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+        };
+    }
+
+    void take_turn() {
+        link->サーバー接続開始();
+        host.yield();
+    }
+
+    double seconds() const { return double(start.msecsTo(host.clock)) / 1000; }
+
+    frame::Settings settings;
+    support::FakeHost host;
+    const QDateTime start = host.clock;
+    std::optional<Service> service;
+    std::optional<TurnLink> link;
+    QStringList marks;
+    const support::Shown unreachable{
+        u"サーバーにアクセスできません。もう一度登録処理してください"_s, u"サーバー未接続"_s, platform::Buttons::Ok};
+};
+
+const QByteArray greeting = "##127.0.0.1";
+
+} // namespace
+
+TEST_F(TurnLinkTest, ATurnIsAskedForTakenAndGivenBack) {
+    serve({{"your"}, {"stok"}, {"stok"}, {"st-1"}, {"so-1"}, {"en-1"}, {"eo-1"}});
+    take_turn();
+    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "st", "st", "so"}));
+    EXPECT_EQ(link->link_state(), LinkState::Held);
+    EXPECT_FALSE(link->link_failed());
+    EXPECT_EQ(marks, QStringList({u"●"_s, u"◎"_s}));
+
+    link->サーバー接続終了();
+    EXPECT_EQ(service->heard.sliced(5), QByteArrayList({"en", "eo"}));
+    EXPECT_EQ(link->link_state(), LinkState::Idle);
+    EXPECT_FALSE(link->link_failed());
+    EXPECT_EQ(marks.sliced(2), QStringList({u"○"_s, QString()}));
+    for (int i = 0; i < 5; ++i)
+        host.yield();
+    EXPECT_TRUE(service->disconnected);
+    EXPECT_TRUE(host.shown.empty());
+}
+
+TEST_F(TurnLinkTest, OnlyTheFirstFourCharactersOfAReplyCount) {
+    serve({{"your turn comes"}, {"st-1 please"}, {"so-1!"}});
+    take_turn();
+    EXPECT_EQ(link->link_state(), LinkState::Held);
+    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "so"}));
+}
+
+TEST_F(TurnLinkTest, AReplyThatComesInPiecesIsReadWhenFourCharactersAreThere) {
+    serve({{"yo", "u", "r"}, {"s", "t-1"}, {"so-", "1"}});
+    take_turn();
+    EXPECT_EQ(link->link_state(), LinkState::Held);
+    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "so"}));
+}
+
+TEST_F(TurnLinkTest, AnUnknownReplyRepeatsTheMessageOfTheState) {
+    serve({{"your"}, {"so-1"}, {"st-1"}, {"????"}, {"so-1"}});
+    take_turn();
+    EXPECT_EQ(link->link_state(), LinkState::Held);
+    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "st", "so", "so"}));
+}
+
+TEST_F(TurnLinkTest, AServiceSilentForTenSecondsFailsTheLink) {
+    serve({{"your"}});
+    take_turn();
+    EXPECT_GE(seconds(), 10);
+    EXPECT_LT(seconds(), 10.1);
+    EXPECT_TRUE(link->link_failed());
+    EXPECT_EQ(host.shown, std::vector{unreachable});
+    EXPECT_NE(link->link_state(), LinkState::Held);
+    for (int i = 0; i < 5; ++i)
+        host.yield();
+    EXPECT_TRUE(service->disconnected) << "a turn granted later would be held by nobody";
+}
+
+TEST_F(TurnLinkTest, ARefusedConnectionFailsTheLinkWithoutTheWait) {
+    serve({});
+    service->close();
+    take_turn();
+    EXPECT_TRUE(link->link_failed());
+    EXPECT_EQ(host.shown, std::vector{unreachable});
+    EXPECT_LT(seconds(), 10);
+}
+
+TEST_F(TurnLinkTest, ASilentReleaseFailsInSilence) {
+    serve({{"your"}, {"st-1"}, {"so-1"}, {"en-1"}});
+    take_turn();
+    const double taken = seconds();
+    link->サーバー接続終了();
+    EXPECT_GE(seconds() - taken, 10);
+    EXPECT_TRUE(link->link_failed());
+    EXPECT_TRUE(host.shown.empty());
+    EXPECT_EQ(marks.last(), QString());
+}
+
+TEST_F(TurnLinkTest, AFailureIsForgottenWhenTheNextTurnIsTaken) {
+    serve({{}, {"your"}, {"st-1"}, {"so-1"}});
+    take_turn();
+    ASSERT_TRUE(link->link_failed());
+    take_turn();
+    EXPECT_FALSE(link->link_failed());
+    EXPECT_EQ(link->link_state(), LinkState::Held);
+}
+
+TEST_F(TurnLinkTest, TheMainPCTakesNoTurn) {
+    serve({{"your"}});
+    settings.use_class = 0;
+    take_turn();
+    link->サーバー接続終了();
+    EXPECT_EQ(link->link_state(), LinkState::Idle);
+    EXPECT_FALSE(link->link_failed());
+    EXPECT_TRUE(service->heard.isEmpty());
+    EXPECT_TRUE(marks.isEmpty());
+}
+
+TEST_F(TurnLinkTest, ATurnThatIsNotHeldIsNotGivenBack) {
+    serve({{"your"}});
+    link->サーバー接続終了();
+    EXPECT_TRUE(marks.isEmpty());
+    EXPECT_EQ(seconds(), 0);
+}

@@ -1,0 +1,30 @@
+#include "platform/program_lock.h"
+
+#include "base/literals.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace base;
+using namespace std::chrono_literals;
+using platform::ProgramLock;
+
+TEST(ProgramLock, ATitleIsHeldAsLongAsItsProgramKeepsIt) {
+    QTemporaryDir dir;
+    EXPECT_FALSE(ProgramLock::held(dir.path(), u"jyusinkanri"_s));
+    {
+        ProgramLock lock(dir.path(), u"jyusinkanri"_s);
+        ASSERT_TRUE(lock.take(0ms));
+        EXPECT_TRUE(ProgramLock::held(dir.path(), u"jyusinkanri"_s));
+        EXPECT_FALSE(ProgramLock::held(dir.path(), u"other"_s));
+        EXPECT_FALSE(ProgramLock(dir.path(), u"jyusinkanri"_s).take(0ms)) << "one at a time";
+    }
+    EXPECT_FALSE(ProgramLock::held(dir.path(), u"jyusinkanri"_s)) << "the file that stays behind holds nothing";
+    EXPECT_TRUE(ProgramLock(dir.path(), u"jyusinkanri"_s).take(0ms));
+}
+
+TEST(ProgramLock, AFolderThatIsNotThereHoldsNothing) {
+    QTemporaryDir dir;
+    EXPECT_FALSE(ProgramLock::held(dir.path() + u"/none"_s, u"jyusinkanri"_s));
+    EXPECT_FALSE(ProgramLock(dir.path() + u"/none"_s, u"jyusinkanri"_s).take(0ms));
+}
