@@ -65,8 +65,4 @@ bool in_view(const Sheet& sheet, Cell cell, int view_width, int view_height) {
                cell.col, sheet.FixedCols(), sheet.LeftCol(), view_width, [&](int col) { return sheet.ColWidth(col); });
 }
 
-void follow_scroll(const Sheet& sheet, CellEditor& editor, int view_width, int view_height) {
-    editor.visible = editor.active && in_view(sheet, editor.cell, view_width, view_height);
-}
-
 } // namespace base

@@ -23,7 +23,11 @@ std::optional<Cell> next_cell(const Sheet& sheet, const CellRoutes& routes, Cell
 /// Whether the cell is wholly among the rows and columns in view, in a view of the given inside size in twips.
 bool in_view(const Sheet& sheet, Cell cell, int view_width, int view_height);
 
-/// The sheet was scrolled: an editor with a cell in hand shows itself again or goes out of sight, the cell kept.
-void follow_scroll(const Sheet& sheet, CellEditor& editor, int view_width, int view_height);
+/// The sheet was scrolled: an editor (box or list) with a cell in hand shows itself again or goes out of sight, the
+/// cell kept.
+template <typename Editor>
+void follow_scroll(const Sheet& sheet, Editor& editor, int view_width, int view_height) {
+    editor.visible = editor.active && in_view(sheet, editor.cell, view_width, view_height);
+}
 
 } // namespace base

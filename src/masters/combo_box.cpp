@@ -8,7 +8,7 @@ using namespace base;
 
 void ComboBox::place(Cell over) {
     cell = over;
-    visible = true;
+    visible = active = true;
 }
 
 Choice ComboBox::choice(int item) const {

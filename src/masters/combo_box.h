@@ -19,11 +19,12 @@ struct Choice {
 struct ComboBox {
     QStringList items; ///< in the form of base/combo_item.h, `master_item`
     int index = -1;    ///< the item selected; -1 none
+    base::Cell cell;   ///< the cell it lies over while visible
     bool visible = false;
-    base::Cell cell; ///< the cell it lies over while visible
+    bool active = false; ///< holds a cell; a scroll may put it out of sight meanwhile
 
     void place(base::Cell over);
-    void hide() { visible = false; }
+    void close() { visible = active = false; } ///< the cell is let go, the selection stays
 
     Choice choice(int item) const;
 

@@ -13,8 +13,12 @@ void GridScreen::move_to(base::Cell cell) {
     入力フォーム();
 }
 
-void EditorScreen::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {
+void GridScreen::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {
     hyou.setTopLeft(top_row, left_col);
+    follow(view_width, view_height);
+}
+
+void EditorScreen::follow(int view_width, int view_height) {
     base::follow_scroll(hyou, atai, view_width, view_height);
 }
 

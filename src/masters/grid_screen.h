@@ -16,9 +16,13 @@ public:
     virtual void 入力フォーム() = 0;
 
     void hyou_Click(base::Cell cell);
+    void hyou_Scroll(int top_row, int left_col, int view_width, int view_height); ///< view size in twips
 
 protected:
     using Screen::Screen;
+
+    /// The sheet was scrolled: an open editor follows its cell.
+    virtual void follow(int view_width, int view_height) = 0;
 
     void move_to(base::Cell cell);
     base::Cell cursor() const { return {hyou.Row(), hyou.Col()}; }
@@ -28,14 +32,13 @@ class EditorScreen : public GridScreen {
 public:
     base::CellEditor atai;
 
-    void hyou_Scroll(int top_row, int left_col, int view_width, int view_height); ///< view size in twips
-
     bool atai_KeyDown(int key_code); ///< whether the key moved the cursor; otherwise it is the box's own
     void atai_LostFocus() { leave_cell(); }
 
 protected:
     EditorScreen(frame::Session& session, base::CellRoutes routes) : GridScreen(session), m_routes(routes) {}
 
+    void follow(int view_width, int view_height) override;
     void place_atai(const QString& content, base::InputMethod method);
 
 private:

@@ -13,16 +13,11 @@ QString cell_text(const store::Row& row, int column, ListCell::Form form) {
     return form == ListCell::Text ? Trim(row.text(column)) : digits(row.number(column));
 }
 
-void clear_rows(Sheet& list) {
-    const Cell cursor{list.Row(), list.Col()};
-    list.setRows(list.FixedRows());
-    list.setCursor(cursor);
-}
-
 } // namespace
 
 void fill_list(Sheet& list, store::Statement query, std::span<const ListCell> cells) {
-    clear_rows(list);
+    const Cell cursor{list.Row(), list.Col()};
+    list.setRows(list.FixedRows());
     int filled = list.FixedRows();
     for (; query.step(); ++filled) {
         if (filled == list.Rows())
@@ -31,6 +26,7 @@ void fill_list(Sheet& list, store::Statement query, std::span<const ListCell> ce
             list(filled, cells[i].col) = cell_text(query.row(), i, cells[i].form);
     }
     list.setRows(filled);
+    list.setCursor(cursor);
 }
 
 void fill_combo(ComboBox& combo, store::Statement query) {

@@ -18,7 +18,7 @@ struct ListCell {
 };
 
 /// One grid row below the heading for each row of the query, whose column i goes into cells[i]; the other cells come
-/// out empty. Without rows the heading stays.
+/// out empty. Without rows the heading stays. The cursor is kept where it still fits.
 void fill_list(base::Sheet& list, store::Statement query, std::span<const ListCell> cells);
 
 /// One master item for each row of the query, which gives a name and a number.

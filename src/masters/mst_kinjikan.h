@@ -63,10 +63,11 @@ public:
 
     void atai_com_Click(int element, int item);
     bool atai_com_KeyPress(int element, int character); ///< Backspace takes the choice back; whether it was that
-    void atai_com_LostFocus(int element) { atai_com[element].hide(); }
+    void atai_com_LostFocus(int element) { atai_com[element].close(); }
 
 private:
     void leave_cell() override;
+    void follow(int view_width, int view_height) override;
     void press(int element) override;
     void say(const QString& progress);
     bool confirmed(int mode, const QString& name);

@@ -110,9 +110,15 @@ void mst_kinjikan::set_choice(int element, int row, const Choice& choice) {
     hyou(row, name_cols[element] + 1) = choice.number;
 }
 
+void mst_kinjikan::follow(int view_width, int view_height) {
+    EditorScreen::follow(view_width, view_height);
+    for (ComboBox& combo : atai_com)
+        follow_scroll(hyou, combo, view_width, view_height);
+}
+
 void mst_kinjikan::leave_cell() {
     for (ComboBox& combo : atai_com)
-        combo.hide();
+        combo.close();
     if (!atai.active)
         return;
     hyou(atai.cell.row, atai.cell.col) = committed_time(atai.text);

@@ -88,9 +88,8 @@ void mst_kintype::Form_Load() {
     社員勤務種類マスター全呼出();
 }
 
-void mst_kintype::hyou_Scroll(int top_row, int left_col) {
-    hyou.setTopLeft(top_row, left_col);
-    leave_cell();
+void mst_kintype::follow(int view_width, int view_height) {
+    follow_scroll(hyou, atai_com, view_width, view_height);
 }
 
 void mst_kintype::atai_com_Click(int item) {

@@ -33,13 +33,12 @@ public:
 
     void Form_Load();
 
-    void hyou_Scroll(int top_row, int left_col); ///< the list goes out of sight
-
     void atai_com_Click(int item);
     void atai_com_LostFocus() { leave_cell(); }
 
 private:
-    void leave_cell() override { atai_com.hide(); }
+    void leave_cell() override { atai_com.close(); }
+    void follow(int view_width, int view_height) override;
     void press(int) override {} ///< there is no other button
 };
 
