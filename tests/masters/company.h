@@ -4,6 +4,7 @@
 
 #include "base/literals.h"
 #include "base/numbers.h"
+#include "base/sheet.h"
 #include "frame/session.h"
 #include "store/test_tree.h"
 #include "support/fake_host.h"
