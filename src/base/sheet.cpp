@@ -13,14 +13,15 @@ qint64 look_key(int row, int col) {
     return qint64(row) << 32 | qint64(col);
 }
 
-bool is_number(const QString& text) {
-    bool ok = false;
-    text.toLongLong(&ok);
-    return ok;
-}
-
+/// Numbers stand before texts: "9", "10" and "1a" would go round in a circle otherwise.
 bool generic_less(const QString& a, const QString& b) {
-    return is_number(a) && is_number(b) ? a.toLongLong() < b.toLongLong() : a < b;
+    bool a_is_number = false;
+    bool b_is_number = false;
+    const qint64 left = a.toLongLong(&a_is_number);
+    const qint64 right = b.toLongLong(&b_is_number);
+    if (a_is_number && b_is_number)
+        return left < right;
+    return a_is_number == b_is_number ? a < b : a_is_number;
 }
 
 int last_with_size(const QList<int>& sizes) {

@@ -31,7 +31,7 @@ struct CellLook {
 
 enum class SortOrder {
     NumericAscending, ///< `Sort` 3: by Val of the column
-    GenericAscending, ///< `Sort` 1: by number where both cells are numbers, else by text
+    GenericAscending, ///< `Sort` 1: numbers by their value, then the other texts
 };
 
 struct Cell {
