@@ -12,6 +12,10 @@ QString Trim(QStringView text) {
     return text.toString();
 }
 
+QString Trim(const QString& text) {
+    return text.startsWith(u' ') || text.endsWith(u' ') ? Trim(QStringView(text)) : text;
+}
+
 QString 文字除去(QString text, QChar character) {
     return text.remove(character);
 }

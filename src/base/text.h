@@ -10,6 +10,7 @@ namespace base {
 
 /// The text without ordinary blanks (U+0020) at both ends. Ideographic spaces stay, as a name may consist of them.
 QString Trim(QStringView text);
+QString Trim(const QString& text); ///< shares the text where nothing is to be taken off
 
 /// Every occurrence of the character removed.
 QString 文字除去(QString text, QChar character);
