@@ -47,8 +47,7 @@ void mst_syain::書式設定_社員リスト() {
 
 void mst_syain::社員マスター全呼出() {
     auto rovdata = open_rovdata();
-    list_employees(hyou, rovdata, key_col);
-    hyou.Sort(sortlist == 0 ? key_col : number_col, SortOrder::GenericAscending);
+    list_employees(hyou, rovdata, key_col, sortlist == 0 ? EmployeeOrder::Registered : EmployeeOrder::Numbered);
     hyou.setCursor({0, hyou.Cols() - 1});
 }
 
