@@ -111,7 +111,9 @@ std::error_code NewFile::place(Durability durability, Standing standing) {
     return {};
 }
 
-std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability) {
+namespace {
+
+std::error_code write_beside(const QString& path, const QByteArray& bytes, Durability durability, Standing standing) {
     NewFile beside(path);
     if (const std::error_code failure = beside.make())
         return failure;
@@ -119,7 +121,17 @@ std::error_code write_new_file(const QString& path, const QByteArray& bytes, Dur
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size())
         return last_error();
     file.close();
-    return beside.place(durability);
+    return beside.place(durability, standing);
+}
+
+} // namespace
+
+std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability) {
+    return write_beside(path, bytes, durability, Standing::Stays);
+}
+
+std::error_code replace_file(const QString& path, const QByteArray& bytes, Durability durability) {
+    return write_beside(path, bytes, durability, Standing::GivesWay);
 }
 
 } // namespace platform

@@ -44,4 +44,15 @@ private:
 /// failures give the system's code. No error means that the file stands.
 std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability);
 
+/// Writes a file that takes the place of whatever has the name. A program that has the old file open goes on with the
+/// old one, nameless now; where the system can't do that (see open_files_can_move) the call fails instead.
+std::error_code replace_file(const QString& path, const QByteArray& bytes, Durability durability);
+
+/// Whether a file can be renamed or replaced while a program has it open.
+#ifdef Q_OS_WIN
+inline constexpr bool open_files_can_move = false;
+#else
+inline constexpr bool open_files_can_move = true;
+#endif
+
 } // namespace platform

@@ -27,7 +27,7 @@ struct Damage {
 QByteArray noise(QByteArray bytes, int from, int count) {
     QRandomGenerator random(1);
     for (int i = from; i < from + count; ++i)
-        bytes[i] = char(random.bounded(256));
+        bytes[i] = char(bytes[i] ^ random.bounded(1, 256)); // never what stood there
     return bytes;
 }
 
