@@ -92,8 +92,8 @@ void copy_file(const QString& from, const QString& to) {
 }
 
 void copy_tree(const QString& from, const QString& to) {
-    const QDir source(from);
-    QDirIterator files(from, QDir::Files, QDirIterator::Subdirectories);
+    const QDir source(QDir(from).absolutePath());
+    QDirIterator files(source.path(), QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString file = files.next();
         const QString target = below(to, source.relativeFilePath(file));
