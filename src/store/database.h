@@ -72,6 +72,8 @@ public:
     qint64 number(int column) const;
     int integer(int column) const; ///< number held within int
     QString text(int column) const;
+    /// The text as the file holds it, in UTF-8; stands until the statement steps on or ends.
+    QByteArrayView utf8(int column) const;
     bool is_null(int column) const;
     int columns() const;
     QString name(int column) const;
@@ -100,6 +102,7 @@ public:
     void bind_at(int place, std::integral auto value) { bind_number(place, qint64(value)); }
     void bind_at(int place, QStringView value);
     void bind_at(int place, const QString& value) { bind_at(place, QStringView(value)); }
+    void bind_utf8(int place, QByteArrayView value);
     void bind_null(int place);
 
     /// Goes to the next row; false when there is none, and the statement is reset then.

@@ -56,10 +56,12 @@ CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts,
     setFrame(false);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, QColor(ground.red, ground.green, ground.blue));
-    colours.setColor(QPalette::Text, Qt::black);
-    setPalette(colours);
+    QPalette own = palette();
+    own.setColor(QPalette::Base, QColor(ground.red, ground.green, ground.blue));
+    own.setColor(QPalette::Text, QColor::fromRgb(colours::text));
+    own.setColor(QPalette::Highlight, QColor::fromRgb(colours::accent));
+    own.setColor(QPalette::HighlightedText, Qt::white);
+    setPalette(own);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { m_acts.Change(text); });
     move(out_of_sight);
 }

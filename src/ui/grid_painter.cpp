@@ -38,6 +38,14 @@ public:
         text(place);
     }
 
+    /// The heading band goes on beside the last column.
+    void band_beside(const Span& row, int from, int to) {
+        if (from >= to)
+            return;
+        m_painter.fillRect(from, row.start, to - from, row.size, QColor::fromRgb(colours::heading));
+        m_painter.fillRect(from, row.end() - 1, to - from, 1, QColor::fromRgb(colours::heading_line));
+    }
+
     void frame_in_hand(const GridGeometry& geometry) {
         if (!m_cursor || m_style.row_cursor)
             return;
@@ -146,12 +154,18 @@ bool is_cut(const QString& text, const QFont& font, int width) {
 }
 
 void paint_grid(QPainter& painter, const base::Sheet& sheet, const GridGeometry& geometry, const GridStyle& style) {
+    painter.fillRect(QRect(QPoint(), geometry.view()), QColor::fromRgb(colours::ground));
     Painting painting(painter, sheet, style);
     const QList<Span> cols = geometry.cols();
-    for (const Span& row : geometry.rows())
+    const int behind = cols.isEmpty() ? 0 : cols.last().end();
+    for (const Span& row : geometry.rows()) {
+        const bool heading = row.index < sheet.FixedRows();
+        if (heading)
+            painting.band_beside(row, behind, geometry.view().width());
         for (const Span& col : cols)
-            painting.cell({{row.index, col.index}, QRect(col.start, row.start, col.size, row.size),
-                row.index < sheet.FixedRows(), row.index < sheet.FixedRows() || col.index < sheet.FixedCols()});
+            painting.cell({{row.index, col.index}, QRect(col.start, row.start, col.size, row.size), heading,
+                heading || col.index < sheet.FixedCols()});
+    }
     painting.frame_in_hand(geometry);
 }
 
