@@ -17,6 +17,8 @@ namespace ui {
 namespace {
 
 constexpr int backspace_key = 8;
+constexpr int border = 3;
+constexpr int arrow_room = 11;
 constexpr QPoint out_of_sight{-5000, 0};
 
 Qt::Alignment qt_alignment(base::Alignment alignment) {
@@ -42,6 +44,15 @@ bool takes_text_away(const QKeyEvent& event) {
 
 bool types_text(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+void draw_arrow(QPainter& painter, QPoint centre) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor::fromRgb(colours::quiet_text), 1.5));
+    const QPointF tip = QPointF(centre) + QPointF(0, 2);
+    painter.drawPolyline(QPolygonF({tip + QPointF(-3, -3), tip, tip + QPointF(3, -3)}));
+    painter.restore();
 }
 
 /// A window that comes before this one, or a list or menu that opens, isn't a step to another control.
@@ -170,6 +181,17 @@ void CellCombo::lay_over(base::Cell cell, int item) {
 void CellCombo::put_away() {
     move(out_of_sight);
     setEnabled(false);
+}
+
+void CellCombo::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor::fromRgb(colours::ground));
+    painter.setPen(QPen(QColor::fromRgb(colours::accent), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    const QRect arrow(rect().right() - arrow_room, 0, arrow_room, height());
+    draw_arrow(painter, arrow.center());
+    painter.setPen(QColor::fromRgb(colours::text));
+    draw_fitting(painter, rect().adjusted(border, 0, -arrow_room, 0), Qt::AlignCenter, currentText());
 }
 
 void CellCombo::wheelEvent(QWheelEvent* event) {

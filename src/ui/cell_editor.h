@@ -70,6 +70,8 @@ public:
     void put_away();
 
 protected:
+    /// Like a cell, with a small arrow: the desktop's own look would leave no room for the text.
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

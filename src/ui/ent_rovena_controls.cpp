@@ -118,7 +118,6 @@ void ent_rovena_controls::fill_left_column() {
     buttons->addWidget(botan[0], 0, 1);
     buttons->addWidget(imghelp, 1, 0);
     buttons->addWidget(msglab, 1, 1);
-    buttons->addWidget(toubotan, 1, 2);
     buttons->setColumnStretch(2, 1);
 
     auto* column = new QVBoxLayout(left);
