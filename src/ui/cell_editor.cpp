@@ -5,6 +5,7 @@
 #include "ui/grid_view.h"
 #include "ui/key_codes.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
@@ -65,6 +66,7 @@ bool leaves_control(Qt::FocusReason reason) {
 CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground)
     : QLineEdit(grid.viewport()), m_grid(grid), m_state(state), m_acts(std::move(acts)) {
     setFrame(false);
+    setFocusPolicy(Qt::ClickFocus); // Tab must not lead to it where it is out of sight
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
     QPalette own = palette();
@@ -160,6 +162,7 @@ void CellEditor::paintEvent(QPaintEvent* event) {
 }
 
 CellCombo::CellCombo(GridView& grid) : QComboBox(grid.viewport()), m_grid(grid) {
+    setFocusPolicy(Qt::ClickFocus);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     put_away();
 }
@@ -181,6 +184,11 @@ void CellCombo::lay_over(base::Cell cell, int item) {
 void CellCombo::put_away() {
     move(out_of_sight);
     setEnabled(false);
+}
+
+void CellCombo::showPopup() {
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    QComboBox::showPopup();
 }
 
 void CellCombo::paintEvent(QPaintEvent*) {
