@@ -101,15 +101,15 @@ constexpr std::array<Written, 40> given_names{{
     {u"楓", u"カエデ"},
 }};
 
-constexpr qsizetype combinations = qsizetype(surnames.size() * given_names.size());
-constexpr qsizetype stride = 733; // shares no factor with the combinations, so that all of them come up
+constexpr size_t combinations = surnames.size() * given_names.size();
+constexpr size_t stride = 733; // shares no factor with the combinations, so that all of them come up
 
 } // namespace
 
 Person person(int index) {
-    const qsizetype pick = qsizetype(index) * stride % combinations;
-    const Written& surname = surnames[size_t(pick) % surnames.size()];
-    const Written& given = given_names[size_t(pick) / surnames.size()];
+    const size_t pick = size_t(index) * stride % combinations;
+    const Written& surname = surnames[pick % surnames.size()];
+    const Written& given = given_names[pick / surnames.size()];
     return {u"%1　%2"_s.arg(surname.kanji, given.kanji), u"%1　%2"_s.arg(surname.kana, given.kana)};
 }
 
