@@ -9,6 +9,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -21,8 +22,11 @@ namespace {
 /// Lets events happen until the condition holds; false after a time that only a broken service needs.
 bool happens(const std::function<bool()>& condition) {
     QElapsedTimer time;
-    for (time.start(); !condition() && time.elapsed() < 60'000;)
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    for (time.start(); !condition() && time.elapsed() < 60'000;) {
+        // Waiting for an event alone would sleep through what happens in files.
+        QCoreApplication::processEvents();
+        QThread::msleep(1);
+    }
     return condition();
 }
 
