@@ -106,9 +106,10 @@ ent_rovena_controls::ent_rovena_controls(QWidget& page, entry::ent_rovena& form,
     hyou->setFocusPolicy(Qt::ClickFocus);
     syalab->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
-    toubotan->setFocusPolicy(Qt::StrongFocus);
+    toubotan->setFocusPolicy(Qt::ClickFocus);
     toubotan->setFixedSize(1, 1);
     fill_left_column();
+    order_by_tab();
 }
 
 void ent_rovena_controls::fill_left_column() {
@@ -118,7 +119,6 @@ void ent_rovena_controls::fill_left_column() {
     buttons->addWidget(botan[0], 0, 1);
     buttons->addWidget(imghelp, 1, 0);
     buttons->addWidget(msglab, 1, 1);
-    buttons->addWidget(toubotan, 1, 2);
     buttons->setColumnStretch(2, 1);
 
     auto* column = new QVBoxLayout(left);
@@ -131,6 +131,13 @@ void ent_rovena_controls::fill_left_column() {
     column->addWidget(hyou_syain, 1);
     column->addLayout(in_a_row(*kyuflg));
     column->addLayout(buttons);
+}
+
+void ent_rovena_controls::order_by_tab() {
+    QWidget* const order[] = {ym[0], ym[1], sortlist->button(0), sortlist->button(1), hyou_syain, hyou_day,
+        kyuflg->button(0), kyuflg->button(1), botan[1], botan[0], imghelp};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
 void ent_rovena_controls::lay_out(QSize page) {

@@ -41,6 +41,7 @@ struct ent_rovena_controls {
 
 private:
     void fill_left_column();
+    void order_by_tab();
     QRect sheets_room(QSize page) const;
     bool fits_at(int row_height, QSize page);
     void place_sheets(QRect room);

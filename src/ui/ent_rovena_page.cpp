@@ -145,10 +145,12 @@ void ent_rovena_page::press(int botan) {
         Q_EMIT close_wanted();
 }
 
+/// The filter stands on the selectors and their line edits. It compares addresses only, as it is still called while
+/// they are being destroyed.
 bool ent_rovena_page::eventFilter(QObject* watched, QEvent* event) {
     for (int element = 0; element < 2; ++element) {
-        const QComboBox* box = m_controls.ym[element];
-        if (watched == box || watched == box->lineEdit())
+        const QObject* box = m_controls.ym[element];
+        if (watched == box || watched->parent() == box)
             return selector_takes(element, event);
     }
     return QWidget::eventFilter(watched, event);

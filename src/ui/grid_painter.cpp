@@ -85,26 +85,10 @@ private:
             return;
         set_font_for(place.rect.height());
         const QRect room = place.rect.adjusted(side_margin, 0, -side_margin - 1, -1);
-        const int width = m_painter.fontMetrics().horizontalAdvance(content);
-        const int flags = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip | horizontal(place);
-        if (width <= room.width())
-            m_painter.drawText(room, flags, content);
-        else
-            condensed(room, flags, content, width);
+        draw_fitting(m_painter, room, horizontal(place) | Qt::AlignVCenter, content);
     }
 
-    void condensed(const QRect& room, int flags, const QString& content, int width) {
-        const double factor = std::max(narrowest, double(room.width()) / width);
-        const int virtual_width = static_cast<int>(room.width() / factor) + 1;
-        m_painter.save();
-        m_painter.translate(room.topLeft());
-        m_painter.scale(factor, 1.0);
-        m_painter.drawText(QRect(0, 0, virtual_width, room.height()), flags,
-            m_painter.fontMetrics().elidedText(content, Qt::ElideRight, virtual_width));
-        m_painter.restore();
-    }
-
-    int horizontal(const CellPlace& place) const {
+    Qt::Alignment horizontal(const CellPlace& place) const {
         switch (m_sheet.alignment(place.cell.row, place.cell.col)) {
         case base::Alignment::Center:
             return Qt::AlignHCenter;
@@ -146,6 +130,23 @@ std::optional<base::Cell> shown_cursor(const base::Sheet& sheet) {
 QFont cell_font(QFont font, int row_height) {
     font.setPixelSize(std::clamp(static_cast<int>(row_height * 0.72), 9, 22));
     return font;
+}
+
+void draw_fitting(QPainter& painter, const QRect& room, Qt::Alignment alignment, const QString& text) {
+    const int flags = static_cast<int>(alignment) | Qt::TextSingleLine | Qt::TextDontClip;
+    const int width = painter.fontMetrics().horizontalAdvance(text);
+    if (width <= room.width()) {
+        painter.drawText(room, flags, text);
+        return;
+    }
+    const double factor = std::max(narrowest, double(room.width()) / width);
+    const int room_before_scaling = static_cast<int>(room.width() / factor) + 1;
+    painter.save();
+    painter.translate(room.topLeft());
+    painter.scale(factor, 1.0);
+    painter.drawText(QRect(0, 0, room_before_scaling, room.height()), flags,
+        painter.fontMetrics().elidedText(text, Qt::ElideRight, room_before_scaling));
+    painter.restore();
 }
 
 bool is_cut(const QString& text, const QFont& font, int width) {

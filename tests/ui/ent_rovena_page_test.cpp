@@ -172,6 +172,15 @@ TEST_F(EntryPage, TheSelectorsTakeDigitsOnlyAndEnterMovesOn) {
     EXPECT_TRUE(controls.toubotan->hasFocus());
 }
 
+TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSight) {
+    choose_employee(1);
+    for (int i = 0; i < 20; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_FALSE(controls.hyou->isAncestorOf(QApplication::focusWidget()));
+        EXPECT_NE(QApplication::focusWidget(), controls.toubotan);
+    }
+}
+
 TEST_F(EntryPage, TheWheelOverASelectorChoosesNoOtherMonth) {
     QWheelEvent wheel(
         {5, 5}, controls.ym[1]->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);

@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "picture.h"
+#include "support/person.h"
 
 #include <QFile>
 #include <QTest>
@@ -64,6 +65,7 @@ void Tour::open_month() {
 void Tour::type_month() {
     m_typed = e2e::plan_month(form().sheet.hyou, leave, sunday_work);
     m_clerk.type_days(m_typed.first(days_before_picture));
+    support::type_word(m_typed[days_before_picture].clock_in);
     picture(u"05-typing-clock-times"_s);
     m_clerk.type_days(m_typed.sliced(days_before_picture));
     m_clerk.type_remarks(m_typed);
