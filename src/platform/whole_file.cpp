@@ -28,33 +28,24 @@ std::error_code last_error() {
     return {int(GetLastError()), std::system_category()};
 }
 
-bool flush_to_disk(QFile& file) {
-    return _commit(file.handle()) == 0;
-}
-
-std::error_code rename_to_new(const QString& from, const QString& to, Durability) {
-    const DWORD write_through = MOVEFILE_WRITE_THROUGH;
-    if (MoveFileExW(qUtf16Printable(from), qUtf16Printable(to), write_through) != 0)
+std::error_code rename_file(const QString& from, const QString& to, Standing standing) {
+    const DWORD flags = MOVEFILE_WRITE_THROUGH | (standing == Standing::GivesWay ? MOVEFILE_REPLACE_EXISTING : 0);
+    if (MoveFileExW(qUtf16Printable(from), qUtf16Printable(to), flags) != 0)
         return {};
     return GetLastError() == ERROR_ALREADY_EXISTS ? std::make_error_code(std::errc::file_exists) : last_error();
 }
+
+bool flush(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly) && _commit(file.handle()) == 0;
+}
+
+void flush_folder_of(const QString&) {}
 
 #else
 
 std::error_code last_error() {
     return {errno, std::generic_category()};
-}
-
-bool flush_to_disk(QFile& file) {
-    return fsync(file.handle()) == 0;
-}
-
-void flush_folder(const QString& path) {
-    const int folder = open(QFile::encodeName(QFileInfo(path).path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    fsync(folder);
-    close(folder);
 }
 
 /// Not every file system of a share knows the rename that refuses an existing name.
@@ -70,35 +61,77 @@ bool rename_unless_there(const QByteArray& from, const QByteArray& to) {
     return rename(from.constData(), to.constData()) == 0;
 }
 
-std::error_code rename_to_new(const QString& from, const QString& to, Durability durability) {
-    if (!rename_unless_there(QFile::encodeName(from), QFile::encodeName(to)))
-        return last_error();
-    if (durability == Durability::Disk)
-        flush_folder(to);
-    return {};
+std::error_code rename_file(const QString& from, const QString& to, Standing standing) {
+    const QByteArray old_name = QFile::encodeName(from);
+    const QByteArray new_name = QFile::encodeName(to);
+    const bool renamed = standing == Standing::Stays ? rename_unless_there(old_name, new_name)
+                                                     : rename(old_name.constData(), new_name.constData()) == 0;
+    return renamed ? std::error_code() : last_error();
+}
+
+bool flush(const QString& path) {
+    const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    const bool flushed = fsync(file) == 0;
+    close(file);
+    return flushed;
+}
+
+void flush_folder_of(const QString& path) {
+    flush(QFileInfo(path).path());
 }
 
 #endif
 
-std::error_code write_all(QFile& file, const QByteArray& bytes, Durability durability) {
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+} // namespace
+
+NewFile::NewFile(const QString& path)
+    : m_path(path), m_passing(path + u"."_s + QUuid::createUuid().toString(QUuid::Id128).left(12) + u".new"_s) {}
+
+NewFile::~NewFile() {
+    if (m_made)
+        QFile::remove(m_passing);
+}
+
+std::error_code NewFile::make() {
+    QFile file(m_passing);
+    m_made = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    return m_made ? std::error_code() : last_error();
+}
+
+std::error_code NewFile::place(Durability durability, Standing standing) {
+    if (durability == Durability::Disk && !flush(m_passing))
         return last_error();
-    if (file.write(bytes) != bytes.size() || (durability == Durability::Disk && !flush_to_disk(file)))
+    if (const std::error_code failure = rename_file(m_passing, m_path, standing))
+        return failure;
+    m_made = false;
+    if (durability == Durability::Disk)
+        flush_folder_of(m_path);
+    return {};
+}
+
+namespace {
+
+std::error_code write_beside(const QString& path, const QByteArray& bytes, Durability durability, Standing standing) {
+    NewFile beside(path);
+    if (const std::error_code failure = beside.make())
+        return failure;
+    QFile file(beside.passing_path());
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size())
         return last_error();
     file.close();
-    return {};
+    return beside.place(durability, standing);
 }
 
 } // namespace
 
 std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability) {
-    QFile beside(path + u"."_s + QUuid::createUuid().toString(QUuid::Id128).left(12) + u".new"_s);
-    std::error_code failure = write_all(beside, bytes, durability);
-    if (!failure)
-        failure = rename_to_new(beside.fileName(), path, durability);
-    if (failure)
-        beside.remove();
-    return failure;
+    return write_beside(path, bytes, durability, Standing::Stays);
+}
+
+std::error_code replace_file(const QString& path, const QByteArray& bytes, Durability durability) {
+    return write_beside(path, bytes, durability, Standing::GivesWay);
 }
 
 } // namespace platform

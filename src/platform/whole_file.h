@@ -1,7 +1,7 @@
 #pragma once
 
-// New files that are there whole or not at all: written beside under a passing name, then renamed. A program that is
-// killed on the way leaves at most the passing name behind.
+// New files that are there whole or not at all: made beside their place under a passing name, then renamed. A program
+// that is killed on the way leaves at most the passing name behind.
 
 #include <QByteArray>
 #include <QString>
@@ -15,8 +15,44 @@ enum class Durability {
     Cache, ///< the file: it is in order for every program, but the disk is not waited for
 };
 
+/// Whether a file that stands at the place is left there or gives way.
+enum class Standing { Stays, GivesWay };
+
+/// A file in the making. It goes again unless it was placed.
+class NewFile {
+public:
+    explicit NewFile(const QString& path);
+    ~NewFile();
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    /// Makes the empty file under its passing name. No error means that it stands.
+    std::error_code make();
+
+    const QString& passing_path() const { return m_passing; }
+
+    /// Gives the file its name. Where a file stands that stays: std::errc::file_exists.
+    std::error_code place(Durability durability, Standing standing = Standing::Stays);
+
+private:
+    QString m_path;
+    QString m_passing;
+    bool m_made = false;
+};
+
 /// Writes a file that doesn't exist yet. An existing file stays untouched and gives std::errc::file_exists; other
 /// failures give the system's code. No error means that the file stands.
 std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability);
+
+/// Writes a file that takes the place of whatever has the name. A program that has the old file open goes on with the
+/// old one, nameless now; where the system can't do that (see open_files_can_move) the call fails instead.
+std::error_code replace_file(const QString& path, const QByteArray& bytes, Durability durability);
+
+/// Whether a file can be renamed or replaced while a program has it open.
+#ifdef Q_OS_WIN
+inline constexpr bool open_files_can_move = false;
+#else
+inline constexpr bool open_files_can_move = true;
+#endif
 
 } // namespace platform

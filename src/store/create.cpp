@@ -25,30 +25,45 @@ Code code_of(const std::error_code& failure) {
     return Code::Other;
 }
 
+void check(const std::error_code& failure, const QString& path) {
+    if (failure)
+        throw Error(code_of(failure), path, {}, QString::fromLocal8Bit(failure.message()));
+}
+
+/// Nothing that is lost with a half-made file matters, so the engine keeps no journal and waits for no disk.
+std::unique_ptr<Connection> define(const QString& path, Kind kind) {
+    auto connection = std::make_unique<Connection>(path);
+    connection->open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    connection->unlock(key_for_new_file());
+    connection->exec("pragma synchronous=off; pragma journal_mode=off; pragma cache_size=-65536; begin");
+    connection->exec(definition_of(kind).toStdString());
+    connection->exec("commit");
+    return connection;
+}
+
 } // namespace
 
 QByteArray empty_database_image(Kind kind) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"new.mdb"_s);
-    {
-        Connection connection(path);
-        connection.open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-        connection.unlock(key_for_new_file());
-        connection.exec("pragma synchronous=off; pragma journal_mode=memory; begin");
-        connection.exec(definition_of(kind).toStdString());
-        connection.exec("commit");
-    }
+    define(path, kind).reset();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw Error(Code::Other, path, {}, file.errorString());
     return file.readAll();
 }
 
-Database Database::create(const QString& path, Kind kind) {
-    const std::error_code failure =
-        platform::write_new_file(path, empty_database_image(kind), platform::Durability::Disk);
-    if (failure)
-        throw Error(code_of(failure), path, {}, QString::fromLocal8Bit(failure.message()));
+Database Database::create(const QString& path, Kind kind, const std::function<void(Database&)>& fill) {
+    if (QFile::exists(path))
+        throw Error(Code::Exists, path, {}, {});
+    platform::NewFile beside(path);
+    check(beside.make(), path);
+    {
+        Database database(define(beside.passing_path(), kind));
+        if (fill)
+            fill(database);
+    }
+    check(beside.place(platform::Durability::Disk), path);
     return open(path, kind);
 }
 

@@ -2,7 +2,6 @@
 #include "store/key.h"
 #include "store/schema.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <sqlite3.h>
 
@@ -12,18 +11,18 @@ namespace {
 
 constexpr int smallest_database = 4096;
 
-/// The salt of a file that may be a keyed database.
-QByteArray salt_of(const QString& path) {
-    if (!QFileInfo::exists(path))
-        throw Error(Code::Missing, path, {}, {});
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw Error(Code::Other, path, {}, file.errorString());
-    if (file.size() == 0)
-        throw Error(Code::Empty, path, {}, {});
-    const QByteArray salt = file.read(salt_size);
-    if (file.size() < smallest_database || salt == QByteArrayView("SQLite format 3\0", salt_size))
-        throw Error(Code::NotADatabase, path, {}, {});
+/// The first bytes of a file that may be a keyed database. They are read through the engine's own handle: closing
+/// another one would take away the locks that this program holds on the file.
+QByteArray salt_of(const Connection& connection) {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(connection.engine, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    sqlite3_int64 size = 0;
+    if (file->pMethods->xFileSize(file, &size) == SQLITE_OK && size == 0)
+        throw Error(Code::Empty, connection.path, {}, {});
+    QByteArray salt(salt_size, '\0');
+    if (size < smallest_database || file->pMethods->xRead(file, salt.data(), salt_size, 0) != SQLITE_OK ||
+        salt == QByteArrayView("SQLite format 3\0", salt_size))
+        throw Error(Code::NotADatabase, connection.path, {}, {});
     return salt;
 }
 
@@ -59,16 +58,19 @@ Database& Database::operator=(Database&&) noexcept = default;
 Database::~Database() = default;
 
 Database Database::open(const QString& path, Kind kind, std::chrono::milliseconds patience) {
+    if (!QFileInfo::exists(path))
+        throw Error(Code::Missing, path, {}, {});
     auto connection = std::make_unique<Connection>(path);
-    const QByteArray key = key_for(salt_of(path));
     connection->patience = patience;
     connection->open(SQLITE_OPEN_READWRITE);
-    connection->unlock(key);
+    connection->unlock(key_for(salt_of(*connection)));
+    // One transaction around all that is asked here: each would lock and look at the file anew, over the network.
+    connection->exec("begin");
     prove_key(*connection);
     Database database(std::move(connection));
     check_kind(database, kind);
     // No write-ahead log in a shared folder; and a commit survives a power failure of the machine.
-    database.exec("pragma journal_mode=delete; pragma synchronous=extra");
+    database.exec("commit; pragma journal_mode=delete; pragma synchronous=extra");
     return database;
 }
 

@@ -13,6 +13,7 @@
 #include <QString>
 #include <chrono>
 #include <concepts>
+#include <functional>
 #include <memory>
 #include <string_view>
 
@@ -35,8 +36,9 @@ public:
     static Database open(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
 
     /// Makes a new, keyed database of the kind, with that kind's tables and indexes, and opens it.
-    /// A file that exists stands as it is and throws Code::Exists. The database is there whole or not at all.
-    static Database create(const QString& path, Kind kind);
+    /// A file that exists stands as it is and throws Code::Exists. The database is there whole or not at all, with the
+    /// rows that `fill` puts into it.
+    static Database create(const QString& path, Kind kind, const std::function<void(Database&)>& fill = {});
 
     Database(Database&&) noexcept;
     Database& operator=(Database&&) noexcept;
@@ -70,6 +72,8 @@ public:
     qint64 number(int column) const;
     int integer(int column) const; ///< number held within int
     QString text(int column) const;
+    /// The text as the file holds it, in UTF-8; stands until the statement steps on or ends.
+    QByteArrayView utf8(int column) const;
     bool is_null(int column) const;
     int columns() const;
     QString name(int column) const;
@@ -98,6 +102,7 @@ public:
     void bind_at(int place, std::integral auto value) { bind_number(place, qint64(value)); }
     void bind_at(int place, QStringView value);
     void bind_at(int place, const QString& value) { bind_at(place, QStringView(value)); }
+    void bind_utf8(int place, QByteArrayView value);
     void bind_null(int place);
 
     /// Goes to the next row; false when there is none, and the statement is reset then.
@@ -122,7 +127,11 @@ private:
 /// and makes sure the file at the path is still the one that was opened. Rolls back when it goes without commit().
 class Transaction {
 public:
-    enum class Lock { Write, Exclusive }; ///< Exclusive keeps readers out as well
+    enum class Lock {
+        Read, ///< writes nothing: all reads until its end see one state of the file
+        Write,
+        Exclusive, ///< keeps readers out as well
+    };
     explicit Transaction(Database& database, Lock lock = Lock::Write);
     ~Transaction();
     Transaction(const Transaction&) = delete;

@@ -3,44 +3,40 @@
 #include "base/literals.h"
 #include "platform/paths.h"
 
+#include <QStringList>
+#include <algorithm>
+#include <array>
+
 namespace store {
 
 using namespace base;
 
 namespace {
 
+struct Phrase {
+    Code code;
+    QStringView text;
+};
+
+constexpr std::array phrases{
+    Phrase{Code::Missing, u"データベースがありません。"},
+    Phrase{Code::Empty, u"データベースの中身が空です。"},
+    Phrase{Code::NotADatabase, u"データベースではないファイルか、パスワードのかかっていないファイルです。"},
+    Phrase{Code::WrongKey, u"パスワードが違うか、データベースの先頭が壊れています。"},
+    Phrase{Code::Damaged, u"データベースの一部が壊れています。"},
+    Phrase{Code::OtherKind, u"別の種類のデータベースが置かれています。"},
+    Phrase{Code::Newer, u"このプログラムより新しいバージョンのデータベースです。"},
+    Phrase{Code::ReadOnly, u"読み取り専用のため、データベースに書き込めません。"},
+    Phrase{Code::Full, u"ディスクの空き容量が足りません。"},
+    Phrase{Code::Busy, u"他のＰＣまたはプログラムがデータベースに書き込み中です。"},
+    Phrase{Code::Exists, u"データベースがすでにあります。"},
+    Phrase{Code::Replaced, u"使用中にデータベースが別のファイルに置き換えられました。"},
+    Phrase{Code::Misuse, u"プログラムに誤りがあります。"},
+    Phrase{Code::Other, u"データベースを処理できません。"},
+};
+
 QString phrase(Code code) {
-    switch (code) {
-    case Code::Missing:
-        return u"データベースがありません。"_s;
-    case Code::Empty:
-        return u"データベースの中身が空です。"_s;
-    case Code::NotADatabase:
-        return u"データベースではないファイルか、パスワードのかかっていないファイルです。"_s;
-    case Code::WrongKey:
-        return u"パスワードが違うか、データベースの先頭が壊れています。"_s;
-    case Code::Damaged:
-        return u"データベースの一部が壊れています。"_s;
-    case Code::OtherKind:
-        return u"別の種類のデータベースが置かれています。"_s;
-    case Code::Newer:
-        return u"このプログラムより新しいバージョンのデータベースです。"_s;
-    case Code::ReadOnly:
-        return u"読み取り専用のため、データベースに書き込めません。"_s;
-    case Code::Full:
-        return u"ディスクの空き容量が足りません。"_s;
-    case Code::Busy:
-        return u"他のＰＣまたはプログラムがデータベースに書き込み中です。"_s;
-    case Code::Exists:
-        return u"データベースがすでにあります。"_s;
-    case Code::Replaced:
-        return u"使用中にデータベースが別のファイルに置き換えられました。"_s;
-    case Code::Misuse:
-        return u"プログラムに誤りがあります。"_s;
-    case Code::Other:
-        break;
-    }
-    return u"データベースを処理できません。"_s;
+    return std::ranges::find(phrases, code, &Phrase::code)->text.toString();
 }
 
 QString lines(std::initializer_list<QString> texts) {

@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "store/files.h"
 
+#include <QStringList>
 #include <algorithm>
 
 namespace store {

@@ -6,7 +6,8 @@
 #include "store/files.h"
 #include "store/schema.h"
 
-#include <QFileInfo>
+#include <array>
+#include <optional>
 
 namespace store {
 
@@ -55,18 +56,16 @@ void change(Database& allsystem, const Product& product) {
 
 constexpr std::array suite_tables{u"table_ver", u"gen_ari", u"nimeisai", u"nikoumoku"};
 
-/// The databases that are looked through; those of other products may be absent and are then passed over.
+/// A database that is looked through. Those of other products of the suite, which may be absent, hold nothing of ours.
 struct Walked {
     QString path;
     Kind kind;
 };
 
 QStringList suite_tables_in(const Walked& file) {
-    QStringList met;
-    if (!QFileInfo::exists(file.path))
-        return met;
     Database database = Database::open(file.path, file.kind);
     add_missing_tables(database, file.kind);
+    QStringList met;
     for (const char16_t* name : suite_tables)
         if (database.has_table(QString::fromUtf16(name)))
             met << QString::fromUtf16(name);
@@ -83,6 +82,10 @@ QString receiver_path(const frame::Settings& settings) {
 
 bool 初期セットアップ(const frame::Settings& settings) {
     Database allsystem = Database::open(allsystem_path(settings), Kind::Allsystem);
+    return register_product(allsystem, settings);
+}
+
+bool register_product(Database& allsystem, const frame::Settings& settings) {
     Product wanted = running_product(settings);
     const auto stands = [&] {
         const std::optional<Product> found = registered(allsystem, settings);

@@ -5,6 +5,8 @@
 #include "frame/settings.h"
 #include "store/setting_tables.h"
 
+#include <QStringList>
+
 namespace store {
 
 inline constexpr QStringView data_file_name = u"rovdata.mdb"; ///< as the register names it, below the data folder
@@ -17,6 +19,9 @@ QString receiver_path(const frame::Settings& settings);
 /// product number begins with the letter of ours is ours. Writes only what differs.
 /// Returns whether the row was added: the first start of this product on this data.
 bool 初期セットアップ(const frame::Settings& settings);
+
+/// The same in an open `allsystem.mdb`.
+bool register_product(Database& allsystem, const frame::Settings& settings);
 
 /// Looks through the databases of the suite once for each stamp, adds tables that this version needs and they lack, and
 /// stores the stamp. Where the stamp stands already no other database is opened.

@@ -1,5 +1,6 @@
 #include "store/connection.h"
 
+#include <algorithm>
 #include <limits>
 #include <sqlite3.h>
 #include <utility>
@@ -17,8 +18,12 @@ int Row::integer(int column) const {
 }
 
 QString Row::text(int column) const {
+    return QString::fromUtf8(utf8(column));
+}
+
+QByteArrayView Row::utf8(int column) const {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
-    return QString::fromUtf8(bytes, sqlite3_column_bytes(m_statement, column));
+    return {bytes, sqlite3_column_bytes(m_statement, column)};
 }
 
 bool Row::is_null(int column) const {
@@ -65,8 +70,13 @@ void Statement::bind_number(int place, qint64 value) {
 }
 
 void Statement::bind_at(int place, QStringView value) {
-    const QByteArray bytes = value.toUtf8();
-    check(sqlite3_bind_text(m_statement, place, bytes.constData(), int(bytes.size()), SQLITE_TRANSIENT));
+    bind_utf8(place, value.toUtf8());
+}
+
+void Statement::bind_utf8(int place, QByteArrayView value) {
+    // Without a pointer the engine would bind a Null.
+    const char* bytes = value.isNull() ? "" : value.data();
+    check(sqlite3_bind_text(m_statement, place, bytes, int(value.size()), SQLITE_TRANSIENT));
 }
 
 void Statement::bind_null(int place) {

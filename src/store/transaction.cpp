@@ -4,8 +4,23 @@
 
 namespace store {
 
+namespace {
+
+constexpr std::string_view beginning(Transaction::Lock lock) {
+    switch (lock) {
+    case Transaction::Lock::Read:
+        return "begin";
+    case Transaction::Lock::Write:
+        return "begin immediate";
+    default:
+        return "begin exclusive";
+    }
+}
+
+} // namespace
+
 Transaction::Transaction(Database& database, Lock lock) : m_connection(*database.m_connection) {
-    m_connection.exec(lock == Lock::Write ? "begin immediate" : "begin exclusive");
+    m_connection.exec(beginning(lock));
     if (!m_connection.replaced())
         return;
     roll_back();

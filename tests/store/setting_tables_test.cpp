@@ -1,4 +1,4 @@
-#include "store/error.h"
+#include "error_code.h"
 #include "store/setting_tables.h"
 #include "test_tree.h"
 
@@ -11,15 +11,6 @@ class Settings : public testing::Test {
 protected:
     TestTree tree;
     SettingTables tables{tree.settings};
-
-    static Code code_of(const std::function<void()>& work) {
-        try {
-            work();
-        } catch (const Error& error) {
-            return error.code();
-        }
-        return Code::Other;
-    }
 };
 
 TEST_F(Settings, AKeyThatIsntThereReadsEmptyAndIsAddedByTheFirstWrite) {

@@ -13,7 +13,7 @@
 
 class TestTree {
 public:
-    TestTree() {
+    explicit TestTree(const QString& place = QDir::tempPath()) : folder(place + QStringLiteral("/store-XXXXXX")) {
         settings.server_root = settings.local_root = folder.path();
         make(store::comsys_path(settings), store::Kind::Comsys);
         make(store::allsystem_path(settings), store::Kind::Allsystem);
@@ -21,8 +21,8 @@ public:
         make(store::losys_path(settings), store::Kind::Losys);
     }
 
-    frame::Settings settings;
     QTemporaryDir folder;
+    frame::Settings settings;
 
 private:
     static void make(const QString& path, store::Kind kind) {

@@ -1,0 +1,12 @@
+#pragma once
+
+// The icon of the program on desktops and in window titles: a clock over a time card, with a transparent ground.
+
+#include <QtGui/QImage>
+
+namespace artwork {
+
+// A square picture of `side` pixels; at small sides the finer marks are left out.
+QImage paint_program_icon(int side);
+
+} // namespace artwork

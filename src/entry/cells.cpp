@@ -1,0 +1,34 @@
+#include "entry/cells.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+
+namespace entry {
+
+namespace {
+
+constexpr QStringView weekdays = u"日月火水木金土";
+
+}
+
+std::optional<int> category_column(const MonthSheet& sheet, int category) {
+    for (int column = col::first_category; column < sheet.hyou.Cols(); ++column)
+        if (category_of(sheet, column) == category)
+            return column;
+    return std::nullopt;
+}
+
+int weekday_of(const MonthSheet& sheet, int r) {
+    return std::max(0, static_cast<int>(weekdays.indexOf(sheet.hyou(r, col::weekday))));
+}
+
+QString weekday_text(int weekday) {
+    return weekdays.mid(weekday, 1).toString();
+}
+
+qint64 count_of(const QString& cell) {
+    return Val(文字除去(cell, u','));
+}
+
+} // namespace entry

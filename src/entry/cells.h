@@ -1,0 +1,30 @@
+#pragma once
+
+// Small readings of the month sheet that several rules share.
+
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "entry/sheet.h"
+
+namespace entry {
+
+using namespace base;
+
+/// The number of a column's work category, from the hidden row.
+inline int category_of(const MonthSheet& sheet, int column) {
+    return int_val(sheet.hyou(row::category_number, column));
+}
+
+/// The column of a work category; nothing if the sheet has none.
+std::optional<int> category_column(const MonthSheet& sheet, int category);
+
+/// The weekday of a day row, 0 Sunday to 6 Saturday, from the character in its column 1.
+int weekday_of(const MonthSheet& sheet, int r);
+
+/// The character of a weekday; 0 is Sunday.
+QString weekday_text(int weekday);
+
+/// The figure of a count cell: typed figures may carry group commas, and a negative one a sign.
+qint64 count_of(const QString& cell);
+
+} // namespace entry

@@ -1,0 +1,26 @@
+#pragma once
+
+// The company's day kinds: the list `kyucom` that a day's kind is chosen from, and the kinds that days take by
+// themselves.
+
+#include "entry/editing.h"
+#include "store/database.h"
+
+namespace entry {
+
+/// A `kyucom` item of 30 characters: name 10, number 10, `休出` 10; longer texts are cut.
+QString kind_item(const QString& name, const QString& number, const QString& holiday_work);
+
+/// The parts of an item: characters 1 to 10, 11 to 20, 21 to 30, without blanks at their ends.
+struct KindParts {
+    QString name;
+    QString number;
+    QString holiday_work;
+};
+KindParts kind_parts(const QString& item);
+
+/// Fills `kyucom` (first the item that stands for no kind) and the default kinds of the sheet; of several defaults the
+/// highest number counts.
+void load_day_kinds(MonthSheet& sheet, KindList& kyucom, store::Database& database);
+
+} // namespace entry

@@ -1,0 +1,255 @@
+#include "entry/ent_rovena.h"
+
+#include "base/era.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "entry/day_kinds.h"
+#include "entry/employees.h"
+#include "entry/layout.h"
+#include "entry/month_load.h"
+#include "entry/saving.h"
+#include "entry/work_type.h"
+#include "store/files.h"
+
+#include <QScopedValueRollback>
+#include <algorithm>
+
+namespace entry {
+
+using namespace base;
+
+namespace {
+
+enum SelectorElement { year_selector, month_selector };
+
+const QString settings_table = u"losystem"_s;
+const QString order_key = u"社員MLソート"_s;
+const QString break_key = u"休憩時間処理"_s;
+
+int element_of(const QString& setting) {
+    return Val(setting) == 0 ? 0 : 1;
+}
+
+/// The year as the person sees it, of a day under the display setting.
+QString shown_year(QDate day, const frame::Settings& settings, QDate today) {
+    const QString shown = 日付表示変換(digits(date_number(day)), settings, today);
+    return digits(Val(shown.section(u'/', 0, 0)));
+}
+
+} // namespace
+
+store::Database ent_rovena::open_data() const {
+    return store::Database::open(store::rovdata_path(m_session.settings), store::Kind::Rovdata);
+}
+
+void ent_rovena::Form_Load() {
+    sortlist = element_of(m_session.tables.設定読込(settings_table, order_key, store::Run::Begin));
+    sheet.kyuflg = BreakHandling(element_of(m_session.tables.設定読込(settings_table, break_key, store::Run::End)));
+    リスト初期設定();
+    書式設定();
+    書式設定_日();
+    書式設定_社員();
+    社員マスター全呼出();
+    editors.atai.close();
+    for (Selector& selector : ym)
+        selector.enabled = true;
+}
+
+void ent_rovena::Form_Activate() {
+    editors.focus = Focus::YmYear;
+}
+
+void ent_rovena::リスト初期設定() {
+    const QDate today = m_session.host.now().date();
+    ym[year_selector].items.clear();
+    for (int i = -1; i <= 3; ++i)
+        ym[year_selector].items << shown_year(today.addYears(i), m_session.settings, today);
+    ym[month_selector].items.clear();
+    for (int month = 1; month <= 12; ++month)
+        ym[month_selector].items << digits(month);
+    ym[year_selector].text = ym[year_selector].items[1];
+    ym[month_selector].text = digits(today.month());
+    auto database = open_data();
+    load_day_kinds(sheet, editors.kyucom, database);
+}
+
+/// A text that names no month goes back to the month on the sheet.
+CompanyMonth ent_rovena::month_chosen() {
+    const QDate today = m_session.host.now().date();
+    const int year = western_date_number(ym[year_selector].text + u"/1/1"_s, m_session.settings, today) / 10000;
+    const int month = int_val(ym[month_selector].text);
+    if (year >= 1 && year <= 9999 && QDate::isValid(year, month, 1))
+        return {year, month, m_session.settings.month_start_day};
+    ym[year_selector].text = shown_year(sheet.month.first(), m_session.settings, today);
+    ym[month_selector].text = digits(sheet.month.first().month());
+    return sheet.month;
+}
+
+void ent_rovena::書式設定() {
+    entry::書式設定(sheet, month_chosen());
+}
+
+void ent_rovena::書式設定_日() {
+    entry::書式設定_日(sheet);
+}
+
+void ent_rovena::書式設定_社員() {
+    entry::書式設定_社員(hyou_syain);
+}
+
+void ent_rovena::社員マスター全呼出() {
+    auto database = open_data();
+    entry::社員マスター全呼出(hyou_syain, database, EmployeeOrder(sortlist));
+}
+
+void ent_rovena::社員リストソート処理() {
+    entry::社員リストソート処理(hyou_syain, EmployeeOrder(sortlist));
+}
+
+void ent_rovena::社員選択処理() {
+    editors.atai.close();
+    editors.kyucom.visible = editors.kyucom.enabled = false;
+    const qint64 employee = Val(syainsyscd);
+    if (employee == 0)
+        return;
+    書式設定();
+    書式設定_日();
+    msglab = u"データー抽出中"_s;
+    load_month(employee);
+    trim_strip(sheet.hyou_day);
+    sheet.hyou_day.setCursor({1, 0});
+    hyou_day_shown = true;
+    sheet.hyou.setCursor(sheet.entry_cell);
+    msglab = u"抽出終了"_s;
+}
+
+void ent_rovena::load_month(qint64 employee) {
+    auto database = open_data();
+    // One view of the tables for all queries: the exchange manager may be writing meanwhile.
+    const store::Transaction view(database, store::Transaction::Lock::Read);
+    const WorkType type = 時間外フォーム呼出処理(database, employee);
+    kintypecd = type.kintypecd;
+    lab2 = type.name;
+    勤務タイプデーター呼出処理(sheet, database, Val(kintypecd));
+    勤務時間取得(sheet, database, employee);
+}
+
+void ent_rovena::保存処理() {
+    if (saving)
+        return;
+    const QScopedValueRollback<bool> busy(saving, true);
+    entry::保存処理(m_session, sheet, posted_employee(syalab, syainsyscd));
+}
+
+bool ent_rovena::employee_chosen() {
+    if (!syainsyscd.isEmpty())
+        return true;
+    m_session.host.tell(u"社員を選択してから入力してください"_s, u"社員未選択"_s);
+    return false;
+}
+
+void ent_rovena::hyou_syain_Click(int row) {
+    if (row < hyou_syain.FixedRows() || row >= hyou_syain.Rows())
+        return;
+    syainsyscd = hyou_syain(row, 2);
+    syalab = hyou_syain(row, 0) + u':' + hyou_syain(row, 1);
+    社員選択処理();
+}
+
+void ent_rovena::sortlist_Click(int element) {
+    sortlist = element;
+    m_session.tables.設定書込(settings_table, order_key, digits(element));
+    社員リストソート処理();
+}
+
+void ent_rovena::kyuflg_Click(int element) {
+    sheet.kyuflg = BreakHandling(element);
+    m_session.tables.設定書込(settings_table, break_key, digits(element));
+}
+
+void ent_rovena::ym_Click(int element, int index) {
+    Selector& selector = ym[element];
+    if (!selector.enabled || index < 0 || index >= selector.items.size())
+        return;
+    selector.text = selector.items[index];
+    社員選択処理();
+}
+
+void ent_rovena::ym_Change(int element, const QString& text) {
+    ym[element].text = text;
+}
+
+bool ent_rovena::ym_KeyPress(int character) {
+    return (character >= u'0' && character <= u'9') || character == key::minus || character == key::backspace;
+}
+
+bool ent_rovena::ym_KeyDown(int element, int key_code) {
+    if (key_code != key::enter)
+        return false;
+    editors.focus = element == year_selector ? Focus::YmMonth : Focus::Toubotan;
+    return true;
+}
+
+void ent_rovena::hyou_Click(Cell cell) {
+    atai_LostFocus();
+    if (cell.row < sheet.hyou.FixedRows())
+        return;
+    if (cell.col != col::kind)
+        cell = {std::min(cell.row, sheet.hyou.last_row()), std::min(cell.col, sheet.hyou.last_col())};
+    sheet.hyou.setCursor(cell);
+    if (cell.col == col::kind || employee_chosen())
+        入力フォーム(sheet, editors);
+}
+
+void ent_rovena::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {
+    sheet.hyou.setTopLeft(top_row, left_col);
+    follow_scroll(sheet, editors, view_width, view_height);
+}
+
+void ent_rovena::atai_Change(const QString& text) {
+    editors.atai.text = text;
+}
+
+bool ent_rovena::atai_KeyPress(int character) {
+    return employee_chosen() && type_key(sheet, character);
+}
+
+QString ent_rovena::atai_Insert(const QString& text) {
+    return employee_chosen() ? accept_text(sheet, text) : QString();
+}
+
+bool ent_rovena::atai_KeyDown(int key_code) {
+    return move_by_key(sheet, editors, key_code);
+}
+
+void ent_rovena::atai_LostFocus() {
+    commit(sheet, editors);
+}
+
+void ent_rovena::kyucom_Click(int index) {
+    if (employee_chosen())
+        choose_kind(sheet, editors.kyucom, index);
+}
+
+void ent_rovena::hyou_day_Click(int column) {
+    sheet.hyou_day.setCol(column);
+}
+
+void ent_rovena::hyou_day_KeyPress(int character) {
+    type_count(sheet.hyou_day, character);
+}
+
+void ent_rovena::hyou_day_KeyDown(int key_code) {
+    if (key_code == key::del)
+        clear_count(sheet.hyou_day);
+}
+
+void ent_rovena::botan_Click(int element) {
+    atai_LostFocus();
+    if (element == 0)
+        close_wanted = true;
+    else
+        保存処理();
+}
+
+} // namespace entry

@@ -1,0 +1,114 @@
+#pragma once
+
+// ent_rovena, "出勤時間入力": the form of attendance entry. It holds the screen's state under the names of its
+// controls, and has one method an operation and one an act of the person. It runs without a display; a page shows the
+// state, passes the acts on and refreshes after each.
+//
+// For the page:
+// - `sheet.hyou`, `sheet.hyou_day` and `hyou_syain` are shown as they stand: sizes, looks, cursor, first row and column
+//   in view.
+// - `editors.atai` out of sight (`visible` false) while `active` still keeps the keyboard: it is moved off the view,
+//   not hidden, so that it doesn't lose the focus.
+// - a widget that loses or takes the focus reports it by the act named after it; acts that find nothing to do do
+//   nothing.
+// - `editors.focus` is a wish: move the keyboard there and clear it.
+// - while `saving` is true the interface may be given time inside botan_Click(1): take no input, don't destroy the
+//   form.
+
+#include "entry/editing.h"
+#include "entry/sheet.h"
+#include "frame/session.h"
+
+#include <array>
+
+namespace entry {
+
+/// One of the two selectors `ym`. The text counts: it may be one of the items or typed.
+struct Selector {
+    QStringList items;
+    QString text;
+    bool enabled = false;
+
+    int index() const { return static_cast<int>(items.indexOf(text)); }
+};
+
+class ent_rovena {
+public:
+    static constexpr QStringView caption = u"出勤時間入力";
+    static constexpr QStringView sortlist_captions[] = {u"登録順", u"番号順"};
+    static constexpr QStringView kyuflg_captions[] = {u"休憩時間含", u"実働勤務時間"};
+    static constexpr base::Rgb atai_back{240, 240, 255};
+
+    explicit ent_rovena(frame::Session& session) : m_session(session) {}
+
+    // State under the names of the controls.
+
+    MonthSheet sheet;
+    Editors editors;
+    base::Sheet hyou_syain{2, 3};
+    std::array<Selector, 2> ym; ///< year and month
+    int sortlist = 0;           ///< the element selected
+    int kyuflg() const { return static_cast<int>(sheet.kyuflg); }
+
+    QString syainsyscd; ///< `システム番号` of the chosen employee; empty until one is chosen
+    QString syalab;     ///< its `社員番号`, ":" and `社員名`
+    QString kintypecd;  ///< number of its work type
+    QString lab2;       ///< name of its work type, "設定なし" if there is none
+    QString msglab;     ///< how the load stands
+
+    bool saving = false;         ///< inside `保存処理`
+    bool close_wanted = false;   ///< the person left the screen: the page closes itself
+    bool hyou_day_shown = false; ///< the count strip comes into sight with the first employee
+
+    // Operations.
+
+    void リスト初期設定();
+    void 書式設定();
+    void 書式設定_日();
+    void 書式設定_社員();
+    void 社員マスター全呼出();
+    void 社員リストソート処理();
+    void 社員選択処理();
+    void 保存処理();
+
+    // Acts of the person.
+
+    void Form_Load();
+    void Form_Activate();
+
+    void hyou_syain_Click(int row);
+    void sortlist_Click(int element);
+    void kyuflg_Click(int element);
+
+    void ym_Click(int element, int index);            ///< an item was chosen: the month is loaded
+    void ym_Change(int element, const QString& text); ///< typed text: counts from the next employee on
+    static bool ym_KeyPress(int character);           ///< whether the character stands
+    bool ym_KeyDown(int element, int key_code);       ///< Enter moves on; false for other keys
+
+    void hyou_Click(base::Cell cell);
+    void hyou_Scroll(int top_row, int left_col, int view_width, int view_height); ///< view size in twips
+
+    void atai_Change(const QString& text);    ///< the box's text after a key that stood
+    bool atai_KeyPress(int character);        ///< whether the key stands; otherwise it is dropped
+    QString atai_Insert(const QString& text); ///< text from the input method or clipboard: what stands of it
+    bool atai_KeyDown(int key_code);          ///< whether the key moved the cursor; otherwise it is the box's own
+    void atai_LostFocus();
+
+    void kyucom_Click(int index);
+
+    void hyou_day_Click(int column);
+    void hyou_day_KeyPress(int character);
+    void hyou_day_KeyDown(int key_code);
+
+    void botan_Click(int element); ///< 0 leaves the screen, 1 saves
+
+private:
+    store::Database open_data() const;
+    base::CompanyMonth month_chosen();
+    void load_month(qint64 employee);
+    bool employee_chosen();
+
+    frame::Session& m_session;
+};
+
+} // namespace entry

@@ -1,0 +1,19 @@
+#pragma once
+
+// Reading a saved month back into the sheet.
+
+#include "entry/sheet.h"
+#include "store/database.h"
+
+namespace entry {
+
+/// Reads the employee's saved days, hours, counts and day kinds of the sheet's month into the empty sheet.
+/// Counts shown are the saved ones; nothing is computed. Figures of a category that has no column are passed over.
+/// Clock-outs past midnight show as the small hour ("25:30" as "1:30"); a day saved with both clock times 0 shows both
+/// blank. Reads by key only: what else the tables hold costs nothing.
+void 勤務時間取得(MonthSheet& sheet, store::Database& database, qint64 employee);
+
+/// Takes off the strip's unused columns behind the last one that has a name; the two fixed sums stay.
+void trim_strip(base::Sheet& hyou_day);
+
+} // namespace entry

@@ -1,0 +1,99 @@
+#include "entry/saving.h"
+
+#include "common/program_wait.h"
+#include "entry/cells.h"
+#include "platform/paths.h"
+#include "store/files.h"
+
+namespace entry {
+
+namespace {
+
+constexpr int exchange_file = 1;
+constexpr int most_fields = 15;
+
+/// Gives the turn up however the save ends.
+class HeldTurn {
+public:
+    explicit HeldTurn(frame::TurnLink& link) : m_link(link) { m_link.サーバー接続開始(); }
+    ~HeldTurn() { m_link.サーバー接続終了(); }
+    HeldTurn(const HeldTurn&) = delete;
+    HeldTurn& operator=(const HeldTurn&) = delete;
+    bool failed() const { return m_link.link_failed(); }
+
+private:
+    frame::TurnLink& m_link;
+};
+
+bool is_main_pc(const frame::Settings& settings) {
+    return settings.use_class == 0;
+}
+
+bool manager_at_work(frame::Session& session) {
+    return common::ウィンドウ終了待ち(session.host, u"jyusinkanri"_s, store::exchange_folder(session.settings)) ==
+           common::Wait::StillRunning;
+}
+
+void start_manager(frame::Session& session) {
+    const QString exe = platform::portable(session.settings.server_root) + u"/comdata/exe/exe/jyusinkanri.exe"_s;
+    session.host.start_program(platform::program_file(exe));
+}
+
+void bind_row(store::Statement& insert, const ExchangeRow& row) {
+    for (int i = 0; i < most_fields; ++i)
+        if (i < row.size())
+            insert.bind_at(i + 1, row[i]);
+        else
+            insert.bind_null(i + 1);
+}
+
+void append(const QString& path, const QList<ExchangeRow>& rows) {
+    auto database = store::Database::open(path, store::Kind::Exchange);
+    auto insert = database.prepare(R"(insert into jyusin
+        ("2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "13", "14", "15", "16")
+        values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?))");
+    store::Transaction transaction(database);
+    for (const ExchangeRow& row : rows) {
+        bind_row(insert, row);
+        insert.run();
+    }
+    transaction.commit();
+}
+
+/// False if the save ended with a message and nothing was posted.
+bool post_in_turn(frame::Session& session, const QList<ExchangeRow>& rows) {
+    const HeldTurn turn(session.link);
+    if (turn.failed())
+        return false;
+    if (is_main_pc(session.settings) && manager_at_work(session)) {
+        session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);
+        return false;
+    }
+    post_rows(session.settings, rows);
+    session.host.yield();
+    return true;
+}
+
+} // namespace
+
+void post_rows(const frame::Settings& settings, const QList<ExchangeRow>& rows) {
+    const QString path = store::exchange_path(settings, exchange_file);
+    try {
+        append(path, rows);
+    } catch (const store::Error& error) {
+        if (error.code() != store::Code::Replaced)
+            throw;
+        append(path, rows);
+    }
+}
+
+void 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee) {
+    if (employee.key == 0)
+        return;
+    const QString stamp = session.host.now().toString(u"yyyyMMddhhmmss"_s);
+    const QList<ExchangeRow> rows = rows_to_post(sheet, employee, stamp);
+    if (!rows.isEmpty() && post_in_turn(session, rows) && is_main_pc(session.settings))
+        start_manager(session);
+}
+
+} // namespace entry

@@ -1,0 +1,49 @@
+#pragma once
+
+// Saving: the changed days of the sheet as rows of the exchange file, which the exchange manager takes from there into
+// the tables. The rows are built first, from the sheet alone; then the turn is taken and all rows are posted in one
+// transaction, so that a save that fails posts nothing. The sheet isn't touched: its marks stay, and a second save
+// posts the same days again.
+
+#include "entry/sheet.h"
+#include "frame/session.h"
+
+#include <QStringList>
+
+namespace entry {
+
+/// Whose month it is.
+struct PostedEmployee {
+    QString number; ///< `社員番号`
+    QString name;   ///< `社員名`
+    qint64 key = 0; ///< `システム番号`
+};
+
+/// Number and name from "number:name"; the name may hold ":" itself.
+PostedEmployee posted_employee(const QString& syalab, const QString& syainsyscd);
+
+struct ChangedDay {
+    int row;
+    int date_key;
+};
+
+/// The days whose mark is set, in order, and behind them the month's total; empty if no day is marked.
+/// A marked row past the end of the period stands for no day and is left out.
+QList<ChangedDay> changed_days(const MonthSheet& sheet);
+
+/// The texts of an exchange row from field "2" on; field "1" is never written.
+using ExchangeRow = QStringList;
+
+/// All rows of a save, in the order in which they are posted: kinds "51", "52", "53", "54". Empty if nothing changed.
+/// `stamp` is the time of the save, yyyymmddhhmmss.
+QList<ExchangeRow> rows_to_post(const MonthSheet& sheet, const PostedEmployee& employee, const QString& stamp);
+
+/// Appends the rows to exchange file 01 in one transaction. A file that is remade at this moment is opened once more.
+void post_rows(const frame::Settings& settings, const QList<ExchangeRow>& rows);
+
+/// The whole save: rows, turn, manager's absence, posting, turn given up, manager started. Without a changed day, or
+/// without an employee, nothing happens. Ends with a message and posts nothing if the turn isn't to be had or the
+/// manager is still at work.
+void 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee);
+
+} // namespace entry

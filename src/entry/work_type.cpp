@@ -1,0 +1,148 @@
+#include "entry/work_type.h"
+
+#include "base/text.h"
+#include "entry/cells.h"
+#include "entry/layout.h"
+
+#include <algorithm>
+
+namespace entry {
+
+namespace {
+
+ClockNumber clock_in_column(const store::Row& row, int column) {
+    return {row.number(column)};
+}
+
+/// Columns: 種類名, 開始時間, 終了時間, 時間計算, 時間種類 and the three break rules as 休憩勤務時間, 休憩時間.
+Band band_of(const store::Row& row, int first_column) {
+    const ClockNumber start = clock_in_column(row, first_column + 1);
+    Band band{
+        .name = Trim(row.text(first_column)),
+        .start = time_to_minutes(start),
+        .end = end_minutes(start, clock_in_column(row, first_column + 2)),
+        .counts_from_inside = row.number(first_column + 3) == 1,
+        .category = row.integer(first_column + 4),
+    };
+    for (int rule = 0; rule < 3; ++rule)
+        band.rules[rule] = {time_to_minutes(clock_in_column(row, first_column + 5 + 2 * rule)),
+            time_to_minutes(clock_in_column(row, first_column + 6 + 2 * rule))};
+    return band;
+}
+
+void note_category(QList<Category>& list, const Band& band) {
+    const auto known = [&](const Category& category) { return category.number == band.category; };
+    if (list.size() < category_room && std::none_of(list.begin(), list.end(), known))
+        list.append({band.category, band.name});
+}
+
+void read_schedule(MonthSheet& sheet, store::Database& database, qint64 type) {
+    auto query = database.prepare("select 曜日, 連番, 種類名, 開始時間, 終了時間, 時間計算, 時間種類,"
+                                  " 休憩勤務時間1, 休憩時間1, 休憩勤務時間2, 休憩時間2, 休憩勤務時間3, 休憩時間3"
+                                  " from kintype, kinsyu"
+                                  " where kintype.システム番号 = ? and kinsyu.システム番号 = 時間種類"
+                                  " order by 曜日, 連番, 開始時間, 終了時間, 時間計算");
+    query.bind(type);
+    while (query.step()) {
+        const store::Row row = query.row();
+        const qint64 weekday = row.number(0);
+        const qint64 number = row.number(1);
+        if (weekday < 0 || weekday >= weekday_count || number < 0 || number >= band_count)
+            continue;
+        const Band band = band_of(row, 2);
+        sheet.band_table[weekday][number] = band;
+        note_category(sheet.category_list, band);
+    }
+}
+
+struct StripKind {
+    QString name;
+    QString tag;
+    Rgb back;
+};
+
+QList<StripKind> read_kinds(store::Database& database) {
+    QList<StripKind> kinds;
+    auto query =
+        database.prepare("select 休暇名, システム番号, 休出 from kyutype order by 休出 desc, 通常 desc, システム番号");
+    while (query.step()) {
+        const store::Row row = query.row();
+        const bool leave = row.number(2) == 0;
+        kinds.append(
+            {Trim(row.text(0)), (leave ? u'k' : u's') + digits(row.number(1)), leave ? leave_back : holiday_work_back});
+    }
+    return kinds;
+}
+
+void show_kinds(base::Sheet& hyou_day, const QList<StripKind>& kinds) {
+    hyou_day.setCols(static_cast<int>(kinds.size()) + strip::first_kind);
+    int column = strip::first_kind;
+    for (const StripKind& kind : kinds) {
+        hyou_day(strip::name, column) = kind.name;
+        hyou_day(strip::tag, column) = kind.tag;
+        hyou_day.setBack(strip::name, column, kind.back);
+        format_strip_column(hyou_day, column++);
+    }
+}
+
+void add_hours_column(base::Sheet& hyou, int column, const Category& category) {
+    hyou(row::heading, column) = category.name;
+    hyou(row::category_number, column) = digits(category.number);
+    hyou.setColWidth(column, category_width);
+    hyou.setColAlignment(column, Alignment::Center);
+    hyou.setBack(row::total, column, total_back);
+}
+
+void add_count_column(base::Sheet& hyou_day, const Category& category) {
+    const int column = hyou_day.Cols();
+    hyou_day.setCols(column + 1);
+    hyou_day(strip::name, column) = category.name;
+    hyou_day(strip::tag, column) = digits(category.number);
+    format_strip_column(hyou_day, column);
+}
+
+void add_category_columns(MonthSheet& sheet) {
+    int column = sheet.hyou.Cols();
+    sheet.hyou.setCols(column + static_cast<int>(sheet.category_list.size()));
+    for (const Category& category : sheet.category_list) {
+        add_hours_column(sheet.hyou, column++, category);
+        add_count_column(sheet.hyou_day, category);
+    }
+}
+
+qint64 number_of_type(store::Database& database, qint64 employee, QString& text) {
+    auto query =
+        database.prepare("select 勤務タイプ from syainkinmu where システム社員番号 = ? order by rowid limit 1");
+    query.bind(employee);
+    if (!query.step())
+        return 0;
+    const qint64 number = query.row().number(0);
+    text = digits(number);
+    return number;
+}
+
+} // namespace
+
+WorkType 時間外フォーム呼出処理(store::Database& database, qint64 employee) {
+    WorkType type{QString(), u"設定なし"_s};
+    const qint64 number = employee == 0 ? 0 : number_of_type(database, employee, type.kintypecd);
+    if (number == 0)
+        return type;
+    auto query = database.prepare("select 勤務タイプ名 from kintype where システム番号 = ? order by rowid limit 1");
+    query.bind(number);
+    if (query.step())
+        type.name = Trim(query.row().text(0));
+    return type;
+}
+
+void 勤務タイプデーター呼出処理(MonthSheet& sheet, store::Database& database, qint64 type) {
+    sheet.band_table = {};
+    sheet.category_list.clear();
+    if (type == 0)
+        return;
+    read_schedule(sheet, database, type);
+    show_kinds(sheet.hyou_day, read_kinds(database));
+    add_category_columns(sheet);
+}
+
+} // namespace entry

@@ -1,0 +1,25 @@
+#include "exchange/places.h"
+
+#include "base/literals.h"
+#include "platform/paths.h"
+
+#include <QDir>
+
+namespace exchange {
+
+using namespace base;
+
+std::optional<QString> server_root_above(const QString& folder) {
+    QDir dir(folder);
+    do {
+        if (dir.exists(u"comdata/data"_s))
+            return dir.path();
+    } while (dir.cdUp());
+    return std::nullopt;
+}
+
+QString manager_file(const QString& server_root) {
+    return platform::program_file(server_root + u"/comdata/exe/exe/jyusinkanri.exe"_s);
+}
+
+} // namespace exchange

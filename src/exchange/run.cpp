@@ -1,0 +1,202 @@
+#include "exchange/run.h"
+
+#include "base/literals.h"
+#include "frame/exchange_files.h"
+#include "platform/program_lock.h"
+#include "store/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+#include <span>
+#include <utility>
+
+namespace exchange {
+
+using namespace base;
+
+namespace {
+
+const QString window_title = u"jyusinkanri"_s;
+
+/// What orders kept files by age: the time in the name, then the number of the file.
+std::pair<QString, QString> age_of(const QString& name) {
+    return {name.section(u'-', 1), name};
+}
+
+using enum store::Code;
+
+/// What a later run won't read either.
+constexpr std::array lasting{Missing, Empty, NotADatabase, WrongKey, Damaged, OtherKind, Newer, Misuse};
+
+bool is_among(std::span<const store::Code> codes, store::Code code) {
+    return std::ranges::find(codes, code) != codes.end();
+}
+
+bool has_rows(store::Database& database, const QString& table) {
+    return database.has_table(table) && database.prepare(u"select 1 from %1 limit 1"_s.arg(table).toStdString()).step();
+}
+
+/// Whether a lock that couldn't be taken is another manager's; a folder that isn't there is told.
+bool locked_elsewhere(const QString& folder, const Watch& watch) {
+    const bool writable = QFileInfo(folder).isDir() && QFileInfo(folder).isWritable();
+    if (!writable)
+        watch.trouble(u"受信フォルダ %1 に書き込めません"_s.arg(folder));
+    return writable;
+}
+
+} // namespace
+
+ManagerRun::ManagerRun(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds patience)
+    : m_settings(settings), m_watch(watch), m_patience(patience) {}
+
+bool ManagerRun::apply_all() {
+    while (pass() == Pass::Again) {
+    }
+    return m_good;
+}
+
+bool ManagerRun::rows_wait() {
+    return std::ranges::any_of(kept_files() + exchange_files(), [this](const QString& path) {
+        try {
+            store::Database exchange = open(path);
+            return has_rows(exchange, u"jyusin"_s);
+        } catch (const store::Error&) {
+            return false;
+        }
+    });
+}
+
+ManagerRun::Pass ManagerRun::pass() {
+    for (const QString& path : kept_files()) {
+        if (const Pass result = take_kept(path); result != Pass::Nothing)
+            return result;
+    }
+    for (const QString& path : exchange_files()) {
+        if (const Pass result = take(path); result != Pass::Nothing)
+            return result;
+    }
+    return Pass::Nothing;
+}
+
+// Newer rows must wait for the kept ones, except where these can't be had at all.
+ManagerRun::Pass ManagerRun::take_kept(const QString& path) {
+    bool errors = false;
+    try {
+        store::Database exchange = open(path);
+        if (apply(exchange) == Pass::Stopped)
+            return Pass::Stopped;
+        errors = has_rows(exchange, u"jyusin_error"_s);
+    } catch (const store::Error& error) {
+        failed(path, error);
+        if (!is_among(lasting, error.code()))
+            return Pass::Stopped;
+        set_aside(path);
+        return Pass::Again;
+    }
+    finish_kept(path, errors);
+    return Pass::Again;
+}
+
+// A PC may remake the files at any moment. A kept file that has come before this one was opened holds older rows; one
+// that comes later is this one, and finds its rows applied.
+ManagerRun::Pass ManagerRun::take(const QString& path) {
+    try {
+        store::Database exchange = open(path);
+        return kept_files().isEmpty() ? apply(exchange) : Pass::Again;
+    } catch (const store::Error& error) {
+        return failed(path, error);
+    }
+}
+
+ManagerRun::Pass ManagerRun::apply(store::Database& exchange) {
+    if (!has_rows(exchange, u"jyusin"_s))
+        return Pass::Nothing;
+    const QString tables = store::rovdata_path(m_settings);
+    try {
+        store::Database rovdata = store::Database::open(tables, store::Kind::Rovdata, m_patience);
+        apply_rows(exchange, rovdata, m_watch);
+        return Pass::Again;
+    } catch (const store::Error& error) {
+        if (error.file() != tables)
+            throw;
+        m_watch.trouble(error.text());
+        m_good = false;
+        return Pass::Stopped;
+    }
+}
+
+ManagerRun::Pass ManagerRun::failed(const QString& path, const store::Error& error) {
+    if (error.code() == Replaced)
+        return Pass::Again;
+    m_skipped.insert(path);
+    if (error.code() == Missing)
+        return Pass::Nothing;
+    m_watch.trouble(error.text());
+    m_good = m_good && error.code() == Busy;
+    return Pass::Nothing;
+}
+
+void ManagerRun::finish_kept(const QString& path, bool holds_errors) {
+    if (holds_errors)
+        set_aside(path);
+    else if (!QFile::remove(path))
+        m_skipped.insert(path);
+}
+
+void ManagerRun::set_aside(const QString& path) {
+    m_skipped.insert(path);
+    QString name = path;
+    do
+        name += frame::unreadable_ending;
+    while (QFileInfo::exists(name));
+    if (!QFile::rename(path, name))
+        return;
+    QFile::rename(path + u"-journal"_s, name + u"-journal"_s);
+    m_watch.trouble(name + u" として残しました"_s);
+}
+
+QStringList ManagerRun::kept_files() const {
+    const QDir folder(frame::kept_folder(m_settings), u"*.mdb"_s, QDir::Name, QDir::Files);
+    QStringList names = folder.entryList();
+    std::ranges::sort(names, {}, age_of);
+    QStringList paths;
+    for (const QString& name : names)
+        paths << folder.filePath(name);
+    return not_skipped(paths);
+}
+
+QStringList ManagerRun::exchange_files() const {
+    QStringList paths;
+    for (int n = 1; n <= store::exchange_file_count; ++n)
+        paths << store::exchange_path(m_settings, n);
+    return not_skipped(paths);
+}
+
+QStringList ManagerRun::not_skipped(QStringList paths) const {
+    paths.removeIf([this](const QString& path) { return m_skipped.contains(path); });
+    return paths;
+}
+
+store::Database ManagerRun::open(const QString& path) const {
+    return store::Database::open(path, store::Kind::Exchange, m_patience);
+}
+
+// A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
+// the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
+int run_manager(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience) {
+    const QString folder = store::exchange_folder(settings);
+    ManagerRun run(settings, watch);
+    bool good = true;
+    do {
+        platform::ProgramLock lock(folder, window_title);
+        if (!lock.take(std::exchange(lock_patience, {})))
+            return locked_elsewhere(folder, watch) && good ? 0 : 1;
+        good = run.apply_all();
+    } while (good && run.rows_wait());
+    return good ? 0 : 1;
+}
+
+} // namespace exchange

@@ -1,0 +1,149 @@
+#include "frame/exchange_files.h"
+
+#include "base/literals.h"
+#include "platform/whole_file.h"
+#include "store/files.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <optional>
+
+namespace frame {
+
+using namespace base;
+using platform::Durability;
+using store::Code;
+using store::Error;
+
+namespace {
+
+/// Another PC may be remaking the same files: it is out of the way again in a moment.
+constexpr int most_attempts = 10;
+
+/// An exchange file that no other program reads or writes as long as this stands.
+class Held {
+public:
+    Held(const QString& path, std::chrono::milliseconds patience)
+        : m_database(store::Database::open(path, store::Kind::Exchange, patience)),
+          m_lock(std::in_place, *m_database, store::Transaction::Lock::Exclusive) {}
+
+    bool holds_rows() {
+        store::Statement rows =
+            m_database->prepare("select exists(select 1 from jyusin) or exists(select 1 from jyusin_error)");
+        return rows.step() && rows.row().number(0) != 0;
+    }
+
+    /// Makes sure that the file can be moved, as far as the system needs that.
+    void let_move() {
+        if (platform::open_files_can_move)
+            return;
+        m_lock.reset();
+        m_database.reset();
+    }
+
+private:
+    std::optional<store::Database> m_database;
+    std::optional<store::Transaction> m_lock;
+};
+
+/// Misuse: a database of the right kind that lacks the tables.
+bool unreadable(Code code) {
+    return code == Code::NotADatabase || code == Code::WrongKey || code == Code::Damaged || code == Code::OtherKind ||
+           code == Code::Misuse;
+}
+
+QString journal_of(const QString& path) {
+    return path + u"-journal"_s;
+}
+
+using Write = std::error_code (*)(const QString& path, const QByteArray& bytes, Durability durability);
+
+class Remaking {
+public:
+    Remaking(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience)
+        : m_folder(kept_folder(settings)), m_now(now), m_patience(patience),
+          m_image(store::empty_database_image(store::Kind::Exchange)) {}
+
+    void remake(const QString& path) const {
+        for (int attempt = 1;; ++attempt) {
+            try {
+                return take_place_of(path);
+            } catch (const Error& error) {
+                if (error.code() != Code::Replaced || attempt == most_attempts)
+                    throw;
+            }
+        }
+    }
+
+private:
+    void take_place_of(const QString& path) const {
+        try {
+            Held old(path, m_patience);
+            const bool rows = old.holds_rows();
+            old.let_move();
+            if (!rows)
+                return put(path, platform::replace_file, Durability::Cache);
+            keep(path, {});
+        } catch (const Error& error) {
+            if (unreadable(error.code()))
+                keep(path, unreadable_ending);
+            else if (error.code() == Code::Missing || error.code() == Code::Empty)
+                clear(path);
+            else
+                throw;
+        }
+        put(path, platform::write_new_file, Durability::Disk);
+    }
+
+    void put(const QString& path, Write write, Durability durability) const {
+        const std::error_code failure = write(path, m_image, durability);
+        if (failure == std::errc::file_exists)
+            throw Error(Code::Replaced, path, {}, {});
+        if (failure)
+            throw Error(failure == std::errc::no_space_on_device ? Code::Full : Code::ReadOnly, path, {},
+                QString::fromLocal8Bit(failure.message()));
+    }
+
+    /// Moves the file, and the journal that a damaged one may have, out of the way.
+    void keep(const QString& path, QStringView ending) const {
+        const QString kept = free_name(path, ending);
+        if (!QDir().mkpath(m_folder) || !QFile::rename(path, kept))
+            throw Error(QFile::exists(path) ? Code::ReadOnly : Code::Replaced, kept, {}, {});
+        QFile::rename(journal_of(path), journal_of(kept));
+    }
+
+    /// A journal that stayed behind without its file would be played into the new one.
+    void clear(const QString& path) const {
+        QFile::remove(path);
+        QFile::remove(journal_of(path));
+    }
+
+    QString free_name(const QString& path, QStringView ending) const {
+        for (QDateTime time = m_now;; time = time.addMSecs(1)) {
+            const QString name = u"%1/%2-%3.mdb%4"_s.arg(
+                m_folder, QFileInfo(path).baseName(), time.toString(u"yyyyMMdd-HHmmss-zzz"_s), ending);
+            if (!QFile::exists(name))
+                return name;
+        }
+    }
+
+    QString m_folder;
+    QDateTime m_now;
+    std::chrono::milliseconds m_patience;
+    QByteArray m_image;
+};
+
+} // namespace
+
+QString kept_folder(const Settings& settings) {
+    return store::exchange_folder(settings) + u"/nokori"_s;
+}
+
+void 交換ファイル作成(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience) {
+    QDir().mkpath(store::exchange_folder(settings));
+    const Remaking remaking(settings, now, patience);
+    for (int number = 1; number <= store::exchange_file_count; ++number)
+        remaking.remake(store::exchange_path(settings, number));
+}
+
+} // namespace frame

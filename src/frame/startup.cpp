@@ -1,0 +1,118 @@
+#include "frame/startup.h"
+
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "frame/exchange_files.h"
+#include "platform/paths.h"
+#include "store/files.h"
+#include "store/setup.h"
+
+#include <QFile>
+
+namespace frame {
+
+using namespace base;
+using store::Run;
+
+stg::stg(Session session, QString program_folder, std::function<void()> changed)
+    : m_session(session), m_settings(session.settings), m_program_folder(std::move(program_folder)),
+      m_changed(std::move(changed)) {}
+
+Start stg::Form_Activate() {
+    if (!起動時データー設定取得())
+        return Start::End;
+    load_eras();
+    const bool first_start = store::初期セットアップ(m_settings);
+    store::db追加_テーブル(m_settings, m_session.tables);
+    if (m_settings.use_class != 2)
+        交換ファイル作成(m_settings, m_session.host.now());
+    return first_start ? Start::fir_start : Start::mainform;
+}
+
+bool stg::起動時データー設定取得() {
+    Label1 = u"Ver."_s + m_settings.version_text;
+    paint();
+    m_settings.install_drive = platform::install_drive(m_program_folder);
+    const Account account = read_settings_of_pc();
+    if (platform::is_share(m_settings.server_root) && !connect_share(account))
+        return false;
+    read_shared_settings();
+    if (m_settings.special_soft != 1) {
+        Image1_Visible = true;
+        paint();
+    }
+    delete_news();
+    return true;
+}
+
+stg::Account stg::read_settings_of_pc() {
+    const QString table = u"losystem"_s;
+    const QString server_key = u"サーバーＰＣ"_s, local_key = u"ローカルＰＣ"_s;
+    const QString default_root = m_settings.install_drive + platform::install_tail();
+    store::SettingTables& tables = m_session.tables;
+
+    const QString server = tables.設定読込(table, server_key, Run::Begin);
+    const QString local = tables.設定読込(table, local_key, Run::Continue);
+    if (server.isEmpty())
+        tables.設定書込(table, server_key, default_root, Run::Continue);
+    if (local.isEmpty())
+        tables.設定書込(table, local_key, default_root, Run::Continue);
+    m_settings.use_class = int_val(tables.設定読込(table, u"使用区分"_s, Run::Continue));
+    Account account{Trim(tables.設定読込(table, u"winユーザー名"_s, Run::Continue)),
+        Trim(tables.設定読込(table, u"winパスワード"_s, Run::Continue))};
+    m_settings.net_info = int_val(tables.設定読込(table, u"ネット情報"_s, Run::End));
+    m_settings.server_root = server.isEmpty() ? default_root : server;
+    m_settings.local_root = local.isEmpty() ? default_root : local;
+    return account;
+}
+
+bool stg::connect_share(Account account) {
+    platform::Host& host = m_session.host;
+    while (!host.connect_share(m_settings.server_root, account.user, account.password)) {
+        if (host.ask(u"メインＰＣを起動してください。"_s, {}, platform::Buttons::OkCancel) == platform::Answer::Ok)
+            return false;
+        account.user = host.input(u"windowsアカウントを入力してください"_s).value_or(QString());
+        account.password = host.input(u"Windowsパスワードトを入力してください"_s).value_or(QString());
+    }
+    return true;
+}
+
+void stg::read_shared_settings() {
+    const auto read = [this](const QString& key, Run run = Run::Continue) {
+        return m_session.tables.設定読込(u"kihon"_s, key, run);
+    };
+    // 総額表示 and 消費税 stand in the table for the other products of the suite.
+    m_settings.date_style = int_val(read(u"和西暦表示"_s, Run::Begin));
+    m_settings.special_soft = int_val(read(u"特別ソフト"_s));
+    m_settings.server_name = Trim(read(u"サーバー名"_s));
+    m_settings.forward_date = int_val(read(u"先付け日付"_s));
+    const int day = int_val(read(u"月初日付"_s, Run::End));
+    m_settings.month_start_day = day < 1 || day > 31 ? 1 : day;
+}
+
+void stg::load_eras() {
+    store::Database comsys = store::Database::open(store::comsys_path(m_settings), store::Kind::Comsys);
+    store::Statement eras = comsys.prepare("select 開始日, 終了日, 差年, 元号名 from waseihen order by rowid desc");
+    for (int i = 0; i < era_count && eras.step(); ++i) {
+        const store::Row row = eras.row();
+        m_settings.era_start[i] = row.integer(0);
+        m_settings.era_end[i] = row.integer(1);
+        m_settings.era_offset[i] = row.integer(2);
+        m_settings.era_name[i] = row.text(3);
+    }
+}
+
+/// Each run fetches the news anew. The path is fixed on the program's drive, wherever the roots lie.
+void stg::delete_news() const {
+    QFile::remove(platform::portable(m_settings.install_drive + platform::install_tail()) + u'/' +
+                  m_settings.product_folder + u"/data/trn/info/intinfrov.dat"_s);
+}
+
+void stg::paint() {
+    if (m_changed)
+        m_changed();
+    m_session.host.yield();
+}
+
+} // namespace frame

@@ -1,0 +1,52 @@
+#pragma once
+
+// `stg`, the start-up form: everything that happens before the main frame is shown, in one pass and in one order. It
+// fixes where the data lies, reads the settings that all else consults, loads the era table, brings the shared files up
+// to the running version and remakes the exchange files. Nothing here guards against a failing store: store::Error goes
+// through to the caller, who says its text and ends the program.
+
+#include "frame/session.h"
+
+#include <functional>
+
+namespace frame {
+
+/// What start-up ends with.
+enum class Start {
+    fir_start, ///< the first start of this product on this data: the wizard
+    mainform,
+    End, ///< the share can't be reached and the person gave up
+};
+
+class stg {
+public:
+    /// `program_folder` is the folder that the program runs from. `changed` is called when the splash shows something
+    /// new, just before the interface gets time to paint it.
+    stg(Session session, QString program_folder, std::function<void()> changed = {});
+
+    /// The whole of start-up.
+    Start Form_Activate();
+
+    QString Label1;              ///< "Ver." and the version
+    bool Image1_Visible = false; ///< the splash picture
+
+private:
+    struct Account {
+        QString user, password;
+    };
+
+    bool 起動時データー設定取得();
+    Account read_settings_of_pc();
+    bool connect_share(Account account);
+    void read_shared_settings();
+    void load_eras();
+    void delete_news() const;
+    void paint();
+
+    Session m_session;
+    Settings& m_settings;
+    QString m_program_folder;
+    std::function<void()> m_changed;
+};
+
+} // namespace frame

@@ -1,0 +1,75 @@
+// jyunban: the turn service on the main PC.
+
+#include "base/literals.h"
+#include "exchange/places.h"
+#include "exchange/turn_server.h"
+#include "platform/paths.h"
+#include "platform/stop_signal.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <cstdio>
+#include <limits>
+#include <optional>
+
+using namespace base;
+
+namespace {
+
+const QCommandLineOption bind_option(u"bind"_s, u"受け付けるアドレス"_s, u"address"_s, u"0.0.0.0"_s);
+const QCommandLineOption port_option(u"port"_s, u"受け付けるポート (0は空いているポート)"_s, u"port"_s, u"1001"_s);
+const QCommandLineOption root_option(
+    u"root"_s, u"共有データのフォルダ (なければこのプログラムの場所から探す)"_s, u"folder"_s);
+const QCommandLineOption manager_option(u"manager"_s, u"順番が戻ったときに動かすプログラム"_s, u"program"_s);
+const QCommandLineOption log_option(u"log"_s, u"記録ファイル (なければ標準エラー出力)"_s, u"file"_s);
+const QCommandLineOption connections_option(u"connections"_s, u"同時に受け付ける接続の数"_s, u"count"_s, u"64"_s);
+const QCommandLineOption turn_option(u"turn-seconds"_s, u"順番を持ったまま黙っていられる秒数"_s, u"seconds"_s, u"30"_s);
+
+std::optional<int> number_of(const QCommandLineParser& parser, const QCommandLineOption& option, int least, int most) {
+    bool readable = false;
+    const int number = parser.value(option).toInt(&readable);
+    return readable && number >= least && number <= most ? std::optional(number) : std::nullopt;
+}
+
+/// What the command line asks for; nothing where it can't be followed.
+std::optional<exchange::TurnServerOptions> options_of(const QCommandLineParser& parser) {
+    constexpr int any = std::numeric_limits<int>::max() / 1000;
+    const auto root = parser.isSet(root_option) ? std::optional(platform::portable(parser.value(root_option)))
+                                                : exchange::server_root_above(QCoreApplication::applicationDirPath());
+    const auto port = number_of(parser, port_option, 0, std::numeric_limits<quint16>::max());
+    const auto connections = number_of(parser, connections_option, 1, any);
+    const auto seconds = number_of(parser, turn_option, 1, any);
+    exchange::TurnServerOptions options;
+    if (!root || !port || !connections || !seconds || !options.bind.setAddress(parser.value(bind_option)))
+        return std::nullopt;
+    options.port = quint16(*port);
+    options.limits.connections = *connections;
+    options.limits.turn_patience = std::chrono::seconds(*seconds);
+    options.manager = parser.isSet(manager_option) ? parser.value(manager_option) : exchange::manager_file(*root);
+    options.manager_arguments = {u"--root"_s, *root};
+    return options;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"保存の順番を一台ずつに渡すプログラム"_s);
+    parser.addHelpOption();
+    parser.addOptions(
+        {bind_option, port_option, root_option, manager_option, log_option, connections_option, turn_option});
+    parser.process(application);
+
+    const auto options = options_of(parser);
+    if (!options) {
+        std::fputs("jyunban: 指定が正しくないか、共有データのフォルダが見つかりません (--help)\n", stderr);
+        return 2;
+    }
+    exchange::EventLog log(parser.value(log_option));
+    exchange::TurnServer server(*options, log);
+    if (!server.listen())
+        return 1;
+    const platform::StopSignal stop([&] { server.stop([] { QCoreApplication::quit(); }); });
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,94 @@
+// jyusinkanri: applies posted rows to the tables, and ends.
+
+#include "base/literals.h"
+#include "exchange/error_file.h"
+#include "exchange/event_log.h"
+#include "exchange/places.h"
+#include "exchange/run.h"
+#include "platform/paths.h"
+#include "progress_window.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <cstdio>
+#include <memory>
+#include <optional>
+
+using namespace base;
+
+namespace {
+
+const QCommandLineOption root_option(
+    u"root"_s, u"共有データのフォルダ (なければこのプログラムの場所から探す)"_s, u"folder"_s);
+const QCommandLineOption local_option(
+    u"local"_s, u"errmsg.txtを書くこのPCのフォルダ (なければ共有データのフォルダ)"_s, u"folder"_s);
+
+bool display_is_there() {
+#ifdef Q_OS_WIN
+    return true;
+#else
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+#endif
+}
+
+/// With the last platform of the list a display that can't be reached is no trouble: the window is then seen by nobody.
+std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv) {
+    if (!display_is_there())
+        return std::make_unique<QCoreApplication>(argc, argv);
+#ifndef Q_OS_WIN
+    const QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
+    const QByteArray usual = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? "wayland;xcb" : "xcb";
+    qputenv("QT_QPA_PLATFORM", (wanted.isEmpty() ? usual : wanted) + ";offscreen");
+#endif
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+/// The two roots; nothing if the server root isn't named and none lies above the program.
+std::optional<frame::Settings> settings_of(const QCommandLineParser& parser) {
+    const auto root = parser.isSet(root_option) ? std::optional(parser.value(root_option))
+                                                : exchange::server_root_above(QCoreApplication::applicationDirPath());
+    if (!root)
+        return std::nullopt;
+    frame::Settings settings;
+    settings.server_root = *root;
+    settings.local_root = parser.isSet(local_option) ? parser.value(local_option) : *root;
+    return settings;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const auto application = make_application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"受信した勤務データを登録するプログラム"_s);
+    parser.addHelpOption();
+    parser.addOptions({root_option, local_option});
+    parser.process(*application);
+
+    const auto settings = settings_of(parser);
+    if (!settings) {
+        std::fputs("jyusinkanri: 共有データのフォルダが見つかりません (--help)\n", stderr);
+        return 1;
+    }
+    std::unique_ptr<ProgressWindow> window;
+    if (qobject_cast<QApplication*>(application.get())) {
+        window = std::make_unique<ProgressWindow>();
+        window->show();
+        window->show_rows(0);
+    }
+    exchange::EventLog log;
+    const exchange::Watch watch{
+        .trouble =
+            [&](const QString& message) {
+                log.line(message);
+                if (!exchange::add_error_line(exchange::error_file_path(*settings), message))
+                    log.line(u"errmsg.txt に書き込めません"_s);
+            },
+        .taken =
+            [&](qint64 rows) {
+                if (window)
+                    window->show_rows(rows);
+            },
+    };
+    return exchange::run_manager(*settings, watch);
+}

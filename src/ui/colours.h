@@ -1,0 +1,25 @@
+#pragma once
+
+// The colours of the system's own controls. One light scheme, because the colours that forms give to cells and the
+// bitmaps of the buttons are made for it.
+
+#include <QColor>
+
+namespace ui::colours {
+
+inline constexpr QRgb accent = 0xff4e53b8; ///< what is in hand: the frame of a cell, the bar of a list
+inline constexpr QRgb page = 0xfff0f0f0;   ///< the ground of every page; the bitmaps' corners carry it
+inline constexpr QRgb ground = 0xffffffff; ///< the ground of cells and boxes
+inline constexpr QRgb text = 0xff1d2030;
+inline constexpr QRgb quiet_text = 0xff5b6080;
+
+inline constexpr QRgb heading = 0xffe6e8f6;
+inline constexpr QRgb heading_text = 0xff2a2d5e;
+inline constexpr QRgb heading_line = 0xffb7bbdc;
+inline constexpr QRgb fixed = 0xfff5f6fc;
+inline constexpr QRgb heading_in_hand = 0xffcdd1f1;
+inline constexpr QRgb row_in_hand = 0xffdadef8;
+inline constexpr QRgb row_in_hand_idle = 0xffe8eaf3;
+inline constexpr QRgb line = 0xffdfe2ec;
+
+} // namespace ui::colours

@@ -1,0 +1,70 @@
+#pragma once
+
+// A small company in real files, and the form of attendance entry over it.
+
+#include "entry/ent_rovena.h"
+#include "entry/sheet_builder.h"
+#include "store/test_tree.h"
+#include "support/fake_host.h"
+
+namespace entry {
+
+/// Categories 11 普通 and 12 残業, work type 5 標準 from Monday to Friday, kinds as month_sheet() has them,
+/// employees 山田 (key 1, number 20) with the type and 田中 (key 2, number 3) without one.
+inline constexpr std::string_view masters = R"(
+    insert into kinsyu values (11, '普通 '), (12, '残業');
+    insert into kyutype values (1, '有休', 0, 0), (2, '公休', 1, 0), (3, '出勤', 2, 1), (4, '休日出勤', 0, 1);
+    insert into syain (システム番号, 社員番号, 社員名) values (1, 20, '山田:太郎 '), (2, 3, '田中'), (3, null, '欠番');
+    insert into syainkinmu values (1, 5);
+    insert into kintype select 5, '標準 ', 1, d, 830, 1730, 11, 0, 600, 45, 800, 100, 0, 0
+        from (select 1 d union select 2 union select 3 union select 4 union select 5);
+    insert into kintype select 5, '標準 ', 2, d, 1730, 2200, 12, 0, 0, 0, 0, 0, 0, 0
+        from (select 1 d union select 2 union select 3 union select 4 union select 5);
+)";
+
+struct Company {
+    TestTree tree;
+    support::FakeHost host;
+    store::SettingTables tables{tree.settings};
+    frame::TurnLink link{tree.settings, host};
+    frame::Session session{tree.settings, host, tables, link};
+
+    Company() {
+        exec(masters);
+        QDir().mkpath(store::exchange_folder(tree.settings));
+        store::Database::create(store::exchange_path(tree.settings, 1), store::Kind::Exchange);
+    }
+
+    store::Database data() const {
+        return store::Database::open(store::rovdata_path(tree.settings), store::Kind::Rovdata);
+    }
+    void exec(std::string_view sql) const { data().exec(sql); }
+
+    /// The posted rows from field "2" on, each as one text.
+    QStringList posted() const {
+        auto database = store::Database::open(store::exchange_path(tree.settings, 1), store::Kind::Exchange);
+        auto query = database.prepare("select * from jyusin order by rowid");
+        QStringList rows;
+        while (query.step()) {
+            QStringList fields;
+            for (int field = 1; field < query.row().columns() && !query.row().is_null(field); ++field)
+                fields << query.row().text(field);
+            rows << fields.join(u' ');
+        }
+        return rows;
+    }
+};
+
+inline void choose_month(ent_rovena& form, int month) {
+    form.ym_Click(1, month - 1);
+}
+
+/// Types digits or text into the cell in hand, as the keys of a keyboard do.
+inline void type(ent_rovena& form, const QString& text) {
+    for (const QChar c : text)
+        if (form.atai_KeyPress(c.unicode()))
+            form.atai_Change(
+                std::exchange(form.editors.atai.select_all, false) ? QString(c) : form.editors.atai.text + c);
+}
+
+} // namespace entry

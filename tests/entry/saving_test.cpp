@@ -1,0 +1,217 @@
+#include "entry/company.h"
+#include "entry/saving.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace entry;
+
+namespace {
+
+const PostedEmployee yamada{u"20"_s, u"山田"_s, 1};
+const QString stamp = u"20041005090000"_s;
+
+QStringList lines(const QList<ExchangeRow>& rows, const QString& kind = {}) {
+    QStringList made;
+    for (const ExchangeRow& row : rows)
+        if (kind.isEmpty() || row[0] == kind)
+            made << row.join(u' ');
+    return made;
+}
+
+class Saving : public testing::Test {
+protected:
+    Saving() {
+        form.Form_Load();
+        form.hyou_syain_Click(1);
+    }
+
+    void work_on_the_fourth() {
+        form.hyou_Click({4, 2});
+        for (const QString& text : {u"815"_s, u"1900"_s}) {
+            type(form, text);
+            form.atai_KeyDown(key::enter);
+        }
+    }
+
+    Company company;
+    ent_rovena form{company.session};
+};
+
+} // namespace
+
+TEST(ExchangeRows, NothingChangedIsNothingToPost) {
+    MonthSheet sheet = month_sheet({11});
+    sheet.mark(32) = u"1"_s;
+    EXPECT_TRUE(rows_to_post(sheet, yamada, stamp).isEmpty());
+}
+
+TEST(ExchangeRows, AChangedDayIsPostedWithTheMonthsTotalInTheOrderOfTheKinds) {
+    MonthSheet sheet = month_sheet({11, 12}, 3);
+    sheet.hyou(2, 2) = u"21:50"_s;
+    sheet.hyou(2, 3) = u"1:30"_s;
+    sheet.hyou(2, 4) = u"0:30"_s;
+    sheet.hyou(2, 5) = u"3:10"_s;
+    sheet.hyou(2, 6) = u" 直行 "_s;
+    sheet.hyou(2, 9) = u"3:40"_s;
+    sheet.hyou_system(2, 0) = u"3"_s;
+    sheet.hyou_system(2, 1) = u"出勤"_s;
+    sheet.hyou_system(2, 3) = u"1"_s;
+    sheet.mark(2) = u"1"_s;
+    sheet.hyou(32, 2) = u"9:00"_s;
+    sheet.hyou(32, 5) = u"103:10"_s;
+    sheet.hyou_day(strip::count, 0) = u"1"_s;
+    sheet.hyou_day(strip::count, 1) = u"30"_s;
+    sheet.hyou_day(strip::count, 2) = u"1,234"_s;
+    sheet.hyou_day(strip::count, 4) = u"2"_s;
+    sheet.hyou_day(strip::count, 5) = u"0"_s;
+    sheet.hyou_day(strip::count, 7) = u"1"_s;
+    EXPECT_EQ(lines(rows_to_post(sheet, yamada, stamp)),
+        QStringList({
+            u"51 0 20041005090000 20041005090000 20 1 山田 0 20040302 2150 20040302 2530 30 310 直行"_s,
+            u"51 0 20041005090000 20041005090000 20 1 山田 0 20040332 0 20040332 0 0 10310 "_s,
+            u"52 20040302 1 11 0 8"_s,
+            u"52 20040302 1 12 340 9"_s,
+            u"52 20040332 1 11 0 8"_s,
+            u"52 20040332 1 12 0 9"_s,
+            u"53 200403 1 -1 0 1 0 0"_s,
+            u"53 200403 1 -2 0 30 0 0"_s,
+            u"53 200403 1 3 2 1234 0 0"_s,
+            u"53 200403 1 1 1 2 0 0"_s,
+            u"53 200403 1 12 0 1 0 0"_s,
+            u"54 20040302 1 3 出勤 1"_s,
+        }));
+}
+
+TEST(ExchangeRows, ClockOutsPassMidnightOnlyWhenBelowTheClockIn) {
+    const std::tuple<QString, QString, QString> cases[] = {{u"8:30"_s, u"17:15"_s, u"1715"_s},
+        {u"8:00"_s, u""_s, u"2400"_s}, {u""_s, u""_s, u"0"_s}, {u""_s, u"9:00"_s, u"900"_s},
+        {u"9:00"_s, u"9:00"_s, u"900"_s}, {u"22:00"_s, u"21:59"_s, u"4559"_s}};
+    for (const auto& [in, out, posted] : cases) {
+        MonthSheet sheet = month_sheet({});
+        sheet.hyou(1, 2) = in;
+        sheet.hyou(1, 3) = out;
+        sheet.mark(1) = u"2"_s;
+        EXPECT_EQ(rows_to_post(sheet, yamada, stamp)[0][11], posted) << in.toStdString() << " to " << out.toStdString();
+    }
+}
+
+TEST(ExchangeRows, DaysArePostedUnderTheirDateAndJanuaryOfACrossedYearUnderItsBareDay) {
+    struct Case {
+        int month, start_day, row, key;
+    };
+    const Case cases[] = {{3, 1, 1, 20040301}, {3, 1, 31, 20040331}, {3, 21, 11, 20040331}, {3, 21, 16, 20040405},
+        {12, 21, 11, 20041231}, {12, 21, 16, 8805}, {2, 31, 1, 20040229}, {4, 31, 1, 20040430}, {4, 31, 2, 20040501}};
+    for (const Case& c : cases) {
+        MonthSheet sheet = month_sheet({}, c.month, c.start_day);
+        sheet.mark(c.row) = u"1"_s;
+        const auto days = changed_days(sheet);
+        ASSERT_EQ(days.size(), 2) << c.key;
+        EXPECT_EQ(days[0].date_key, c.key);
+        EXPECT_EQ(days[1].row, 32);
+        EXPECT_EQ(days[1].date_key, (200400 + c.month) * 100 + 32);
+    }
+}
+
+TEST(ExchangeRows, ARowPastThePeriodIsNoDayAndAWholeMonthGoesThrough) {
+    MonthSheet sheet = month_sheet({}, 4);
+    sheet.mark(31) = u"1"_s;
+    EXPECT_TRUE(changed_days(sheet).isEmpty());
+    for (int r = 1; r <= 32; ++r)
+        sheet.mark(r) = u"1"_s;
+    const auto rows = rows_to_post(sheet, yamada, stamp);
+    EXPECT_EQ(lines(rows, u"51"_s).size(), 31);
+    EXPECT_EQ(lines(rows, u"54"_s).size(), 30) << "the total has no kind, whatever was typed over it";
+}
+
+TEST(ExchangeRows, TheEmployeesNumberEndsAtTheFirstColon) {
+    const PostedEmployee employee = posted_employee(u"20:山田:太郎"_s, u"7"_s);
+    EXPECT_EQ(employee.number, u"20"_s);
+    EXPECT_EQ(employee.name, u"山田:太郎"_s);
+    EXPECT_EQ(employee.key, 7);
+}
+
+TEST_F(Saving, AMonthWithoutChangeTouchesNothing) {
+    QFile::remove(store::exchange_path(company.tree.settings, 1));
+    form.botan_Click(1);
+    EXPECT_TRUE(company.host.started.isEmpty());
+}
+
+TEST_F(Saving, TheSheetIsPostedAndTheManagerStarted) {
+    work_on_the_fourth();
+    form.botan_Click(1);
+    const QStringList posted = company.posted();
+    EXPECT_EQ(posted.first(), u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041001 0 20041001 0 0 0 "_s);
+    EXPECT_EQ(posted[3], u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041004 815 20041004 1900 100 945 "_s);
+    EXPECT_EQ(posted.filter(u"52 "_s).size(), 2 * 32);
+    EXPECT_EQ(posted.last(), u"54 20041031 1 2 公休 "_s);
+    ASSERT_EQ(company.host.started.size(), 1);
+    EXPECT_TRUE(company.host.started[0].contains(u"/comdata/exe/exe/jyusinkanri"_s));
+    form.botan_Click(1);
+    EXPECT_EQ(company.posted().size(), 2 * posted.size()) << "the marks stay: a second save posts the same days";
+}
+
+TEST_F(Saving, WhatStandsInTheBoxComesHomeButIsNotCalculated) {
+    form.hyou_Click({4, 2});
+    type(form, u"815"_s);
+    form.botan_Click(1);
+    EXPECT_EQ(company.posted().first(),
+        u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041004 815 20041004 2400 0 0 "_s);
+    EXPECT_EQ(form.sheet.mark(4), u"2"_s);
+}
+
+TEST_F(Saving, AManagerStillAtWorkAfter15SecondsStopsTheSave) {
+    work_on_the_fourth();
+    company.host.running.insert(u"jyusinkanri"_s);
+    form.botan_Click(1);
+    EXPECT_TRUE(company.posted().isEmpty());
+    EXPECT_TRUE(company.host.started.isEmpty());
+    EXPECT_EQ(company.host.shown, std::vector({support::Shown{u"もう一度、ボタンを押してください"_s,
+                                      u"プログラム使用中"_s, platform::Buttons::Ok}}));
+    EXPECT_EQ(form.sheet.mark(4), u"1"_s);
+}
+
+TEST_F(Saving, APcWithoutTheTurnPostsNothing) {
+    work_on_the_fourth();
+    company.tree.settings.use_class = 1;
+    company.tree.settings.server_name = u"127.0.0.1"_s;
+    form.botan_Click(1);
+    EXPECT_TRUE(company.posted().isEmpty());
+    ASSERT_EQ(company.host.shown.size(), 1u);
+    EXPECT_EQ(company.host.shown[0].title, u"サーバー未接続"_s);
+    EXPECT_TRUE(company.host.started.isEmpty());
+}
+
+TEST_F(Saving, ASaveInHandTakesNoSecondPress) {
+    work_on_the_fourth();
+    company.host.on_yield = [this] {
+        EXPECT_TRUE(form.saving);
+        form.botan_Click(1);
+    };
+    form.botan_Click(1);
+    EXPECT_FALSE(form.saving);
+    EXPECT_EQ(company.posted().filter(u" 20041004 815 "_s).size(), 1);
+}
+
+TEST_F(Saving, AFailedSavePostsNothingAndKeepsTheSheet) {
+    work_on_the_fourth();
+    const QString path = store::exchange_path(company.tree.settings, 1);
+    {
+        auto exchange = store::Database::open(path, store::Kind::Exchange);
+        exchange.exec("create trigger half after insert on jyusin when new.\"2\" = '54' begin"
+                      " select raise(abort, 'half way'); end");
+    }
+    EXPECT_THROW(form.botan_Click(1), store::Error);
+    EXPECT_FALSE(form.saving);
+    EXPECT_TRUE(company.posted().isEmpty());
+    EXPECT_EQ(form.sheet.hyou(4, 3), u"19:00"_s);
+    EXPECT_EQ(form.sheet.mark(4), u"1"_s);
+    EXPECT_TRUE(company.host.started.isEmpty());
+}
+
+TEST_F(Saving, NoEmployeeMeansNoPosting) {
+    form.syainsyscd.clear();
+    form.sheet.mark(1) = u"1"_s;
+    form.保存処理();
+    EXPECT_TRUE(company.posted().isEmpty());
+}

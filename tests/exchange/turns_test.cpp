@@ -1,0 +1,274 @@
+#include "exchange/turns.h"
+
+#include "base/literals.h"
+
+#include <QStringList>
+
+namespace exchange {
+
+using namespace base;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The service with a clock that is set, keeping what each client was told.
+class Service {
+public:
+    explicit Service(const TurnLimits& limits = {}) : turns(limits) {}
+
+    void connects(ClientId client) { keep(turns.connected(client, now)); }
+    void says(ClientId client, QByteArrayView text) { keep(turns.received(client, text, now)); }
+    void goes(ClientId client) { keep(turns.disconnected(client, now)); }
+    void manager_ends() { keep(turns.manager_ended(now)); }
+
+    void passes(Time time) {
+        for (const Time end = now + time; now < end;) {
+            now = std::min(turns.next_deadline().value_or(end), end);
+            keep(turns.time_passed(now));
+        }
+    }
+
+    void says_all(ClientId client, const QList<QByteArray>& texts) {
+        for (const QByteArray& text : texts)
+            says(client, text);
+    }
+
+    /// Asks as a client that has the service's answers does, until what comes next is the service's to say.
+    void comes_and_asks(ClientId client) {
+        connects(client);
+        says_all(client, {"##10.0.0.1", "st"});
+    }
+
+    std::string heard(ClientId client) const { return told.value(client).join(u' ').toStdString(); }
+    std::string hears(ClientId client) { return told.take(client).join(u' ').toStdString(); }
+    bool threw_out(ClientId client) const { return told.value(client).contains(u"(thrown out)"_s); }
+
+    Time now{1000};
+    Turns turns;
+    QMap<ClientId, QStringList> told;
+    int managers = 0;
+
+private:
+    void keep(const Actions& actions) {
+        for (const Action& action : actions) {
+            if (action.what == Action::What::StartManager)
+                ++managers;
+            else
+                told[action.client] << (action.what == Action::What::Send ? QString::fromLatin1(action.reply)
+                                        : action.reason.isEmpty()         ? u"(closed)"_s
+                                                                          : u"(thrown out)"_s);
+        }
+    }
+};
+
+} // namespace
+
+TEST(Turns, ATurnGoesThroughEveryMessageAndThenTheManagerRuns) {
+    Service service;
+    const std::vector<std::pair<QByteArray, std::string>> talk{
+        {"##192.168.0.7", "your"},
+        {"st", "st-1"},
+        {"so", "so-1"},
+        {"en", "en-1"},
+    };
+    service.connects(1);
+    for (const auto& [message, reply] : talk) {
+        service.says(1, message);
+        EXPECT_EQ(service.hears(1), reply) << message.constData();
+    }
+    EXPECT_EQ(service.managers, 0);
+    EXPECT_EQ(service.turns.address(1), "192.168.0.7");
+    service.says(1, "eo");
+    EXPECT_EQ(service.hears(1), "eo-1 (closed)");
+    EXPECT_EQ(service.managers, 1);
+}
+
+TEST(Turns, MessagesAreUnderstoodInPiecesAndJoined) {
+    const QList<QList<QByteArray>> ways{
+        {"##10.0.0.1st", "so", "en", "eo"},
+        {"#", "#10.0", ".0.1", "s", "t", "s", "o", "e", "n", "e", "o"},
+        {"##", "fe80::1%eth0", "st", "soeneo"},
+        {"##keiri-pc", "st", "soen", "eo"},
+        {"##", "st", "so", "en", "eo"},
+    };
+    for (const auto& way : ways) {
+        Service service;
+        service.connects(1);
+        service.says_all(1, way);
+        EXPECT_EQ(service.heard(1), "your st-1 so-1 en-1 eo-1 (closed)") << way.join('|').constData();
+    }
+}
+
+// A reply that came in pieces makes a client say its last message again.
+TEST(Turns, TheLastMessageSaidAgainGetsTheSameAnswer) {
+    Service service;
+    service.connects(1);
+    service.says_all(1, {"##10.0.0.1", "st", "st", "so", "so", "en", "en", "eo"});
+    EXPECT_EQ(service.heard(1), "your st-1 st-1 so-1 so-1 en-1 en-1 eo-1 (closed)");
+    EXPECT_EQ(service.managers, 1);
+}
+
+TEST(Turns, GarbageClosesThatClientOnly) {
+    const QList<QList<QByteArray>> rude{
+        {"GET / HTTP/1.1"},
+        {"#!"},
+        {"st"},
+        {QByteArray("\0\xff", 2)},
+        {"##10.0.0.1\n"},
+        {"##" + QByteArray(300, 'a')},
+        {"##10.0.0.1", "st", "xx"},
+        {"##10.0.0.1", "st", "x"},
+        {"##10.0.0.1", "st", "so"},
+        {"##10.0.0.1", "st", "en"},
+        {"##10.0.0.1", "st", "eo"},
+        {"##10.0.0.1", "st", "##10.0.0.1"},
+    };
+    for (const auto& texts : rude) {
+        Service service;
+        service.comes_and_asks(1);
+        service.says(1, "so");
+        service.connects(2);
+        service.says_all(2, texts);
+        EXPECT_TRUE(service.heard(2).ends_with("(thrown out)")) << texts.join('|').constData();
+        service.says_all(1, {"en", "eo"});
+        EXPECT_EQ(service.heard(1), "your st-1 so-1 en-1 eo-1 (closed)") << texts.join('|').constData();
+        EXPECT_EQ(service.managers, 1);
+    }
+}
+
+TEST(Turns, AHolderIsThrownOutForAMessageOutOfItsPlace) {
+    for (const char* text : {"eo", "st", "##"}) {
+        Service service;
+        service.comes_and_asks(1);
+        service.says_all(1, {"so", text});
+        EXPECT_TRUE(service.heard(1).ends_with("so-1 (thrown out)")) << text;
+    }
+}
+
+TEST(Turns, OneHoldsTheTurnAndTheOthersFollowAsTheyCame) {
+    Service service;
+    for (const ClientId client : {1, 2, 3})
+        service.comes_and_asks(client);
+    EXPECT_EQ(service.heard(1), "your st-1");
+    EXPECT_EQ(service.heard(2) + service.heard(3), "youryour");
+    service.says_all(1, {"so", "en", "eo"});
+    EXPECT_EQ(service.heard(2) + service.heard(3), "youryour") << "before the manager has ended";
+    service.manager_ends();
+    EXPECT_EQ(service.heard(2), "your st-1");
+    EXPECT_EQ(service.heard(3), "your");
+}
+
+TEST(Turns, AClientThatWaitsIsToldSoAfterAPauseAndOnce) {
+    Service service;
+    service.comes_and_asks(1);
+    service.comes_and_asks(2);
+    service.says(2, "st");
+    service.passes(499ms);
+    EXPECT_EQ(service.heard(2), "your");
+    service.passes(1ms);
+    EXPECT_EQ(service.heard(2), "your stok");
+    service.says(2, "st");
+    service.passes(500ms);
+    EXPECT_EQ(service.heard(2), "your stok stok");
+}
+
+TEST(Turns, TheFirstInTheRowIsNotOvertakenWhileItsNextQuestionIsOnTheWay) {
+    Service service;
+    for (const ClientId client : {1, 2, 3})
+        service.comes_and_asks(client);
+    service.passes(500ms);
+    service.says(3, "st");
+    service.goes(1);
+    EXPECT_EQ(service.heard(3), "your stok");
+    service.says(2, "st");
+    EXPECT_EQ(service.heard(2), "your stok st-1");
+}
+
+TEST(Turns, WhoGreetsAndDoesNotAskStandsInNobodysWay) {
+    Service service;
+    service.connects(1);
+    service.says(1, "##10.0.0.1");
+    service.comes_and_asks(2);
+    EXPECT_EQ(service.heard(2), "your st-1");
+}
+
+TEST(Turns, AHolderThatIsLostLosesTheTurnAndMayHavePosted) {
+    struct Case {
+        QList<QByteArray> after_the_grant;
+        Time patience;
+        int managers;
+    };
+    const std::vector<Case> cases{
+        {{}, 3s, 0}, // it never took the turn, so it can't have posted
+        {{"so"}, 30s, 1},
+        {{"so", "en"}, 3s, 1},
+    };
+    for (const Case& c : cases) {
+        for (const bool silent : {true, false}) {
+            Service service;
+            service.comes_and_asks(1);
+            service.says_all(1, c.after_the_grant);
+            service.passes(c.patience - 1ms);
+            EXPECT_FALSE(service.threw_out(1));
+            service.comes_and_asks(2);
+            silent ? service.passes(1ms) : service.goes(1);
+            EXPECT_EQ(service.threw_out(1), silent);
+            EXPECT_EQ(service.managers, c.managers);
+            EXPECT_EQ(service.heard(2), c.managers ? "your" : "your st-1");
+            service.manager_ends();
+            EXPECT_EQ(service.heard(2), "your st-1");
+        }
+    }
+}
+
+TEST(Turns, AClientWhoseMessageIsDueIsGivenUpAfterItsPatience) {
+    const QList<QList<QByteArray>> silent{{}, {"#"}, {"##10.0.0.1"}, {"##10.0.0.1", "s"}};
+    for (const auto& texts : silent) {
+        Service service;
+        service.connects(1);
+        service.says_all(1, texts);
+        service.passes(2999ms);
+        EXPECT_FALSE(service.threw_out(1)) << texts.join('|').constData();
+        service.passes(1ms);
+        EXPECT_TRUE(service.threw_out(1)) << texts.join('|').constData();
+    }
+}
+
+TEST(Turns, AWaitingClientThatStopsAskingLosesItsPlace) {
+    Service service;
+    for (const ClientId client : {1, 2, 3})
+        service.comes_and_asks(client);
+    service.says(1, "so");
+    for (int i = 0; i < 7; ++i) {
+        service.passes(500ms);
+        service.says(3, "st");
+    }
+    EXPECT_EQ(service.heard(2), "your stok (thrown out)");
+    service.goes(1);
+    service.manager_ends();
+    EXPECT_TRUE(service.heard(3).ends_with("st-1"));
+}
+
+TEST(Turns, ConnectionsAndMessagesAreBounded) {
+    Service service({.connections = 2, .messages_a_second = 5});
+    for (const ClientId client : {1, 2, 3})
+        service.connects(client);
+    EXPECT_EQ(service.heard(3), "(thrown out)");
+    service.goes(1);
+    service.connects(4);
+    EXPECT_EQ(service.heard(4), "");
+    service.says_all(4, {"##10.0.0.1", "st", "ststst"});
+    EXPECT_EQ(service.hears(4), "your st-1 st-1 st-1 st-1");
+    service.says(4, "st");
+    EXPECT_EQ(service.hears(4), "(thrown out)");
+}
+
+TEST(Turns, EachSecondHasItsOwnCountOfMessages) {
+    Service service({.messages_a_second = 5});
+    service.comes_and_asks(1);
+    service.passes(1s);
+    service.says(1, "stststst");
+    EXPECT_FALSE(service.threw_out(1));
+}
+
+} // namespace exchange

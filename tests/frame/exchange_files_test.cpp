@@ -1,0 +1,140 @@
+#include "frame/exchange_files.h"
+
+#include "base/literals.h"
+#include "store/database.h"
+#include "store/files.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace base;
+using namespace std::chrono_literals;
+using store::Code;
+using store::Database;
+using store::Kind;
+
+namespace {
+
+class ExchangeFiles : public ::testing::Test {
+protected:
+    ExchangeFiles() { settings.server_root = dir.path(); }
+
+    void remake() { frame::交換ファイル作成(settings, start, 50ms); }
+    QString path(int number) const { return store::exchange_path(settings, number); }
+    static Database open(const QString& file) { return Database::open(file, Kind::Exchange, 50ms); }
+
+    static void post(const QString& file, const QString& text) {
+        Database database = open(file);
+        database.prepare("insert into jyusin (\"1\") values (?)").bind(text).run();
+    }
+    static QStringList rows(const QString& file) {
+        Database database = open(file);
+        store::Statement statement = database.prepare("select \"1\" from jyusin");
+        QStringList texts;
+        while (statement.step())
+            texts << statement.row().text(0);
+        return texts;
+    }
+    QStringList kept() const { return QDir(frame::kept_folder(settings)).entryList(QDir::Files, QDir::Name); }
+    QString kept_path(const QString& name) const { return frame::kept_folder(settings) + u'/' + name; }
+
+    void overwrite(int number, const QByteArray& bytes) {
+        QFile file(path(number));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    QTemporaryDir dir;
+    frame::Settings settings;
+    const QDateTime start{QDate(2004, 10, 5), QTime(9, 0, 1, 7)};
+};
+
+} // namespace
+
+TEST_F(ExchangeFiles, TwentyFilesStandReadyAndEmpty) {
+    remake();
+    remake();
+    EXPECT_EQ(QDir(store::exchange_folder(settings)).entryList(QDir::Files).size(), 20);
+    EXPECT_TRUE(path(1).endsWith(u"/comdata/data/jyusin/hanjyusin01.mdb"_s));
+    for (int number = 1; number <= 20; ++number)
+        EXPECT_TRUE(rows(path(number)).isEmpty()) << number;
+    EXPECT_TRUE(kept().isEmpty());
+
+    Database file = open(path(20));
+    file.exec("insert into jyusin (\"1\", \"49\") values ('', '')");
+}
+
+TEST_F(ExchangeFiles, RowsThatNobodyTookAreKept) {
+    remake();
+    post(path(1), u"51"_s);
+    post(path(7), u"52"_s);
+    remake();
+    EXPECT_TRUE(rows(path(1)).isEmpty());
+    EXPECT_EQ(
+        kept(), QStringList({u"hanjyusin01-20041005-090001-007.mdb"_s, u"hanjyusin07-20041005-090001-007.mdb"_s}));
+    EXPECT_EQ(rows(kept_path(kept()[0])), QStringList(u"51"_s));
+    EXPECT_EQ(rows(kept_path(kept()[1])), QStringList(u"52"_s));
+
+    post(path(1), u"54"_s);
+    remake();
+    EXPECT_EQ(kept().size(), 3) << "a name that is taken stays as it is";
+    EXPECT_EQ(rows(kept_path(u"hanjyusin01-20041005-090001-008.mdb"_s)), QStringList(u"54"_s));
+}
+
+TEST_F(ExchangeFiles, RowsThatCouldNotBeAppliedAreKeptToo) {
+    remake();
+    open(path(1)).exec("insert into jyusin_error (\"1\", 理由) values ('99', 'x')");
+    remake();
+    EXPECT_EQ(kept().size(), 1);
+}
+
+TEST_F(ExchangeFiles, AFileThatCannotBeReadIsMovedAsideWhole) {
+    remake();
+    const QByteArray noise(5000, 'x');
+    overwrite(3, noise);
+    overwrite(4, "plain");
+    overwrite(5, {});
+    QFile(path(3) + u"-journal"_s).open(QIODevice::WriteOnly);
+    remake();
+    for (int number = 3; number <= 5; ++number)
+        EXPECT_TRUE(rows(path(number)).isEmpty()) << number;
+    EXPECT_EQ(kept(), QStringList({u"hanjyusin03-20041005-090001-007.mdb.kowareta"_s,
+                          u"hanjyusin03-20041005-090001-007.mdb.kowareta-journal"_s,
+                          u"hanjyusin04-20041005-090001-007.mdb.kowareta"_s}))
+        << "a file of no bytes holds nothing to keep";
+    QFile moved(kept_path(kept()[0]));
+    ASSERT_TRUE(moved.open(QIODevice::ReadOnly));
+    EXPECT_EQ(moved.readAll(), noise);
+    EXPECT_FALSE(QFile::exists(path(3) + u"-journal"_s));
+}
+
+TEST_F(ExchangeFiles, WhoHoldsTheOldFileIsTold) {
+    remake();
+    Database old = open(path(1));
+    remake();
+    try {
+        const store::Transaction transaction(old);
+        FAIL() << "a row posted now would go into a file without a name";
+    } catch (const store::Error& error) {
+        EXPECT_EQ(error.code(), Code::Replaced);
+    }
+}
+
+TEST_F(ExchangeFiles, AFileInTheMiddleOfASaveIsNotTakenAway) {
+    remake();
+    Database writer = open(path(2));
+    {
+        store::Transaction posting(writer);
+        writer.exec("insert into jyusin (\"1\") values ('51')");
+        try {
+            remake();
+            FAIL() << "the save would be lost";
+        } catch (const store::Error& error) {
+            EXPECT_EQ(error.code(), Code::Busy);
+            EXPECT_EQ(error.file(), path(2));
+        }
+        posting.commit();
+    }
+    EXPECT_EQ(rows(path(2)), QStringList(u"51"_s));
+}

@@ -1,0 +1,202 @@
+#include "frame/mainform.h"
+
+#include "base/literals.h"
+#include "frame/help.h"
+#include "frame/menus.h"
+#include "support/fake_host.h"
+
+#include <gtest/gtest.h>
+
+using namespace base;
+using frame::Page;
+using platform::Answer;
+
+namespace {
+
+/// Pages that remember what was done to them.
+class FakePages : public frame::Pages {
+public:
+    bool has(Page page) const override { return !absent.contains(page); }
+    void show(Page page) override {
+        if (has(page))
+            open.insert(page);
+    }
+    void close(Page page) override {
+        closed.push_back(page);
+        open.erase(page);
+    }
+    bool is_open(Page page) const override { return open.contains(page); }
+    void unload_frame() override { ++unloads; }
+
+    std::set<Page> open, absent;
+    std::vector<Page> closed;
+    int unloads = 0;
+};
+
+class MainForm : public ::testing::Test {
+protected:
+    MainForm() { settings.local_root = u"/srv/qn"_s; }
+
+    frame::Settings settings;
+    support::FakeHost host;
+    store::SettingTables tables{settings};
+    frame::TurnLink link{settings, host};
+    FakePages pages;
+    int backups = 0;
+    frame::mainform form{{settings, host, tables, link}, pages, [this] {
+                             EXPECT_TRUE(pages.open.empty()) << "backup comes last";
+                             ++backups;
+                         }};
+    const support::Shown question{u"終了しますか？"_s, u"終了"_s, platform::Buttons::YesNo};
+};
+
+} // namespace
+
+TEST_F(MainForm, LoadsWithTheLandingPageUnlessItIsATailoredInstallation) {
+    form.Form_Load();
+    EXPECT_EQ(form.gamenno, u"0"_s);
+    EXPECT_TRUE(pages.is_open(Page::info));
+    pages.open.clear();
+    settings.special_soft = 1;
+    form.Form_Load();
+    EXPECT_TRUE(pages.open.empty());
+}
+
+TEST_F(MainForm, ATopButtonClosesWhatIsOpenAndShowsItsPage) {
+    form.Form_Load();
+    form.midasi_Click(1);
+    EXPECT_EQ(pages.open, std::set{Page::ent_rovena});
+    form.flab = u"登録しました"_s;
+    form.midasi_Click(2);
+    EXPECT_EQ(pages.open, std::set{Page::rov_00});
+    EXPECT_EQ(form.gamenno, u"2"_s);
+    EXPECT_EQ(form.flab, QString());
+    pages.closed.clear();
+    form.midasi_Click(3);
+    EXPECT_EQ(pages.open, std::set{Page::mst_00});
+    EXPECT_EQ(form.gamenno, u"2"_s);
+    EXPECT_EQ(pages.closed, (std::vector{Page::ent_rovena, Page::rov_00, Page::rov_01, Page::mst_00, Page::mst_syain,
+                                Page::mst_kinjikan, Page::mst_kinsyu, Page::mst_kintype, Page::mst_kihon, Page::info}));
+    EXPECT_TRUE(host.shown.empty()) << "nothing is asked";
+}
+
+TEST_F(MainForm, TheLeaveMasterStaysOpenUnderTheNextPage) {
+    pages.show(Page::mst_kyuka);
+    form.midasi_Click(1);
+    EXPECT_EQ(pages.open, (std::set{Page::ent_rovena, Page::mst_kyuka}));
+}
+
+TEST_F(MainForm, TheExitButtonAsksOnceAndTheBackupComesLast) {
+    host.answers = {Answer::No};
+    form.midasi_Click(5);
+    EXPECT_EQ(form.Tag, QString());
+    EXPECT_EQ(pages.unloads, 0);
+
+    form.midasi_Click(5);
+    EXPECT_EQ(form.Tag, u"end"_s);
+    EXPECT_EQ(pages.unloads, 1);
+    pages.closed.clear();
+    EXPECT_TRUE(form.Form_QueryUnload());
+    EXPECT_EQ(host.shown, std::vector({question, question})) << "one question a click, none on closing";
+    EXPECT_EQ(pages.closed,
+        (std::vector{Page::errform, Page::ent_rovena, Page::rov_00, Page::rov_01, Page::mst_00, Page::mst_syain,
+            Page::mst_kinjikan, Page::mst_kinsyu, Page::mst_kintype, Page::mst_kyuka, Page::info}));
+    EXPECT_EQ(backups, 1);
+}
+
+TEST_F(MainForm, TheCloseBoxAsksAndNoLeavesEverythingAsItWas) {
+    form.midasi_Click(1);
+    pages.closed.clear();
+    host.answers = {Answer::No, Answer::Yes};
+    EXPECT_FALSE(form.Form_QueryUnload());
+    EXPECT_EQ(pages.open, std::set{Page::ent_rovena});
+    EXPECT_TRUE(pages.closed.empty());
+    EXPECT_EQ(backups, 0);
+
+    EXPECT_TRUE(form.Form_QueryUnload());
+    EXPECT_EQ(host.shown, std::vector({question, question}));
+    EXPECT_EQ(backups, 1);
+}
+
+TEST_F(MainForm, AReportButtonTellsItsNumberAndGivesWayToTheReportScreen) {
+    frame::rov_00 menu(form, pages);
+    pages.show(Page::rov_00);
+    menu.botan_Click(4);
+    EXPECT_EQ(form.report_no, 4);
+    EXPECT_EQ(pages.open, std::set{Page::rov_01});
+}
+
+TEST_F(MainForm, AMasterButtonGivesWayToItsMaster) {
+    const Page masters[]{
+        Page::mst_syain, Page::mst_kinsyu, Page::mst_kinjikan, Page::mst_kintype, Page::mst_kihon, Page::mst_kyuka};
+    for (int index = 0; index < 6; ++index) {
+        pages.open = {Page::mst_00};
+        frame::mst_00(form, pages).botan_Click(index);
+        EXPECT_EQ(pages.open, std::set{masters[index]}) << index;
+    }
+}
+
+TEST_F(MainForm, AButtonWhosePageIsNotThereLeavesTheMenu) {
+    pages.absent = {Page::rov_01, Page::mst_syain};
+    pages.open = {Page::rov_00};
+    frame::rov_00(form, pages).botan_Click(1);
+    EXPECT_EQ(pages.open, std::set{Page::rov_00});
+    pages.open = {Page::mst_00};
+    frame::mst_00(form, pages).botan_Click(0);
+    EXPECT_EQ(pages.open, std::set{Page::mst_00});
+}
+
+TEST_F(MainForm, LeavingAMenuBringsTheLandingPageBack) {
+    pages.open = {Page::rov_00};
+    frame::rov_00(form, pages).endbotan_Click();
+    EXPECT_EQ(pages.open, std::set{Page::info});
+    settings.special_soft = 1;
+    pages.open = {Page::mst_00};
+    frame::mst_00(form, pages).endbotan_Click();
+    EXPECT_TRUE(pages.open.empty());
+}
+
+TEST_F(MainForm, CommentsStandBesideTheirMasters) {
+    const frame::mst_00 menu(form, pages);
+    EXPECT_EQ(menu.comment(0), u"社員名簿を登録します。"_s);
+    EXPECT_EQ(menu.comment(1), u"勤務の種類を登録します。\r\n\r\n（例）\r\n普通残業、深夜残業、日曜出勤"_s);
+    EXPECT_TRUE(menu.comment(3).endsWith(u"\r\n田中さんには、Ｂパート勤務タイプ"_s));
+    EXPECT_EQ(menu.comment(4), u"システム的な設定をします。"_s);
+    EXPECT_EQ(menu.comment(5), u"休暇と出勤の種類を設定します。"_s);
+}
+
+TEST(MenuBand, StandsAtTheFootOfThePageButNeverAboveItsPlace) {
+    EXPECT_EQ(frame::pic_bota_top(9000, 900), 9000 - 900 - 300);
+    EXPECT_EQ(frame::pic_bota_top(900 + 300 + 4605, 900), 4605) << "the first height at which both agree";
+    EXPECT_EQ(frame::pic_bota_top(5000, 900), 4605);
+}
+
+TEST_F(MainForm, HelpOpensThePageOfTheScreen) {
+    const QString folder = u"file://localhost/srv/qn/rovena100/help/"_s;
+    const std::tuple<QString, int, QString> cases[]{{u"ent_rovena"_s, 0, u"002-0.htm"_s},
+        {u"mst_kinjikan"_s, 0, u"001-3-03.htm"_s}, {u"mst_kinsyu"_s, 0, u"001-3-02.htm"_s},
+        {u"mst_kintype"_s, 0, u"001-3-04.htm"_s}, {u"mst_syain"_s, 0, u"001-3-01.htm"_s},
+        {u"mst_kihon"_s, 0, u"001-3-06.htm"_s}, {u"mst_kyuka"_s, 0, u"001-3-05.htm"_s},
+        {u"fir_start"_s, 0, u"001-1.htm"_s}, {u"rov_01"_s, 1, u"003-1-01.htm"_s}, {u"rov_01"_s, 2, u"003-1-02.htm"_s},
+        {u"rov_01"_s, 3, u"003-1-03.htm"_s}, {u"rov_01"_s, 4, u"003-1-05.htm"_s}, {u"rov_01"_s, 5, u"003-1-06.htm"_s},
+        {u"rov_01"_s, 6, u"003-1-04.htm"_s}, {u"rov_01"_s, 7, u"index.html"_s}, {u"errform"_s, 0, u"index.html"_s}};
+    for (const auto& [name, report, page] : cases) {
+        host.opened.clear();
+        frame::ヘルプ表示(settings, host, name, report);
+        EXPECT_EQ(host.opened, QStringList(folder + page)) << name.toStdString() << report;
+    }
+    host.opened.clear();
+    frame::ヘルプ表示(settings, host, QString());
+    EXPECT_TRUE(host.opened.isEmpty());
+    form.midasi_Click(4);
+    EXPECT_EQ(host.opened, QStringList(folder + u"index.html"_s));
+}
+
+TEST_F(MainForm, AHelpAddressIsOneThatABrowserReads) {
+    settings.local_root = u"C:\\Program Files\\meridan\\qn"_s;
+    EXPECT_EQ(frame::help_address(settings, u"index.html"_s),
+        u"file://localhost/C:/Program Files/meridan/qn/rovena100/help/index.html"_s);
+    settings.local_root = u"/home/clerk/Program Files/meridan/qn"_s;
+    EXPECT_EQ(frame::help_address(settings, u"index.html"_s),
+        u"file://localhost/home/clerk/Program%20Files/meridan/qn/rovena100/help/index.html"_s);
+}

@@ -1,0 +1,207 @@
+#include "frame/startup.h"
+
+#include "base/literals.h"
+#include "platform/paths.h"
+#include "store/files.h"
+#include "support/fake_host.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace base;
+using frame::Start;
+using store::Database;
+using store::Kind;
+
+namespace {
+
+/// An install tree with new databases, and one start of the program in it.
+class StartUp : public ::testing::Test {
+protected:
+    StartUp() {
+        found.install_drive = drive.path();
+        found.server_root = found.local_root = root;
+        for (const auto& [path, kind] :
+            {std::pair(store::comsys_path(found), Kind::Comsys), {store::allsystem_path(found), Kind::Allsystem},
+                {store::rovdata_path(found), Kind::Rovdata}, {store::losys_path(found), Kind::Losys}}) {
+            QDir().mkpath(QFileInfo(path).path());
+            Database::create(path, kind);
+        }
+    }
+
+    /// A new process: settings that nobody has read yet.
+    Start start() {
+        settings = {};
+        store::SettingTables tables(settings);
+        frame::TurnLink link(settings, host);
+        frame::stg form({settings, host, tables, link}, root + u"/rovena100"_s, [&] { labels << form_label(form); });
+        const Start result = form.Form_Activate();
+        image_visible = form.Image1_Visible;
+        return result;
+    }
+
+    void set(const QString& table, const QString& key, const QString& value) {
+        store::SettingTables(found).設定書込(table, key, value);
+    }
+    QString stored(const QString& table, const QString& key) {
+        return store::SettingTables(found).設定読込(table, key);
+    }
+
+    static QString form_label(const frame::stg& form) { return form.Label1; }
+
+    QTemporaryDir drive;
+    const QString root = drive.path() + u"/Program Files/meridan/qn"_s;
+    frame::Settings found; ///< where the tree lies, to prepare it
+    frame::Settings settings;
+    support::FakeHost host;
+    QStringList labels;
+    bool image_visible = false;
+};
+
+const QString share = u"\\\\main\\rovena"_s;
+
+} // namespace
+
+TEST_F(StartUp, TheFirstStartLeadsToTheWizardAndEveryLaterOneToTheMainFrame) {
+    EXPECT_EQ(start(), Start::fir_start);
+    EXPECT_EQ(start(), Start::mainform);
+    EXPECT_EQ(stored(u"rov_kihon"_s, u"sokdataバージョン"_s), u"2006041301"_s);
+    EXPECT_EQ(labels.first(), u"Ver.R240-03"_s);
+    EXPECT_TRUE(host.shown.empty());
+}
+
+TEST_F(StartUp, EmptyRootsBecomeTheDefaultAndAreStored) {
+    start();
+    EXPECT_EQ(settings.install_drive, drive.path());
+    EXPECT_EQ(settings.server_root, platform::native(root));
+    EXPECT_EQ(settings.local_root, platform::native(root));
+    EXPECT_EQ(stored(u"losystem"_s, u"サーバーＰＣ"_s), platform::native(root));
+    EXPECT_EQ(stored(u"losystem"_s, u"ローカルＰＣ"_s), platform::native(root));
+}
+
+TEST_F(StartUp, SettingsAreReadFromBothTables) {
+    set(u"losystem"_s, u"使用区分"_s, u"1"_s);
+    set(u"losystem"_s, u"ネット情報"_s, u"1"_s);
+    set(u"kihon"_s, u"和西暦表示"_s, u"1"_s);
+    set(u"kihon"_s, u"サーバー名"_s, u" main "_s);
+    set(u"kihon"_s, u"先付け日付"_s, u"10"_s);
+    set(u"kihon"_s, u"月初日付"_s, u"21"_s);
+    start();
+    EXPECT_EQ(settings.use_class, 1);
+    EXPECT_EQ(settings.net_info, 1);
+    EXPECT_EQ(settings.date_style, 1);
+    EXPECT_EQ(settings.server_name, u"main"_s);
+    EXPECT_EQ(settings.forward_date, 10);
+    EXPECT_EQ(settings.month_start_day, 21);
+}
+
+TEST_F(StartUp, AFirstDayThatNoMonthHasCountsAsTheFirst) {
+    for (const auto& [stored_day, day] :
+        {std::pair(u"0"_s, 1), {u"32"_s, 1}, {u""_s, 1}, {u"-3"_s, 1}, {u"31"_s, 31}}) {
+        set(u"kihon"_s, u"月初日付"_s, stored_day);
+        start();
+        EXPECT_EQ(settings.month_start_day, day) << stored_day.toStdString();
+        EXPECT_EQ(stored(u"kihon"_s, u"月初日付"_s), stored_day) << "mended in memory only";
+    }
+}
+
+TEST_F(StartUp, TheNewestEraComesFirstAndSixAreTaken) {
+    {
+        Database comsys = Database::open(store::comsys_path(found), Kind::Comsys);
+        comsys.exec("delete from waseihen;"
+                    "insert into waseihen (元号名, 開始日, 終了日, 差年) values ('昭和', 19261225, 19890107, 1925);"
+                    "insert into waseihen (元号名, 開始日, 終了日, 差年) values ('平成', 19890108, 99999999, 1988)");
+    }
+    start();
+    EXPECT_EQ(settings.era_name[0], u"平成"_s);
+    EXPECT_EQ(settings.era_start[0], 19890108);
+    EXPECT_EQ(settings.era_end[0], 99999999);
+    EXPECT_EQ(settings.era_offset[0], 1988);
+    EXPECT_EQ(settings.era_name[1], u"昭和"_s);
+    EXPECT_EQ(settings.era_start[2], 0) << "fewer than six rows leave the rest empty";
+
+    Database::open(store::comsys_path(found), Kind::Comsys)
+        .exec("insert into waseihen (元号名) values ('a'), ('b'), ('c'), ('d'), ('e'), ('f')");
+    start();
+    EXPECT_EQ(settings.era_name[0], u"f"_s);
+    EXPECT_EQ(settings.era_name[5], u"a"_s);
+}
+
+TEST_F(StartUp, OnlyAPCOfClassTwoLeavesTheExchangeFilesAlone) {
+    set(u"losystem"_s, u"使用区分"_s, u"2"_s);
+    start();
+    EXPECT_FALSE(QFileInfo::exists(store::exchange_path(found, 1)));
+    set(u"losystem"_s, u"使用区分"_s, u"1"_s);
+    start();
+    EXPECT_TRUE(QFileInfo::exists(store::exchange_path(found, 1)));
+    EXPECT_TRUE(QFileInfo::exists(store::exchange_path(found, 20)));
+}
+
+TEST_F(StartUp, TheNewsOfTheLastRunGoes) {
+    const QString news = root + u"/rovena100/data/trn/info/intinfrov.dat"_s;
+    QDir().mkpath(QFileInfo(news).path());
+    ASSERT_TRUE(QFile(news).open(QIODevice::WriteOnly));
+    start();
+    EXPECT_FALSE(QFileInfo::exists(news));
+}
+
+TEST_F(StartUp, ATailoredInstallationShowsNoPicture) {
+    start();
+    EXPECT_TRUE(image_visible);
+    set(u"kihon"_s, u"特別ソフト"_s, u"1"_s);
+    start();
+    EXPECT_FALSE(image_visible);
+}
+
+TEST_F(StartUp, AShareIsConnectedWithTheStoredAccountBeforeItIsRead) {
+    set(u"losystem"_s, u"サーバーＰＣ"_s, share);
+    set(u"losystem"_s, u"winユーザー名"_s, u" clerk "_s);
+    set(u"losystem"_s, u"winパスワード"_s, u"word "_s);
+    QStringList asked;
+    host.share = [&](const QString& name, const QString& user, const QString& password) {
+        asked << name << user << password;
+        settings.server_root = root; // the share is there now
+        return true;
+    };
+    EXPECT_EQ(start(), Start::fir_start);
+    EXPECT_EQ(asked, QStringList({share, u"clerk"_s, u"word"_s}));
+}
+
+TEST_F(StartUp, AShareOutOfReachAsksForTheAccountUntilThePersonGivesUp) {
+    set(u"losystem"_s, u"サーバーＰＣ"_s, share);
+    QStringList tried;
+    host.share = [&](const QString&, const QString& user, const QString& password) {
+        tried << user + u'/' + password;
+        return false;
+    };
+    host.answers = {platform::Answer::Cancel, platform::Answer::Cancel, platform::Answer::Ok};
+    host.inputs = {u"clerk"_s, u"word"_s, std::nullopt, std::nullopt};
+    EXPECT_EQ(start(), Start::End);
+    EXPECT_EQ(tried, QStringList({u"/"_s, u"clerk/word"_s, u"/"_s}));
+    EXPECT_EQ(
+        host.shown[0], (support::Shown{u"メインＰＣを起動してください。"_s, QString(), platform::Buttons::OkCancel}));
+    EXPECT_EQ(host.prompts.first(2),
+        QStringList({u"windowsアカウントを入力してください"_s, u"Windowsパスワードトを入力してください"_s}));
+    EXPECT_EQ(stored(u"losystem"_s, u"winユーザー名"_s), QString()) << "what was typed isn't stored";
+}
+
+TEST_F(StartUp, ARootOnADriveIsNotConnected) {
+    host.share = [](const QString&, const QString&, const QString&) -> bool { throw std::logic_error("no share"); };
+    EXPECT_NO_THROW(start());
+}
+
+TEST_F(StartUp, AMissingFileEndsTheStartWithItsError) {
+    for (const QString& path : {store::losys_path(found), store::comsys_path(found), store::allsystem_path(found)}) {
+        ASSERT_TRUE(QFile::rename(path, path + u".away"_s));
+        try {
+            start();
+            ADD_FAILURE() << path.toStdString();
+        } catch (const store::Error& error) {
+            EXPECT_EQ(error.code(), store::Code::Missing);
+            EXPECT_TRUE(error.text().contains(path)) << error.text().toStdString();
+        }
+        ASSERT_TRUE(QFile::rename(path + u".away"_s, path));
+    }
+}

@@ -1,0 +1,95 @@
+#include "children.h"
+#include "error_code.h"
+#include "store/database.h"
+#include "store/numbering.h"
+#include "test_tree.h"
+
+#include <QSet>
+#include <list>
+
+using namespace base;
+using namespace store;
+
+namespace {
+
+class SharedDatabase : public testing::Test {
+protected:
+    const TestTree tree;
+    const QString path = comsys_path(tree.settings);
+
+    Database open() { return Database::open(path, Kind::Comsys, std::chrono::milliseconds(50)); }
+};
+
+TEST_F(SharedDatabase, FourProgramsDrawTenThousandNumbersAndAllDiffer) {
+    const int programs = 4;
+    const int each = 2500;
+    const QString memory = u"/dev/shm"_s; // spares the disk 10,000 commits
+    const TestTree shared(QFileInfo(memory).isWritable() ? memory : QDir::tempPath());
+    std::list<Child> children;
+    for (int i = 0; i < programs; ++i)
+        children.emplace_back(QStringList{u"number"_s, shared.settings.server_root, QString::number(each)});
+    QSet<int> drawn;
+    for (Child& child : children)
+        for (const QByteArray& line : child.all_lines())
+            drawn.insert(line.toInt());
+    EXPECT_EQ(drawn.size(), programs * each);
+    EXPECT_EQ(*std::ranges::max_element(drawn), programs * each);
+}
+
+TEST_F(SharedDatabase, ASecondWriterIsToldThatAnotherOneIsWriting) {
+    Database first = open();
+    Database second = open();
+    Transaction writing(first);
+    EXPECT_EQ(code_of([&] { Transaction(second).commit(); }), Code::Busy);
+    EXPECT_EQ(number_from(second, "select count(*) from bangou"), 0) << "reading goes on";
+    writing.commit();
+    EXPECT_EQ(code_of([&] { Transaction(second).commit(); }), std::nullopt);
+}
+
+TEST_F(SharedDatabase, OpeningAndClosingAnotherConnectionTakesNoLockAway) {
+    Database writer = open();
+    Transaction writing(writer);
+    { Database passing = open(); }
+    EXPECT_EQ(Child({u"write"_s, path}).line(), QByteArray::number(int(Code::Busy)));
+    writing.commit();
+    EXPECT_EQ(Child({u"write"_s, path}).line(), "done");
+}
+
+TEST_F(SharedDatabase, AnExclusiveTransactionKeepsReadersOut) {
+    Database reader = open();
+    Database writer = open();
+    const Transaction alone(writer, Transaction::Lock::Exclusive);
+    EXPECT_EQ(code_of([&] { number_from(reader, "select count(*) from bangou"); }), Code::Busy);
+}
+
+TEST_F(SharedDatabase, WhatAKilledWriterLeftHalfDoneIsUndoneByTheNextOpening) {
+    {
+        Database database = open();
+        Transaction transaction(database);
+        Statement add = database.prepare("insert into syain values (?, ?, '社員', 'シャイン', '', '', '')");
+        for (int i = 1; i <= 3000; ++i)
+            add.bind(i, i).run();
+        transaction.commit();
+    }
+    Child writer({u"die"_s, path});
+    ASSERT_EQ(writer.line(), "ready");
+    writer.kill();
+    ASSERT_GT(QFileInfo(path + u"-journal"_s).size(), 0) << "pages must have reached the file";
+
+    Database database = open();
+    EXPECT_EQ(number_from(database, "select count(*) from syain where フリガナ='シャイン'"), 3000);
+    EXPECT_FALSE(QFileInfo::exists(path + u"-journal"_s));
+}
+
+TEST_F(SharedDatabase, AFileReplacedWhileItStandsOpenIsNotWritten) {
+    const QString beside = tree.folder.filePath(u"beside.mdb"_s);
+    { Database other = Database::create(beside, Kind::Comsys); }
+    Database database = open();
+    ASSERT_TRUE(QFile::remove(path) && QFile::rename(beside, path));
+    EXPECT_EQ(code_of([&] { Transaction transaction(database); }), Code::Replaced);
+    EXPECT_EQ(code_of([&] { Transaction transaction(database); }), Code::Replaced) << "the failed one holds no lock";
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_EQ(code_of([&] { Transaction transaction(database); }), Code::Replaced) << "a file that went away";
+}
+
+} // namespace
