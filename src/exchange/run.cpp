@@ -186,9 +186,10 @@ store::Database ManagerRun::open(const QString& path) const {
 
 // A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
 // the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
-int run_manager(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience) {
+int run_manager(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience,
+    std::chrono::milliseconds patience) {
     const QString folder = store::exchange_folder(settings);
-    ManagerRun run(settings, watch);
+    ManagerRun run(settings, watch, patience);
     bool good = true;
     do {
         platform::ProgramLock lock(folder, window_title);

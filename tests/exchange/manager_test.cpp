@@ -1,12 +1,10 @@
 #include "exchange/run.h"
 #include "exchange_tree.h"
-#include "platform/program_lock.h"
 
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
-#include <QThread>
+#include <array>
 #include <memory>
 
 namespace exchange {
@@ -17,7 +15,7 @@ namespace {
 Rows month_save(int employee, int round) {
     Rows rows;
     const auto dates = [](const auto& add) {
-        for (int day = 1; day <= 32; ++day)
+        for (const int day : {1, 32})
             add(20041000 + day);
     };
     dates([&](int date) { rows << day_row(employee, date, u"830 1715 100 %1"_s.arg(round)); });
@@ -59,7 +57,7 @@ protected:
         return QString::fromUtf8(content(tree.settings.local_root + u"/rovena100/data/trn/errmsg.txt"_s));
     }
 
-    static void apply_undisturbed(const Tree& other) { EXPECT_TRUE(ManagerRun(other.settings, Watch()).apply_all()); }
+    static void apply_all(const Tree& other) { EXPECT_TRUE(ManagerRun(other.settings, Watch()).apply_all()); }
 
     Tree tree;
 };
@@ -113,55 +111,47 @@ TEST_F(Manager, SeveralAtOnceCountEveryRowOnce) {
         EXPECT_TRUE(manager->waitForFinished(60'000));
         EXPECT_EQ(manager->exitCode(), 0);
     }
-    apply_undisturbed(alone);
+    apply_all(alone);
     EXPECT_EQ(tree.tables(), alone.tables());
     EXPECT_EQ(tree.errors(tree.exchange_path()), alone.errors(alone.exchange_path()));
     EXPECT_EQ(tree.left(), "");
 }
 
-// The kills come later and later into the work, so that they meet both transactions, and what lies between.
-TEST_F(Manager, KilledHundredTimesWhileApplyingItCountsEveryRowOnce) {
-    constexpr int kills = 100, employees = 10;
-    Tree alone;
+// Each run is killed one change of a file later than the run before, from its first change to its last, and the next
+// one finds what it left.
+TEST_F(Manager, KilledAtEveryChangeOfAFileItCountsEveryRowOnce) {
+    std::array<Rows, 2> posted;
     const auto post = [&](int round) {
-        Rows rows;
-        for (int employee = 1; employee <= employees; ++employee)
-            rows += month_save(employee, round);
-        for (const int file : {1, 2}) {
-            tree.post(rows, file);
-            alone.post(rows, file);
+        // Saves of the same employee in each round, and one that no later round makes good if it is lost.
+        const std::array saves{month_save(1, round) + month_save(1000 + round, round), month_save(2000 + round, round)};
+        for (size_t i = 0; i < saves.size(); ++i) {
+            tree.post(saves[i], int(i) + 1);
+            posted[i] += saves[i];
         }
     };
-    const auto start_of_work = [this](QProcess& manager) {
-        while (!platform::ProgramLock::held(store::exchange_folder(tree.settings), u"jyusinkanri"_s))
-            ASSERT_FALSE(manager.waitForFinished(0));
-    };
-    post(0);
-    const auto first = start();
-    start_of_work(*first);
-    QElapsedTimer time;
-    time.start();
-    first->waitForFinished();
-    const qint64 work = time.nsecsElapsed() / 1000;
-
-    int interrupted = 0;
-    for (int kill = 1; kill <= kills; ++kill) {
-        if (tree.left(1).empty() && tree.left(2).empty())
-            post(kill);
-        const auto manager = start();
-        start_of_work(*manager);
-        QThread::usleep(static_cast<unsigned long>(work * (kill % 25) / 25));
-        manager->kill();
-        manager->waitForFinished();
-        interrupted += manager->exitStatus() == QProcess::CrashExit;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LD_PRELOAD"_s, qEnvironmentVariable("ROVENA_BIN") + u"/kill_shim.so"_s);
+    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0:verify_asan_link_order=0"_s);
+    int kills = 0;
+    for (bool killed = true; killed; kills += killed) {
+        post(kills);
+        environment.insert(u"KILL_BEFORE_CHANGE"_s, QString::number(kills + 1));
+        const auto manager = start(environment);
+        ASSERT_TRUE(manager->waitForFinished(60'000));
+        killed = manager->exitStatus() == QProcess::CrashExit;
+        apply_all(tree);
     }
-    EXPECT_GE(interrupted, kills / 2);
-    EXPECT_EQ(run(), 0);
-    apply_undisturbed(alone);
-    EXPECT_EQ(tree.tables(), alone.tables());
+    EXPECT_GE(kills, 100);
+
+    Tree undisturbed;
+    for (const int file : {1, 2})
+        undisturbed.post(posted[size_t(file) - 1], file);
+    apply_all(undisturbed);
+    EXPECT_EQ(tree.tables(), undisturbed.tables());
     for (const int file : {1, 2}) {
         EXPECT_EQ(tree.left(file), "");
-        EXPECT_EQ(tree.errors(tree.exchange_path(file)), alone.errors(alone.exchange_path(file)));
+        const auto reasons = [file](const Tree& of) { return of.errors(of.exchange_path(file)); };
+        EXPECT_EQ(reasons(tree), reasons(undisturbed));
     }
 }
 

@@ -25,7 +25,12 @@ protected:
     Tree tree;
     QStringList told;
     std::vector<std::function<void()>> on_taken; ///< what happens after a file's rows were taken, one after the other
-    Watch watch{.trouble = [this](const QString& message) { told << message; },
+    std::function<void()> on_trouble = [] {};
+    Watch watch{.trouble =
+                    [this](const QString& message) {
+                        told << message;
+                        on_trouble();
+                    },
         .taken =
             [this](qint64) {
                 if (on_taken.empty())
@@ -72,6 +77,28 @@ TEST_F(Run, RowsPostedInTheLastPassAreTaken) {
     on_taken.push_back([&] { tree.post({leave(20041002)}, 1); });
     EXPECT_TRUE(apply_all());
     EXPECT_EQ(tree.tables(), stored(20041001) + "\n" + stored(20041002));
+}
+
+// The last pass is past the file when the rows come, and its message about another file is the moment they come in.
+TEST_F(Run, RowsPostedBehindTheLastPassAreTakenBeforeTheManagerEnds) {
+    store::Database other = store::Database::open(tree.exchange_path(20), store::Kind::Exchange);
+    tree.post({leave(20041001)}, 20);
+    const store::Transaction writing(other);
+    on_trouble = [&] { tree.post({leave(20041002)}, 1); };
+    EXPECT_EQ(run_manager(tree.settings, watch, 0ms, 50ms), 0);
+    EXPECT_EQ(tree.tables(), stored(20041002));
+}
+
+TEST_F(Run, RowsKeptInTheMiddleOfAPassStayBehindNewerOnes) {
+    store::Database other = store::Database::open(tree.exchange_path(1), store::Kind::Exchange);
+    tree.post({leave(20041009)}, 1);
+    const store::Transaction writing(other);
+    on_trouble = [&] {
+        tree.keep(u"hanjyusin02-20041005-090000-000.mdb"_s, {leave(20041001, 1), leave(20041002, 1)});
+        tree.post({leave(20041001, 2)}, 2);
+    };
+    EXPECT_TRUE(apply_all());
+    EXPECT_EQ(tree.tables(), stored(20041001, 2) + "\n" + stored(20041002, 1));
 }
 
 TEST_F(Run, AFileAnotherPCIsWritingIsLeftForTheNextRun) {
