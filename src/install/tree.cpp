@@ -92,6 +92,7 @@ void copy_file(const QString& from, const QString& to) {
 }
 
 void copy_tree(const QString& from, const QString& to) {
+    // Where the folder is named relative to this process, relativeFilePath() would keep the paths as they are.
     const QDir source(QDir(from).absolutePath());
     QDirIterator files(source.path(), QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {

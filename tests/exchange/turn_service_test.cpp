@@ -81,6 +81,11 @@ struct Client {
         QObject::connect(&socket, &QTcpSocket::readyRead, &socket, [this] { answer(socket.readAll().left(4)); });
         QObject::connect(&socket, &QTcpSocket::disconnected, &socket, [this] { again(); });
         QObject::connect(&socket, &QTcpSocket::errorOccurred, &socket, [this] { again(); });
+        retry.setSingleShot(true);
+        retry.callOnTimeout(&socket, [this] {
+            socket.abort();
+            connect();
+        });
         connect();
     }
     ~Client() { socket.disconnect(); }
@@ -89,14 +94,8 @@ struct Client {
 
     /// One that is refused comes again, as a person presses the button again.
     void again() {
-        if (done || retry.isActive())
-            return;
-        retry.setSingleShot(true);
-        retry.callOnTimeout(&socket, [this] {
-            socket.abort();
-            connect();
-        });
-        retry.start(50);
+        if (!done && !retry.isActive())
+            retry.start(50);
     }
 
     void answer(const QByteArray& reply) {
