@@ -18,6 +18,7 @@ namespace {
 
 constexpr int page_margin = 8;
 constexpr int gap = 6;
+constexpr int tight_gap = 4; ///< above, between and below the sheets: a month with its scroll bar fits into 660 pixels
 constexpr int largest_row = 30; ///< pixels; a sheet isn't drawn larger however large the window is
 constexpr frame::Button botan_buttons[] = {
     frame::endbotan,
@@ -153,7 +154,7 @@ void ent_rovena_controls::lay_out(QSize page) {
 /// The place for the sheets beside the left column, which is as wide as the list of employees.
 QRect ent_rovena_controls::sheets_room(QSize page) const {
     const int beside = 2 * page_margin + hyou_syain->full_width(true);
-    return {beside, gap, page.width() - beside - page_margin, page.height() - 2 * gap};
+    return {beside, tight_gap, page.width() - beside - page_margin, page.height() - 2 * tight_gap};
 }
 
 /// Sets the zoom for rows of this height and tells whether all of both sheets is in view then.
@@ -162,7 +163,7 @@ bool ent_rovena_controls::fits_at(int row_height, QSize page) {
         sheet->set_zoom(double(row_height) / hyou->own_row_height());
     const QRect room = sheets_room(page);
     return std::max(hyou->full_width(false), hyou_day->full_width(false)) <= room.width() &&
-           hyou->full_height(false) + gap + hyou_day->full_height(false) <= room.height();
+           hyou->full_height(false) + tight_gap + hyou_day->full_height(false) <= room.height();
 }
 
 void ent_rovena_controls::place_sheets(QRect room) {
@@ -172,11 +173,11 @@ void ent_rovena_controls::place_sheets(QRect room) {
     };
     const QSize strip = fitting(*hyou_day);
     QSize month = fitting(*hyou);
-    const int month_room = room.height() - gap - strip.height();
+    const int month_room = room.height() - tight_gap - strip.height();
     if (month.height() > month_room)
         month = {std::min(room.width(), hyou->full_width(true)), month_room};
     hyou->setGeometry(QRect(room.topLeft(), month));
-    hyou_day->setGeometry(QRect(QPoint(room.left(), hyou->geometry().bottom() + 1 + gap), strip));
+    hyou_day->setGeometry(QRect(QPoint(room.left(), hyou->geometry().bottom() + 1 + tight_gap), strip));
     for (GridView* sheet : {hyou, hyou_day})
         sheet->refresh();
 }

@@ -72,7 +72,7 @@ TEST_F(EntryPage, TheBoxLiesOverTheCellInHandAndShowsBareDigits) {
 TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
     choose_employee(1);
     // Windows of 1366 x 768 and 1280 x 720 less the top band of the frame.
-    for (const QSize size : {QSize(1366, 716), QSize(1280, 668)}) {
+    for (const QSize size : {QSize(1366, 708), QSize(1280, 660)}) {
         page.resize(size);
         QCoreApplication::processEvents();
         EXPECT_TRUE(whole_in_view(controls.hyou, 0, 0));
@@ -82,6 +82,23 @@ TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
         EXPECT_TRUE(whole_in_view(controls.hyou_day, 2, 7));
         EXPECT_TRUE(page.rect().contains(controls.left->geometry()));
     }
+}
+
+TEST_F(EntryPage, WithMoreCategoriesThanFitTheMonthIsStillInViewFromTopToBottom) {
+    auto database = store::Database::open(store::rovdata_path(company.settings), store::Kind::Rovdata);
+    auto category = database.prepare("insert into kinsyu values (?, '手当')");
+    auto band = database.prepare("insert into kintype values (1, '普通社員', ?, 0, 500, 505, ?, 0, 0, 0, 0, 0, 0, 0)");
+    for (int number = 4; number <= 10; ++number) {
+        category.bind(number).run();
+        band.bind(number, number).run();
+    }
+    page.resize(1280, 660);
+    choose_employee(1);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(controls.hyou->horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(whole_in_view(controls.hyou, 32, first_category));
+    EXPECT_FALSE(controls.hyou->verticalScrollBar()->isVisible());
+    EXPECT_TRUE(whole_in_view(controls.hyou_day, 2, 0));
 }
 
 TEST_F(EntryPage, OnALargeScreenTheSheetsGrow) {
