@@ -1,11 +1,8 @@
 #include "ui/main_window.h"
 
 #include "base/literals.h"
-#include "platform/file_error.h"
 #include "support/fake_host.h"
-#include "ui/application.h"
 #include "ui/install_tree.h"
-#include "ui/menu_page.h"
 #include "ui/picture_button.h"
 #include "ui/program.h"
 
@@ -181,14 +178,4 @@ TEST_F(MainWindowTest, GivingUpOnTheShareEndsWithoutAnError) {
     host.share = [](const QString&, const QString&, const QString&) { return false; };
     EXPECT_EQ(program.start(), 0);
     EXPECT_FALSE(program.running());
-}
-
-TEST(PictureButton, SaysWhichPictureIsMissing) {
-    try {
-        ui::PictureButton(u"/nowhere/"_s, frame::endbotan);
-        FAIL();
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.file(), u"/nowhere/zen_end.BMP"_s);
-        EXPECT_TRUE(error.text().contains(error.file()));
-    }
 }
