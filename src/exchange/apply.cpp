@@ -71,7 +71,7 @@ private:
         for (size_t i = 0; i < row.target->numbers.size(); ++i)
             statement.bind_at(++place, row.numbers[i]);
         for (size_t i = 0; i < row.target->texts.size(); ++i)
-            statement.bind_at(++place, row.texts[i]);
+            statement.bind_utf8(++place, row.texts[i]);
         statement.run();
     }
 
@@ -134,12 +134,22 @@ void let_go(store::Database& exchange, const Batch& batch) {
         exchange.prepare("delete from jyusin where rowid<=?").bind(batch.last_row_id).run();
 }
 
+/// A batch touches pages all over the indexes, and reads those of the exchange file twice; what leaves that file
+/// needn't be wiped, as it lies encrypted.
+void make_ready(store::Database& exchange, store::Database& rovdata) {
+    constexpr std::string_view keep_pages = "pragma cache_size=-32000";
+    rovdata.exec(keep_pages);
+    exchange.exec(keep_pages);
+    exchange.exec("pragma secure_delete=0");
+    store::add_missing_tables(exchange, store::Kind::Exchange);
+}
+
 } // namespace
 
 qint64 apply_rows(store::Database& exchange, store::Database& rovdata, const Watch& watch, qint64 full) {
     if (!exchange.prepare("select 1 from jyusin limit 1").step())
         return 0;
-    store::add_missing_tables(exchange, store::Kind::Exchange);
+    make_ready(exchange, rovdata);
     store::Statement posted_rows = exchange.prepare(posted_rows_query);
     Tables tables(rovdata);
     for (qint64 rows = 0;;) {

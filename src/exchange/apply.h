@@ -31,7 +31,7 @@ struct Watch {
 };
 
 /// Rows after which a batch ends with its run.
-inline constexpr qint64 batch_rows = 200'000;
+inline constexpr qint64 batch_rows = 250'000;
 
 /// Takes every row of the exchange file; how many there were. Throws store::Error, whose file() tells which of the two
 /// failed; batches taken before stay taken, and the rows of the one that failed stay in the exchange file.

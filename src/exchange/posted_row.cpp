@@ -3,6 +3,7 @@
 #include "base/literals.h"
 
 #include <algorithm>
+#include <charconv>
 #include <optional>
 
 namespace exchange {
@@ -36,61 +37,65 @@ constexpr PostedField kinnisu_numbers[]{
 constexpr PostedField kyumei_numbers[]{{3, u"社員システム番号"}, {2, u"年月日"}, {4, u"システム番号"}};
 constexpr PostedField kyumei_texts[]{{5, u"休暇名"}, {6, u"休出"}};
 
-const Target* target_of(const QString& kind) {
+const Target* target_of(QByteArrayView kind) {
     const auto found = std::ranges::find(targets, kind, &Target::kind);
     return found == targets.end() ? nullptr : found;
 }
 
 /// What of a bad value is shown: short, and on one line.
-QString shown(const QString& value) {
+QString shown(QByteArrayView value) {
     constexpr int most = 20;
-    return value.left(most).simplified();
+    return QString::fromUtf8(value).left(most).simplified();
 }
 
-/// Reads digits with an optional sign; nothing for other text or a number too large to count.
-std::optional<qint64> number_of(QStringView text) {
-    bool readable = false;
-    const qint64 number = text.trimmed().toLongLong(&readable);
-    return readable ? std::optional(number) : std::nullopt;
+/// Nothing for text that isn't a number, or a number too large to count.
+std::optional<qint64> number_of(QByteArrayView text) {
+    qint64 number = 0;
+    const auto [end, error] = std::from_chars(text.begin(), text.end(), number);
+    return error == std::errc() && end == text.end() ? std::optional(number) : std::nullopt;
 }
 
-QString reason_of(const PostedField& field, const QString& value) {
-    return value.trimmed().isEmpty() ? u"%1がありません"_s.arg(field.name)
-                                     : u"%1「%2」は数字ではありません"_s.arg(field.name, shown(value));
+QString reason_of(const PostedField& field, QByteArrayView value) {
+    return value.isEmpty() ? u"%1がありません"_s.arg(field.name)
+                           : u"%1「%2」は数字ではありません"_s.arg(field.name, shown(value));
+}
+
+QString reason_of_kind(QByteArrayView kind) {
+    return kind.isEmpty() ? u"種別がありません"_s : u"種別「%1」はわかりません"_s.arg(shown(kind));
 }
 
 } // namespace
 
 constexpr std::array<Target, target_count> targets{{
-    {u"51", rovmei_numbers, rovmei_texts, -1, false, "delete from rovmei where 社員システム番号=? and 出社日=?",
+    {"51", rovmei_numbers, rovmei_texts, -1, false, "delete from rovmei where 社員システム番号=? and 出社日=?",
         "insert into rovmei (社員システム番号, 出社日, 出社時間, 退社時間, 休憩時間, 勤務時間, 備考) values "
         "(?,?,?,?,?,?,?)"},
-    {u"52", kinjisyu_numbers, {}, 3, true, "delete from kinjisyu where 社員システム番号=? and 年月日=?",
+    {"52", kinjisyu_numbers, {}, 3, true, "delete from kinjisyu where 社員システム番号=? and 年月日=?",
         "insert into kinjisyu (社員システム番号, 年月日, 勤務種類, 時間) values (?,?,?,?)"},
-    {u"53", kinnisu_numbers, {}, 4, true, "delete from kinnisu where 社員システム番号=? and 年月=?",
+    {"53", kinnisu_numbers, {}, 4, true, "delete from kinnisu where 社員システム番号=? and 年月=?",
         "insert into kinnisu (社員システム番号, 年月, システム番号, 休暇残業, 日数１) values (?,?,?,?,?)"},
-    {u"54", kyumei_numbers, kyumei_texts, 2, false, "delete from kyumei where 社員システム番号=? and 年月日=?",
+    {"54", kyumei_numbers, kyumei_texts, 2, false, "delete from kyumei where 社員システム番号=? and 年月日=?",
         "insert into kyumei (社員システム番号, 年月日, システム番号, 休暇名, 休出) values (?,?,?,?,?)"},
 }};
 
 PostedRow read_row(const store::Row& row) {
     PostedRow posted;
-    const QString kind = row.text(kind_ordinal).trimmed();
+    const QByteArrayView kind = row.utf8(kind_ordinal).trimmed();
     posted.target = target_of(kind);
     if (!posted.target) {
-        posted.reason = kind.isEmpty() ? u"種別がありません"_s : u"種別「%1」はわかりません"_s.arg(shown(kind));
+        posted.reason = reason_of_kind(kind);
         return posted;
     }
     for (size_t i = 0; i < posted.target->numbers.size(); ++i) {
         const PostedField& field = posted.target->numbers[i];
-        const QString value = row.text(field.ordinal);
+        const QByteArrayView value = row.utf8(field.ordinal).trimmed();
         const auto number = number_of(value);
         if (!number && posted.reason.isEmpty())
             posted.reason = reason_of(field, value);
         posted.numbers[i] = number.value_or(0);
     }
     for (size_t i = 0; i < posted.target->texts.size(); ++i)
-        posted.texts[i] = row.text(posted.target->texts[i].ordinal);
+        posted.texts[i] = row.utf8(posted.target->texts[i].ordinal);
     return posted;
 }
 

@@ -22,7 +22,7 @@ struct PostedField {
 };
 
 struct Target {
-    QStringView kind;
+    QByteArrayView kind;
     /// Number fields in the order of the target's columns, the employee and the date or month first; each must hold a
     /// number.
     std::span<const PostedField> numbers;
@@ -42,8 +42,8 @@ inline constexpr int most_numbers = 6;
 struct PostedRow {
     const Target* target = nullptr; ///< nothing for a row of an unknown kind
     std::array<qint64, most_numbers> numbers{};
-    std::array<QString, 2> texts{};
-    QString reason; ///< why the row can't be read, in Japanese; empty for a good row
+    std::array<QByteArrayView, 2> texts{}; ///< in UTF-8; stand as long as the row that was read
+    QString reason;                        ///< why the row can't be read, in Japanese; empty for a good row
 
     qint64 employee() const { return numbers[0]; }
     qint64 date() const { return numbers[1]; } ///< the month number in a count of days
@@ -54,7 +54,7 @@ struct PostedRow {
 inline constexpr std::string_view posted_rows_query =
     R"(select rowid,"2","3","4","5","6","7","8","9","10","11","12","13","14","15","16" from jyusin order by rowid)";
 
-/// A number is digits with an optional sign, blanks around it passed over; an empty field is half a record.
+/// A number is digits with an optional minus, blanks around it passed over; an empty field is half a record.
 PostedRow read_row(const store::Row& row);
 
 } // namespace exchange

@@ -1,6 +1,7 @@
 #include "exchange/run.h"
 
 #include "base/literals.h"
+#include "frame/exchange_files.h"
 #include "platform/program_lock.h"
 #include "store/files.h"
 
@@ -20,8 +21,9 @@ namespace {
 
 const QString window_title = u"jyusinkanri"_s;
 
-QString kept_folder(const frame::Settings& settings) {
-    return store::exchange_folder(settings) + u"/nokori"_s;
+/// What orders kept files by age: the time in the name, then the number of the file.
+std::pair<QString, QString> age_of(const QString& name) {
+    return {name.section(u'-', 1), name};
 }
 
 using enum store::Code;
@@ -115,7 +117,6 @@ ManagerRun::Pass ManagerRun::apply(store::Database& exchange) {
     const QString tables = store::rovdata_path(m_settings);
     try {
         store::Database rovdata = store::Database::open(tables, store::Kind::Rovdata, m_patience);
-        rovdata.exec("pragma cache_size=-32000"); // a batch touches pages all over the indexes
         apply_rows(exchange, rovdata, m_watch);
         return Pass::Again;
     } catch (const store::Error& error) {
@@ -147,17 +148,22 @@ void ManagerRun::finish_kept(const QString& path, bool holds_errors) {
 
 void ManagerRun::set_aside(const QString& path) {
     m_skipped.insert(path);
-    QString name = path + u".kowareta"_s;
-    for (int n = 2; QFileInfo::exists(name); ++n)
-        name = u"%1.%2.kowareta"_s.arg(path).arg(n);
-    if (QFile::rename(path, name))
-        m_watch.trouble(name + u" として残しました"_s);
+    QString name = path;
+    do
+        name += frame::unreadable_ending;
+    while (QFileInfo::exists(name));
+    if (!QFile::rename(path, name))
+        return;
+    QFile::rename(path + u"-journal"_s, name + u"-journal"_s);
+    m_watch.trouble(name + u" として残しました"_s);
 }
 
 QStringList ManagerRun::kept_files() const {
-    const QDir folder(kept_folder(m_settings), u"*.mdb"_s, QDir::Name, QDir::Files);
+    const QDir folder(frame::kept_folder(m_settings), u"*.mdb"_s, QDir::Name, QDir::Files);
+    QStringList names = folder.entryList();
+    std::ranges::sort(names, {}, age_of);
     QStringList paths;
-    for (const QString& name : folder.entryList())
+    for (const QString& name : names)
         paths << folder.filePath(name);
     return not_skipped(paths);
 }
@@ -180,9 +186,10 @@ store::Database ManagerRun::open(const QString& path) const {
 
 // A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
 // the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
-int run_manager(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience) {
+int run_manager(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience,
+    std::chrono::milliseconds patience) {
     const QString folder = store::exchange_folder(settings);
-    ManagerRun run(settings, watch);
+    ManagerRun run(settings, watch, patience);
     bool good = true;
     do {
         platform::ProgramLock lock(folder, window_title);

@@ -57,8 +57,10 @@ private:
 };
 
 /// The life of the program: holds the lock that stands for its window "jyusinkanri" and applies. Waits at most
-/// `lock_patience` for another manager, which then sees to the rows itself. Gives the exit status, 0 or 1.
+/// `lock_patience` for another manager, which then sees to the rows itself, and `patience` for a file that another
+/// writes. Gives the exit status, 0 or 1.
 int run_manager(const frame::Settings& settings, const Watch& watch,
-    std::chrono::milliseconds lock_patience = std::chrono::seconds(10));
+    std::chrono::milliseconds lock_patience = std::chrono::seconds(10),
+    std::chrono::milliseconds patience = store::default_patience);
 
 } // namespace exchange

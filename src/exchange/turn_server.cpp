@@ -58,6 +58,9 @@ TurnServer::~TurnServer() {
 }
 
 bool TurnServer::listen() {
+    // Where the queue of the system is full, a client takes itself for connected and the service never hears of it.
+    constexpr int backlog = 1024;
+    m_server.setListenBacklogSize(backlog);
     const bool open = m_server.listen(m_options.bind, m_options.port);
     const QString place = u"%1:%2"_s.arg(m_options.bind.toString()).arg(open ? port() : m_options.port);
     m_log.line(

@@ -92,8 +92,9 @@ void copy_file(const QString& from, const QString& to) {
 }
 
 void copy_tree(const QString& from, const QString& to) {
-    const QDir source(from);
-    QDirIterator files(from, QDir::Files, QDirIterator::Subdirectories);
+    // Where the folder is named relative to this process, relativeFilePath() would keep the paths as they are.
+    const QDir source(QDir(from).absolutePath());
+    QDirIterator files(source.path(), QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString file = files.next();
         const QString target = below(to, source.relativeFilePath(file));

@@ -108,7 +108,7 @@ TEST_F(InstallTree, BringsProgramsAndAssetsUpToDateOnEachRun) {
     write(u"pages/help/img/a.png"_s, "page");
     QFile::setPermissions(folder.filePath(u"bin/rovena"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     install::Options with_assets = options();
-    with_assets.assets = QStringList{folder.filePath(u"art"_s), folder.filePath(u"pages"_s)};
+    with_assets.assets = QStringList{QDir().relativeFilePath(folder.filePath(u"art"_s)), folder.filePath(u"pages"_s)};
     const QString product = run(with_assets).local_root + u"/rovena100/"_s;
     EXPECT_TRUE(said.contains(u"no jyusinkanri beside this program"_s));
     EXPECT_EQ(bytes_of(product + u"system/pic/botan/top_ent.BMP"_s), "picture");

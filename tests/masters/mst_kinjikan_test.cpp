@@ -126,6 +126,10 @@ TEST_F(WorkTypes, TheListsWriteNameAndNumberAndBackspaceTakesThemBack) {
     form.hyou_Click({3, band_col::category_name});
     EXPECT_EQ(form.atai_com[0].index, 1) << "a cell without a number leaves the selection as it is";
     EXPECT_EQ(form.focus, (Focus{Control::AtaiCom, 0}));
+    choose(3, band_col::mode_name, 0);
+    form.hyou_Click({2, band_col::mode_name});
+    form.hyou_Click({3, band_col::mode_name});
+    EXPECT_EQ(form.atai_com[1].index, 1) << "nor is the number 0 looked for";
     form.hyou_Click({2, band_col::category_name});
     EXPECT_TRUE(form.atai_com_KeyPress(0, key::backspace));
     EXPECT_EQ(grid_row(2).mid(2, 4), QStringList({u""_s, u""_s, u"この時間が勤務開始"_s, u"1"_s}));

@@ -1,0 +1,158 @@
+#include "exchange/run.h"
+#include "exchange_tree.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QRegularExpression>
+#include <array>
+#include <memory>
+
+namespace exchange {
+
+namespace {
+
+/// A save of one employee's month, in which every value tells the round it comes from.
+Rows month_save(int employee, int round) {
+    Rows rows;
+    const auto dates = [](const auto& add) {
+        for (const int day : {1, 32})
+            add(20041000 + day);
+    };
+    dates([&](int date) { rows << day_row(employee, date, u"830 1715 100 %1"_s.arg(round)); });
+    dates([&](int date) {
+        for (int category = 1; category <= 8; ++category)
+            rows << u"52|%1|%2|%3|%4|8"_s.arg(date).arg(employee).arg(category).arg((round + category) % 5);
+    });
+    for (int kind = 1; kind <= 10; ++kind)
+        rows << u"53|200410|%1|%2|1|%3|0|0"_s.arg(employee).arg(kind).arg((round + kind) % 3);
+    dates([&](int date) { rows << u"54|%1|%2|%3|公休|0"_s.arg(date).arg(employee).arg((round + date) % 4); });
+    rows << u"99|%1|%2"_s.arg(round).arg(employee);
+    return rows;
+}
+
+class Manager : public testing::Test {
+protected:
+    static QString program() { return qEnvironmentVariable("ROVENA_BIN") + u"/jyusinkanri"_s; }
+    QStringList arguments() const {
+        return {u"--root"_s, tree.settings.server_root, u"--local"_s, tree.settings.local_root};
+    }
+
+    std::unique_ptr<QProcess> start(
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const {
+        auto process = std::make_unique<QProcess>();
+        process->setProcessEnvironment(environment);
+        process->setStandardErrorFile(QProcess::nullDevice());
+        process->start(program(), arguments());
+        EXPECT_TRUE(process->waitForStarted());
+        return process;
+    }
+
+    int run() const {
+        const auto process = start();
+        process->waitForFinished(60'000);
+        return process->exitStatus() == QProcess::NormalExit ? process->exitCode() : -1;
+    }
+
+    QString error_lines() const {
+        return QString::fromUtf8(content(tree.settings.local_root + u"/rovena100/data/trn/errmsg.txt"_s));
+    }
+
+    static void apply_all(const Tree& other) { EXPECT_TRUE(ManagerRun(other.settings, Watch()).apply_all()); }
+
+    Tree tree;
+};
+
+} // namespace
+
+TEST_F(Manager, AppliesTheRowsAndWritesWhatItCouldNotReadForTheErrorList) {
+    tree.post({u"54|20041001|7|3|公休|0"_s, u"52|20041001|7|1|x|8"_s});
+    EXPECT_EQ(run(), 0);
+    EXPECT_EQ(tree.tables(), "54|7|20041001|3|公休|0||");
+    static const QRegularExpression line(
+        u"^\"\\d{4}/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d hanjyusin01\\.mdb 2件目: 時間「x」は数字ではありません\"\n$"_s);
+    EXPECT_TRUE(line.match(error_lines()).hasMatch()) << error_lines().toStdString();
+}
+
+TEST_F(Manager, EndsWithStatus1AndALineWhereTheTablesAreMissing) {
+    QFile::remove(tree.rovdata_path());
+    tree.post({u"54|20041001|7|3|公休|0"_s});
+    EXPECT_EQ(run(), 1);
+    EXPECT_NE(tree.left(), "");
+    EXPECT_TRUE(error_lines().contains(u"rovdata.mdb"_s)) << error_lines().toStdString();
+}
+
+TEST_F(Manager, NeedsNoDisplayAndIsNotStoppedByABrokenOne) {
+    auto none = QProcessEnvironment::systemEnvironment();
+    for (const auto& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
+        none.remove(name);
+    auto x = none, wayland = none;
+    x.insert(u"DISPLAY"_s, u":987"_s);
+    wayland.insert(u"WAYLAND_DISPLAY"_s, u"nowhere-0"_s);
+    int date = 20041001;
+    for (const auto& environment : {none, x, wayland}) {
+        tree.post({u"54|%1|7|3|公休|0"_s.arg(date++)});
+        const auto process = start(environment);
+        EXPECT_TRUE(process->waitForFinished(60'000));
+        EXPECT_EQ(process->exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process->exitCode(), 0);
+        EXPECT_EQ(tree.left(), "");
+    }
+}
+
+TEST_F(Manager, SeveralAtOnceCountEveryRowOnce) {
+    Tree alone;
+    std::vector<std::unique_ptr<QProcess>> managers;
+    for (int round = 1; round <= 8; ++round) {
+        tree.post(month_save(7, round));
+        alone.post(month_save(7, round));
+        managers.push_back(start());
+    }
+    for (const auto& manager : managers) {
+        EXPECT_TRUE(manager->waitForFinished(60'000));
+        EXPECT_EQ(manager->exitCode(), 0);
+    }
+    apply_all(alone);
+    EXPECT_EQ(tree.tables(), alone.tables());
+    EXPECT_EQ(tree.errors(tree.exchange_path()), alone.errors(alone.exchange_path()));
+    EXPECT_EQ(tree.left(), "");
+}
+
+// Each run is killed one change of a file later than the run before, from its first change to its last, and the next
+// one finds what it left.
+TEST_F(Manager, KilledAtEveryChangeOfAFileItCountsEveryRowOnce) {
+    std::array<Rows, 2> posted;
+    const auto post = [&](int round) {
+        // Saves of the same employee in each round, and one that no later round makes good if it is lost.
+        const std::array saves{month_save(1, round) + month_save(1000 + round, round), month_save(2000 + round, round)};
+        for (size_t i = 0; i < saves.size(); ++i) {
+            tree.post(saves[i], int(i) + 1);
+            posted[i] += saves[i];
+        }
+    };
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LD_PRELOAD"_s, qEnvironmentVariable("ROVENA_BIN") + u"/kill_shim.so"_s);
+    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0:verify_asan_link_order=0"_s);
+    int kills = 0;
+    for (bool killed = true; killed; kills += killed) {
+        post(kills);
+        environment.insert(u"KILL_BEFORE_CHANGE"_s, QString::number(kills + 1));
+        const auto manager = start(environment);
+        ASSERT_TRUE(manager->waitForFinished(60'000));
+        killed = manager->exitStatus() == QProcess::CrashExit;
+        apply_all(tree);
+    }
+    EXPECT_GE(kills, 100);
+
+    Tree undisturbed;
+    for (const int file : {1, 2})
+        undisturbed.post(posted[size_t(file) - 1], file);
+    apply_all(undisturbed);
+    EXPECT_EQ(tree.tables(), undisturbed.tables());
+    for (const int file : {1, 2}) {
+        EXPECT_EQ(tree.left(file), "");
+        const auto reasons = [file](const Tree& of) { return of.errors(of.exchange_path(file)); };
+        EXPECT_EQ(reasons(tree), reasons(undisturbed));
+    }
+}
+
+} // namespace exchange
