@@ -39,12 +39,9 @@ bool has_rows(store::Database& database, const QString& table) {
     return database.has_table(table) && database.prepare(u"select 1 from %1 limit 1"_s.arg(table).toStdString()).step();
 }
 
-/// Whether a lock that couldn't be taken is another manager's; a folder that isn't there is told.
-bool locked_elsewhere(const QString& folder, const Watch& watch) {
-    const bool writable = QFileInfo(folder).isDir() && QFileInfo(folder).isWritable();
-    if (!writable)
-        watch.trouble(u"受信フォルダ %1 に書き込めません"_s.arg(folder));
-    return writable;
+bool can_write(const QString& folder) {
+    const QFileInfo info(folder);
+    return info.isDir() && info.isWritable();
 }
 
 } // namespace
@@ -189,12 +186,16 @@ store::Database ManagerRun::open(const QString& path) const {
 int run_manager(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience,
     std::chrono::milliseconds patience) {
     const QString folder = store::exchange_folder(settings);
+    if (!can_write(folder)) {
+        watch.trouble(u"受信フォルダ %1 に書き込めません"_s.arg(folder));
+        return 1;
+    }
     ManagerRun run(settings, watch, patience);
     bool good = true;
     do {
         platform::ProgramLock lock(folder, window_title);
         if (!lock.take(std::exchange(lock_patience, {})))
-            return locked_elsewhere(folder, watch) && good ? 0 : 1;
+            break;
         good = run.apply_all();
     } while (good && run.rows_wait());
     return good ? 0 : 1;
