@@ -3,11 +3,13 @@
 
 add_library(rovena_options INTERFACE)
 target_compile_options(rovena_options INTERFACE
-  $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wnon-virtual-dtor;-Woverloaded-virtual;-Werror;-Winvalid-pch>)
+  $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wnon-virtual-dtor;-Woverloaded-virtual;-Werror;-Winvalid-pch>
+  $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>) # ccache sees through precompiled headers only so
 target_compile_definitions(rovena_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH QT_NO_KEYWORDS)
 if(ROVENA_SANITIZE)
-  target_compile_options(rovena_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_compile_options(rovena_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
+    -Wno-maybe-uninitialized) # gcc warns of its own instrumentation
   target_link_options(rovena_options INTERFACE -fsanitize=address,undefined)
 endif()
 

@@ -13,15 +13,25 @@ qint64 look_key(int row, int col) {
     return qint64(row) << 32 | qint64(col);
 }
 
-/// Numbers stand before texts: "9", "10" and "1a" would go round in a circle otherwise.
-bool generic_less(const QString& a, const QString& b) {
-    bool a_is_number = false;
-    bool b_is_number = false;
-    const qint64 left = a.toLongLong(&a_is_number);
-    const qint64 right = b.toLongLong(&b_is_number);
-    if (a_is_number && b_is_number)
-        return left < right;
-    return a_is_number == b_is_number ? a < b : a_is_number;
+/// What a row is sorted by: numbers stand before texts, since "9", "10" and "1a" would go round in a circle otherwise.
+struct SortKey {
+    bool is_text;
+    qint64 number;
+    QString text;
+
+    friend bool operator<(const SortKey& a, const SortKey& b) {
+        if (a.is_text != b.is_text)
+            return b.is_text;
+        return a.is_text ? a.text < b.text : a.number < b.number;
+    }
+};
+
+SortKey key_of(const QString& cell, SortOrder order) {
+    if (order == SortOrder::NumericAscending)
+        return {false, Val(cell), {}};
+    bool is_number = false;
+    const qint64 number = cell.toLongLong(&is_number);
+    return is_number ? SortKey{false, number, {}} : SortKey{true, 0, cell};
 }
 
 int last_with_size(const QList<int>& sizes) {
@@ -122,14 +132,21 @@ void Sheet::Clear() {
 }
 
 void Sheet::Sort(int col, SortOrder order) {
+    QList<SortKey> keys;
+    keys.reserve(Rows());
+    for (int row = 0; row < Rows(); ++row)
+        keys << key_of((*this)(row, col), order);
     QList<int> rows(std::max(0, Rows() - m_fixed_rows));
     std::iota(rows.begin(), rows.end(), m_fixed_rows);
-    const auto less = [&](int a, int b) {
-        const QString& left = (*this)(a, col);
-        const QString& right = (*this)(b, col);
-        return order == SortOrder::NumericAscending ? Val(left) < Val(right) : generic_less(left, right);
-    };
-    std::stable_sort(rows.begin(), rows.end(), less);
+    const auto less = [&keys](int a, int b) { return keys[a] < keys[b]; };
+    if (!std::ranges::is_sorted(rows, less)) {
+        std::ranges::stable_sort(rows, less);
+        take_rows(rows);
+    }
+}
+
+/// The rows below the fixed ones become these, in this order.
+void Sheet::take_rows(const QList<int>& rows) {
     QList<QString> sorted = m_cells;
     for (qsizetype i = 0; i < rows.size(); ++i)
         for (int c = 0; c < Cols(); ++c)

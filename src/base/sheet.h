@@ -105,6 +105,7 @@ public:
 private:
     qsizetype at(int row, int col) const;
     CellLook& look_of(int row, int col);
+    void take_rows(const QList<int>& rows);
 
     QList<QString> m_cells;
     QList<int> m_row_heights;

@@ -12,6 +12,10 @@ QString Trim(QStringView text) {
     return text.toString();
 }
 
+QString Trim(const QString& text) {
+    return text.startsWith(u' ') || text.endsWith(u' ') ? Trim(QStringView(text)) : text;
+}
+
 QString 文字除去(QString text, QChar character) {
     return text.remove(character);
 }
@@ -22,6 +26,18 @@ QString left_justified(QStringView text, int width) {
 
 QString right_justified(QStringView text, int width) {
     return text.toString().rightJustified(width, u' ', true);
+}
+
+QString whole_left(QStringView text, int length) {
+    QStringView kept = text.left(length);
+    if (kept.size() < text.size() && !kept.isEmpty() && kept.back().isHighSurrogate())
+        kept.chop(1);
+    return kept.toString();
+}
+
+QString field_text(QStringView text) {
+    constexpr int field_room = 255;
+    return whole_left(text, field_room);
 }
 
 QString last_four(QStringView text) {

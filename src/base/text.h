@@ -10,6 +10,7 @@ namespace base {
 
 /// The text without ordinary blanks (U+0020) at both ends. Ideographic spaces stay, as a name may consist of them.
 QString Trim(QStringView text);
+QString Trim(const QString& text); ///< shares the text where nothing is to be taken off
 
 /// Every occurrence of the character removed.
 QString 文字除去(QString text, QChar character);
@@ -17,6 +18,12 @@ QString 文字除去(QString text, QChar character);
 /// The text in a field of exactly `width` characters, padded with blanks or cut.
 QString left_justified(QStringView text, int width);  ///< left_justified(u"公休", 4)  // "公休  "
 QString right_justified(QStringView text, int width); ///< right_justified(u"7", 3)    // "  7"
+
+/// The first `length` units of the text, one less where the cut would go through a character of two units.
+QString whole_left(QStringView text, int length);
+
+/// The text as a field of the tables can hold it: at most 255 characters.
+QString field_text(QStringView text);
 
 /// The last four characters of "0000" + text: the form in which hours and minutes are told apart by place.
 QString last_four(QStringView text); ///< last_four(u"830") // "0830"

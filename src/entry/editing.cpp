@@ -112,33 +112,31 @@ int beside(int column, int step) {
     return column + step == col::kind ? column + 2 * step : column + step;
 }
 
-/// Where a key leads; nothing for other keys and past the edges.
-std::optional<Cell> target_of(const base::Sheet& hyou, int key_code) {
-    const Cell here = cursor_of(hyou);
-    std::optional<Cell> target;
+Cell led_by_key(Cell here, int key_code) {
     switch (key_code) {
     case key::enter:
-        target = after_enter(here);
-        break;
+        return after_enter(here);
     case key::right:
-        target = {here.row, beside(here.col, 1)};
-        break;
+        return {here.row, beside(here.col, 1)};
     case key::left:
-        target = {here.row, beside(here.col, -1)};
-        break;
+        return {here.row, beside(here.col, -1)};
     case key::down:
-        target = {here.row + 1, here.col};
-        break;
+        return {here.row + 1, here.col};
     case key::up:
-        target = {here.row - 1, here.col};
-        break;
+        return {here.row - 1, here.col};
     default:
-        return std::nullopt;
+        return here;
     }
+}
+
+/// Where a key leads; nothing for other keys and past the edges. Enter alone goes on below the total row.
+std::optional<Cell> target_of(const base::Sheet& hyou, int key_code) {
+    const Cell here = cursor_of(hyou);
+    const Cell target = led_by_key(here, key_code);
     const int last_row = key_code == key::down ? row::total : hyou.Rows() - 1;
-    const bool inside = target->row >= row::first_day && target->row <= last_row && target->col >= hyou.FixedCols() &&
-                        target->col < hyou.Cols();
-    return inside ? target : std::nullopt;
+    const bool inside = target.row >= row::first_day && target.row <= last_row && target.col >= hyou.FixedCols() &&
+                        target.col < hyou.Cols();
+    return inside && target != here ? std::optional(target) : std::nullopt;
 }
 
 bool in_view(const base::Sheet& hyou, Cell cell, int view_width, int view_height) {

@@ -16,10 +16,6 @@ namespace {
 // A client that reads none of its four-letter answers is gone in all but name.
 constexpr qint64 most_unsent_bytes = 1024;
 
-// A burst of PCs waits in the operating system's row. Where that overflows, a client may take itself for connected and
-// hear nothing.
-constexpr int most_unaccepted = 256;
-
 struct Note {
     QByteArrayView reply;
     QStringView text;
@@ -62,7 +58,9 @@ TurnServer::~TurnServer() {
 }
 
 bool TurnServer::listen() {
-    m_server.setListenBacklogSize(most_unaccepted);
+    // Where the queue of the system is full, a client takes itself for connected and the service never hears of it.
+    constexpr int backlog = 1024;
+    m_server.setListenBacklogSize(backlog);
     const bool open = m_server.listen(m_options.bind, m_options.port);
     const QString place = u"%1:%2"_s.arg(m_options.bind.toString()).arg(open ? port() : m_options.port);
     m_log.line(

@@ -15,12 +15,16 @@ QString pictures(const Settings& settings) {
 
 } // namespace
 
-QString picture_path(const Settings& settings, QStringView file) {
-    return pictures(settings) + u"botan/"_s + file.toString();
+QString picture_folder(const Settings& settings) {
+    return pictures(settings) + u"botan/"_s;
 }
 
 QString splash_path(const Settings& settings) {
     return pictures(settings) + u"splash.bmp"_s;
+}
+
+QString program_icon_path(const Settings& settings) {
+    return pictures(settings) + u"icon/rovena.png"_s;
 }
 
 } // namespace frame

@@ -19,10 +19,11 @@ struct Button {
 /// Closes a page; every screen has it.
 inline constexpr Button endbotan{0, u"閉じる", u"zen_end.BMP", u"zen_end_b.BMP"};
 
-/// The path of a bitmap of this PC.
-QString picture_path(const Settings& settings, QStringView file);
+/// The folder of the buttons' bitmaps on this PC, with "/" at its end.
+QString picture_folder(const Settings& settings);
 
-/// The picture of the start-up form.
+/// The picture of the start-up form, and that of the program in window titles.
 QString splash_path(const Settings& settings);
+QString program_icon_path(const Settings& settings);
 
 } // namespace frame

@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
+#include "store/schema.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -28,9 +29,13 @@ public:
           m_lock(std::in_place, *m_database, store::Transaction::Lock::Exclusive) {}
 
     bool holds_rows() {
-        store::Statement rows =
-            m_database->prepare("select exists(select 1 from jyusin) or exists(select 1 from jyusin_error)");
-        return rows.step() && rows.row().number(0) != 0;
+        return number("select exists(select 1 from jyusin) or exists(select 1 from jyusin_error)") != 0;
+    }
+
+    /// Whether a new file would look no different; rows apart.
+    bool as_new() {
+        return number("pragma freelist_count") == 0 &&
+               number("select count(*) from sqlite_master") == qint64(store::tables_of(store::Kind::Exchange).size());
     }
 
     /// Makes sure that the file can be moved, as far as the system needs that.
@@ -42,6 +47,11 @@ public:
     }
 
 private:
+    qint64 number(std::string_view sql) {
+        store::Statement statement = m_database->prepare(sql);
+        return statement.step() ? statement.row().number(0) : 0;
+    }
+
     std::optional<store::Database> m_database;
     std::optional<store::Transaction> m_lock;
 };
@@ -61,10 +71,9 @@ using Write = std::error_code (*)(const QString& path, const QByteArray& bytes, 
 class Remaking {
 public:
     Remaking(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience)
-        : m_folder(kept_folder(settings)), m_now(now), m_patience(patience),
-          m_image(store::empty_database_image(store::Kind::Exchange)) {}
+        : m_folder(kept_folder(settings)), m_now(now), m_patience(patience) {}
 
-    void remake(const QString& path) const {
+    void remake(const QString& path) {
         for (int attempt = 1;; ++attempt) {
             try {
                 return take_place_of(path);
@@ -76,10 +85,12 @@ public:
     }
 
 private:
-    void take_place_of(const QString& path) const {
+    void take_place_of(const QString& path) {
         try {
             Held old(path, m_patience);
             const bool rows = old.holds_rows();
+            if (!rows && old.as_new())
+                return;
             old.let_move();
             if (!rows)
                 return put(path, platform::replace_file, Durability::Cache);
@@ -95,7 +106,9 @@ private:
         put(path, platform::write_new_file, Durability::Disk);
     }
 
-    void put(const QString& path, Write write, Durability durability) const {
+    void put(const QString& path, Write write, Durability durability) {
+        if (m_image.isEmpty())
+            m_image = store::empty_database_image(store::Kind::Exchange);
         const std::error_code failure = write(path, m_image, durability);
         if (failure == std::errc::file_exists)
             throw Error(Code::Replaced, path, {}, {});
@@ -130,7 +143,7 @@ private:
     QString m_folder;
     QDateTime m_now;
     std::chrono::milliseconds m_patience;
-    QByteArray m_image;
+    QByteArray m_image; ///< a new file, made when the first is needed
 };
 
 } // namespace
@@ -141,7 +154,7 @@ QString kept_folder(const Settings& settings) {
 
 void 交換ファイル作成(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience) {
     QDir().mkpath(store::exchange_folder(settings));
-    const Remaking remaking(settings, now, patience);
+    Remaking remaking(settings, now, patience);
     for (int number = 1; number <= store::exchange_file_count; ++number)
         remaking.remake(store::exchange_path(settings, number));
 }

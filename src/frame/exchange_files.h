@@ -20,7 +20,8 @@ QString kept_folder(const Settings& settings);
 /// What the name of an unreadable kept file ends in, after ".mdb".
 inline constexpr QStringView unreadable_ending = u".kowareta";
 
-/// Remakes every exchange file. Whoever has the old file open and writes to it afterwards gets store::Code::Replaced.
+/// Remakes every exchange file; one that is as new already stays. Whoever has a file open that was replaced, and writes
+/// to it afterwards, gets store::Code::Replaced.
 /// Throws store::Error: Code::Busy where another program is writing and doesn't end in time, Code::Newer for a file of
 /// a later version of the program, and whatever keeps a new file from being written.
 void 交換ファイル作成(

@@ -12,7 +12,7 @@ namespace {
 constexpr Button midasi[]{
     {1, u"出勤入力", u"top_ent.BMP", u"top_ent_b.BMP"},
     {2, u"集計表", u"top_rov.BMP", u"top_rov_b.BMP"},
-    {3, u"マスター設定", u"top_mst.BMP", u"top_mst_b.BMP"},
+    {3, u"マスター", u"top_mst.BMP", u"top_mst_b.BMP"},
     {4, u"ヘルプ", u"top_help.BMP", u"top_help_b.BMP"},
     {5, u"終了", u"top_end.BMP", u"top_end_b.BMP"},
 };

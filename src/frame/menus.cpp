@@ -22,7 +22,7 @@ constexpr Button master_buttons[]{
     {1, u"勤務種類", u"mida_kinsyu.bmp", u"mida_kinsyu_b.BMP"},
     {2, u"勤務タイプ時間設定", u"mida_kintype_time.bmp", u"mida_kintype_time_b.BMP"},
     {3, u"社員勤務タイプ設定", u"mida_kintype_sya.bmp", u"mida_kintype_sya_b.BMP"},
-    {4, u"基本情報", u"mida_system.BMP", u"mida_system_b.BMP"},
+    {4, u"システム", u"mida_system.BMP", u"mida_system_b.BMP"},
     {5, u"休暇・出勤", u"mida_kyusyu.BMP", u"mida_kyusyu_b.BMP"},
 };
 
@@ -40,6 +40,18 @@ QString lines(const QStringList& text) {
 
 std::span<const Button> rov_00::buttons() {
     return report_buttons;
+}
+
+QString rov_00::comment(int index) {
+    constexpr QStringView comments[]{
+        u"登録されている社員の一覧です。",
+        u"登録されている勤務種類の一覧です。",
+        u"登録されている勤務タイプの一覧です。",
+        u"社員ごとの一か月の出勤明細です。",
+        u"期間内の勤務時間を社員ごとにまとめます。",
+        u"登録されている休暇と出勤の種類の一覧です。",
+    };
+    return comments[index - 1].toString();
 }
 
 void rov_00::botan_Click(int index) {

@@ -23,6 +23,9 @@ public:
     void botan_Click(int index);
     void endbotan_Click();
 
+    /// What stands beside a button.
+    static QString comment(int index);
+
 private:
     mainform& m_mainform;
     Pages& m_pages;

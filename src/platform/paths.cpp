@@ -30,7 +30,7 @@ QString install_drive(const QString& program_folder) {
         return program_folder.left(1);
     for (QDir dir(program_folder);;) {
         if (QFileInfo(dir.path() + QString::fromLatin1(tail_below_drive)).isDir())
-            return dir.isRoot() ? QString() : dir.path();
+            return drive_at(dir.path());
         if (!dir.cdUp())
             return program_folder;
     }
@@ -38,6 +38,13 @@ QString install_drive(const QString& program_folder) {
 
 QString drive_root(const QString& install_drive) {
     return native(install_drive + (windows ? u":/"_s : u"/"_s));
+}
+
+QString drive_at(const QString& folder) {
+    const QDir place(QDir(folder).absolutePath());
+    if (windows)
+        return place.path().left(1);
+    return place.isRoot() ? QString() : place.path();
 }
 
 QString native(const QString& path) {

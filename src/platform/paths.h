@@ -18,6 +18,10 @@ QString install_drive(const QString& program_folder);
 /// The root folder of that drive, in the platform's form: "C:\" on Windows, elsewhere the folder itself and "/".
 QString drive_root(const QString& install_drive);
 
+/// What stands for the drive of an install tree that lies in `folder`: its first character on Windows; elsewhere the
+/// folder itself, which needs not exist yet.
+QString drive_at(const QString& folder);
+
 /// The path in the platform's form.
 QString native(const QString& path);
 

@@ -11,6 +11,13 @@ namespace {
 
 constexpr int smallest_database = 4096;
 
+/// What every connection is set to once it is proved, behind the reads that prove it:
+/// - no write-ahead log in a shared folder, and a commit survives a power failure of the machine;
+/// - rows that go aren't overwritten: all is encrypted anyway, and emptying a table would cost as much as filling it;
+/// - room for a large table read and changed in one go.
+constexpr std::string_view settled = "commit; pragma journal_mode=delete; pragma synchronous=extra;"
+                                     " pragma secure_delete=off; pragma cache_size=-16384";
+
 /// The first bytes of a file that may be a keyed database. They are read through the engine's own handle: closing
 /// another one would take away the locks that this program holds on the file.
 QByteArray salt_of(const Connection& connection) {
@@ -69,8 +76,7 @@ Database Database::open(const QString& path, Kind kind, std::chrono::millisecond
     prove_key(*connection);
     Database database(std::move(connection));
     check_kind(database, kind);
-    // No write-ahead log in a shared folder; and a commit survives a power failure of the machine.
-    database.exec("commit; pragma journal_mode=delete; pragma synchronous=extra");
+    database.exec(settled);
     return database;
 }
 

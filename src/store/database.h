@@ -121,6 +121,7 @@ private:
     void check(int result);
     Connection* m_connection;
     sqlite3_stmt* m_statement = nullptr;
+    bool m_on_a_row = false;
 };
 
 /// All writes of one procedure on one file. Takes the write lock at once (waiting at most the connection's patience)

@@ -48,11 +48,13 @@ Statement::Statement(Connection& connection, std::string_view sql) : m_connectio
 }
 
 Statement::Statement(Statement&& other) noexcept
-    : m_connection(other.m_connection), m_statement(std::exchange(other.m_statement, nullptr)) {}
+    : m_connection(other.m_connection), m_statement(std::exchange(other.m_statement, nullptr)),
+      m_on_a_row(other.m_on_a_row) {}
 
 Statement& Statement::operator=(Statement&& other) noexcept {
     std::swap(m_connection, other.m_connection);
     std::swap(m_statement, other.m_statement);
+    std::swap(m_on_a_row, other.m_on_a_row);
     return *this;
 }
 
@@ -85,14 +87,12 @@ void Statement::bind_null(int place) {
 
 bool Statement::step() {
     const int result = sqlite3_step(m_statement);
-    if (result == SQLITE_ROW)
+    m_on_a_row = result == SQLITE_ROW;
+    if (m_on_a_row)
         return true;
-    if (result != SQLITE_DONE) {
-        const QByteArray sql = sqlite3_sql(m_statement);
-        sqlite3_reset(m_statement);
-        m_connection->fail({sql.constData(), size_t(sql.size())}, result);
-    }
-    reset();
+    sqlite3_reset(m_statement);
+    if (result != SQLITE_DONE)
+        m_connection->fail(sqlite3_sql(m_statement), result);
     return false;
 }
 
@@ -101,8 +101,10 @@ void Statement::run() {
     }
 }
 
+/// A statement that has run to its end was reset then.
 void Statement::reset() {
-    sqlite3_reset(m_statement);
+    if (std::exchange(m_on_a_row, false))
+        sqlite3_reset(m_statement);
 }
 
 } // namespace store

@@ -5,6 +5,7 @@
 #include "ui/grid_view.h"
 #include "ui/key_codes.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
@@ -17,6 +18,8 @@ namespace ui {
 namespace {
 
 constexpr int backspace_key = 8;
+constexpr int border = 3;
+constexpr int arrow_room = 11;
 constexpr QPoint out_of_sight{-5000, 0};
 
 Qt::Alignment qt_alignment(base::Alignment alignment) {
@@ -44,6 +47,15 @@ bool types_text(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text().front().isPrint();
 }
 
+void draw_arrow(QPainter& painter, QPoint centre) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor::fromRgb(colours::quiet_text), 1.5));
+    const QPointF tip = QPointF(centre) + QPointF(0, 2);
+    painter.drawPolyline(QPolygonF({tip + QPointF(-3, -3), tip, tip + QPointF(3, -3)}));
+    painter.restore();
+}
+
 /// A window that comes before this one, or a list or menu that opens, isn't a step to another control.
 bool leaves_control(Qt::FocusReason reason) {
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
@@ -54,12 +66,15 @@ bool leaves_control(Qt::FocusReason reason) {
 CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground)
     : QLineEdit(grid.viewport()), m_grid(grid), m_state(state), m_acts(std::move(acts)) {
     setFrame(false);
+    setFocusPolicy(Qt::ClickFocus); // Tab must not lead to it where it is out of sight
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, QColor(ground.red, ground.green, ground.blue));
-    colours.setColor(QPalette::Text, Qt::black);
-    setPalette(colours);
+    QPalette own = palette();
+    own.setColor(QPalette::Base, QColor(ground.red, ground.green, ground.blue));
+    own.setColor(QPalette::Text, QColor::fromRgb(colours::text));
+    own.setColor(QPalette::Highlight, QColor::fromRgb(colours::accent));
+    own.setColor(QPalette::HighlightedText, Qt::white);
+    setPalette(own);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { m_acts.Change(text); });
     move(out_of_sight);
 }
@@ -147,6 +162,7 @@ void CellEditor::paintEvent(QPaintEvent* event) {
 }
 
 CellCombo::CellCombo(GridView& grid) : QComboBox(grid.viewport()), m_grid(grid) {
+    setFocusPolicy(Qt::ClickFocus);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     put_away();
 }
@@ -168,6 +184,22 @@ void CellCombo::lay_over(base::Cell cell, int item) {
 void CellCombo::put_away() {
     move(out_of_sight);
     setEnabled(false);
+}
+
+void CellCombo::showPopup() {
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    QComboBox::showPopup();
+}
+
+void CellCombo::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor::fromRgb(colours::ground));
+    painter.setPen(QPen(QColor::fromRgb(colours::accent), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    const QRect arrow(rect().right() - arrow_room, 0, arrow_room, height());
+    draw_arrow(painter, arrow.center());
+    painter.setPen(QColor::fromRgb(colours::text));
+    draw_fitting(painter, rect().adjusted(border, 0, -arrow_room, 0), Qt::AlignCenter, currentText());
 }
 
 void CellCombo::wheelEvent(QWheelEvent* event) {

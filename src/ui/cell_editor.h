@@ -69,7 +69,12 @@ public:
     /// Out of sight and disabled.
     void put_away();
 
+    /// The list is as wide as its names, however narrow the cell is.
+    void showPopup() override;
+
 protected:
+    /// Like a cell, with a small arrow: the desktop's own look would leave no room for the text.
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

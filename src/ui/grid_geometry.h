@@ -27,6 +27,7 @@ public:
     /// `pixels_per_twip` is dpi / 1440; `view` in pixels.
     GridGeometry(const base::Sheet& sheet, double pixels_per_twip, QSize view);
 
+    QSize view() const { return m_view; }
     int pixels(int twips) const;
 
     /// What is in view, the last one possibly cut by the edge.

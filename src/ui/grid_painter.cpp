@@ -38,6 +38,14 @@ public:
         text(place);
     }
 
+    /// The heading band goes on beside the last column.
+    void band_beside(const Span& row, int from, int to) {
+        if (from >= to)
+            return;
+        m_painter.fillRect(from, row.start, to - from, row.size, QColor::fromRgb(colours::heading));
+        m_painter.fillRect(from, row.end() - 1, to - from, 1, QColor::fromRgb(colours::heading_line));
+    }
+
     void frame_in_hand(const GridGeometry& geometry) {
         if (!m_cursor || m_style.row_cursor)
             return;
@@ -77,26 +85,10 @@ private:
             return;
         set_font_for(place.rect.height());
         const QRect room = place.rect.adjusted(side_margin, 0, -side_margin - 1, -1);
-        const int width = m_painter.fontMetrics().horizontalAdvance(content);
-        const int flags = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip | horizontal(place);
-        if (width <= room.width())
-            m_painter.drawText(room, flags, content);
-        else
-            condensed(room, flags, content, width);
+        draw_fitting(m_painter, room, horizontal(place) | Qt::AlignVCenter, content);
     }
 
-    void condensed(const QRect& room, int flags, const QString& content, int width) {
-        const double factor = std::max(narrowest, double(room.width()) / width);
-        const int virtual_width = static_cast<int>(room.width() / factor) + 1;
-        m_painter.save();
-        m_painter.translate(room.topLeft());
-        m_painter.scale(factor, 1.0);
-        m_painter.drawText(QRect(0, 0, virtual_width, room.height()), flags,
-            m_painter.fontMetrics().elidedText(content, Qt::ElideRight, virtual_width));
-        m_painter.restore();
-    }
-
-    int horizontal(const CellPlace& place) const {
+    Qt::Alignment horizontal(const CellPlace& place) const {
         switch (m_sheet.alignment(place.cell.row, place.cell.col)) {
         case base::Alignment::Center:
             return Qt::AlignHCenter;
@@ -140,18 +132,41 @@ QFont cell_font(QFont font, int row_height) {
     return font;
 }
 
+void draw_fitting(QPainter& painter, const QRect& room, Qt::Alignment alignment, const QString& text) {
+    const int flags = static_cast<int>(alignment) | Qt::TextSingleLine | Qt::TextDontClip;
+    const int width = painter.fontMetrics().horizontalAdvance(text);
+    if (width <= room.width()) {
+        painter.drawText(room, flags, text);
+        return;
+    }
+    const double factor = std::max(narrowest, double(room.width()) / width);
+    const int room_before_scaling = static_cast<int>(room.width() / factor) + 1;
+    painter.save();
+    painter.translate(room.topLeft());
+    painter.scale(factor, 1.0);
+    painter.drawText(QRect(0, 0, room_before_scaling, room.height()), flags,
+        painter.fontMetrics().elidedText(text, Qt::ElideRight, room_before_scaling));
+    painter.restore();
+}
+
 bool is_cut(const QString& text, const QFont& font, int width) {
     const int room = width - 2 * side_margin - 1;
     return QFontMetrics(font).horizontalAdvance(text) * narrowest > room;
 }
 
 void paint_grid(QPainter& painter, const base::Sheet& sheet, const GridGeometry& geometry, const GridStyle& style) {
+    painter.fillRect(QRect(QPoint(), geometry.view()), QColor::fromRgb(colours::ground));
     Painting painting(painter, sheet, style);
     const QList<Span> cols = geometry.cols();
-    for (const Span& row : geometry.rows())
+    const int behind = cols.isEmpty() ? 0 : cols.last().end();
+    for (const Span& row : geometry.rows()) {
+        const bool heading = row.index < sheet.FixedRows();
+        if (heading)
+            painting.band_beside(row, behind, geometry.view().width());
         for (const Span& col : cols)
-            painting.cell({{row.index, col.index}, QRect(col.start, row.start, col.size, row.size),
-                row.index < sheet.FixedRows(), row.index < sheet.FixedRows() || col.index < sheet.FixedCols()});
+            painting.cell({{row.index, col.index}, QRect(col.start, row.start, col.size, row.size), heading,
+                heading || col.index < sheet.FixedCols()});
+    }
     painting.frame_in_hand(geometry);
 }
 

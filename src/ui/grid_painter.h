@@ -23,6 +23,9 @@ void paint_grid(QPainter& painter, const base::Sheet& sheet, const GridGeometry&
 /// The font for a row of this height in pixels.
 QFont cell_font(QFont font, int row_height);
 
+/// Text in one line; where it doesn't fit, it is condensed a little before it is cut.
+void draw_fitting(QPainter& painter, const QRect& room, Qt::Alignment alignment, const QString& text);
+
 /// Whether the cell's text can't be read whole at its width, so that a tip should show it.
 bool is_cut(const QString& text, const QFont& font, int width);
 

@@ -1,8 +1,8 @@
 #include "ui/grid_view.h"
 
-#include "ui/colours.h"
 #include "ui/grid_painter.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -108,6 +108,10 @@ int GridView::view_width() const {
     return static_cast<int>(viewport()->width() / pixels_per_twip());
 }
 
+int GridView::own_row_height() const {
+    return base::Sheet::default_row_height * logicalDpiY() / twips_per_inch;
+}
+
 int GridView::full_height(bool with_scroll_bar) const {
     const GridGeometry geometry = geometry_in({});
     int height = 2 * frameWidth() + (with_scroll_bar ? horizontalScrollBar()->sizeHint().height() : 0);
@@ -134,8 +138,7 @@ QSize GridView::minimumSizeHint() const {
 
 void GridView::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), QColor::fromRgb(colours::ground));
-    const bool in_hand = hasFocus() || isAncestorOf(focusWidget());
+    const bool in_hand = hasFocus() || isAncestorOf(QApplication::focusWidget());
     paint_grid(painter, m_sheet, geometry_in(viewport()->size()), {m_style == CursorStyle::Row, in_hand, font()});
 }
 

@@ -43,6 +43,8 @@ public:
     int view_height() const;
     int view_width() const;
 
+    /// The height in pixels of a row of the usual height, before any zoom.
+    int own_row_height() const;
     /// The height in pixels at which all rows are in view, with or without a horizontal scroll bar.
     int full_height(bool with_scroll_bar) const;
     /// The width in pixels of all columns, with or without a vertical scroll bar.

@@ -163,13 +163,6 @@ TEST(DayCalculation, ABreakStandsButDoesNotCountWhenNoCategoryHasWork) {
     EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"3:00"_s, u""_s, u""_s}));
 }
 
-TEST(DayCalculation, ABandWithWorkButNoRuleReachedBlanksTheBreak) {
-    MonthSheet sheet = office_month();
-    sheet.hyou(1, col::break_time) = u"1:00"_s;
-    calculate(sheet, 1, u"8:30"_s, u"10:30"_s);
-    EXPECT_EQ(day(sheet, 1), QStringList({u""_s, u"2:00"_s, u"2:00"_s, u""_s}));
-}
-
 TEST(DayCalculation, ABreakTypedByHandStandsUntilAClockCellChanges) {
     MonthSheet sheet = office_month();
     sheet.kyuflg = BreakHandling::Deducted;
@@ -180,16 +173,6 @@ TEST(DayCalculation, ABreakTypedByHandStandsUntilAClockCellChanges) {
     EXPECT_EQ(day(sheet, 1), QStringList({u"0:20"_s, u"8:40"_s, u"9:00"_s, u""_s})) << "and nothing is taken off";
     calculate(sheet, 1, u"8:30"_s, u"17:30"_s);
     EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"8:00"_s, u"8:00"_s, u""_s}));
-}
-
-TEST(DayCalculation, WorkTimeIsTheWholeStayWhateverTheBands) {
-    MonthSheet sheet = month_sheet({});
-    calculate(sheet, 1, u"8:00"_s, u""_s);
-    EXPECT_EQ(sheet.hyou(1, col::work_time), u"16:00"_s) << "to midnight";
-    calculate(sheet, 1, u"21:50"_s, u"5:20"_s);
-    EXPECT_EQ(sheet.hyou(1, col::work_time), u"7:30"_s);
-    calculate(sheet, 1, u""_s, u""_s);
-    EXPECT_EQ(sheet.hyou(1, col::work_time), u""_s);
 }
 
 TEST(DayCalculation, ABreakLongerThanTheStayGoesThroughTheConversionsAsItIs) {

@@ -273,13 +273,6 @@ TEST_F(Editing, AChosenKindMarksTheDayAndCountsTheKindsButNoHours) {
     EXPECT_EQ(count_under(sheet, u"s4"_s), u""_s);
 }
 
-TEST_F(Editing, ASelectionOfADisabledListIsNobodysChoice) {
-    go_to(3, 7);
-    editors.kyucom.enabled = false;
-    choose_kind(sheet, editors.kyucom, 1);
-    EXPECT_EQ(sheet.mark(3), u""_s);
-}
-
 TEST_F(Editing, ADayLeftForColumn7IsCalculatedWhenTheNextTimeCellIsEntered) {
     go_to(1, 2);
     type(u"830"_s);
@@ -357,12 +350,4 @@ TEST_F(Editing, TheCountStripTakesDigitsItself) {
     }
     clear_count(sheet.hyou_day);
     EXPECT_EQ(sheet.hyou_day(strip::count, 3), u""_s);
-}
-
-TEST(KindItem, NameNumberAndFamilyStandInTenCharactersEach) {
-    EXPECT_EQ(kind_item(u"有休"_s, u"1"_s, u"0"_s), u"有休                 1         0"_s);
-    EXPECT_EQ(kind_item(u"12345678901"_s, u"4"_s, u"1"_s).size(), 30);
-    EXPECT_EQ(kind_parts(kind_item(u"12345678901"_s, u"4"_s, u"1"_s)).name, u"1234567890"_s);
-    EXPECT_EQ(kind_parts(kind_item(u"代 休"_s, u"12"_s, u"1"_s)).name, u"代 休"_s);
-    EXPECT_EQ(kind_parts(kind_item(u"代 休"_s, u"12"_s, u"1"_s)).number, u"12"_s);
 }

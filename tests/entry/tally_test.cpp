@@ -73,21 +73,16 @@ TEST(MonthTally, EveryEmptyDayTakesTheDefaultKindAndIsToBeSaved) {
     EXPECT_EQ(count_under(sheet, u"k1"_s), u"1"_s);
 }
 
-TEST(MonthTally, ACategoryCountsTheDaysWithAnyTimeInItAndNothingIsBlank) {
-    MonthSheet sheet = month_sheet({A, B});
+TEST(MonthTally, ACategoryCountsTheDaysWithAnyTimeInItAndNotAKindOfItsNumber) {
+    MonthSheet sheet = month_sheet({A, B, 3});
+    sheet.hyou(2, 10) = u"1:00"_s;
     sheet.hyou(1, 8) = u"0:01"_s;
     sheet.hyou(31, 8) = u"8:00"_s;
     tally_month(sheet);
     EXPECT_EQ(count_under(sheet, u"11"_s), u"2"_s);
-    EXPECT_EQ(count_under(sheet, u"12"_s), u""_s);
-}
-
-TEST(MonthTally, ACategoryNumberDoesNotMatchAKindOfTheSameNumber) {
-    MonthSheet sheet = month_sheet({3});
-    sheet.hyou(1, 8) = u"1:00"_s;
-    tally_month(sheet);
-    EXPECT_EQ(count_under(sheet, u"s3"_s), u""_s);
+    EXPECT_EQ(count_under(sheet, u"12"_s), u""_s) << "nothing is blank";
     EXPECT_EQ(count_under(sheet, u"3"_s), u"1"_s);
+    EXPECT_EQ(count_under(sheet, u"s3"_s), u""_s);
 }
 
 TEST(MonthTally, CountsAreBuiltAnewEachTime) {
@@ -126,13 +121,4 @@ TEST(KindCount, OneDayOnlyAddsAndAllDaysCountAnewLeavingTheOtherCounts) {
     EXPECT_EQ(count_under(sheet, u"k1"_s), u""_s);
     EXPECT_EQ(count_under(sheet, u"-1"_s), u"9"_s);
     EXPECT_EQ(count_under(sheet, u"11"_s), u"8"_s);
-}
-
-TEST(KindCount, ADayWhoseWorkWasClearedCountsUnderNoKind) {
-    MonthSheet sheet = month_sheet({});
-    sheet.kind_without_work = {};
-    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(count_under(sheet, u"s3"_s), u"1"_s);
-    calculate(sheet, 1, u""_s, u""_s);
-    EXPECT_EQ(count_under(sheet, u"s3"_s), u""_s);
 }

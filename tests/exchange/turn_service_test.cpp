@@ -9,6 +9,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -21,8 +22,11 @@ namespace {
 /// Lets events happen until the condition holds; false after a time that only a broken service needs.
 bool happens(const std::function<bool()>& condition) {
     QElapsedTimer time;
-    for (time.start(); !condition() && time.elapsed() < 240'000;)
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+    for (time.start(); !condition() && time.elapsed() < 240'000;) {
+        // Waiting for an event alone would sleep through what happens in files.
+        QCoreApplication::processEvents();
+        QThread::msleep(1);
+    }
     return condition();
 }
 
@@ -77,6 +81,11 @@ struct Client {
         QObject::connect(&socket, &QTcpSocket::readyRead, &socket, [this] { answer(socket.readAll().left(4)); });
         QObject::connect(&socket, &QTcpSocket::disconnected, &socket, [this] { again(); });
         QObject::connect(&socket, &QTcpSocket::errorOccurred, &socket, [this] { again(); });
+        retry.setSingleShot(true);
+        retry.callOnTimeout(&socket, [this] {
+            socket.abort();
+            connect();
+        });
         connect();
     }
     ~Client() { socket.disconnect(); }
@@ -85,14 +94,8 @@ struct Client {
 
     /// One that is refused comes again, as a person presses the button again.
     void again() {
-        if (done || retry.isActive())
-            return;
-        retry.setSingleShot(true);
-        retry.callOnTimeout(&socket, [this] {
-            socket.abort();
-            connect();
-        });
-        retry.start(50);
+        if (!done && !retry.isActive())
+            retry.start(50);
     }
 
     void answer(const QByteArray& reply) {

@@ -45,6 +45,12 @@ protected:
         file.write(bytes);
     }
 
+    QByteArray bytes_of(int number) const {
+        QFile file(path(number));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
     QTemporaryDir dir;
     frame::Settings settings;
     const QDateTime start{QDate(2004, 10, 5), QTime(9, 0, 1, 7)};
@@ -82,6 +88,20 @@ TEST_F(ExchangeFiles, RowsThatNobodyTookAreKept) {
     EXPECT_EQ(rows(kept_path(u"hanjyusin01-20041005-090001-008.mdb"_s)), QStringList(u"54"_s));
 }
 
+TEST_F(ExchangeFiles, AFileThatWasUsedIsRemadeSmallAndOneThatIsAsNewStays) {
+    remake();
+    const qint64 size = QFileInfo(path(1)).size();
+    open(path(1)).exec("begin; insert into jyusin (\"1\") values (hex(zeroblob(100000))); delete from jyusin; commit");
+    open(path(2)).exec("create table other (x)");
+    const QByteArray third = bytes_of(3);
+    ASSERT_GT(QFileInfo(path(1)).size(), size);
+    remake();
+    EXPECT_EQ(QFileInfo(path(1)).size(), size);
+    EXPECT_FALSE(open(path(2)).has_table(u"other"_s));
+    EXPECT_EQ(bytes_of(3), third);
+    EXPECT_TRUE(kept().isEmpty());
+}
+
 TEST_F(ExchangeFiles, RowsThatCouldNotBeAppliedAreKeptToo) {
     remake();
     open(path(1)).exec("insert into jyusin_error (\"1\", 理由) values ('99', 'x')");
@@ -111,6 +131,7 @@ TEST_F(ExchangeFiles, AFileThatCannotBeReadIsMovedAsideWhole) {
 
 TEST_F(ExchangeFiles, WhoHoldsTheOldFileIsTold) {
     remake();
+    post(path(1), u"51"_s);
     Database old = open(path(1));
     remake();
     try {

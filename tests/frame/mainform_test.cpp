@@ -156,15 +156,6 @@ TEST_F(MainForm, LeavingAMenuBringsTheLandingPageBack) {
     EXPECT_TRUE(pages.open.empty());
 }
 
-TEST_F(MainForm, CommentsStandBesideTheirMasters) {
-    const frame::mst_00 menu(form, pages);
-    EXPECT_EQ(menu.comment(0), u"社員名簿を登録します。"_s);
-    EXPECT_EQ(menu.comment(1), u"勤務の種類を登録します。\r\n\r\n（例）\r\n普通残業、深夜残業、日曜出勤"_s);
-    EXPECT_TRUE(menu.comment(3).endsWith(u"\r\n田中さんには、Ｂパート勤務タイプ"_s));
-    EXPECT_EQ(menu.comment(4), u"システム的な設定をします。"_s);
-    EXPECT_EQ(menu.comment(5), u"休暇と出勤の種類を設定します。"_s);
-}
-
 TEST(MenuBand, StandsAtTheFootOfThePageButNeverAboveItsPlace) {
     EXPECT_EQ(frame::pic_bota_top(9000, 900), 9000 - 900 - 300);
     EXPECT_EQ(frame::pic_bota_top(900 + 300 + 4605, 900), 4605) << "the first height at which both agree";
@@ -174,12 +165,8 @@ TEST(MenuBand, StandsAtTheFootOfThePageButNeverAboveItsPlace) {
 TEST_F(MainForm, HelpOpensThePageOfTheScreen) {
     const QString folder = u"file://localhost/srv/qn/rovena100/help/"_s;
     const std::tuple<QString, int, QString> cases[]{{u"ent_rovena"_s, 0, u"002-0.htm"_s},
-        {u"mst_kinjikan"_s, 0, u"001-3-03.htm"_s}, {u"mst_kinsyu"_s, 0, u"001-3-02.htm"_s},
-        {u"mst_kintype"_s, 0, u"001-3-04.htm"_s}, {u"mst_syain"_s, 0, u"001-3-01.htm"_s},
-        {u"mst_kihon"_s, 0, u"001-3-06.htm"_s}, {u"mst_kyuka"_s, 0, u"001-3-05.htm"_s},
-        {u"fir_start"_s, 0, u"001-1.htm"_s}, {u"rov_01"_s, 1, u"003-1-01.htm"_s}, {u"rov_01"_s, 2, u"003-1-02.htm"_s},
-        {u"rov_01"_s, 3, u"003-1-03.htm"_s}, {u"rov_01"_s, 4, u"003-1-05.htm"_s}, {u"rov_01"_s, 5, u"003-1-06.htm"_s},
-        {u"rov_01"_s, 6, u"003-1-04.htm"_s}, {u"rov_01"_s, 7, u"index.html"_s}, {u"errform"_s, 0, u"index.html"_s}};
+        {u"rov_01"_s, 4, u"003-1-05.htm"_s}, {u"rov_01"_s, 5, u"003-1-06.htm"_s}, {u"rov_01"_s, 6, u"003-1-04.htm"_s},
+        {u"rov_01"_s, 7, u"index.html"_s}, {u"errform"_s, 0, u"index.html"_s}};
     for (const auto& [name, report, page] : cases) {
         host.opened.clear();
         frame::ヘルプ表示(settings, host, name, report);

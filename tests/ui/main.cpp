@@ -1,8 +1,13 @@
-#include <QApplication>
+#include "support/fake_host.h"
+#include "ui/application.h"
+#include "ui/style.h"
+
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
+    support::FakeHost host;
+    ui::Application application(argc, argv, host);
+    ui::apply_style(application);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,17 @@
+#pragma once
+
+// The made-up companies that the figures are taken on.
+
+#include "frame/settings.h"
+
+namespace bench {
+
+inline constexpr int last_month = 202611; ///< yyyymm, the last with attendance
+
+/// A company of this size in a temporary folder, made on first use and kept until the program ends.
+frame::Settings& company(int employees, int months);
+
+frame::Settings& small_company(); ///< 10 employees, 1 month
+frame::Settings& large_company(); ///< 1,000 employees, 24 months
+
+} // namespace bench

@@ -1,0 +1,107 @@
+#include "entry/month_load.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "bench/bare.h"
+#include "bench/companies.h"
+#include "bench/table.h"
+#include "entry/day_kinds.h"
+#include "entry/layout.h"
+#include "entry/saving.h"
+#include "entry/work_type.h"
+#include "store/files.h"
+
+#include <QFile>
+#include <benchmark/benchmark.h>
+
+namespace bench {
+
+using namespace base;
+
+namespace {
+
+constexpr int employee = 7;
+const CompanyMonth month(last_month / 100, last_month % 100, 1);
+
+/// What the choice of an employee does.
+void load(entry::MonthSheet& sheet, const frame::Settings& settings) {
+    書式設定(sheet, month);
+    書式設定_日(sheet);
+    store::Database rovdata = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
+    const entry::WorkType type = entry::時間外フォーム呼出処理(rovdata, employee);
+    勤務タイプデーター呼出処理(sheet, rovdata, Val(type.kintypecd));
+    勤務時間取得(sheet, rovdata, employee);
+}
+
+template <frame::Settings& (*Company)()>
+void load_month(benchmark::State& state) {
+    entry::MonthSheet sheet;
+    for (auto _ : state)
+        load(sheet, Company());
+}
+
+void load_month_bare(benchmark::State& state) {
+    const QString path = store::rovdata_path(large_company());
+    const std::string raw = raw_key(path);
+    const int first = month.start_key();
+    const int total = month.total_key();
+    for (auto _ : state) {
+        BareDatabase rovdata(path, raw);
+        rovdata.exec("begin");
+        rovdata.step_through(
+            "select 勤務タイプ from syainkinmu where システム社員番号=? order by rowid limit 1", {employee});
+        rovdata.step_through("select 勤務タイプ名 from kintype where システム番号=? order by rowid limit 1", {1});
+        rovdata.step_through(
+            "select * from kintype, kinsyu where kintype.システム番号=? and kinsyu.システム番号=時間種類"
+            " order by 曜日, 連番, 開始時間, 終了時間, 時間計算",
+            {1});
+        rovdata.step_through("select * from kyutype order by 休出 desc, 通常 desc, システム番号", {});
+        rovdata.step_through("select * from rovmei where 社員システム番号=? and 出社日 between ? and ? order by 出社日",
+            {employee, first, total});
+        rovdata.step_through(
+            "select * from kinjisyu where 社員システム番号=? and 年月日 between ? and ? order by 年月日",
+            {employee, first, total});
+        rovdata.step_through(
+            "select * from kinnisu where 社員システム番号=? and 年月=?", {employee, month.month_key()});
+        rovdata.step_through("select * from kyumei where 社員システム番号=? and 年月日 between ? and ? order by 年月日",
+            {employee, first, total});
+        rovdata.exec("commit");
+    }
+}
+
+/// All days of the month changed, and posted. What was posted is taken away again outside the measure.
+template <frame::Settings& (*Company)()>
+void save_month(benchmark::State& state) {
+    const frame::Settings& settings = Company();
+    entry::MonthSheet sheet;
+    load(sheet, settings);
+    for (int r = entry::row::first_day; r <= entry::row::last_day; ++r)
+        sheet.mark(r) = u"1"_s;
+    const QString path = store::exchange_path(settings, 1);
+    QFile::remove(path);
+    store::Database exchange = store::Database::create(path, store::Kind::Exchange);
+    for (auto _ : state) {
+        const auto rows = rows_to_post(sheet, {u"1007"_s, u"社員"_s, employee}, u"20261130120000"_s);
+        entry::post_rows(settings, rows);
+        state.PauseTiming();
+        exchange.exec("delete from jyusin");
+        state.ResumeTiming();
+    }
+}
+
+} // namespace
+
+std::vector<Line> month_load() {
+    benchmark::RegisterBenchmark("month load, 1,000 x 24", load_month<large_company>);
+    benchmark::RegisterBenchmark("month load, 1,000 x 24, bare", load_month_bare);
+    benchmark::RegisterBenchmark("month load, 10 x 1", load_month<small_company>);
+    benchmark::RegisterBenchmark("month save, 1,000 x 24", save_month<large_company>);
+    benchmark::RegisterBenchmark("month save, 10 x 1", save_month<small_company>);
+    return {
+        {"month load of one employee, 1,000 employees x 24 months", "month load, 1,000 x 24",
+            "month load, 1,000 x 24, bare", 2, 0},
+        {"the same beside 10 employees x 1 month", "month load, 1,000 x 24", "month load, 10 x 1", 1.3, 0},
+        {"month save beside 10 employees x 1 month", "month save, 1,000 x 24", "month save, 10 x 1", 1.3, 0},
+    };
+}
+
+} // namespace bench

@@ -1,0 +1,59 @@
+#include "install/install.h"
+
+#include "base/literals.h"
+#include "install/delivered.h"
+#include "platform/paths.h"
+#include "store/files.h"
+
+#include <QFileInfo>
+
+namespace install {
+
+using namespace base;
+
+namespace {
+
+struct File {
+    store::Kind kind;
+    QString (*path)(const frame::Settings&);
+    bool shared;
+};
+
+constexpr File files[]{
+    {store::Kind::Comsys, store::comsys_path, true},
+    {store::Kind::Allsystem, store::allsystem_path, true},
+    {store::Kind::Rovdata, store::rovdata_path, true},
+    {store::Kind::Losys, store::losys_path, false},
+};
+
+void make_database(const File& file, const Options& options, const frame::Settings& settings, const Say& say) {
+    const QString path = file.path(settings);
+    if (QFileInfo::exists(path))
+        return say(u"kept   "_s + platform::native(path));
+    store::Database::create(path, file.kind, [&](store::Database& database) { deliver(database, file.kind, options); });
+    say(u"made   "_s + platform::native(path));
+}
+
+/// Where assets lie: beside the installed program, or in the build tree.
+QStringList usual_assets(const QString& program_folder) {
+    QStringList there;
+    for (const QString& folder : {program_folder + u"/assets"_s, program_folder + u"/../artwork"_s})
+        if (QFileInfo(folder).isDir())
+            there << folder;
+    return there;
+}
+
+} // namespace
+
+void run(const Options& options, const QString& program_folder, const Say& say) {
+    const frame::Settings settings = settings_of(options);
+    const bool shared = options.server_root.isEmpty();
+    make_folders(settings, shared);
+    for (const File& file : files)
+        if (shared || !file.shared)
+            make_database(file, options, settings, say);
+    copy_assets(options.assets.isEmpty() ? usual_assets(program_folder) : options.assets, settings, say);
+    copy_programs(program_folder, settings, shared, say);
+}
+
+} // namespace install

@@ -1,0 +1,45 @@
+#pragma once
+
+// The command line of rovena-install.
+
+#include "frame/settings.h"
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+namespace install {
+
+/// The size of the made-up company: its attendance covers the months up to and including `until` (yyyymm).
+struct Sample {
+    int employees = 20;
+    int months = 3;
+    int until = 202611;
+};
+
+struct Options {
+    QString root;           ///< the folder that stands for the drive
+    int use_class = 0;      ///< 0 the main PC, 1 or 2 another PC
+    QString server_name;    ///< host of the turn service
+    QString server_root;    ///< root of the shared data if it lies elsewhere; the shared part isn't made then
+    QString share_user;     ///< account for that share
+    QString share_password; ///< and its password
+    QString printer;        ///< the first print slot's printer
+    QStringList assets;     ///< folders with `botan`, `icon`, `splash.bmp` or `help`
+    std::optional<Sample> sample;
+};
+
+/// What the arguments (without the program's name) ask for; `problem` says what is wrong with them and is empty if they
+/// are in order.
+struct Request {
+    Options options;
+    QString problem;
+};
+Request read_arguments(const QStringList& arguments);
+
+/// The run-time settings of a program in the tree that is made: its drive and both roots there.
+frame::Settings settings_of(const Options& options);
+
+QString usage();
+
+} // namespace install

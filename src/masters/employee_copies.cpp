@@ -1,0 +1,132 @@
+#include "masters/employee_copies.h"
+
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "platform/paths.h"
+#include "store/database.h"
+#include "store/files.h"
+
+#include <QFileInfo>
+#include <QStringList>
+#include <list>
+
+namespace masters {
+
+using namespace base;
+
+namespace {
+
+struct Target {
+    QString path;
+    store::Kind kind;
+};
+
+/// A field of a copy, under its name in small letters.
+using Fields = QHash<QString, bool>; ///< whether it holds whole numbers
+
+struct Copy {
+    store::Database database;
+    store::Transaction transaction;
+    Fields fields;
+
+    explicit Copy(store::Database opened) : database(std::move(opened)), transaction(database) {}
+};
+
+QString key_of(const QString& field) {
+    return field.toLower();
+}
+
+QStringList listed_files(const frame::Settings& settings) {
+    auto allsystem = store::Database::open(store::allsystem_path(settings), store::Kind::Allsystem);
+    auto query = allsystem.prepare("select 個別dataファイル from allsystem order by rowid");
+    QStringList files;
+    while (query.step())
+        files << platform::portable(Trim(query.row().text(0)));
+    return files;
+}
+
+QList<Target> targets_of(const frame::Settings& settings) {
+    QList<Target> targets{{store::comsys_path(settings), store::Kind::Comsys}};
+    QStringList known{QFileInfo(targets.front().path).canonicalFilePath()};
+    const QString folder = QFileInfo(store::rovdata_path(settings)).path();
+    for (const QString& file : listed_files(settings)) {
+        const QFileInfo info(folder + u'/' + file);
+        if (!info.isFile() || known.contains(info.canonicalFilePath()))
+            continue;
+        known << info.canonicalFilePath();
+        targets << Target{info.filePath(), store::Kind::Any};
+    }
+    return targets;
+}
+
+Fields fields_of(store::Database& database) {
+    Fields fields;
+    auto query = database.prepare("pragma table_info(syain)");
+    while (query.step())
+        fields[key_of(query.row().text(1))] = query.row().text(2).contains(u"int", Qt::CaseInsensitive);
+    return fields;
+}
+
+void require_fields(const Copy& copy, const QList<FieldText>& row) {
+    QStringList wanted{u"システム番号"_s};
+    for (const FieldText& field : row)
+        wanted << field.name;
+    for (const QString& name : wanted)
+        if (!copy.fields.contains(key_of(name)))
+            throw store::Error(store::Code::Other, copy.database.path(), {},
+                u"社員マスター「syain」に項目「%1」がありません。"_s.arg(name));
+}
+
+/// Opens every copy that there is and takes its write lock.
+void open_copies(std::list<Copy>& copies, const frame::Settings& settings, const QList<FieldText>& row) {
+    for (const Target& target : targets_of(settings)) {
+        auto database = store::Database::open(target.path, target.kind);
+        if (!database.has_table(u"syain"_s))
+            continue;
+        Copy& copy = copies.emplace_back(std::move(database));
+        copy.fields = fields_of(copy.database);
+        require_fields(copy, row);
+    }
+}
+
+/// The names of the fields are those of the table; values are bound.
+QByteArray insertion_of(const QList<FieldText>& row) {
+    QStringList names, places;
+    for (const FieldText& field : row) {
+        names << u'"' + QString(field.name).replace(u"\""_s, u"\"\""_s) + u'"';
+        places << u"?"_s;
+    }
+    return u"insert into syain (%1) values (%2)"_s.arg(names.join(u", "), places.join(u", ")).toUtf8();
+}
+
+void add_row(Copy& copy, const QList<FieldText>& row) {
+    const QByteArray sql = insertion_of(row);
+    auto insert = copy.database.prepare({sql.constData(), size_t(sql.size())});
+    for (int i = 0; i < row.size(); ++i) {
+        if (copy.fields[key_of(row[i].name)])
+            insert.bind_at(i + 1, Val(row[i].text));
+        else
+            insert.bind_at(i + 1, Trim(row[i].text));
+    }
+    insert.run();
+}
+
+void replace_row(Copy& copy, qint64 number, const QList<FieldText>& row) {
+    copy.database.prepare("delete from syain where システム番号=?").bind(number).run();
+    if (!row.isEmpty())
+        add_row(copy, row);
+}
+
+} // namespace
+
+void replace_in_every_copy(const frame::Settings& settings, qint64 number, const QList<FieldText>& row) {
+    std::list<Copy> copies;
+    open_copies(copies, settings, row);
+    for (Copy& copy : copies)
+        replace_row(copy, number, row);
+    for (Copy& copy : copies)
+        copy.transaction.commit();
+}
+
+} // namespace masters

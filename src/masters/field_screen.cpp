@@ -1,0 +1,11 @@
+#include "masters/field_screen.h"
+
+#include "base/text.h"
+
+namespace masters {
+
+void FieldScreen::atai_Change(int element, const QString& text) {
+    atai[element].text = base::field_text(text);
+}
+
+} // namespace masters

@@ -1,0 +1,38 @@
+#pragma once
+
+// FieldScreen: a master screen that edits one row in four text boxes beside a list. `toubotan` stands for the
+// registration button when it is reached by keyboard.
+
+#include "masters/screen.h"
+
+#include <array>
+
+namespace masters {
+
+struct TextBox {
+    QString text;
+    bool lit = false; ///< has the keyboard: back colour `atai_back`, the whole text selected when it came
+};
+
+class FieldScreen : public Screen {
+public:
+    static constexpr base::Rgb atai_back{240, 240, 255};
+
+    base::Sheet hyou;
+    std::array<TextBox, 4> atai;
+    bool toubotan_lit = false; ///< button 1 shows its "_b" picture
+
+    void atai_Change(int element, const QString& text); ///< held at the 255 characters of a field
+    void atai_GotFocus(int element) { atai[element].lit = true; }
+    void atai_LostFocus(int element) { atai[element].lit = false; }
+    void toubotan_GotFocus() { toubotan_lit = true; }
+    void toubotan_LostFocus() { toubotan_lit = false; }
+
+protected:
+    using Screen::Screen;
+
+    void to_atai(int element) { focus = Focus{Control::Atai, element}; }
+    void to_toubotan() { focus = Focus{Control::Toubotan}; }
+};
+
+} // namespace masters

@@ -1,0 +1,81 @@
+#pragma once
+
+// mst_kinjikan, "勤務時間設定": the form of the work types. The band grid `hyou` shows one weekday of the week in hand;
+// the strip `hyou_youbi` chooses the day. Its last three columns are day sets: ways of copying the grid onto several
+// days, asked for when the set is left. Nothing reaches the store before 登録削除処理.
+//
+// The list of types is filled on opening only, a number drawn for a new type isn't put into `kinjino`, and a delete
+// leaves the rows in hand: so registering twice makes two types, and registering after a delete brings the type back.
+
+#include "masters/combo_box.h"
+#include "masters/day_picture.h"
+#include "masters/grid_screen.h"
+#include "masters/week_buffer.h"
+
+#include <array>
+
+namespace masters {
+
+class mst_kinjikan : public EditorScreen {
+public:
+    static constexpr QStringView caption = u"勤務時間設定";
+
+    /// Mode of 登録削除処理.
+    enum Mode { Register = 1, Delete = 2 };
+
+    explicit mst_kinjikan(frame::Session& session);
+
+    base::Sheet hyoulist;             ///< types: name, number (hidden)
+    base::Sheet hyou_youbi;           ///< the day strip
+    int hyou_youbi_tag = 1;           ///< the column whose day is in the grid
+    std::array<ComboBox, 2> atai_com; ///< categories, and modes of `時間計算`
+    QString kinjino;                  ///< number of the type in hand; empty for a new one
+    QString kinjikanmei;              ///< its name
+    QString msglab;                   ///< how the work stands
+    QString notelab;                  ///< rows of the type that have no place on this screen; empty if none
+
+    // Operations.
+
+    void 書式設定();
+    void 書式設定_曜日();
+    void 表初期設リスト();
+    void 勤務種類リスト設定();
+    void 勤務タイプリスト表示();
+    void 勤務タイプ表示();
+    void 仮データー処理(int previous, int next);
+    void 入力フォーム() override;
+    void 登録削除処理(int mode);
+
+    /// The picture of the day in the grid, with what is typed in the open cell as it would be committed now.
+    DayPicture picture() const;
+
+    // Acts of the person.
+
+    void Form_Load();
+
+    void hyoulist_Click(int row);
+    void hyou_youbi_Click(int column);
+    void kinjikanmei_Change(const QString& text);
+
+    void atai_Change(const QString& text);
+    static bool atai_KeyPress(int character);        ///< whether the key stands; otherwise it is dropped
+    static QString atai_Insert(const QString& text); ///< text in one piece (clipboard, input method): what stands of it
+
+    void atai_com_Click(int element, int item);
+    bool atai_com_KeyPress(int element, int character); ///< Backspace takes the choice back; whether it was that
+    void atai_com_LostFocus(int element) { atai_com[element].close(); }
+
+private:
+    void leave_cell() override;
+    void follow(int view_width, int view_height) override;
+    void press(int element) override;
+    void say(const QString& progress);
+    bool confirmed(int mode, const QString& name);
+    void write(int mode, const QString& name);
+    void choose_day(int column);
+    void set_choice(int element, int row, const Choice& choice);
+
+    WeekBuffer m_week;
+};
+
+} // namespace masters

@@ -1,0 +1,122 @@
+#include "masters/mst_kinsyu.h"
+
+#include "base/columns.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "masters/lists.h"
+#include "store/numbering.h"
+
+namespace masters {
+
+using namespace base;
+
+namespace {
+
+constexpr Column columns[] = {{u"", 0}, {u"勤務種類名称", 4800}, {u"", 0}};
+constexpr ListCell list_cells[] = {{ListCell::Number, mst_kinsyu::number_col}, {ListCell::Text, mst_kinsyu::name_col}};
+constexpr int name_column[] = {mst_kinsyu::name_col};
+constexpr CellRoutes routes{name_column, name_column};
+
+void write_category(store::Database& rovdata, qint64 number, const QString& name) {
+    store::Transaction transaction(rovdata);
+    rovdata.prepare("update kinsyu set 種類名=? where rowid=(select min(rowid) from kinsyu where システム番号=?)")
+        .bind(name, number)
+        .run();
+    if (rovdata.changes() == 0)
+        rovdata.prepare("insert into kinsyu (システム番号, 種類名) values (?, ?)").bind(number, name).run();
+    transaction.commit();
+}
+
+void delete_category(store::Database& rovdata, qint64 number) {
+    store::Transaction transaction(rovdata);
+    rovdata.prepare("delete from kinsyu where システム番号=?").bind(number).run();
+    transaction.commit();
+}
+
+} // namespace
+
+mst_kinsyu::mst_kinsyu(frame::Session& session) : EditorScreen(session, routes) {}
+
+void mst_kinsyu::書式設定() {
+    lay_out(hyou, columns, 2);
+}
+
+void mst_kinsyu::マスター呼出() {
+    auto rovdata = open_rovdata();
+    fill_list(
+        hyou, rovdata.prepare("select システム番号, 種類名 from kinsyu order by システム番号, rowid"), list_cells);
+    hyou.setRows(hyou.Rows() + 1);
+}
+
+void mst_kinsyu::入力フォーム() {
+    if (hyou.Col() == name_col && hyou.Row() >= hyou.FixedRows())
+        place_atai(hyou(hyou.Row(), name_col), InputMethod::On);
+}
+
+void mst_kinsyu::マスター登録(int row) {
+    if (hyou(row, mark_col).isEmpty())
+        return;
+    if (hyou(row, number_col).isEmpty())
+        hyou(row, number_col) = digits(store::採番(m_session.settings, u"勤務種類"_s));
+    auto rovdata = open_rovdata();
+    write_category(rovdata, Val(hyou(row, number_col)), Trim(hyou(row, name_col)));
+    // Only now: a row that couldn't be written is tried again on the next leaving.
+    hyou(row, mark_col).clear();
+}
+
+void mst_kinsyu::マスター削除() {
+    const int row = hyou.Row();
+    if (row == 0)
+        return;
+    const qint64 number = Val(hyou(row, number_col));
+    const QString name = hyou(row, name_col);
+    if (number == 0 && name.isEmpty())
+        return;
+    if (m_session.host.ask(u"『"_s + name + u"』を削除します"_s, u"削除"_s, platform::Buttons::YesNo) !=
+        platform::Answer::Yes)
+        return;
+    auto rovdata = open_rovdata();
+    delete_category(rovdata, number);
+    マスター呼出();
+}
+
+void mst_kinsyu::Form_Load() {
+    書式設定();
+    マスター呼出();
+}
+
+void mst_kinsyu::Form_Activate() {
+    hyou.setCursor({1, name_col});
+    入力フォーム();
+    atai.hide();
+}
+
+void mst_kinsyu::atai_Change(const QString& text) {
+    if (!atai.active)
+        return;
+    atai.text = field_text(text);
+    const QString name = Trim(atai.text);
+    const int row = atai.cell.row;
+    const QString before = hyou(row, name_col);
+    if (row == hyou.Rows() - 1 && !before.isEmpty())
+        hyou.setRows(hyou.Rows() + 1);
+    if (!before.isEmpty() && before != name)
+        hyou(row, mark_col) = u"1"_s;
+    hyou(row, name_col) = name;
+}
+
+void mst_kinsyu::leave_cell() {
+    if (!atai.active)
+        return;
+    const int row = atai.cell.row;
+    atai.close();
+    マスター登録(row);
+}
+
+void mst_kinsyu::press(int element) {
+    if (element == 2)
+        マスター削除();
+}
+
+} // namespace masters

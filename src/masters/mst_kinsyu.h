@@ -1,0 +1,41 @@
+#pragma once
+
+// mst_kinsyu: the form of the work categories, a grid of one column that saves each row as the cursor leaves it.
+//
+// A row is saved only if it carries the change mark, and only a change that lands on a filled cell sets the mark. A
+// new name that arrives in one single change (one key, one paste, one conversion of the input method) is therefore not
+// saved until it is changed once more. This is how the screen works, not a slip.
+
+#include "masters/grid_screen.h"
+
+namespace masters {
+
+class mst_kinsyu : public EditorScreen {
+public:
+    /// Columns of `hyou`: number (hidden, empty on a row never saved), name, change mark (hidden, "1" or empty).
+    /// Rows: heading, one a category, one empty row for a new entry.
+    enum Column { number_col, name_col, mark_col };
+
+    explicit mst_kinsyu(frame::Session& session);
+
+    // Operations.
+
+    void 書式設定();
+    void マスター呼出();
+    void 入力フォーム() override;
+    void マスター登録(int row);
+    void マスター削除();
+
+    // Acts of the person.
+
+    void Form_Load();
+    void Form_Activate(); ///< the box takes row 1 unseen, so that typing at once lands there
+
+    void atai_Change(const QString& text); ///< one change of the box's text: a key, a paste, a committed conversion
+
+private:
+    void leave_cell() override;
+    void press(int element) override; ///< 2 deletes; 1 does nothing more, since leaving the cell is what saves
+};
+
+} // namespace masters

@@ -1,0 +1,147 @@
+#include "masters/mst_kyuka.h"
+
+#include "base/columns.h"
+#include "base/keys.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "masters/lists.h"
+#include "store/numbering.h"
+
+namespace masters {
+
+using namespace base;
+
+namespace {
+
+enum ListColumn { name_col, standard_col, class_col, key_col };
+
+constexpr Column columns[] = {{u"名　称", 2100}, {u"標準", 1200}, {u"休暇・出勤", 1200}, {u"", 0}};
+constexpr ListCell list_cells[] = {{ListCell::Text, name_col}, {ListCell::Number, standard_col},
+    {ListCell::Number, class_col}, {ListCell::Number, key_col}};
+
+constexpr QStringView standard_label = u"通常";
+constexpr QStringView leave_label = u"休暇";
+constexpr QStringView attendance_label = u"出勤";
+
+void replace_by_labels(Sheet& hyou, int row) {
+    hyou(row, standard_col) = hyou(row, standard_col) == u"0" ? QString() : standard_label.toString();
+    hyou(row, class_col) = (hyou(row, class_col) == u"0" ? leave_label : attendance_label).toString();
+}
+
+/// `通常` of a class, as far as a mark is set: 1 for leave, 2 for attendance.
+qint64 mark_of(qint64 day_class) {
+    return day_class == 0 ? 1 : 2;
+}
+
+} // namespace
+
+void mst_kyuka::書式設定_休暇リスト() {
+    lay_out(hyou, columns, 1);
+}
+
+void mst_kyuka::休暇マスターリスト表示() {
+    auto rovdata = open_rovdata();
+    fill_list(hyou,
+        rovdata.prepare("select 休暇名, 通常, 休出, システム番号 from kyutype"
+                        " order by 休出 desc, 通常 desc, システム番号, rowid"),
+        list_cells);
+    for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row)
+        replace_by_labels(hyou, row);
+}
+
+void mst_kyuka::休暇リスト転記() {
+    const int row = hyou.Row();
+    if (row < hyou.FixedRows())
+        return;
+    const qint64 day_class = hyou(row, class_col) == leave_label ? 0 : 1;
+    const qint64 mark = hyou(row, standard_col) == standard_label ? mark_of(day_class) : 0;
+    atai[key_field].text = hyou(row, key_col);
+    atai[name_field].text = hyou(row, name_col);
+    atai[class_field].text = digits(day_class);
+    atai[mark_field].text = digits(mark);
+    ch_hyou = mark != 0;
+    Op_kyusyu = static_cast<int>(day_class);
+}
+
+void mst_kyuka::休暇リスト登録(int mode) {
+    if (complete(mode)) {
+        write(mode);
+        start_new_row();
+        休暇マスターリスト表示();
+    }
+    to_atai(name_field);
+}
+
+/// Whether there is something to save or delete; the person is told of a missing name.
+bool mst_kyuka::complete(int mode) {
+    if (mode != Save)
+        return !atai[key_field].text.isEmpty();
+    const bool named = !Trim(atai[name_field].text).isEmpty();
+    if (!named)
+        m_session.host.tell(u"休暇名を入力してください"_s, u"休暇名未入力"_s);
+    return named;
+}
+
+void mst_kyuka::write(int mode) {
+    if (mode == Save && atai[key_field].text.isEmpty())
+        atai[key_field].text = digits(store::採番(m_session.settings, u"休暇種類"_s));
+    const qint64 number = Val(atai[key_field].text);
+    const qint64 day_class = Val(atai[class_field].text);
+    const qint64 mark = Val(atai[mark_field].text) == 0 ? 0 : mark_of(day_class);
+    auto rovdata = open_rovdata();
+    store::Transaction transaction(rovdata);
+    rovdata.prepare("delete from kyutype where システム番号=?").bind(number).run();
+    if (mode == Save) // a mark that isn't set is stored as no value
+        rovdata.prepare("insert into kyutype (システム番号, 休暇名, 通常, 休出) values (?, ?, nullif(?, 0), ?)")
+            .bind(number, Trim(atai[name_field].text), mark, day_class)
+            .run();
+    transaction.commit();
+}
+
+/// The day class stays, so that the next new kind starts from the last one chosen.
+void mst_kyuka::start_new_row() {
+    for (const Field field : {key_field, name_field, mark_field})
+        atai[field].text.clear();
+    ch_hyou = false;
+}
+
+void mst_kyuka::Form_Load() {
+    書式設定_休暇リスト();
+    休暇マスターリスト表示();
+}
+
+void mst_kyuka::hyou_Click(int row) {
+    hyou.setRow(row);
+    休暇リスト転記();
+}
+
+void mst_kyuka::ch_hyou_Click(bool ticked) {
+    ch_hyou = ticked;
+    atai[mark_field].text = ticked ? u"1"_s : u"0"_s;
+}
+
+void mst_kyuka::Op_kyusyu_Click(int element) {
+    Op_kyusyu = element;
+    atai[class_field].text = digits(element);
+}
+
+bool mst_kyuka::atai_KeyDown(int key_code) {
+    if (key_code != key::enter)
+        return false;
+    to_toubotan();
+    return true;
+}
+
+bool mst_kyuka::toubotan_KeyDown(int key_code) {
+    if (key_code != key::enter)
+        return false;
+    botan_Click(1);
+    return true;
+}
+
+void mst_kyuka::press(int element) {
+    休暇リスト登録(element == 1 ? Save : Delete);
+}
+
+} // namespace masters

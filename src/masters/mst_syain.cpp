@@ -1,0 +1,158 @@
+#include "masters/mst_syain.h"
+
+#include "base/columns.h"
+#include "base/keys.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "masters/employee_copies.h"
+#include "masters/lists.h"
+#include "store/numbering.h"
+
+namespace masters {
+
+using namespace base;
+
+namespace {
+
+constexpr Column columns[] = {{u"社員番号", 1030}, {u"社　員　名", 3000}, {u"", 0}};
+enum ListColumn { number_col, name_col, key_col };
+
+/// The fields that the person sees, by element of `atai`.
+constexpr QStringView field_names[] = {u"システム番号", u"社員番号", u"社員名", u"フリガナ"};
+
+constexpr int never_given = 9999;
+
+int draw_number(const frame::Settings& settings) {
+    const int number = store::採番(settings, u"社員番号"_s);
+    return number == never_given ? store::採番(settings, u"社員番号"_s) : number;
+}
+
+/// The row on screen, the text boxes overruling the fields that they show.
+QList<FieldText> row_of(const Sheet& hyou_syain, const std::array<TextBox, 4>& atai) {
+    QList<FieldText> row;
+    for (int r = 0; r < hyou_syain.Rows(); ++r) {
+        const QString& name = hyou_syain(r, 0);
+        const auto shown = std::ranges::find(field_names, name) - std::begin(field_names);
+        row << FieldText{name, shown < std::ssize(field_names) ? Trim(atai[shown].text) : hyou_syain(r, 1)};
+    }
+    return row;
+}
+
+} // namespace
+
+void mst_syain::書式設定_社員リスト() {
+    lay_out(hyou, columns, 1);
+}
+
+void mst_syain::社員マスター全呼出() {
+    auto rovdata = open_rovdata();
+    list_employees(hyou, rovdata, key_col, sortlist == 0 ? EmployeeOrder::Registered : EmployeeOrder::Numbered);
+    hyou.setCursor({0, hyou.Cols() - 1});
+}
+
+/// An employee that another PC has deleted meanwhile leaves the screen in the state for a new one.
+void mst_syain::社員表示処理(qint64 number) {
+    if (number == 0)
+        return;
+    画面クリア();
+    hyou_syain.setRows(0);
+    auto rovdata = open_rovdata();
+    auto query = rovdata.prepare("select * from syain where システム番号=? order by rowid");
+    if (!query.bind(number).step())
+        return;
+    const store::Row row = query.row();
+    hyou_syain.setRows(row.columns());
+    for (int i = 0; i < row.columns(); ++i) {
+        hyou_syain(i, 0) = row.name(i);
+        hyou_syain(i, 1) = row.text(i);
+        show_field(row.name(i), row.text(i));
+    }
+}
+
+void mst_syain::show_field(const QString& name, const QString& value) {
+    const auto element = std::ranges::find(field_names, name) - std::begin(field_names);
+    if (element < std::ssize(field_names))
+        atai[element].text = value;
+}
+
+void mst_syain::画面クリア() {
+    for (TextBox& box : atai)
+        box.text.clear();
+}
+
+void mst_syain::全体マスター変更処理(int mode) {
+    if (Val(atai[key_field].text) == 0 && !prepare_new_row())
+        return;
+    const auto row = mode == Delete ? QList<FieldText>() : row_of(hyou_syain, atai);
+    replace_in_every_copy(m_session.settings, Val(atai[key_field].text), row);
+    画面クリア();
+    社員マスター全呼出();
+}
+
+/// Draws the number of a new employee and lays its row out. False, and the person told, if the name is missing.
+bool mst_syain::prepare_new_row() {
+    if (Trim(atai[name_field].text).isEmpty()) {
+        m_session.host.tell(u"項目を入力してださい"_s, u"未入力"_s);
+        return false;
+    }
+    atai[key_field].text = digits(draw_number(m_session.settings));
+    hyou_syain = Sheet(int(std::size(field_names)), 2);
+    for (int r = 0; r < hyou_syain.Rows(); ++r)
+        hyou_syain(r, 0) = field_names[r].toString();
+    return true;
+}
+
+void mst_syain::Form_Load() {
+    sortlist = Val(m_session.tables.設定読込(u"losystem"_s, u"社員MLソート"_s)) == 0 ? 0 : 1;
+    書式設定_社員リスト();
+    社員マスター全呼出();
+}
+
+void mst_syain::hyou_Click(int row) {
+    if (hyou.contains(row, key_col)) {
+        hyou.setRow(row);
+        社員表示処理(Val(hyou(row, key_col)));
+    }
+    to_atai(number_field);
+}
+
+void mst_syain::Command1_Click() {
+    書式設定_社員リスト();
+    社員マスター全呼出();
+    to_atai(number_field);
+}
+
+void mst_syain::sortlist_Click(int element) {
+    sortlist = element;
+    m_session.tables.設定書込(u"losystem"_s, u"社員MLソート"_s, digits(element));
+}
+
+bool mst_syain::atai_KeyDown(int element, int key_code) {
+    if (key_code == key::enter && element == reading_field)
+        to_toubotan();
+    else if (key_code == key::enter && element >= number_field)
+        to_atai(element + 1);
+    else if (key_code == key::up && element >= name_field)
+        to_atai(element - 1);
+    else
+        return false;
+    return true;
+}
+
+bool mst_syain::toubotan_KeyDown(int key_code) {
+    if (key_code == key::enter)
+        全体マスター変更処理(SaveByEnter);
+    else if (key_code == key::up)
+        to_atai(reading_field);
+    else
+        return false;
+    return true;
+}
+
+void mst_syain::press(int element) {
+    全体マスター変更処理(element == 1 ? Save : Delete);
+    to_atai(number_field);
+}
+
+} // namespace masters

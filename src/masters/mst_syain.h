@@ -1,0 +1,53 @@
+#pragma once
+
+// mst_syain, "社員マスター": the form of the employees. It reads `syain` from `rovdata.mdb` and writes through
+// 全体マスター変更処理 into every data file of the suite. An empty `atai`(0) is a new employee, a filled one the
+// employee shown.
+
+#include "masters/field_screen.h"
+
+namespace masters {
+
+class mst_syain : public FieldScreen {
+public:
+    static constexpr QStringView caption = u"社員マスター";
+    static constexpr QStringView sortlist_captions[] = {u"登録順", u"番号順"};
+    static constexpr QStringView Command1_caption = u"抽出";
+
+    /// Elements of `atai`.
+    enum Field { key_field, number_field, name_field, reading_field };
+
+    /// Mode of 全体マスター変更処理: any other value saves too.
+    enum Mode { Save = 0, SaveByEnter = 1, Delete = 3 };
+
+    explicit mst_syain(frame::Session& session) : FieldScreen(session) {}
+
+    base::Sheet hyou_syain{0, 2}; ///< the whole row on screen: field names and values, whatever fields there are
+    int sortlist = 0;             ///< the element selected
+
+    // Operations.
+
+    void 書式設定_社員リスト();
+    void 社員マスター全呼出();
+    void 社員表示処理(qint64 number); ///< nothing for 0
+    void 画面クリア();
+    void 全体マスター変更処理(int mode);
+
+    // Acts of the person.
+
+    void Form_Load();
+
+    void hyou_Click(int row);
+    void Command1_Click();
+    void sortlist_Click(int element); ///< only kept as a setting; the list follows with the next "抽出"
+
+    bool atai_KeyDown(int element, int key_code); ///< whether the key moved the keyboard
+    bool toubotan_KeyDown(int key_code);
+
+private:
+    void press(int element) override;
+    bool prepare_new_row();
+    void show_field(const QString& name, const QString& value);
+};
+
+} // namespace masters

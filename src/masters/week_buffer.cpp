@@ -1,0 +1,57 @@
+#include "masters/week_buffer.h"
+
+#include "base/literals.h"
+#include "base/text.h"
+#include "base/time.h"
+
+namespace masters {
+
+using namespace base;
+
+namespace {
+
+bool is_band_time(int col) {
+    return col == band_col::start || col == band_col::end;
+}
+
+bool is_rule(int col) {
+    return col >= band_col::first_rule;
+}
+
+QString shown(int col, const QString& slot) {
+    if (!is_band_time(col) && !is_rule(col))
+        return Trim(slot);
+    const QString text = time_to_text(slot);
+    return is_rule(col) && text == u"0:00" ? QString() : text;
+}
+
+} // namespace
+
+void WeekBuffer::take_day(const Sheet& hyou, int weekday) {
+    for (int band = 1; band <= band_count; ++band)
+        for (int col = band_col::start; col < band_col::count; ++col) {
+            const QString& cell = hyou(band, col);
+            (*this)(weekday, band, col) = is_band_time(col) || is_rule(col) ? text_to_time(cell) : Trim(cell);
+        }
+}
+
+void WeekBuffer::take_day_set(const Sheet& hyou, int first, int last) {
+    for (int weekday = first; weekday <= last; ++weekday)
+        for (int band = 1; band <= band_count; ++band)
+            for (int col = band_col::start; col < band_col::count; ++col) {
+                const QString& cell = hyou(band, col);
+                (*this)(weekday, band, col) = is_band_time(col) ? text_to_time(cell) : Trim(cell);
+            }
+}
+
+void WeekBuffer::show_band(Sheet& hyou, int weekday, int band) const {
+    for (int col = band_col::start; col < band_col::count; ++col)
+        hyou(band, col) = shown(col, (*this)(weekday, band, col));
+}
+
+void WeekBuffer::show_day(Sheet& hyou, int weekday) const {
+    for (int band = 1; band <= band_count; ++band)
+        show_band(hyou, weekday, band);
+}
+
+} // namespace masters

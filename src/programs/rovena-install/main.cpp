@@ -1,0 +1,41 @@
+#include "install/install.h"
+#include "store/error.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+
+namespace {
+
+void print(std::FILE* stream, const QString& text) {
+    std::fputs(qPrintable(text), stream);
+    std::fflush(stream);
+}
+
+int install_into(const install::Options& options) {
+    try {
+        install::run(options, QCoreApplication::applicationDirPath(),
+            [](const QString& line) { print(stdout, line + QLatin1Char('\n')); });
+        return 0;
+    } catch (const store::Error& error) {
+        print(stderr, error.text() + QLatin1Char('\n'));
+    } catch (const std::exception& error) {
+        print(stderr, QString::fromUtf8(error.what()) + QLatin1Char('\n'));
+    }
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = application.arguments().mid(1);
+    if (arguments.contains(QStringLiteral("--help"))) {
+        print(stdout, install::usage());
+        return 0;
+    }
+    const install::Request request = install::read_arguments(arguments);
+    if (request.problem.isEmpty())
+        return install_into(request.options);
+    print(stderr, request.problem + QStringLiteral("\n\n") + install::usage());
+    return 2;
+}

@@ -1,0 +1,13 @@
+#include "ui/application.h"
+#include "ui/program.h"
+#include "ui/qt_host.h"
+#include "ui/style.h"
+
+int main(int argc, char** argv) {
+    ui::QtHost host;
+    ui::Application application(argc, argv, host);
+    ui::apply_style(application);
+    ui::Program program(host, ui::Application::applicationDirPath());
+    const int status = program.start();
+    return program.running() ? ui::Application::exec() : status;
+}

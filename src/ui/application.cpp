@@ -1,0 +1,20 @@
+#include "ui/application.h"
+
+#include "platform/file_error.h"
+#include "store/error.h"
+
+namespace ui {
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const store::Error& error) {
+        m_host.tell(error.text(), error_title.toString());
+    } catch (const platform::FileError& error) {
+        m_host.tell(error.text(), error_title.toString());
+        exit(EXIT_FAILURE);
+    }
+    return true;
+}
+
+} // namespace ui

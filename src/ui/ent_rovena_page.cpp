@@ -1,0 +1,218 @@
+#include "ui/ent_rovena_page.h"
+
+#include "base/literals.h"
+#include "entry/day_kinds.h"
+#include "frame/help.h"
+#include "ui/key_codes.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScopeGuard>
+#include <QSignalBlocker>
+#include <utility>
+
+namespace ui {
+
+using namespace base;
+
+namespace {
+
+entry::ent_rovena& loaded(entry::ent_rovena& form) {
+    form.Form_Load();
+    return form;
+}
+
+void show_selector(QComboBox& box, const entry::Selector& selector) {
+    const QSignalBlocker quiet(box);
+    if (box.count() != selector.items.size()) {
+        box.clear();
+        box.addItems(selector.items);
+    }
+    if (box.currentText() != selector.text) {
+        box.setCurrentIndex(selector.index());
+        box.setEditText(selector.text);
+    }
+    box.setEnabled(selector.enabled);
+}
+
+} // namespace
+
+ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
+    : QWidget(parent), m_session(session), m_form(session),
+      m_controls(*this, loaded(m_form), frame::picture_folder(session.settings)),
+      m_atai(new CellEditor(*m_controls.hyou, m_form.editors.atai, editor_acts(), entry::ent_rovena::atai_back)),
+      m_kyucom(new CellCombo(*m_controls.hyou)) {
+    setWindowTitle(entry::ent_rovena::caption.toString());
+    for (const QString& item : m_form.editors.kyucom.items)
+        m_kyucom->addItem(entry::kind_parts(item).name);
+    connect_selectors();
+    connect_lists();
+    connect_sheet();
+    connect_strip();
+    connect_buttons();
+    refresh();
+}
+
+// The controls refer to the form, so they go before it.
+ent_rovena_page::~ent_rovena_page() {
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+}
+
+/// Shows what an act of the person came to, even if it was broken off by an error.
+void ent_rovena_page::act(const std::function<void()>& of_the_person) {
+    const auto show = qScopeGuard([this] { refresh(); });
+    of_the_person();
+}
+
+EditorActs ent_rovena_page::editor_acts() {
+    return {
+        .KeyDown =
+            [this](int key_code) {
+                bool moved = false;
+                act([&] { moved = m_form.atai_KeyDown(key_code); });
+                return moved;
+            },
+        .KeyPress = [this](int character) { return m_form.atai_KeyPress(character); },
+        .Insert = [this](const QString& text) { return m_form.atai_Insert(text); },
+        .Change = [this](const QString& text) { m_form.atai_Change(text); },
+        .LostFocus = [this] { act([this] { m_form.atai_LostFocus(); }); },
+    };
+}
+
+void ent_rovena_page::connect_selectors() {
+    for (int element = 0; element < 2; ++element) {
+        QComboBox* box = m_controls.ym[element];
+        box->installEventFilter(this);
+        box->lineEdit()->installEventFilter(this);
+        connect(box, &QComboBox::activated, this,
+            [this, element](int index) { act([&] { m_form.ym_Click(element, index); }); });
+        connect(box->lineEdit(), &QLineEdit::textEdited, this,
+            [this, element](const QString& text) { m_form.ym_Change(element, text); });
+    }
+}
+
+void ent_rovena_page::connect_lists() {
+    connect(m_controls.hyou_syain, &GridView::cell_clicked, this,
+        [this] { act([this] { m_form.hyou_syain_Click(m_form.hyou_syain.Row()); }); });
+    connect(m_controls.sortlist, &QButtonGroup::idClicked, this,
+        [this](int element) { act([&] { m_form.sortlist_Click(element); }); });
+    connect(m_controls.kyuflg, &QButtonGroup::idClicked, this,
+        [this](int element) { act([&] { m_form.kyuflg_Click(element); }); });
+    connect(m_kyucom, &QComboBox::activated, this, [this](int index) { act([&] { m_form.kyucom_Click(index); }); });
+}
+
+void ent_rovena_page::connect_sheet() {
+    const base::Sheet& hyou = m_form.sheet.hyou;
+    const auto clicked = [this, &hyou] { act([&] { m_form.hyou_Click({hyou.Row(), hyou.Col()}); }); };
+    connect(m_controls.hyou, &GridView::cell_clicked, this, clicked);
+    connect(m_controls.hyou, &GridView::edge_clicked, this, clicked);
+    connect(m_controls.hyou, &GridView::scrolled, this, [this, &hyou] {
+        m_form.hyou_Scroll(
+            hyou.TopRow(), hyou.LeftCol(), m_controls.hyou->view_width(), m_controls.hyou->view_height());
+        refresh_editors();
+    });
+}
+
+void ent_rovena_page::connect_strip() {
+    connect(m_controls.hyou_day, &GridView::cell_clicked, this,
+        [this] { act([this] { m_form.hyou_day_Click(m_form.sheet.hyou_day.Col()); }); });
+    connect(m_controls.hyou_day, &GridView::key_pressed, this, [this](int key, const QString& text) {
+        if (const int code = key_code(key))
+            m_form.hyou_day_KeyDown(code);
+        else if (const int character = key_character(key, text))
+            m_form.hyou_day_KeyPress(character);
+        m_controls.hyou_day->refresh();
+    });
+}
+
+void ent_rovena_page::connect_buttons() {
+    for (int element = 0; element < 2; ++element)
+        connect(m_controls.botan[element], &PictureButton::clicked, this, [this, element] { press(element); });
+    connect(m_controls.imghelp, &PictureButton::clicked, this,
+        [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"ent_rovena"_s); });
+}
+
+/// The hidden box takes the focus first, so that a cell in edit is committed. While the form saves it may give the
+/// interface time, and the page takes no input meanwhile.
+void ent_rovena_page::press(int botan) {
+    m_controls.toubotan->setFocus();
+    {
+        setEnabled(false);
+        const auto open_again = qScopeGuard([this] { setEnabled(true); });
+        act([&] { m_form.botan_Click(botan); });
+    }
+    if (m_form.close_wanted)
+        Q_EMIT close_wanted();
+}
+
+/// The filter stands on the selectors and their line edits. It compares addresses only, as it is still called while
+/// they are being destroyed.
+bool ent_rovena_page::eventFilter(QObject* watched, QEvent* event) {
+    for (int element = 0; element < 2; ++element) {
+        const QObject* box = m_controls.ym[element];
+        if (watched == box || watched->parent() == box)
+            return selector_takes(element, event);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+/// True if the event is dealt with: a key that the form took or dropped, or the wheel, which would choose a month.
+bool ent_rovena_page::selector_takes(int element, QEvent* event) {
+    if (event->type() == QEvent::Wheel)
+        return true;
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const int code = key_code(key->key());
+    if (code != 0 && m_form.ym_KeyDown(element, code)) {
+        follow_focus_wish();
+        return true;
+    }
+    const int character = key_character(key->key(), key->text());
+    return character != 0 && !entry::ent_rovena::ym_KeyPress(character);
+}
+
+void ent_rovena_page::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    m_form.Form_Activate();
+    follow_focus_wish();
+}
+
+void ent_rovena_page::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    m_controls.lay_out(size());
+    refresh_editors();
+}
+
+void ent_rovena_page::refresh() {
+    m_controls.syalab->setText(m_form.syalab);
+    m_controls.lab2->setText(m_form.lab2);
+    m_controls.msglab->setText(m_form.msglab);
+    m_controls.sortlist->button(m_form.sortlist)->setChecked(true);
+    m_controls.kyuflg->button(m_form.kyuflg())->setChecked(true);
+    for (int element = 0; element < 2; ++element)
+        show_selector(*m_controls.ym[element], m_form.ym[element]);
+    m_controls.hyou_day->setVisible(m_form.hyou_day_shown);
+    m_controls.lay_out(size());
+    refresh_editors();
+    follow_focus_wish();
+}
+
+void ent_rovena_page::refresh_editors() {
+    const entry::KindList& kyucom = m_form.editors.kyucom;
+    if (kyucom.visible)
+        m_kyucom->lay_over(kyucom.cell, kyucom.index);
+    else
+        m_kyucom->put_away();
+    m_atai->refresh();
+}
+
+void ent_rovena_page::follow_focus_wish() {
+    const auto wish = std::exchange(m_form.editors.focus, std::nullopt);
+    if (!wish)
+        return;
+    QWidget* const widgets[] = {m_atai, m_kyucom, m_controls.ym[0], m_controls.ym[1], m_controls.toubotan};
+    widgets[static_cast<int>(*wish)]->setFocus();
+}
+
+} // namespace ui

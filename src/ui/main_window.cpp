@@ -1,0 +1,81 @@
+#include "ui/main_window.h"
+
+#include "base/literals.h"
+#include "ui/picture_button.h"
+#include "ui/style.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QThread>
+#include <QVBoxLayout>
+
+namespace ui {
+
+using namespace base;
+
+namespace {
+
+constexpr QRgb mainpic_back = qRgb(200, 200, 255);
+constexpr QSize smallest(1100, 660);
+
+/// Inside a wait or a question the program is in the middle of something, and the window has to stay.
+bool in_the_middle_of_something() {
+    return QThread::currentThread()->loopLevel() > 1;
+}
+
+QLabel* status(Lettering as, const QString& name, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setAccessibleName(name);
+    letter(*label, as);
+    return label;
+}
+
+} // namespace
+
+MainWindow::MainWindow(frame::Session session, std::span<const PageRow> table, std::function<void()> backup)
+    : m_session(session), m_pages(new PageArea(m_session, m_form, table, this)),
+      m_form(session, *m_pages, std::move(backup)), m_flab(status(Lettering::Comment, u"状態"_s, this)),
+      m_stalab(status(Lettering::Mark, u"サーバー接続"_s, this)) {
+    setWindowTitle(u"就業録"_s);
+    setWindowIcon(QIcon(frame::program_icon_path(session.settings)));
+    setMinimumSize(smallest);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(make_band(frame::picture_folder(session.settings)));
+    column->addWidget(m_pages, 1);
+    m_form.changed = [this] { refresh(); };
+}
+
+QWidget* MainWindow::make_band(const QString& pictures) {
+    auto* band = new QWidget(this);
+    band->setAutoFillBackground(true);
+    QPalette palette = band->palette();
+    palette.setColor(QPalette::Window, QColor::fromRgb(mainpic_back));
+    band->setPalette(palette);
+    auto* line = new QHBoxLayout(band);
+    line->setContentsMargins(10, 8, 16, 8);
+    line->setSpacing(8);
+    for (const frame::Button& button : frame::midasi_buttons()) {
+        auto* midasi = new PictureButton(pictures, button, band);
+        connect(midasi, &PictureButton::clicked, this, [this, index = button.index] { m_form.midasi_Click(index); });
+        line->addWidget(midasi);
+    }
+    line->addStretch(1);
+    line->addWidget(m_flab);
+    line->addWidget(m_stalab);
+    return band;
+}
+
+void MainWindow::refresh() {
+    m_flab->setText(m_form.flab);
+    m_stalab->setText(m_form.stalab);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(!in_the_middle_of_something() && m_form.Form_QueryUnload());
+}
+
+} // namespace ui

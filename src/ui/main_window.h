@@ -1,0 +1,38 @@
+#pragma once
+
+// The one top-level window: the band with the five top buttons and the two status texts, and below it the page in view.
+
+#include "frame/mainform.h"
+#include "ui/page_area.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace ui {
+
+class MainWindow : public QWidget {
+    Q_OBJECT
+public:
+    /// Throws platform::FileError if a picture of the top buttons isn't there.
+    explicit MainWindow(
+        frame::Session session, std::span<const PageRow> table = page_table(), std::function<void()> backup = {});
+
+    frame::mainform& form() { return m_form; }
+    PageArea& pages() { return *m_pages; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* make_band(const QString& pictures);
+    void refresh();
+
+    frame::Session m_session;
+    PageArea* m_pages;
+    frame::mainform m_form;
+    QLabel* m_flab;
+    QLabel* m_stalab;
+};
+
+} // namespace ui

@@ -1,0 +1,71 @@
+#include "ui/program.h"
+
+#include "platform/file_error.h"
+#include "ui/application.h"
+#include "ui/splash.h"
+
+#include <QScreen>
+
+namespace ui {
+
+namespace {
+
+constexpr QSize wanted_size(1366, 768);
+
+bool holds(QSize room, QSize size) {
+    return size.boundedTo(room) == size;
+}
+
+/// A screen hardly larger than the window is given to the window as a whole.
+void fit_to_screen(QWidget& window) {
+    constexpr QSize window_frame(40, 60);
+    const QSize room = window.screen()->availableSize();
+    window.resize(wanted_size.boundedTo(room).expandedTo(window.minimumSize()));
+    if (holds(room, window.minimumSize()) && !holds(room, wanted_size + window_frame))
+        window.setWindowState(Qt::WindowMaximized);
+}
+
+} // namespace
+
+Program::Program(platform::Host& host, QString program_folder)
+    : m_host(host), m_program_folder(std::move(program_folder)), m_tables(m_settings),
+      m_link(m_settings, host,
+          [this](const QString& mark) {
+              if (m_window)
+                  m_window->form().show_link_state(mark);
+          }),
+      m_session{m_settings, host, m_tables, m_link} {}
+
+int Program::start() {
+    const auto failed = [this](const QString& text) {
+        m_window.reset();
+        m_host.tell(text, error_title.toString());
+        return EXIT_FAILURE;
+    };
+    try {
+        if (start_up())
+            show_window();
+        return EXIT_SUCCESS;
+    } catch (const store::Error& error) {
+        return failed(error.text());
+    } catch (const platform::FileError& error) {
+        return failed(error.text());
+    }
+}
+
+bool Program::start_up() {
+    Splash splash(m_settings);
+    frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
+    splash.show();
+    // The first start leads to the main frame as well: its masters can be filled there.
+    return stg.Form_Activate() != frame::Start::End;
+}
+
+void Program::show_window() {
+    m_window = std::make_unique<MainWindow>(m_session);
+    fit_to_screen(*m_window);
+    m_window->form().Form_Load();
+    m_window->show();
+}
+
+} // namespace ui

@@ -1,0 +1,144 @@
+#include "ui/qt_host.h"
+
+#include "base/literals.h"
+#include "platform/paths.h"
+#include "platform/program_lock.h"
+#include "platform/share.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QTimer>
+#include <QUrl>
+#include <array>
+#include <span>
+
+namespace ui {
+
+using namespace base;
+using platform::Answer;
+using platform::Buttons;
+
+namespace {
+
+struct BoxButton {
+    Answer answer;
+    QMessageBox::ButtonRole role;
+    QStringView text;
+};
+constexpr BoxButton ok{Answer::Ok, QMessageBox::AcceptRole, u"OK"};
+constexpr BoxButton cancel{Answer::Cancel, QMessageBox::RejectRole, u"キャンセル"};
+constexpr BoxButton yes{Answer::Yes, QMessageBox::YesRole, u"はい"};
+constexpr BoxButton no{Answer::No, QMessageBox::NoRole, u"いいえ"};
+
+struct Box {
+    std::span<const BoxButton> buttons;
+    Answer closed; ///< what closing the box by other means counts as
+    QMessageBox::Icon icon;
+};
+
+Box box_for(Buttons buttons) {
+    static constexpr std::array only_ok{ok};
+    static constexpr std::array ok_cancel{ok, cancel};
+    static constexpr std::array yes_no{yes, no};
+    switch (buttons) {
+    case Buttons::Ok:
+        return {only_ok, Answer::Ok, QMessageBox::Information};
+    case Buttons::OkCancel:
+        return {ok_cancel, Answer::Cancel, QMessageBox::Warning};
+    case Buttons::YesNo:
+        return {yes_no, Answer::No, QMessageBox::Question};
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+Answer QtHost::ask(const QString& text, const QString& title, Buttons buttons) {
+    const Box look = box_for(buttons);
+    QMessageBox box(look.icon, title, text, QMessageBox::NoButton, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    QHash<QAbstractButton*, Answer> answers;
+    for (const BoxButton& button : look.buttons) {
+        QPushButton* added = box.addButton(button.text.toString(), button.role);
+        answers.insert(added, button.answer);
+        if (&button == look.buttons.data())
+            box.setDefaultButton(added);
+    }
+    box.setEscapeButton(answers.key(look.closed));
+    box.exec();
+    return answers.value(box.clickedButton(), look.closed);
+}
+
+std::optional<QString> QtHost::input(const QString& prompt) {
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setLabelText(prompt);
+    dialog.setOkButtonText(ok.text.toString());
+    dialog.setCancelButtonText(cancel.text.toString());
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.textValue()) : std::nullopt;
+}
+
+QStringList name_filters(const QString& filter) {
+    QStringList entries;
+    const QStringList parts = filter.split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        entries << u"%1 (%2)"_s.arg(parts[i].section(u'(', 0, 0), parts[i + 1]);
+    return entries;
+}
+
+std::optional<QString> QtHost::save_path(const platform::SaveDialog& record) {
+    QFileDialog dialog(QApplication::activeWindow(), record.title, platform::portable(record.folder));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDefaultSuffix(record.extension);
+    dialog.setNameFilters(name_filters(record.filter));
+    dialog.setLabelText(QFileDialog::Accept, u"保存"_s);
+    dialog.setLabelText(QFileDialog::Reject, cancel.text.toString());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return platform::native(dialog.selectedFiles().constFirst());
+}
+
+bool QtHost::open_document(const QString& address) {
+    return QDesktopServices::openUrl(QUrl::fromUserInput(address));
+}
+
+bool QtHost::start_program(const QString& file, const QStringList& arguments) {
+    return QProcess::startDetached(file, arguments);
+}
+
+bool QtHost::program_running(const QString& title, const QString& folder) {
+    return platform::ProgramLock::held(folder, title);
+}
+
+QDateTime QtHost::now() {
+    return QDateTime::currentDateTime();
+}
+
+QStringList QtHost::printers() {
+    QStringList names = QPrinterInfo::availablePrinterNames();
+    names.removeAll(pdf_printer.toString());
+    return names << pdf_printer.toString();
+}
+
+bool QtHost::connect_share(const QString& share, const QString& user, const QString& password) {
+    return platform::connect_share(share, user, password);
+}
+
+void QtHost::yield() {
+    wait(std::chrono::milliseconds(0));
+}
+
+// A loop of its own, so that the window sees that it must not close now.
+void QtHost::wait(std::chrono::milliseconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace ui

@@ -1,0 +1,34 @@
+#pragma once
+
+// The real desktop. Boxes and dialogs speak Japanese whatever the desktop speaks. While the program waits, the
+// interface paints and sockets work, but the person's keys and clicks are held back until the wait is over: so nobody
+// can leave a screen that is in the middle of something.
+
+#include "platform/host.h"
+
+namespace ui {
+
+class QtHost : public platform::Host {
+public:
+    platform::Answer ask(const QString& text, const QString& title, platform::Buttons buttons) override;
+    std::optional<QString> input(const QString& prompt) override;
+    std::optional<QString> save_path(const platform::SaveDialog& dialog) override;
+    bool open_document(const QString& address) override;
+    bool start_program(const QString& file, const QStringList& arguments) override;
+    bool program_running(const QString& title, const QString& folder) override;
+    QDateTime now() override;
+    /// The platform's printers, and last the one that writes PDF files.
+    QStringList printers() override;
+    bool connect_share(const QString& share, const QString& user, const QString& password) override;
+    void yield() override;
+    void wait(std::chrono::milliseconds time) override;
+};
+
+/// The name of the printer that writes PDF files.
+inline constexpr QStringView pdf_printer = u"PDF";
+
+/// A filter of the form "CSV(*.csv)|*.csv|すべて|*.*" as Qt's dialogs take it: one text an entry, with its pattern in
+/// parentheses.
+QStringList name_filters(const QString& filter);
+
+} // namespace ui

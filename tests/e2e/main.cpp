@@ -1,0 +1,17 @@
+#include "e2e/desk.h"
+#include "ui/application.h"
+#include "ui/style.h"
+
+#include <gtest/gtest.h>
+
+e2e::Desk& e2e::desk() {
+    static Desk only;
+    return only;
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    ui::Application application(argc, argv, e2e::desk());
+    ui::apply_style(application);
+    return RUN_ALL_TESTS();
+}

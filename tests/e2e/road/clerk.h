@@ -1,0 +1,60 @@
+#pragma once
+
+// The clerk: a person at the main window, acting by mouse and keyboard on the real widgets. An act that finds no widget
+// to act on throws.
+
+#include "e2e/road/typed_month.h"
+#include "ui/ent_rovena_page.h"
+#include "ui/main_window.h"
+
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+
+namespace e2e {
+
+/// Something on the road isn't as it must be; the text says what.
+struct RoadError : std::runtime_error {
+    explicit RoadError(const QString& text) : std::runtime_error(text.toStdString()) {}
+};
+
+/// Throws a RoadError unless the condition holds.
+void demand(bool condition, const QString& what);
+
+/// Lets the interface run until the condition holds; throws after the patience.
+void wait_until(const std::function<bool()>& condition, const QString& what,
+    std::chrono::seconds patience = std::chrono::seconds(60));
+
+class Clerk {
+public:
+    explicit Clerk(ui::MainWindow& window) : m_window(window) {}
+
+    /// Clicks the button whose bitmap reads so, anywhere in the window.
+    void press_button(const QString& label);
+
+    /// The entry page in view.
+    ui::ent_rovena_page& entry();
+
+    void choose_employee(int row);
+    /// Steps through the selectors by the arrow keys.
+    void choose_month(int year, int month);
+
+    /// Types the times of days that follow each other, by the keyboard alone from clock-in over clock-out and break to
+    /// the next day.
+    void type_days(const QList<TypedDay>& days);
+    /// Types the days' remarks and chooses their kinds, each on its cell.
+    void type_remarks(const QList<TypedDay>& days);
+    void choose_kinds(const QList<TypedDay>& days);
+    /// Types a count into the strip.
+    void type_count(int column, const QString& digits);
+
+private:
+    void type_day(const TypedDay& day);
+    void choose_kind(const TypedDay& day);
+    QWidget* keyboard();
+    void step_to(QComboBox& selector, const QString& text);
+
+    ui::MainWindow& m_window;
+};
+
+} // namespace e2e

@@ -1,0 +1,44 @@
+#include "base/literals.h"
+#include "install/options.h"
+
+#include <gtest/gtest.h>
+
+using namespace base;
+using namespace install;
+
+namespace {
+
+Request read(const QString& line) {
+    return read_arguments(line.split(u' ', Qt::SkipEmptyParts));
+}
+
+TEST(Arguments, EachGoesToItsPlace) {
+    const Request request = read(u"--use-class 2 /srv/root --server-name main --printer PDF --assets a --assets b"
+                                 " --server-root //main/qn --share-user u --share-password p"_s);
+    ASSERT_EQ(request.problem, QString());
+    const Options& options = request.options;
+    EXPECT_EQ(options.root, u"/srv/root"_s);
+    EXPECT_EQ(options.use_class, 2);
+    EXPECT_EQ((QStringList{options.server_name, options.printer, options.server_root, options.share_user,
+                  options.share_password}),
+        (QStringList{u"main"_s, u"PDF"_s, u"//main/qn"_s, u"u"_s, u"p"_s}));
+    EXPECT_EQ(options.assets, (QStringList{u"a"_s, u"b"_s}));
+    EXPECT_FALSE(options.sample);
+}
+
+TEST(Arguments, TheSampleTakesUpToTwoNumbersAndItsLastMonthMayStandAnywhere) {
+    const auto sample = [](const QString& line) { return read(line).options.sample.value_or(Sample{0, 0, 0}); };
+    EXPECT_EQ(sample(u"--sample /r"_s).employees, Sample{}.employees);
+    EXPECT_EQ(sample(u"/r --sample 7"_s).employees, 7);
+    EXPECT_EQ(sample(u"/r --sample 7 24 --use-class 1"_s).months, 24);
+    EXPECT_EQ(sample(u"--until 202502 /r --sample"_s).until, 202502);
+}
+
+TEST(Arguments, WhatCantBeUsedIsNamed) {
+    for (const QString& line :
+        {u""_s, u"--sample 5"_s, u"/a /b"_s, u"/a --colour red"_s, u"/a --use-class 3"_s, u"/a --use-class x"_s,
+            u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s})
+        EXPECT_NE(read(line).problem, QString()) << line.toStdString();
+}
+
+} // namespace

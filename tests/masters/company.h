@@ -1,0 +1,96 @@
+#pragma once
+
+// A company of the tests: a tree of new databases, a scripted desktop, and the session that forms are given.
+
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "base/sheet.h"
+#include "frame/session.h"
+#include "store/test_tree.h"
+#include "support/fake_host.h"
+
+#include <gtest/gtest.h>
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace masters {
+
+using namespace base;
+using platform::Answer;
+using platform::Buttons;
+using support::Shown;
+
+class Company : public ::testing::Test {
+protected:
+    TestTree tree;
+    support::FakeHost host;
+    store::SettingTables tables{tree.settings};
+    frame::TurnLink link{tree.settings, host};
+    frame::Session session{tree.settings, host, tables, link};
+
+    store::Database rovdata() {
+        return store::Database::open(store::rovdata_path(tree.settings), store::Kind::Rovdata);
+    }
+    store::Database comsys() { return store::Database::open(store::comsys_path(tree.settings), store::Kind::Comsys); }
+    store::Database allsystem() {
+        return store::Database::open(store::allsystem_path(tree.settings), store::Kind::Allsystem);
+    }
+
+    /// The rows of a query, each as its columns joined by "|"; Null as "-".
+    static QStringList rows(store::Database database, std::string_view sql) {
+        QStringList found;
+        auto query = database.prepare(sql);
+        while (query.step()) {
+            QStringList cells;
+            for (int i = 0; i < query.row().columns(); ++i)
+                cells << (query.row().is_null(i) ? u"-"_s : query.row().text(i));
+            found << cells.join(u'|');
+        }
+        return found;
+    }
+
+    /// The last number that a counter has given out; 0 if it hasn't begun.
+    int counter(const QString& name) {
+        auto database = comsys();
+        auto query = database.prepare("select 番号 from bangou where 番号名称=?");
+        return query.bind(name).step() ? query.row().integer(0) : 0;
+    }
+
+    void set_counter(const QString& name, int last) {
+        comsys().prepare("insert into bangou (番号名称, 番号) values (?, ?)").bind(name, last).run();
+    }
+
+    void add_category(int number, const QString& name) {
+        rovdata().prepare("insert into kinsyu (システム番号, 種類名) values (?, ?)").bind(number, name).run();
+    }
+
+    void add_employee(int key, const QString& number, const QString& name) {
+        rovdata()
+            .prepare("insert into syain (システム番号, 社員番号, 社員名) values (?, ?, ?)")
+            .bind(key, number, name)
+            .run();
+    }
+
+    /// One band of a type, with the first break rule.
+    void add_band(int type, const QString& name, int weekday, int band, int start, int end, int category = 1,
+        int mode = 0, int threshold = 0, int pause = 0) {
+        rovdata()
+            .prepare(
+                "insert into kintype (システム番号, 勤務タイプ名, 曜日, 連番, 開始時間, 終了時間, 時間種類, 時間計算,"
+                " 休憩勤務時間1, 休憩時間1) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
+            .bind(type, name, weekday, band, start, end, category, mode, threshold, pause)
+            .run();
+    }
+};
+
+/// The cells of a column below the heading.
+inline QStringList column(const base::Sheet& sheet, int col) {
+    QStringList cells;
+    for (int row = sheet.FixedRows(); row < sheet.Rows(); ++row)
+        cells << sheet(row, col);
+    return cells;
+}
+
+} // namespace masters

@@ -1,0 +1,194 @@
+#include "masters/mst_kinsyu.h"
+
+#include "base/keys.h"
+#include "masters/company.h"
+
+namespace masters {
+
+namespace {
+
+class Categories : public Company {
+protected:
+    mst_kinsyu form{session};
+
+    void open() {
+        form.Form_Load();
+        form.Form_Activate();
+    }
+
+    /// One change for each character, as keys make them.
+    void type(const QString& text) {
+        for (const QChar c : text)
+            form.atai_Change(form.atai.text + c);
+    }
+
+    QStringList stored() { return rows(rovdata(), "select システム番号, 種類名 from kinsyu order by rowid"); }
+};
+
+} // namespace
+
+TEST_F(Categories, TheListStandsInOrderOfTheNumberWithOneEmptyRow) {
+    add_category(5, u" 残業 "_s);
+    add_category(2, u"通常"_s);
+    open();
+    EXPECT_EQ(column(form.hyou, mst_kinsyu::name_col), QStringList({u"通常"_s, u"残業"_s, u""_s}));
+    EXPECT_EQ(column(form.hyou, mst_kinsyu::number_col), QStringList({u"2"_s, u"5"_s, u""_s}));
+    EXPECT_EQ(form.hyou.ColWidth(mst_kinsyu::number_col), 0);
+    EXPECT_EQ(form.hyou.ColWidth(mst_kinsyu::mark_col), 0);
+}
+
+TEST_F(Categories, TypingAtOnceLandsInRowOneUnseen) {
+    add_category(2, u"通常"_s);
+    open();
+    EXPECT_FALSE(form.atai.visible);
+    EXPECT_EQ(form.focus, (Focus{Control::Atai}));
+    type(u"勤務"_s);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"2|通常勤務"_s}));
+}
+
+TEST_F(Categories, ANewNameThatArrivesInOneChangeIsNotSaved) {
+    open();
+    form.atai_Change(u"深夜残業"_s);
+    EXPECT_EQ(form.hyou(1, mst_kinsyu::name_col), u"深夜残業"_s);
+    EXPECT_EQ(form.hyou.Rows(), 2) << "the change found an empty cell";
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList());
+    EXPECT_EQ(counter(u"勤務種類"_s), 0);
+
+    form.hyou_Click({1, mst_kinsyu::name_col});
+    form.atai_Change(u"深夜残業2"_s);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"1|深夜残業2"_s})) << "the second change is seen";
+}
+
+TEST_F(Categories, TheSecondKeyMarksANewRowAndAddsAnEmptyOne) {
+    open();
+    type(u"早"_s);
+    EXPECT_EQ(form.hyou.Rows(), 2);
+    type(u"朝"_s);
+    EXPECT_EQ(form.hyou.Rows(), 3);
+    EXPECT_EQ(form.hyou(1, mst_kinsyu::mark_col), u"1"_s);
+    EXPECT_TRUE(form.atai_KeyDown(key::enter));
+    EXPECT_EQ(stored(), QStringList({u"1|早朝"_s}));
+    EXPECT_EQ(form.hyou(1, mst_kinsyu::mark_col), u""_s);
+    EXPECT_EQ(form.atai.cell, (Cell{2, mst_kinsyu::name_col}));
+    EXPECT_TRUE(form.atai.select_all);
+}
+
+TEST_F(Categories, EnterAndTheArrowsMoveWithinTheRowsAndSave) {
+    for (int n = 1; n <= 2; ++n)
+        add_category(n, u"種類%1"_s.arg(n));
+    open();
+    EXPECT_FALSE(form.atai_KeyDown(key::up)) << "row 1 is the first";
+    type(u"x"_s);
+    EXPECT_TRUE(form.atai_KeyDown(key::down));
+    EXPECT_EQ(form.atai.text, u"種類2"_s);
+    EXPECT_TRUE(form.atai_KeyDown(key::enter));
+    EXPECT_FALSE(form.atai_KeyDown(key::enter)) << "the empty row is the last";
+    EXPECT_TRUE(form.atai_KeyDown(key::up));
+    EXPECT_EQ(form.hyou.Row(), 2);
+    EXPECT_EQ(stored(), QStringList({u"1|種類1x"_s, u"2|種類2"_s}));
+}
+
+TEST_F(Categories, AnErasedNameIsWrittenEmpty) {
+    add_category(3, u"通常"_s);
+    open();
+    form.atai_Change(u""_s);
+    form.atai_LostFocus();
+    EXPECT_EQ(stored(), QStringList({u"3|"_s}));
+}
+
+TEST_F(Categories, OnlyTheRowOfTheNumberIsWritten) {
+    add_category(3, u"a"_s);
+    add_category(4, u"b"_s);
+    add_category(3, u"c"_s);
+    open();
+    type(u"1"_s);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"3|a1"_s, u"4|b"_s, u"3|c"_s})) << "the first row found";
+}
+
+TEST_F(Categories, NamesOfEveryKindComeBackAsTyped) {
+    for (const QString& name : {QString(255, u'名'), u"　　"_s, u"朝'; drop table kinsyu;--\"x\""_s, u"夜勤😀"_s}) {
+        form.Form_Load();
+        form.hyou_Click({form.hyou.Rows() - 1, mst_kinsyu::name_col});
+        form.atai_Change(u"x"_s);
+        form.atai_Change(name);
+        form.botan_Click(1);
+        form.Form_Load();
+        EXPECT_EQ(column(form.hyou, mst_kinsyu::name_col).at(form.hyou.Rows() - 3), name);
+    }
+    form.hyou_Click({1, mst_kinsyu::name_col});
+    form.atai_Change(QString(300, u'x'));
+    EXPECT_EQ(form.hyou(1, mst_kinsyu::name_col).size(), 255);
+}
+
+TEST_F(Categories, ADeleteAsksAndReadsTheListAfresh) {
+    add_category(1, u"早朝"_s);
+    add_category(2, u"残業"_s);
+    add_band(7, u"普通"_s, 1, 1, 830, 1715, 2);
+    open();
+    form.hyou_Click({2, mst_kinsyu::name_col});
+    host.answers = {Answer::No, Answer::Yes};
+    form.botan_Click(2);
+    EXPECT_EQ(host.shown, (std::vector<Shown>{{u"『残業』を削除します"_s, u"削除"_s, Buttons::YesNo}}));
+    EXPECT_EQ(stored().size(), 2);
+    form.botan_Click(2);
+    EXPECT_EQ(stored(), QStringList({u"1|早朝"_s}));
+    EXPECT_EQ(column(form.hyou, mst_kinsyu::name_col), QStringList({u"早朝"_s, u""_s}));
+    EXPECT_EQ(rows(rovdata(), "select 時間種類 from kintype"), QStringList({u"2"_s})) << "uses of the number stand";
+}
+
+TEST_F(Categories, ARowNeverSavedGoesWithTheRereading) {
+    open();
+    form.atai_Change(u"仮"_s);
+    form.botan_Click(2);
+    EXPECT_EQ(column(form.hyou, mst_kinsyu::name_col), QStringList({u""_s})) << "an empty table leaves one empty row";
+}
+
+TEST_F(Categories, TheHeadingAndTheEmptyRowCantBeDeleted) {
+    add_category(1, u"早朝"_s);
+    open();
+    form.hyou.setRow(0);
+    form.マスター削除();
+    form.hyou.setRow(2);
+    form.マスター削除();
+    EXPECT_TRUE(host.shown.empty());
+}
+
+TEST_F(Categories, AClickCommitsTheCellLeftBeforeTheNextIsOpened) {
+    add_category(1, u"早朝"_s);
+    add_category(2, u"残業"_s);
+    open();
+    type(u"2"_s);
+    form.hyou_Click({2, mst_kinsyu::name_col});
+    EXPECT_EQ(stored().first(), u"1|早朝2"_s);
+    EXPECT_EQ(form.atai.text, u"残業"_s);
+    EXPECT_EQ(form.atai.input_method, InputMethod::On);
+    form.hyou_Click({0, mst_kinsyu::name_col});
+    EXPECT_FALSE(form.atai.active) << "the heading takes no editor";
+}
+
+TEST_F(Categories, LeavingForTheMenuSavesTheCellFirst) {
+    add_category(1, u"早朝"_s);
+    open();
+    type(u"番"_s);
+    form.botan_Click(0);
+    EXPECT_TRUE(form.close_wanted);
+    EXPECT_EQ(form.focus, (Focus{Control::Toubotan}));
+    EXPECT_EQ(stored(), QStringList({u"1|早朝番"_s}));
+}
+
+TEST_F(Categories, ARowThatCouldntBeWrittenKeepsItsMark) {
+    open();
+    type(u"夜勤"_s);
+    QFile::rename(store::rovdata_path(tree.settings), tree.folder.filePath(u"away"_s));
+    EXPECT_THROW(form.botan_Click(1), store::Error);
+    QFile::rename(tree.folder.filePath(u"away"_s), store::rovdata_path(tree.settings));
+    form.hyou_Click({1, mst_kinsyu::name_col});
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"1|夜勤"_s}));
+}
+
+} // namespace masters

@@ -1,0 +1,100 @@
+#include "masters/mst_kintype.h"
+
+#include "masters/company.h"
+
+namespace masters {
+
+namespace {
+
+class Assignments : public Company {
+protected:
+    mst_kintype form{session};
+
+    void SetUp() override {
+        add_employee(1, u"20"_s, u"山田"_s);
+        add_employee(2, u"3"_s, u" 田中 "_s);
+        add_employee(3, u""_s, u"番号なし"_s);
+        add_band(7, u"普通社員"_s, 1, 1, 830, 1715);
+        add_band(7, u"普通社員"_s, 2, 1, 830, 1715);
+        add_band(8, u"Ｂパート"_s, 1, 1, 1300, 1700);
+    }
+
+    void assign(int employee, int type) {
+        rovdata().prepare("insert into syainkinmu values (?, ?)").bind(employee, type).run();
+    }
+
+    QStringList stored() { return rows(rovdata(), "select * from syainkinmu order by rowid"); }
+};
+
+} // namespace
+
+TEST_F(Assignments, EmployeesStandByNumberAndThoseWithoutOneAreLeftOut) {
+    assign(1, 8);
+    form.Form_Load();
+    EXPECT_EQ(column(form.hyou, mst_kintype::number_col), QStringList({u"3"_s, u"20"_s}));
+    EXPECT_EQ(column(form.hyou, mst_kintype::name_col), QStringList({u"田中"_s, u"山田"_s}));
+    EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u""_s, u"Ｂパート"_s}));
+    EXPECT_EQ(column(form.hyou, mst_kintype::type_col), QStringList({u""_s, u"8"_s}));
+    EXPECT_EQ(form.hyou.ColWidth(mst_kintype::employee_col), 0);
+    EXPECT_EQ(form.atai_com.items.size(), 2);
+}
+
+TEST_F(Assignments, AChoiceIsSavedAtOnceAndReplacesEveryRowOfTheEmployee) {
+    assign(1, 7);
+    assign(2, 7);
+    assign(1, 7);
+    form.Form_Load();
+    form.hyou_Click({2, mst_kintype::type_name_col});
+    EXPECT_EQ(form.focus, (Focus{Control::AtaiCom}));
+    EXPECT_EQ(form.atai_com.index, 0);
+    form.atai_com_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"2|7"_s, u"1|8"_s}));
+    EXPECT_EQ(form.hyou(2, mst_kintype::type_name_col), u"Ｂパート"_s);
+    form.hyou_Click({1, mst_kintype::type_name_col});
+    EXPECT_EQ(form.atai_com.index, 0);
+}
+
+TEST_F(Assignments, AChoiceCountsOnlyWhileTheListIsShownOverACell) {
+    form.Form_Load();
+    form.hyou_Click({1, mst_kintype::name_col});
+    form.atai_com_Click(0);
+    form.hyou_Click({1, mst_kintype::type_name_col});
+    form.atai_com_LostFocus();
+    form.atai_com_Click(0);
+    form.保存処理(0, 7);
+    form.保存処理(1, 0);
+    EXPECT_EQ(stored(), QStringList());
+}
+
+TEST_F(Assignments, ATypeWithoutRowsReadsAsNoAssignmentAndItsRowStays) {
+    assign(1, 99);
+    assign(55, 7);
+    form.Form_Load();
+    EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u""_s, u""_s}));
+    EXPECT_EQ(stored(), QStringList({u"1|99"_s, u"55|7"_s}));
+}
+
+TEST_F(Assignments, OfTwoRowsTheLaterOneIsShown) {
+    assign(1, 8);
+    assign(1, 7);
+    form.Form_Load();
+    EXPECT_EQ(form.hyou(2, mst_kintype::type_name_col), u"普通社員"_s);
+}
+
+TEST_F(Assignments, ATypeListedUnderTwoNamesIsShownUnderTheFirst) {
+    add_band(7, u"普通社員２"_s, 3, 1, 830, 1715);
+    assign(1, 7);
+    form.Form_Load();
+    EXPECT_EQ(form.atai_com.items.size(), 3);
+    EXPECT_EQ(form.hyou(2, mst_kintype::type_name_col), u"普通社員"_s);
+}
+
+TEST_F(Assignments, AChoiceThatCouldntBeSavedIsNotShown) {
+    form.Form_Load();
+    form.hyou_Click({1, mst_kintype::type_name_col});
+    rovdata().exec("create trigger broken before insert on syainkinmu begin select raise(abort, 'x'); end");
+    EXPECT_THROW(form.atai_com_Click(0), store::Error);
+    EXPECT_EQ(form.hyou(1, mst_kintype::type_name_col), u""_s);
+}
+
+} // namespace masters

@@ -1,0 +1,133 @@
+#include "masters/mst_kyuka.h"
+
+#include "base/keys.h"
+#include "masters/company.h"
+
+namespace masters {
+
+namespace {
+
+class DayKinds : public Company {
+protected:
+    mst_kyuka form{session};
+
+    QStringList stored() { return rows(rovdata(), "select * from kyutype order by システム番号"); }
+
+    QStringList listed() const {
+        QStringList lines;
+        for (int row = 1; row < form.hyou.Rows(); ++row)
+            lines << form.hyou(row, 0) + u'|' + form.hyou(row, 1) + u'|' + form.hyou(row, 2);
+        return lines;
+    }
+
+    void name(const QString& text) { form.atai_Change(mst_kyuka::name_field, text); }
+};
+
+} // namespace
+
+TEST_F(DayKinds, AttendanceComesFirstAndTheStandardOnesFirstWithinEachClass) {
+    rovdata().exec("insert into kyutype values (1, '公休', 1, 0), (2, ' 有休 ', null, 0), (3, '出勤', 2, 1),"
+                   " (4, '休日出勤', 0, 1), (5, '欠勤', null, null), (6, '特別', 7, 0)");
+    form.Form_Load();
+    EXPECT_EQ(listed(), QStringList({u"出勤|通常|出勤"_s, u"休日出勤||出勤"_s, u"特別|通常|休暇"_s, u"公休|通常|休暇"_s,
+                            u"有休||休暇"_s, u"欠勤||休暇"_s}));
+}
+
+TEST_F(DayKinds, ANewKindIsLeaveWithoutAMark) {
+    form.Form_Load();
+    name(u" 有休 "_s);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"1|有休|-|0"_s}));
+    EXPECT_EQ(listed(), QStringList({u"有休||休暇"_s}));
+    EXPECT_EQ(form.focus, (Focus{Control::Atai, mst_kyuka::name_field}));
+    EXPECT_EQ(form.atai[mst_kyuka::key_field].text, u""_s);
+}
+
+TEST_F(DayKinds, TheMarkFollowsTheClassAndTheClassStaysForTheNextKind) {
+    form.Form_Load();
+    name(u"出勤"_s);
+    form.ch_hyou_Click(true);
+    form.Op_kyusyu_Click(1);
+    form.botan_Click(1);
+    EXPECT_FALSE(form.ch_hyou);
+    EXPECT_EQ(form.Op_kyusyu, 1);
+    name(u"休日出勤"_s);
+    form.botan_Click(1);
+    name(u"公休"_s);
+    form.Op_kyusyu_Click(0);
+    form.ch_hyou_Click(true);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"1|出勤|2|1"_s, u"2|休日出勤|-|1"_s, u"3|公休|1|0"_s}));
+}
+
+TEST_F(DayKinds, AClickTakesTheRowInHandAndASaveReplacesIt) {
+    rovdata().exec("insert into kyutype values (1, '公休', 1, 0), (3, '出勤', 2, 1)");
+    form.Form_Load();
+    form.hyou_Click(1);
+    EXPECT_EQ(form.atai[mst_kyuka::key_field].text, u"3"_s);
+    EXPECT_EQ(form.atai[mst_kyuka::name_field].text, u"出勤"_s);
+    EXPECT_EQ(form.atai[mst_kyuka::mark_field].text, u"2"_s);
+    EXPECT_TRUE(form.ch_hyou);
+    EXPECT_EQ(form.Op_kyusyu, 1);
+    form.Op_kyusyu_Click(0);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"1|公休|1|0"_s, u"3|出勤|1|0"_s}));
+    EXPECT_EQ(counter(u"休暇種類"_s), 0);
+}
+
+TEST_F(DayKinds, TheHeadingTakesNothingInHand) {
+    rovdata().exec("insert into kyutype values (1, '公休', 1, 0)");
+    form.Form_Load();
+    name(u"x"_s);
+    form.hyou_Click(0);
+    EXPECT_EQ(form.atai[mst_kyuka::name_field].text, u"x"_s);
+}
+
+TEST_F(DayKinds, AKindNeedsANameToBeSaved) {
+    rovdata().exec("insert into kyutype values (1, '公休', 1, 0)");
+    form.Form_Load();
+    form.hyou_Click(1);
+    name(u"  "_s);
+    form.botan_Click(1);
+    EXPECT_EQ(host.shown, (std::vector<Shown>{{u"休暇名を入力してください"_s, u"休暇名未入力"_s, Buttons::Ok}}));
+    EXPECT_EQ(stored(), QStringList({u"1|公休|1|0"_s}));
+    form.botan_Click(2);
+    EXPECT_EQ(stored(), QStringList()) << "a delete needs none and doesn't ask";
+    EXPECT_EQ(host.shown.size(), 1u);
+}
+
+TEST_F(DayKinds, NothingIsDeletedWithoutARowInHand) {
+    rovdata().exec("insert into kyutype values (0, 'x', 1, 0)");
+    form.Form_Load();
+    name(u"公休"_s);
+    form.botan_Click(2);
+    EXPECT_EQ(form.atai[mst_kyuka::name_field].text, u"公休"_s);
+    EXPECT_EQ(stored().size(), 1);
+    EXPECT_EQ(form.focus, (Focus{Control::Atai, mst_kyuka::name_field}));
+}
+
+TEST_F(DayKinds, EnterLeadsToTheHiddenButtonAndRegistersThere) {
+    form.Form_Load();
+    name(u"公休"_s);
+    EXPECT_FALSE(form.atai_KeyDown(key::down));
+    EXPECT_TRUE(form.atai_KeyDown(key::enter));
+    EXPECT_EQ(form.focus, (Focus{Control::Toubotan}));
+    form.toubotan_GotFocus();
+    EXPECT_TRUE(form.toubotan_lit);
+    EXPECT_TRUE(form.toubotan_KeyDown(key::enter));
+    form.toubotan_LostFocus();
+    EXPECT_FALSE(form.toubotan_lit);
+    EXPECT_EQ(stored(), QStringList({u"1|公休|-|0"_s}));
+}
+
+TEST_F(DayKinds, NamesOfEveryKindComeBackAsTyped) {
+    const QStringList names{QString(255, u'名'), u"　　"_s, u"休'; drop table kyutype;--\"x\""_s, u"振休😀"_s};
+    form.Form_Load();
+    for (const QString& text : names) {
+        name(text);
+        form.botan_Click(1);
+    }
+    EXPECT_EQ(column(form.hyou, 0), names);
+}
+
+} // namespace masters

@@ -1,0 +1,50 @@
+#pragma once
+
+// What a person does with mouse and keyboard, as events to the real widgets.
+
+#include "ui/grid_view.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QTest>
+
+namespace support {
+
+/// Clicks into the middle of a cell of a grid, which must be in view.
+inline void click_cell(ui::GridView& grid, int row, int col) {
+    const QRect cell = grid.cell_rect({row, col});
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
+}
+
+/// Presses a key where the keyboard is.
+inline void press(Qt::Key key) {
+    if (QWidget* at = QApplication::focusWidget())
+        QTest::keyClick(at, key);
+}
+
+/// Types a word where the keyboard is: ASCII by its keys, anything else through the input method.
+inline void type_word(const QString& word) {
+    QWidget* at = QApplication::focusWidget();
+    if (!at)
+        return;
+    const bool by_keys = std::ranges::all_of(word, [](QChar c) { return c.unicode() < 0x80; });
+    if (by_keys) {
+        QTest::keyClicks(at, word);
+        return;
+    }
+    QInputMethodEvent composed;
+    composed.setCommitString(word);
+    QApplication::sendEvent(at, &composed);
+}
+
+/// Words parted by blanks; "Enter" is the key.
+inline void type(const QString& words) {
+    for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
+        if (word == QLatin1String("Enter"))
+            press(Qt::Key_Return);
+        else
+            type_word(word);
+    }
+}
+
+} // namespace support
