@@ -97,13 +97,15 @@ TEST_F(MainWindowTest, AButtonShowsItsOtherPictureWhilePressedAndWorksByKeyboard
 
 TEST_F(MainWindowTest, ButtonsOfPagesThatAreNotThereLeaveTheMenu) {
     start();
+    const QStringList there{
+        u"閉じる"_s, u"社員"_s, u"勤務種類"_s, u"勤務タイプ時間設定"_s, u"社員勤務タイプ設定"_s, u"休暇・出勤"_s};
     for (const auto& [top, page] : {std::pair(u"集計表"_s, Page::rov_00), {u"マスター"_s, Page::mst_00}}) {
         open(top);
         QWidget& menu = *pages().page(page);
         const auto buttons = menu.findChildren<ui::PictureButton*>();
         EXPECT_EQ(buttons.size(), 7) << "six and endbotan";
         for (ui::PictureButton* entry : buttons)
-            if (entry->accessibleName() != u"閉じる"_s)
+            if (!there.contains(entry->accessibleName()))
                 QTest::mouseClick(entry, Qt::LeftButton);
         EXPECT_EQ(pages().page(page), &menu) << top.toStdString();
     }
