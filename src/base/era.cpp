@@ -56,19 +56,20 @@ QString 和暦西暦変換(const QString& text, const frame::Settings& settings,
 }
 
 QString 日付表示変換(const QString& date, const frame::Settings& settings, QDate today) {
-    if (no_date(date))
+    const auto era = shown_era(settings, today);
+    if (no_date(date) || (settings.date_style == 1 && !era))
         return date;
     if (settings.date_style == 0 && date.contains(u'/'))
         return digits(Val(date.section(u'/', 0, 0))) + u'/' + two_digits(Val(date.section(u'/', 1, 1))) + u'/' +
                two_digits(Val(date.section(u'/', 2, 2)));
-    const Ymd d = split(Val(date), settings, shown_era(settings, today));
+    const Ymd d = split(Val(date), settings, era);
     return digits(d.year) + u'/' + digits(d.month) + u'/' + digits(d.day);
 }
 
 QString 日付文字変換(const QString& date, const frame::Settings& settings, QDate today) {
-    if (no_date(date))
-        return date;
     const auto era = shown_era(settings, today);
+    if (no_date(date) || (settings.date_style == 1 && !era))
+        return date;
     const Ymd d = split(Val(date), settings, era);
     const QString name = era ? settings.era_name[*era] + u' ' : QString();
     return name + digits(d.year) + u"年 "_s + digits(d.month) + u"月 "_s + digits(d.day) + u"日"_s;

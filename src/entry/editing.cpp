@@ -69,6 +69,15 @@ void remember_pending(MonthSheet& sheet) {
         sheet.pending_cell = sheet.entry_cell;
 }
 
+/// A kind is chosen for the day as it was typed: the day is calculated first, and the choice stands.
+void calculate_before_choice(MonthSheet& sheet) {
+    const Cell here = sheet.entry_cell;
+    if (!sheet.pending_cell || sheet.pending_cell->row != here.row)
+        return;
+    calculate_day_left(sheet);
+    sheet.entry_cell = here;
+}
+
 void place_kinds(MonthSheet& sheet, Editors& editors) {
     const Cell here = cursor_of(sheet.hyou);
     editors.kyucom.enabled = false;
@@ -198,6 +207,7 @@ void choose_kind(MonthSheet& sheet, KindList& kyucom, int index) {
     const int r = sheet.hyou.Row();
     const KindParts kind = kind_parts(kyucom.items[index]);
     kyucom.index = index;
+    calculate_before_choice(sheet);
     sheet.hyou_system(r, record::kind_number) = kind.number;
     sheet.hyou_system(r, record::kind_name) = kind.name;
     sheet.hyou_system(r, record::holiday_work) = kind.holiday_work;

@@ -31,9 +31,10 @@ int element_of(const QString& setting) {
 }
 
 /// The year as the person sees it, of a day under the display setting.
+/// The Western year where no era is in force.
 QString shown_year(QDate day, const frame::Settings& settings, QDate today) {
     const QString shown = 日付表示変換(digits(date_number(day)), settings, today);
-    return digits(Val(shown.section(u'/', 0, 0)));
+    return digits(shown.contains(u'/') ? Val(shown.section(u'/', 0, 0)) : day.year());
 }
 
 } // namespace
@@ -115,12 +116,24 @@ void ent_rovena::社員選択処理() {
     書式設定();
     書式設定_日();
     msglab = u"データー抽出中"_s;
+    auto unloaded = qScopeGuard([this] { forget_employee(); });
     load_month(employee);
+    unloaded.dismiss();
     trim_strip(sheet.hyou_day);
     sheet.hyou_day.setCursor({1, 0});
     hyou_day_shown = true;
     sheet.hyou.setCursor(sheet.entry_cell);
     msglab = u"抽出終了"_s;
+}
+
+/// A load that failed leaves nobody chosen: an empty sheet under a name could be saved over that month.
+void ent_rovena::forget_employee() {
+    for (QString* text : {&syainsyscd, &syalab, &kintypecd, &lab2, &msglab})
+        text->clear();
+    sheet.band_table = {};
+    sheet.category_list.clear();
+    書式設定();
+    書式設定_日();
 }
 
 void ent_rovena::load_month(qint64 employee) {
@@ -192,13 +205,14 @@ bool ent_rovena::ym_KeyDown(int element, int key_code) {
 
 void ent_rovena::hyou_Click(Cell cell) {
     atai_LostFocus();
+    if (cell.col != col::kind && !employee_chosen())
+        return;
     if (cell.row < sheet.hyou.FixedRows())
         return;
     if (cell.col != col::kind)
         cell = {std::min(cell.row, sheet.hyou.last_row()), std::min(cell.col, sheet.hyou.last_col())};
     sheet.hyou.setCursor(cell);
-    if (cell.col == col::kind || employee_chosen())
-        入力フォーム(sheet, editors);
+    入力フォーム(sheet, editors);
 }
 
 void ent_rovena::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {

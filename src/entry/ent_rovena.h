@@ -107,6 +107,7 @@ private:
     base::CompanyMonth month_chosen();
     void load_month(qint64 employee);
     bool employee_chosen();
+    void forget_employee();
 
     frame::Session& m_session;
 };

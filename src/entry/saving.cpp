@@ -16,7 +16,10 @@ constexpr int most_fields = 15;
 class HeldTurn {
 public:
     explicit HeldTurn(frame::TurnLink& link) : m_link(link) { m_link.サーバー接続開始(); }
-    ~HeldTurn() { m_link.サーバー接続終了(); }
+    ~HeldTurn() {
+        if (!failed())
+            m_link.サーバー接続終了();
+    }
     HeldTurn(const HeldTurn&) = delete;
     HeldTurn& operator=(const HeldTurn&) = delete;
     bool failed() const { return m_link.link_failed(); }
@@ -35,8 +38,10 @@ bool manager_at_work(frame::Session& session) {
 }
 
 void start_manager(frame::Session& session) {
-    const QString exe = platform::portable(session.settings.server_root) + u"/comdata/exe/exe/jyusinkanri.exe"_s;
-    session.host.start_program(platform::program_file(exe));
+    const QString root = platform::portable(session.settings.server_root);
+    const QString exe = root + u"/comdata/exe/exe/jyusinkanri.exe"_s;
+    session.host.start_program(platform::program_file(exe),
+        {u"--root"_s, root, u"--local"_s, platform::portable(session.settings.local_root)});
 }
 
 void bind_row(store::Statement& insert, const ExchangeRow& row) {

@@ -72,8 +72,9 @@ void TurnLink::サーバー接続開始() {
     m_socket.abort();
     m_socket.connectToHost(m_settings.server_name, m_port);
     if (!wait_for(LinkState::Held)) {
-        m_host.tell(u"サーバーにアクセスできません。もう一度登録処理してください"_s, u"サーバー未接続"_s);
+        // First of all: a turn granted while the box stands open would be held by nobody.
         hang_up();
+        m_host.tell(u"サーバーにアクセスできません。もう一度登録処理してください"_s, u"サーバー未接続"_s);
     }
     show(u"◎"_s);
 }

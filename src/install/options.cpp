@@ -78,7 +78,7 @@ private:
     void take_sample() {
         Sample sample;
         for (int* number : {&sample.employees, &sample.months}) {
-            if (m_rest.isEmpty() || !m_rest.first().at(0).isDigit())
+            if (m_rest.isEmpty() || m_rest.first().isEmpty() || !m_rest.first().front().isDigit())
                 break;
             if (!take_number(m_rest.takeFirst(), 1, 100'000, *number))
                 m_request.problem = u"--sample needs other numbers"_s;

@@ -228,6 +228,7 @@ void mst_kinjikan::say(const QString& progress) {
 void mst_kinjikan::choose_day(int column) {
     for (int c = 0; c < hyou_youbi.Cols(); ++c)
         hyou_youbi.setBack(0, c, c == column ? chosen_back : white);
+    hyou_youbi.setCol(column);
     hyou_youbi_tag = column;
 }
 

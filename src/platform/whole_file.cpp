@@ -84,6 +84,12 @@ void flush_folder_of(const QString& path) {
 
 #endif
 
+/// Qt may have called the system again since the failure; a failure is never told as success.
+std::error_code failure_of_file() {
+    const std::error_code last = last_error();
+    return last ? last : std::make_error_code(std::errc::io_error);
+}
+
 } // namespace
 
 NewFile::NewFile(const QString& path)
@@ -97,7 +103,7 @@ NewFile::~NewFile() {
 std::error_code NewFile::make() {
     QFile file(m_passing);
     m_made = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-    return m_made ? std::error_code() : last_error();
+    return m_made ? std::error_code() : failure_of_file();
 }
 
 std::error_code NewFile::place(Durability durability, Standing standing) {
@@ -119,7 +125,7 @@ std::error_code write_beside(const QString& path, const QByteArray& bytes, Durab
         return failure;
     QFile file(beside.passing_path());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size())
-        return last_error();
+        return failure_of_file();
     file.close();
     return beside.place(durability, standing);
 }

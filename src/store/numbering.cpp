@@ -1,6 +1,7 @@
 #include "store/numbering.h"
 
 #include "base/literals.h"
+#include "base/text.h"
 #include "store/files.h"
 
 #include <QStringList>
@@ -47,13 +48,13 @@ int 採番(const frame::Settings& settings, const QString& counter_name) {
 std::array<QString, 7> マスター項目取得(const frame::Settings& settings, const QString& table, const QString& key_field,
     const QString& key_value, const std::array<QString, 7>& fields) {
     std::array<QString, 7> values;
-    const QString key = key_value.trimmed();
+    const QString key = base::Trim(key_value);
     const bool nothing_wanted = std::ranges::all_of(fields, [](const QString& field) { return field.isEmpty(); });
-    if (table.trimmed().isEmpty() || key_field.trimmed().isEmpty() || key.isEmpty() || nothing_wanted)
+    if (base::Trim(table).isEmpty() || base::Trim(key_field).isEmpty() || key.isEmpty() || nothing_wanted)
         return values;
 
     Database comsys = Database::open(comsys_path(settings), Kind::Comsys);
-    const QStringList columns = columns_of(comsys, table.trimmed());
+    const QStringList columns = columns_of(comsys, base::Trim(table));
     // The engine would take an unknown name in quotes for a text.
     const auto place_of = [&](const QString& field) {
         const qsizetype place = columns.indexOf(field.trimmed());
@@ -61,7 +62,7 @@ std::array<QString, 7> マスター項目取得(const frame::Settings& settings,
     };
     const QString key_column = quoted(columns[place_of(key_field)]);
     const QString sql = u"select * from %1 where %2=? order by rowid limit 1"_s;
-    Statement rows = comsys.prepare(sql.arg(quoted(table.trimmed()), key_column).toStdString());
+    Statement rows = comsys.prepare(sql.arg(quoted(base::Trim(table)), key_column).toStdString());
     if (!rows.bind(key).step())
         return values;
     for (size_t i = 0; i < fields.size(); ++i)

@@ -13,6 +13,9 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     } catch (const platform::FileError& error) {
         m_host.tell(error.text(), error_title.toString());
         exit(EXIT_FAILURE);
+    } catch (const std::exception& error) {
+        m_host.tell(QString::fromUtf8(error.what()), error_title.toString());
+        exit(EXIT_FAILURE);
     }
     return true;
 }

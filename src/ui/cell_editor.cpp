@@ -56,12 +56,11 @@ void draw_arrow(QPainter& painter, QPoint centre) {
     painter.restore();
 }
 
-/// A window that comes before this one, or a list or menu that opens, isn't a step to another control.
+} // namespace
+
 bool leaves_control(Qt::FocusReason reason) {
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
-
-} // namespace
 
 CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground)
     : QLineEdit(grid.viewport()), m_grid(grid), m_state(state), m_acts(std::move(acts)) {
@@ -174,6 +173,7 @@ void CellCombo::lay_over(base::Cell cell, int item) {
         return;
     }
     setFont(cell_font(m_grid.font(), rect.height()));
+    m_alignment = qt_alignment(m_grid.sheet().alignment(cell.row, cell.col));
     setGeometry(rect.adjusted(0, -2, 0, 2));
     setCurrentIndex(item);
     setEnabled(true);
@@ -181,8 +181,12 @@ void CellCombo::lay_over(base::Cell cell, int item) {
     show();
 }
 
-void CellCombo::put_away() {
+void CellCombo::step_aside() {
     move(out_of_sight);
+}
+
+void CellCombo::put_away() {
+    step_aside();
     setEnabled(false);
 }
 
@@ -199,7 +203,7 @@ void CellCombo::paintEvent(QPaintEvent*) {
     const QRect arrow(rect().right() - arrow_room, 0, arrow_room, height());
     draw_arrow(painter, arrow.center());
     painter.setPen(QColor::fromRgb(colours::text));
-    draw_fitting(painter, rect().adjusted(border, 0, -arrow_room, 0), Qt::AlignCenter, currentText());
+    draw_fitting(painter, rect().adjusted(border, 0, -arrow_room, 0), m_alignment, currentText());
 }
 
 void CellCombo::wheelEvent(QWheelEvent* event) {

@@ -30,6 +30,10 @@ struct EditorActs {
     std::function<void()> LostFocus;
 };
 
+/// Whether a focus that goes for this reason goes to another control: a window that comes before this one, or a list or
+/// menu that opens, isn't a step to another control.
+bool leaves_control(Qt::FocusReason reason);
+
 class CellEditor : public QLineEdit {
     Q_OBJECT
 public:
@@ -66,6 +70,8 @@ public:
 
     /// Lays it over the cell, enabled and with that item selected (-1: none).
     void lay_over(base::Cell cell, int item);
+    /// Out of sight, the keyboard kept.
+    void step_aside();
     /// Out of sight and disabled.
     void put_away();
 
@@ -79,6 +85,7 @@ protected:
 
 private:
     GridView& m_grid;
+    Qt::Alignment m_alignment = Qt::AlignCenter; ///< of the cell it lies over
 };
 
 } // namespace ui

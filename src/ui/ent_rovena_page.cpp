@@ -138,7 +138,10 @@ void ent_rovena_page::press(int botan) {
     m_controls.toubotan->setFocus();
     {
         setEnabled(false);
-        const auto open_again = qScopeGuard([this] { setEnabled(true); });
+        const auto open_again = qScopeGuard([this] {
+            setEnabled(true);
+            m_controls.toubotan->setFocus();
+        });
         act([&] { m_form.botan_Click(botan); });
     }
     if (m_form.close_wanted)

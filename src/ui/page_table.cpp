@@ -3,6 +3,11 @@
 #include "frame/menus.h"
 #include "ui/ent_rovena_page.h"
 #include "ui/menu_page.h"
+#include "ui/mst_kinjikan_page.h"
+#include "ui/mst_kinsyu_page.h"
+#include "ui/mst_kintype_page.h"
+#include "ui/mst_kyuka_page.h"
+#include "ui/mst_syain_page.h"
 
 #include <memory>
 
@@ -30,10 +35,26 @@ QWidget* make_ent_rovena(const PageContext& context, QWidget* parent) {
     return page;
 }
 
+/// A master leads back to the menu of the masters.
+template <typename MasterPage, frame::Page page>
+QWidget* make_master(const PageContext& context, QWidget* parent) {
+    auto* master = new MasterPage(context.session, parent);
+    QObject::connect(master, &MasterPage::close_wanted, master, [&pages = context.pages] {
+        pages.close(page);
+        pages.show(frame::Page::mst_00);
+    });
+    return master;
+}
+
 constexpr PageRow table[]{
     {frame::Page::ent_rovena, make_ent_rovena},
     {frame::Page::rov_00, make_menu<frame::rov_00>},
     {frame::Page::mst_00, make_menu<frame::mst_00>},
+    {frame::Page::mst_syain, make_master<mst_syain_page, frame::Page::mst_syain>},
+    {frame::Page::mst_kyuka, make_master<mst_kyuka_page, frame::Page::mst_kyuka>},
+    {frame::Page::mst_kinsyu, make_master<mst_kinsyu_page, frame::Page::mst_kinsyu>},
+    {frame::Page::mst_kinjikan, make_master<mst_kinjikan_page, frame::Page::mst_kinjikan>},
+    {frame::Page::mst_kintype, make_master<mst_kintype_page, frame::Page::mst_kintype>},
 };
 
 } // namespace

@@ -43,18 +43,20 @@ int Program::start() {
         return EXIT_FAILURE;
     };
     try {
-        if (start_up())
+        Splash splash(m_settings);
+        if (start_up(splash))
             show_window();
         return EXIT_SUCCESS;
     } catch (const store::Error& error) {
         return failed(error.text());
     } catch (const platform::FileError& error) {
         return failed(error.text());
+    } catch (const std::exception& error) {
+        return failed(QString::fromUtf8(error.what()));
     }
 }
 
-bool Program::start_up() {
-    Splash splash(m_settings);
+bool Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
     splash.show();
     // The first start leads to the main frame as well: its masters can be filled there.

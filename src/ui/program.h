@@ -12,6 +12,8 @@
 
 namespace ui {
 
+class Splash;
+
 class Program {
 public:
     /// `program_folder` is the folder that the program runs from. Nothing is read yet. QApplication must exist.
@@ -27,7 +29,7 @@ public:
     frame::Session& session() { return m_session; }
 
 private:
-    bool start_up();
+    bool start_up(Splash& splash);
     void show_window();
 
     platform::Host& m_host;

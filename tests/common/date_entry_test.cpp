@@ -68,10 +68,3 @@ TEST(DateEntry, AnEmptyFieldTakesTheDateAcceptedLast) {
     EXPECT_EQ(entry.日付簡単入力(u"999"_s, Blank::TakesLastDate, oct5), 0);
     EXPECT_EQ(entry.日付簡単入力(u""_s, Blank::TakesLastDate, oct5), 20040903) << "a refused date changes nothing";
 }
-
-TEST(DateEntry, WithoutAnEraTheYearCountsAsTyped) {
-    auto settings = with(1, 10);
-    settings.era_start = {};
-    settings.era_end = {};
-    EXPECT_EQ(DateEntry(settings).日付簡単入力(u"161003"_s, Blank::TakesLastDate, oct5), 161003);
-}

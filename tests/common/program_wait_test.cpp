@@ -21,11 +21,6 @@ protected:
 
 } // namespace
 
-TEST_F(ProgramWait, NoSuchProgramIsNotWaitedFor) {
-    EXPECT_EQ(wait(), Wait::Ended);
-    EXPECT_EQ(waited(), 0);
-}
-
 TEST_F(ProgramWait, TheWaitEndsWithTheProgram) {
     host.running.insert(u"jyusinkanri"_s);
     host.on_yield = [this] {

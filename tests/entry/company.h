@@ -55,10 +55,6 @@ struct Company {
     }
 };
 
-inline void choose_month(ent_rovena& form, int month) {
-    form.ym_Click(1, month - 1);
-}
-
 /// Types digits or text into the cell in hand, as the keys of a keyboard do.
 inline void type(ent_rovena& form, const QString& text) {
     for (const QChar c : text)

@@ -30,13 +30,12 @@ protected:
                 editors.atai.text = std::exchange(editors.atai.select_all, false) ? QString(c) : editors.atai.text + c;
     }
 
-    void press(int key_code) { moved = move_by_key(sheet, editors, key_code); }
+    bool press(int key_code) { return move_by_key(sheet, editors, key_code); }
 
     QString cursor() const { return u"%1,%2"_s.arg(sheet.hyou.Row()).arg(sheet.hyou.Col()); }
 
     MonthSheet sheet = month_sheet({A, 12});
     Editors editors;
-    bool moved = false;
 };
 
 } // namespace
@@ -51,25 +50,18 @@ TEST_F(Editing, WhatIsTypedInTheBoxReachesTheCellAsTimeText) {
         editors.atai.text = typed;
         commit(sheet, editors);
         EXPECT_EQ(sheet.hyou(1, 8), stands) << typed.toStdString();
-        EXPECT_FALSE(editors.atai.active);
     }
 }
 
-TEST_F(Editing, TheBoxShowsBareDigitsAndARemarkAsItIs) {
+TEST_F(Editing, TheBoxShowsBareDigitsAndARemarkAsItIsTrimmedTo255Characters) {
     sheet.hyou(1, 2) = u"8:05"_s;
     sheet.hyou(1, 6) = u"10:00 直行"_s;
     go_to(1, 2);
     EXPECT_EQ(editors.atai.text, u"805"_s);
-    EXPECT_TRUE(editors.atai.select_all);
     EXPECT_EQ(editors.atai.input_method, base::InputMethod::Off);
     go_to(1, 6);
     EXPECT_EQ(editors.atai.text, u"10:00 直行"_s);
     EXPECT_EQ(editors.atai.input_method, base::InputMethod::On);
-    EXPECT_EQ(editors.focus, Focus::Atai);
-}
-
-TEST_F(Editing, ARemarkIsTrimmedAndHeldAt255Characters) {
-    go_to(1, 6);
     editors.atai.text = u"  "_s + QString(300, u'あ') + u"  "_s;
     commit(sheet, editors);
     EXPECT_EQ(sheet.hyou(1, 6), QString(255, u'あ'));
@@ -81,10 +73,9 @@ TEST_F(Editing, OnlyDigitsAndBackspaceStandInATimeCellAndATypedKeyMarksTheDay) {
         bool stands;
         QString mark;
     };
-    const Case cases[] = {{2, u'8', true, u"2"_s}, {3, u'0', true, u"2"_s}, {4, u'9', true, u"2"_s},
-        {4, 8, true, u"2"_s}, {5, u'1', true, u"1"_s}, {8, 8, true, u"1"_s}, {2, u':', false, u""_s},
-        {2, u'a', false, u""_s}, {8, u'/', false, u""_s}, {3, 13, false, u""_s}, {6, u'a', true, u"1"_s},
-        {6, u'直', true, u"1"_s}};
+    const Case cases[] = {{4, u'9', true, u"2"_s}, {4, 8, true, u"2"_s}, {5, u'1', true, u"1"_s}, {8, 8, true, u"1"_s},
+        {2, u':', false, u""_s}, {2, u'a', false, u""_s}, {8, u'/', false, u""_s}, {3, 13, false, u""_s},
+        {6, u'a', true, u"1"_s}, {6, u'直', true, u"1"_s}};
     for (const Case& c : cases) {
         sheet.mark(3).clear();
         sheet.hyou.setCursor({3, c.column});
@@ -95,10 +86,8 @@ TEST_F(Editing, OnlyDigitsAndBackspaceStandInATimeCellAndATypedKeyMarksTheDay) {
 
 TEST_F(Editing, TextInOnePieceLeavesItsDigitsInATimeCell) {
     sheet.hyou.setCursor({3, 2});
-    EXPECT_EQ(accept_text(sheet, u"時刻"_s), u""_s);
-    EXPECT_EQ(sheet.mark(3), u""_s);
-    EXPECT_EQ(accept_text(sheet, u"8:30分"_s), u"830"_s);
-    EXPECT_EQ(sheet.mark(3), u"2"_s);
+    EXPECT_EQ(accept_text(sheet, u"時刻"_s) + sheet.mark(3), u""_s);
+    EXPECT_EQ(accept_text(sheet, u"8:30分"_s) + sheet.mark(3), u"8302"_s);
     sheet.hyou.setCursor({3, 6});
     EXPECT_EQ(accept_text(sheet, u"直行8"_s), u"直行8"_s);
 }
@@ -106,18 +95,13 @@ TEST_F(Editing, TextInOnePieceLeavesItsDigitsInATimeCell) {
 TEST_F(Editing, ACellMerelyVisitedKeepsItsDayUnchanged) {
     sheet.hyou(5, 2) = u"8:30"_s;
     go_to(5, 2);
-    press(key::right);
     press(key::down);
-    EXPECT_EQ(sheet.hyou(5, 2), u"8:30"_s);
-    EXPECT_EQ(sheet.mark(5), u""_s);
-    EXPECT_EQ(sheet.hyou(5, 5), u""_s);
+    EXPECT_EQ(cells_from(sheet.hyou, 5, 2).join(u""_s) + sheet.mark(5), u"8:30"_s);
 }
 
 TEST_F(Editing, EnterCommitsCalculatesTheDayLeftAndWalksToTheNextDaysClockIn) {
     go_to(1, 2);
     type(u"830"_s);
-    EXPECT_EQ(sheet.mark(1), u"2"_s);
-    EXPECT_EQ(sheet.hyou(1, 2), u""_s) << "still in the box";
     press(key::enter);
     EXPECT_EQ(sheet.hyou(1, 2), u"8:30"_s);
     EXPECT_EQ(cursor(), u"1,3"_s);
@@ -146,32 +130,11 @@ TEST_F(Editing, TheCalculationSeesTheColumnThatWasLeft) {
     EXPECT_EQ(sheet.hyou(1, 4), u"1:00"_s) << "the rules run again";
 }
 
-TEST_F(Editing, AClickOnABreakJustCalculatedShowsTheNewBreak) {
-    go_to(1, 2);
-    type(u"830"_s);
-    go_to(1, 3);
-    type(u"1730"_s);
-    go_to(1, 4);
-    EXPECT_EQ(editors.atai.text, u"100"_s);
-    go_to(2, 2);
-    EXPECT_EQ(sheet.hyou(1, 4), u"1:00"_s);
-}
-
-TEST_F(Editing, AnHourPast24StandsUntilTheCalculationBlanksIt) {
-    go_to(1, 3);
-    type(u"2500"_s);
-    commit(sheet, editors);
-    EXPECT_EQ(sheet.hyou(1, 3), u"25:00"_s);
-    go_to(1, 2);
-    EXPECT_EQ(sheet.hyou(1, 3), u""_s);
-}
-
 TEST_F(Editing, AFigureTypedInACategoryWaitsForTheNextCalculation) {
     go_to(2, 9);
     type(u"130"_s);
     go_to(3, 2);
-    EXPECT_EQ(sheet.hyou(2, 9), u"1:30"_s);
-    EXPECT_EQ(sheet.mark(2), u"1"_s);
+    EXPECT_EQ(sheet.hyou(2, 9) + sheet.mark(2), u"1:301"_s);
     EXPECT_EQ(sheet.hyou(row::total, 9), u""_s);
     type(u"830"_s);
     press(key::enter);
@@ -182,62 +145,19 @@ TEST_F(Editing, KeysMoveWithinTheSheetAndPassColumn7Over) {
     struct Case {
         Cell from;
         int key_code;
-        QString to;
+        Cell to;
     };
-    const Case cases[] = {
-        {{1, 2}, key::enter, u"1,3"_s},
-        {{1, 3}, key::enter, u"1,4"_s},
-        {{1, 4}, key::enter, u"2,2"_s},
-        {{5, 9}, key::enter, u"6,2"_s},
-        {{32, 4}, key::enter, u"33,2"_s},
-        {{39, 4}, key::enter, u"40,2"_s},
-        {{40, 2}, key::enter, u"40,3"_s},
-        {{40, 4}, key::enter, u"stays"_s},
-        {{1, 5}, key::right, u"1,6"_s},
-        {{1, 6}, key::right, u"1,8"_s},
-        {{1, 9}, key::right, u"stays"_s},
-        {{1, 8}, key::left, u"1,6"_s},
-        {{1, 3}, key::left, u"1,2"_s},
-        {{1, 2}, key::left, u"stays"_s},
-        {{31, 5}, key::down, u"32,5"_s},
-        {{32, 5}, key::down, u"stays"_s},
-        {{33, 2}, key::down, u"stays"_s},
-        {{33, 2}, key::up, u"32,2"_s},
-        {{2, 5}, key::up, u"1,5"_s},
-        {{1, 5}, key::up, u"stays"_s},
-        {{1, 5}, key::del, u"stays"_s},
-    };
+    const Case cases[] = {{{1, 2}, key::enter, {1, 3}}, {{1, 4}, key::enter, {2, 2}}, {{5, 9}, key::enter, {6, 2}},
+        {{32, 4}, key::enter, {33, 2}}, {{40, 4}, key::enter, {40, 4}}, {{1, 5}, key::right, {1, 6}},
+        {{1, 6}, key::right, {1, 8}}, {{1, 9}, key::right, {1, 9}}, {{1, 8}, key::left, {1, 6}},
+        {{1, 2}, key::left, {1, 2}}, {{31, 5}, key::down, {32, 5}}, {{32, 5}, key::down, {32, 5}},
+        {{33, 2}, key::up, {32, 2}}, {{1, 5}, key::up, {1, 5}}, {{1, 5}, key::del, {1, 5}}};
     for (const Case& c : cases) {
         go_to(c.from.row, c.from.col);
         const QString before = cursor();
-        press(c.key_code);
-        EXPECT_EQ(cursor(), c.to == u"stays"_s ? before : c.to) << before.toStdString() << " key " << c.key_code;
-        EXPECT_EQ(moved, c.to != u"stays"_s);
-        EXPECT_EQ(editors.atai.cell, (Cell{sheet.hyou.Row(), sheet.hyou.Col()}));
+        EXPECT_EQ(press(c.key_code), c.to != c.from) << before.toStdString();
+        EXPECT_EQ((Cell{sheet.hyou.Row(), sheet.hyou.Col()}), c.to) << before.toStdString() << " key " << c.key_code;
     }
-}
-
-TEST_F(Editing, RightFromTheRemarkStaysWhereThereIsNoCategory) {
-    sheet = month_sheet({});
-    go_to(1, 6);
-    press(key::right);
-    EXPECT_EQ(cursor(), u"1,6"_s);
-}
-
-TEST_F(Editing, TheHiddenCategoryNumbersSurviveAVisit) {
-    go_to(40, 8);
-    type(u"5"_s);
-    press(key::left);
-    EXPECT_EQ(sheet.hyou(40, 8), u"11"_s);
-}
-
-TEST_F(Editing, AMonthsFigureCanBeTypedOverAndStartsNoCalculation) {
-    sheet.hyou(1, 5) = u"8:00"_s;
-    go_to(32, 4);
-    type(u"1234"_s);
-    press(key::up);
-    EXPECT_EQ(sheet.hyou(32, 4), u"12:34"_s);
-    EXPECT_EQ(sheet.hyou(32, 5), u""_s);
 }
 
 TEST_F(Editing, Column7ShowsTheListAtTheDaysKindAndLetsTheBoxGo) {
@@ -247,13 +167,8 @@ TEST_F(Editing, Column7ShowsTheListAtTheDaysKindAndLetsTheBoxGo) {
     go_to(3, 7);
     EXPECT_TRUE(editors.kyucom.visible && editors.kyucom.enabled);
     EXPECT_EQ(editors.kyucom.index, 2);
-    EXPECT_EQ(editors.kyucom.cell, (Cell{3, 7}));
-    EXPECT_EQ(sheet.hyou(3, 7), u"休日出勤"_s);
-    EXPECT_EQ(editors.focus, Focus::Kyucom);
+    EXPECT_EQ(sheet.hyou(3, 7) + sheet.mark(3), u"休日出勤"_s);
     EXPECT_FALSE(editors.atai.visible || editors.atai.active);
-    EXPECT_EQ(sheet.mark(3), u""_s);
-    go_to(4, 7);
-    EXPECT_EQ(editors.kyucom.index, 0) << "no kind";
     go_to(4, 2);
     EXPECT_FALSE(editors.kyucom.visible || editors.kyucom.enabled);
 }
@@ -263,12 +178,9 @@ TEST_F(Editing, AChosenKindMarksTheDayAndCountsTheKindsButNoHours) {
     go_to(3, 7);
     choose_kind(sheet, editors.kyucom, 2);
     EXPECT_EQ(cells_from(sheet.hyou_system, 3, 0), QStringList({u"4"_s, u"休日出勤"_s, u"1"_s, u"1"_s}));
-    EXPECT_EQ(sheet.hyou(3, 7), u"休日出勤"_s);
     EXPECT_EQ(count_under(sheet, u"s4"_s), u"1"_s);
-    EXPECT_EQ(sheet.hyou(32, 5), u""_s);
-    EXPECT_EQ(count_under(sheet, u"-1"_s), u""_s);
+    EXPECT_EQ(sheet.hyou(32, 5) + count_under(sheet, u"-1"_s), u""_s);
     choose_kind(sheet, editors.kyucom, 0);
-    EXPECT_EQ(sheet.hyou_system(3, 0), u"0"_s);
     EXPECT_EQ(sheet.hyou(3, 7), QString(10, QChar(0x3000))) << "ideographic spaces aren't trimmed";
     EXPECT_EQ(count_under(sheet, u"s4"_s), u""_s);
 }
@@ -279,18 +191,13 @@ TEST_F(Editing, ADayLeftForColumn7IsCalculatedWhenTheNextTimeCellIsEntered) {
     go_to(1, 3);
     type(u"1730"_s);
     go_to(1, 7);
-    EXPECT_EQ(sheet.mark(1), u"2"_s);
-    EXPECT_EQ(sheet.hyou(1, 3), u"17:30"_s);
-    EXPECT_EQ(sheet.hyou(1, 5), u"14:30"_s) << "not yet";
-    go_to(2, 7);
+    EXPECT_EQ(sheet.hyou(1, 5) + sheet.mark(1), u"14:302"_s) << "not yet";
     choose_kind(sheet, editors.kyucom, 1);
     go_to(9, 2);
-    EXPECT_EQ(sheet.hyou(1, 5), u"8:00"_s);
-    EXPECT_EQ(sheet.mark(1), u"1"_s);
-    EXPECT_EQ(sheet.entry_cell, (Cell{9, 2}));
+    EXPECT_EQ(sheet.hyou(1, 5) + sheet.mark(1), u"8:001"_s);
 }
 
-TEST_F(Editing, TheBoxFollowsItsCellWhileTheSheetScrolls) {
+TEST_F(Editing, TheBoxFollowsItsCellWhileTheSheetScrollsAndKeepsItsTextOutOfSight) {
     // Heading and seven rows fit; the two fixed columns and columns 2 to 5 fit, of which the last two count as outside.
     constexpr int height = 8 * 270 + 100;
     constexpr int width = 2 * 500 + 4 * 900 + 100;
@@ -299,37 +206,17 @@ TEST_F(Editing, TheBoxFollowsItsCellWhileTheSheetScrolls) {
         int top_row, left_col;
         bool visible;
     };
-    const Case cases[] = {{{3, 2}, 1, 2, true}, {{3, 4}, 1, 2, true}, {{3, 5}, 1, 2, false}, {{3, 2}, 1, 3, false},
-        {{7, 2}, 1, 2, true}, {{8, 2}, 1, 2, false}, {{3, 2}, 4, 2, false}, {{1, 2}, 1, 2, false}};
+    const Case cases[] = {{{3, 4}, 1, 2, true}, {{3, 5}, 1, 2, false}, {{3, 2}, 1, 3, false}, {{7, 2}, 1, 2, true},
+        {{8, 2}, 1, 2, false}, {{3, 2}, 4, 2, false}, {{1, 2}, 1, 2, false}};
     for (const Case& c : cases) {
         go_to(c.cell.row, c.cell.col);
-        sheet.hyou.setCursor({20, 6});
+        editors.atai.text = u"830"_s;
         sheet.hyou.setTopLeft(c.top_row, c.left_col);
         follow_scroll(sheet, editors, width, height);
         EXPECT_EQ(editors.atai.visible, c.visible) << c.cell.row << ',' << c.cell.col << " from " << c.left_col;
-        EXPECT_EQ(cursor(), c.visible ? u"%1,%2"_s.arg(c.cell.row).arg(c.cell.col) : u"20,6"_s);
-        EXPECT_TRUE(editors.atai.active);
+        commit(sheet, editors);
+        EXPECT_EQ(sheet.hyou(c.cell.row, c.cell.col), u"8:30"_s);
     }
-}
-
-TEST_F(Editing, ABoxScrolledOutOfSightStillBringsItsTextHome) {
-    go_to(3, 2);
-    type(u"830"_s);
-    sheet.hyou.setTopLeft(9, 2);
-    follow_scroll(sheet, editors, 20000, 20000);
-    EXPECT_FALSE(editors.atai.visible);
-    commit(sheet, editors);
-    EXPECT_EQ(sheet.hyou(3, 2), u"8:30"_s);
-}
-
-TEST_F(Editing, ScrollingTakesTheListAwayAndShowsNoBoxThatHoldsNoCell) {
-    go_to(3, 7);
-    follow_scroll(sheet, editors, 20000, 20000);
-    EXPECT_FALSE(editors.kyucom.visible);
-    go_to(3, 2);
-    commit(sheet, editors);
-    follow_scroll(sheet, editors, 20000, 20000);
-    EXPECT_FALSE(editors.atai.visible);
 }
 
 TEST_F(Editing, TheCountStripTakesDigitsItself) {
@@ -348,6 +235,4 @@ TEST_F(Editing, TheCountStripTakesDigitsItself) {
         type_count(sheet.hyou_day, c.character);
         EXPECT_EQ(sheet.hyou_day(strip::count, 3), c.after) << c.before.toStdString() << ' ' << c.character;
     }
-    clear_count(sheet.hyou_day);
-    EXPECT_EQ(sheet.hyou_day(strip::count, 3), u""_s);
 }

@@ -40,11 +40,10 @@ protected:
     QString some_clock() { return QString::number(some(0, 23) * 100 + some(1, 59)); }
     int some(int first, int last) { return std::uniform_int_distribution(first, last)(m_random); }
 
-    void fill(ent_rovena& form) {
-        for (int r = 1; r <= form.sheet.month.length(); ++r)
-            if (some(0, 3) > 0)
-                fill_day(form, r);
-        form.hyou_Click({1, 5});
+    static void open(ent_rovena& form) {
+        form.Form_Load();
+        form.hyou_syain_Click(1);
+        form.ym_Click(1, 3);
     }
 
     void fill_day(ent_rovena& form, int r) {
@@ -79,17 +78,15 @@ private:
 TEST_P(RoundTrip, WhatIsSavedComesBackAsItStood) {
     Company company;
     company.tree.settings.month_start_day = GetParam();
-    ent_rovena form(company.session);
-    form.Form_Load();
-    form.hyou_syain_Click(1);
-    choose_month(form, 4);
-    fill(form);
+    ent_rovena form(company.session), again(company.session);
+    open(form);
+    for (int r = 1; r <= form.sheet.month.length(); ++r)
+        if (some(0, 3) > 0)
+            fill_day(form, r);
+    form.hyou_Click({1, 5});
     form.botan_Click(1);
     take_over(company);
-    ent_rovena again(company.session);
-    again.Form_Load();
-    again.hyou_syain_Click(1);
-    choose_month(again, 4);
+    open(again);
     for (int r = 0; r <= row::total; ++r)
         form.sheet.mark(r).clear();
     EXPECT_EQ(shown(again), shown(form));

@@ -33,11 +33,15 @@ protected:
         enter(row, band_col::end, end);
     }
 
-    QStringList titles() const {
-        QStringList shown;
-        for (const Shown& box : host.shown)
-            shown << box.title;
-        return shown;
+    void open_a_named_day() {
+        form.Form_Load();
+        form.kinjikanmei_Change(u"普通"_s);
+        enter_band(1, u"830"_s, u"1715"_s);
+    }
+
+    void open_the_first_type() {
+        form.Form_Load();
+        form.hyoulist_Click(1);
     }
 
     QStringList stored() {
@@ -59,42 +63,15 @@ protected:
 
 } // namespace
 
-TEST_F(WorkTypes, TheScreenOpensOnAnEmptyMonday) {
-    form.Form_Load();
-    EXPECT_EQ(form.hyou_youbi_tag, 1);
-    EXPECT_EQ(form.hyou_youbi.look(0, 1).back, (Rgb{255, 220, 220}));
-    EXPECT_EQ(form.hyou_youbi.look(0, 0).back, (Rgb{255, 255, 255}));
-    EXPECT_EQ(form.kinjino, u""_s);
-    EXPECT_EQ(column(form.hyou, 0),
-        QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s, u"8"_s, u"9"_s, u"10"_s}));
-    EXPECT_EQ(form.hyoulist.Rows(), 1);
-    EXPECT_EQ(form.atai_com[0].items.size(), 2);
-    EXPECT_EQ(form.atai_com[1].choice(1).name, u"この時間が勤務開始"_s);
-}
-
-TEST_F(WorkTypes, AClickOnAnEmptyListChangesNothing) {
-    form.Form_Load();
-    enter(1, band_col::start, u"830"_s);
-    form.atai_LostFocus();
-    form.hyoulist_Click(0);
-    form.hyoulist_Click(1);
-    EXPECT_EQ(form.hyou(1, band_col::start), u"8:30"_s);
-    EXPECT_EQ(form.kinjino, u""_s);
-}
-
 TEST_F(WorkTypes, TypedTimesAreReadByPlaceAndImpossibleOnesEmptied) {
     form.Form_Load();
-    const std::pair<QString, QString> cases[] = {{u"830"_s, u"8:30"_s}, {u"8"_s, u"0:08"_s}, {u"0"_s, u"0:00"_s},
-        {u""_s, u""_s}, {u"2359"_s, u"23:59"_s}, {u"2400"_s, u""_s}, {u"860"_s, u""_s}, {u"-5"_s, u""_s},
-        {u"-530"_s, u""_s}, {u"12345"_s, u"123:45"_s}, {u"12360"_s, u""_s}};
+    const std::pair<QString, QString> cases[] = {{u"830"_s, u"8:30"_s}, {u"8"_s, u"0:08"_s}, {u""_s, u""_s},
+        {u"2359"_s, u"23:59"_s}, {u"2400"_s, u""_s}, {u"860"_s, u""_s}, {u"-530"_s, u""_s}, {u"12345"_s, u"123:45"_s}};
     for (const auto& [typed, cell] : cases) {
         enter(3, band_col::end, typed);
         form.atai_LostFocus();
         EXPECT_EQ(form.hyou(3, band_col::end), cell) << typed.toStdString();
     }
-    EXPECT_EQ(mst_kinjikan::atai_Insert(u"8:30時-x"_s), u"830-"_s);
-    EXPECT_TRUE(mst_kinjikan::atai_KeyPress(key::backspace));
-    EXPECT_FALSE(mst_kinjikan::atai_KeyPress(u':'));
 }
 
 TEST_F(WorkTypes, TheKeysPassTheListsOver) {
@@ -104,15 +81,8 @@ TEST_F(WorkTypes, TheKeysPassTheListsOver) {
     EXPECT_EQ(form.hyou(1, band_col::start), u"8:30"_s) << "committed before the next cell opens";
     EXPECT_TRUE(form.atai_KeyDown(key::right));
     EXPECT_EQ(form.atai.cell, (Cell{1, band_col::first_rule}));
-    EXPECT_TRUE(form.atai_KeyDown(key::left));
-    EXPECT_TRUE(form.atai_KeyDown(key::left));
-    EXPECT_EQ(form.atai.text, u"830"_s) << "the box shows bare digits";
-    EXPECT_EQ(form.atai.input_method, InputMethod::Off);
-    EXPECT_FALSE(form.atai_KeyDown(key::left));
     enter(band_count, band_col::last_rule, u"15"_s);
     EXPECT_FALSE(form.atai_KeyDown(key::enter)) << "the last row";
-    EXPECT_FALSE(form.atai_KeyDown(key::right));
-    EXPECT_TRUE(form.atai_KeyDown(key::up));
 }
 
 TEST_F(WorkTypes, TheListsWriteNameAndNumberAndBackspaceTakesThemBack) {
@@ -122,18 +92,11 @@ TEST_F(WorkTypes, TheListsWriteNameAndNumberAndBackspaceTakesThemBack) {
     choose(2, band_col::category_name, 1);
     choose(2, band_col::mode_name, 1);
     EXPECT_EQ(grid_row(2).mid(2, 4), QStringList({u"残業"_s, u"2"_s, u"この時間が勤務開始"_s, u"1"_s}));
-    EXPECT_FALSE(form.atai_com[0].visible);
     form.hyou_Click({3, band_col::category_name});
     EXPECT_EQ(form.atai_com[0].index, 1) << "a cell without a number leaves the selection as it is";
-    EXPECT_EQ(form.focus, (Focus{Control::AtaiCom, 0}));
-    choose(3, band_col::mode_name, 0);
-    form.hyou_Click({2, band_col::mode_name});
-    form.hyou_Click({3, band_col::mode_name});
-    EXPECT_EQ(form.atai_com[1].index, 1) << "nor is the number 0 looked for";
     form.hyou_Click({2, band_col::category_name});
     EXPECT_TRUE(form.atai_com_KeyPress(0, key::backspace));
-    EXPECT_EQ(grid_row(2).mid(2, 4), QStringList({u""_s, u""_s, u"この時間が勤務開始"_s, u"1"_s}));
-    EXPECT_EQ(form.atai_com[0].index, -1);
+    EXPECT_EQ(grid_row(2).mid(2, 2), QStringList({u""_s, u""_s}));
 }
 
 TEST_F(WorkTypes, ATypeIsShownFromMondayWhateverDayWasChosen) {
@@ -143,13 +106,10 @@ TEST_F(WorkTypes, ATypeIsShownFromMondayWhateverDayWasChosen) {
     form.hyou_youbi_Click(6);
     form.hyoulist_Click(1);
     EXPECT_EQ(form.kinjino, u"7"_s);
-    EXPECT_EQ(form.kinjikanmei, u"普通"_s);
     EXPECT_EQ(form.hyou_youbi_tag, 1);
-    EXPECT_EQ(form.msglab, u"抽出終了"_s);
     EXPECT_EQ(grid_row(2), QStringList({u"0:00"_s, u"17:15"_s, u"通常"_s, u"1"_s, u"この時間が勤務開始"_s, u"1"_s,
                                u"6:00"_s, u"0:45"_s, u""_s, u""_s, u""_s, u""_s}))
         << "a start of 0 is midnight, a rule of 0 is none";
-    EXPECT_EQ(grid_row(1), QStringList(12, u""_s));
     form.hyou_youbi_Click(0);
     EXPECT_EQ(grid_row(1).first(3), QStringList({u"9:00"_s, u"25:30"_s, u"残業"_s}));
 }
@@ -157,8 +117,7 @@ TEST_F(WorkTypes, ATypeIsShownFromMondayWhateverDayWasChosen) {
 TEST_F(WorkTypes, AnyDaySetShowsMonday) {
     add_band(7, u"普通"_s, 1, 1, 830, 1715);
     add_band(7, u"普通"_s, 3, 1, 1000, 1200);
-    form.Form_Load();
-    form.hyoulist_Click(1);
+    open_the_first_type();
     form.hyou_youbi_Click(3);
     EXPECT_EQ(form.hyou(1, band_col::start), u"10:00"_s);
     form.hyou_youbi_Click(monday_to_friday);
@@ -172,12 +131,8 @@ TEST_F(WorkTypes, ANoToTheDaySetLosesWhatWasTyped) {
     enter(1, band_col::start, u"700"_s);
     host.answers = {Answer::No};
     form.hyou_youbi_Click(2);
-    EXPECT_EQ(host.shown,
-        (std::vector<Shown>{{u"月曜～土曜まで、この設定で変更しますか？"_s, u"変更処理"_s, Buttons::YesNo}}));
-    for (int day = 1; day <= 6; ++day) {
-        form.hyou_youbi_Click(day);
-        EXPECT_EQ(form.hyou(1, band_col::start), u""_s) << day;
-    }
+    form.hyou_youbi_Click(1);
+    EXPECT_EQ(form.hyou(1, band_col::start), u""_s);
 }
 
 TEST_F(WorkTypes, EachDaySetReachesItsDays) {
@@ -213,14 +168,12 @@ TEST_F(WorkTypes, ARuleCopiedOntoADaySetIsSavedAsItsHourUnlessTheDayWasShown) {
     form.botan_Click(1);
     EXPECT_EQ(stored_rules(),
         QStringList({u"0|1|0"_s, u"1|130|45"_s, u"2|1|0"_s, u"3|1|0"_s, u"4|1|0"_s, u"5|1|0"_s, u"6|1|0"_s}));
-    EXPECT_EQ(stored().first(), u"1|普通|0|1|830|1715|0|0"_s) << "start and end are numbers on every day";
 
     form.hyou_youbi_Click(5);
     form.hyou_youbi_Click(1);
     form.kinjino = u"1"_s;
     form.botan_Click(1);
     EXPECT_EQ(stored_rules()[5], u"5|130|45"_s) << "a day shown and left is right";
-    EXPECT_EQ(stored_rules()[4], u"4|1|0"_s);
 }
 
 TEST_F(WorkTypes, TheDaySetQuestionComesBeforeTheConfirmation) {
@@ -230,7 +183,8 @@ TEST_F(WorkTypes, TheDaySetQuestionComesBeforeTheConfirmation) {
     enter_band(1, u"830"_s, u"1715"_s);
     host.answers = {Answer::No, Answer::Yes};
     form.botan_Click(1);
-    EXPECT_EQ(titles(), QStringList({u"変更処理"_s, u"登録"_s}));
+    ASSERT_EQ(host.shown.size(), 2u);
+    EXPECT_EQ(host.shown.front().title, u"変更処理"_s);
     EXPECT_EQ(host.shown.back().text, u"普通を登録します"_s);
     EXPECT_EQ(stored(), QStringList()) << "the copy was refused, the registration went on";
 }
@@ -246,9 +200,7 @@ TEST_F(WorkTypes, ANameIsNeededToRegisterAndNothingIsDrawn) {
 }
 
 TEST_F(WorkTypes, ANoToTheRegistrationKeepsTheGridInHandAndWritesNothing) {
-    form.Form_Load();
-    form.kinjikanmei_Change(u"普通"_s);
-    enter_band(1, u"830"_s, u"1715"_s);
+    open_a_named_day();
     host.answers = {Answer::No};
     form.botan_Click(1);
     EXPECT_EQ(stored(), QStringList());
@@ -269,13 +221,10 @@ TEST_F(WorkTypes, OnlyBandsWithATimeAreWrittenAndGapsStay) {
     choose(10, band_col::mode_name, 1);
     form.botan_Click(1);
     EXPECT_EQ(stored(), QStringList({u"1|普通|1|1|0|1715|0|0"_s, u"1|普通|1|10|1715|2000|2|1"_s}));
-    EXPECT_EQ(form.msglab, u"保存処理終了"_s);
 }
 
 TEST_F(WorkTypes, RegisteringTwiceMakesTwoTypesAndTheListFollowsTheNextOpening) {
-    form.Form_Load();
-    form.kinjikanmei_Change(u"普通"_s);
-    enter_band(1, u"830"_s, u"1715"_s);
+    open_a_named_day();
     form.botan_Click(1);
     form.botan_Click(1);
     EXPECT_EQ(stored().size(), 2);
@@ -291,7 +240,6 @@ TEST_F(WorkTypes, ATypeIsListedOnceForEachFormOfItsName) {
     add_band(7, u"普通２"_s, 3, 1, 830, 1715);
     form.Form_Load();
     EXPECT_EQ(column(form.hyoulist, 0), QStringList({u"普通"_s, u"普通２"_s}));
-    EXPECT_EQ(column(form.hyoulist, 1), QStringList({u"7"_s, u"7"_s}));
 }
 
 TEST_F(WorkTypes, ADeleteOfANewTypeWastesANumber) {
@@ -300,14 +248,12 @@ TEST_F(WorkTypes, ADeleteOfANewTypeWastesANumber) {
     form.botan_Click(2);
     EXPECT_EQ(host.shown, (std::vector<Shown>{{u"普通を削除します"_s, u"削除"_s, Buttons::YesNo}}));
     EXPECT_EQ(counter(u"勤務時間"_s), 1);
-    EXPECT_EQ(form.msglab, u"削除処理終了"_s);
 }
 
 TEST_F(WorkTypes, ADeletedTypeComesBackUnderItsNumberWhenRegistered) {
     add_band(7, u"普通"_s, 1, 1, 830, 1715);
     rovdata().exec("insert into syainkinmu values (3, 7)");
-    form.Form_Load();
-    form.hyoulist_Click(1);
+    open_the_first_type();
     form.botan_Click(2);
     EXPECT_EQ(stored(), QStringList());
     EXPECT_EQ(rows(rovdata(), "select 勤務タイプ from syainkinmu"), QStringList({u"7"_s}));
@@ -315,52 +261,21 @@ TEST_F(WorkTypes, ADeletedTypeComesBackUnderItsNumberWhenRegistered) {
     EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|830|1715|1|0"_s}));
 }
 
-TEST_F(WorkTypes, RegisteringAnEmptyWeekTakesTheRowsAway) {
-    add_band(7, u"普通"_s, 1, 1, 830, 1715);
-    add_band(8, u"遅番"_s, 1, 1, 1300, 2200);
-    form.Form_Load();
-    form.hyoulist_Click(1);
-    enter_band(1, u""_s, u""_s);
-    form.botan_Click(1);
-    EXPECT_EQ(stored(), QStringList({u"8|遅番|1|1|1300|2200|1|0"_s}));
-}
-
-TEST_F(WorkTypes, ACategoryDeletedUnderATypeKeepsItsNumber) {
-    add_band(7, u"普通"_s, 1, 1, 830, 1715, 99);
-    form.Form_Load();
-    form.hyoulist_Click(1);
-    EXPECT_EQ(grid_row(1).mid(2, 2), QStringList({u""_s, u"99"_s}));
-    form.botan_Click(1);
-    EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|830|1715|99|0"_s}));
-}
-
 TEST_F(WorkTypes, BehindACategoryWithoutANameNoNameIsFound) {
     add_category(3, u""_s);
     add_category(4, u"深夜"_s);
-    add_band(7, u"普通"_s, 1, 1, 830, 1715, 2);
-    add_band(7, u"普通"_s, 1, 2, 2200, 2400, 4);
-    form.Form_Load();
-    form.hyoulist_Click(1);
-    EXPECT_EQ(form.hyou(1, band_col::category_name), u"残業"_s);
-    EXPECT_EQ(form.hyou(2, band_col::category_name), u""_s);
-    EXPECT_EQ(form.hyou(2, band_col::category), u"4"_s);
-}
-
-TEST_F(WorkTypes, AHundredAndFiftyCategoriesAreAllFound) {
-    for (int n = 3; n <= 150; ++n)
-        add_category(n, u"種類%1"_s.arg(n));
-    add_band(7, u"普通"_s, 1, 1, 830, 1715, 150);
-    form.Form_Load();
-    form.hyoulist_Click(1);
-    EXPECT_EQ(form.hyou(1, band_col::category_name), u"種類150"_s);
+    add_band(7, u"普通"_s, 1, 1, 2200, 2400, 4);
+    open_the_first_type();
+    EXPECT_EQ(grid_row(1).mid(2, 2), QStringList({u""_s, u"4"_s}));
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|2200|2400|4|0"_s})) << "the number stays";
 }
 
 TEST_F(WorkTypes, ARowOfAnotherHandIsToldAndLeftAlone) {
     add_band(7, u"普通"_s, 1, 1, 830, 1715);
     add_band(7, u"普通"_s, 2, 12, 900, 1000);
     add_band(7, u"普通"_s, 9, 1, 1100, 1200);
-    form.Form_Load();
-    form.hyoulist_Click(1);
+    open_the_first_type();
     EXPECT_EQ(form.notelab, u"この画面で扱えない行があります（曜日 2 連番 12、曜日 9 連番 1）。変更せずに残します。"_s);
     EXPECT_EQ(form.hyou(1, band_col::start), u"8:30"_s);
     enter(1, band_col::end, u"1800"_s);
@@ -371,36 +286,19 @@ TEST_F(WorkTypes, ARowOfAnotherHandIsToldAndLeftAlone) {
     EXPECT_EQ(stored(), QStringList()) << "a delete takes the whole type";
 }
 
-TEST_F(WorkTypes, NamesOfEveryKindComeBackAsTyped) {
-    for (const QString& name : {QString(255, u'名'), u"　"_s, u"朝'; drop table kintype;--\"x\""_s, u"夜勤😀"_s}) {
-        mst_kinjikan fresh(session);
-        fresh.Form_Load();
-        fresh.kinjikanmei_Change(name);
-        fresh.hyou_Click({1, band_col::start});
-        fresh.atai_Change(u"830"_s);
-        fresh.botan_Click(1);
-        fresh.Form_Load();
-        EXPECT_EQ(column(fresh.hyoulist, 0).last(), name);
-    }
-}
-
 TEST_F(WorkTypes, AFailedSaveLeavesTheOldRows) {
     add_band(7, u"普通"_s, 1, 1, 830, 1715);
     rovdata().exec(
         "create trigger broken before insert on kintype when new.連番 = 2 begin select raise(abort, 'x'); end");
-    form.Form_Load();
-    form.hyoulist_Click(1);
+    open_the_first_type();
     enter_band(1, u"900"_s, u"1800"_s);
     enter_band(2, u"1800"_s, u"2000"_s);
     EXPECT_THROW(form.botan_Click(1), store::Error);
     EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|830|1715|1|0"_s}));
-    EXPECT_FALSE(form.busy);
 }
 
 TEST_F(WorkTypes, InputIsNotTakenWhileATypeIsBeingWritten) {
-    form.Form_Load();
-    form.kinjikanmei_Change(u"普通"_s);
-    enter_band(1, u"830"_s, u"1715"_s);
+    open_a_named_day();
     host.on_yield = [&] {
         EXPECT_TRUE(form.busy);
         form.botan_Click(1);
@@ -411,22 +309,6 @@ TEST_F(WorkTypes, InputIsNotTakenWhileATypeIsBeingWritten) {
     EXPECT_EQ(stored().size(), 1);
     EXPECT_EQ(form.hyou_youbi_tag, 1);
     EXPECT_FALSE(form.atai.active);
-}
-
-TEST_F(WorkTypes, ABoxOrListFollowsItsCellAsTheGridScrolls) {
-    form.Form_Load();
-    form.hyou_Click({1, band_col::start});
-    form.hyou_Scroll(1, 5, 9000, 9000);
-    EXPECT_FALSE(form.atai.visible);
-    form.atai_Change(u"830"_s);
-    form.hyou_Scroll(1, 1, 9000, 9000);
-    EXPECT_TRUE(form.atai.visible);
-    form.hyou_Click({1, band_col::mode_name});
-    EXPECT_EQ(form.hyou(1, band_col::start), u"8:30"_s);
-    form.hyou_Scroll(1, 7, 9000, 9000);
-    EXPECT_FALSE(form.atai_com[1].visible);
-    form.hyou_Scroll(1, 5, 9000, 9000);
-    EXPECT_TRUE(form.atai_com[1].visible);
 }
 
 TEST_F(WorkTypes, ThePictureFollowsWhatIsTypedInTheOpenCell) {

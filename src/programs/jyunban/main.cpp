@@ -21,6 +21,8 @@ const QCommandLineOption port_option(u"port"_s, u"受け付けるポート (0は
 const QCommandLineOption root_option(
     u"root"_s, u"共有データのフォルダ (なければこのプログラムの場所から探す)"_s, u"folder"_s);
 const QCommandLineOption manager_option(u"manager"_s, u"順番が戻ったときに動かすプログラム"_s, u"program"_s);
+const QCommandLineOption local_option(
+    u"local"_s, u"jyusinkanriに渡す、このPCのデータのフォルダ (なければ共有データと同じ)"_s, u"folder"_s);
 const QCommandLineOption log_option(u"log"_s, u"記録ファイル (なければ標準エラー出力)"_s, u"file"_s);
 const QCommandLineOption connections_option(u"connections"_s, u"同時に受け付ける接続の数"_s, u"count"_s, u"64"_s);
 const QCommandLineOption turn_option(u"turn-seconds"_s, u"順番を持ったまま黙っていられる秒数"_s, u"seconds"_s, u"30"_s);
@@ -47,6 +49,8 @@ std::optional<exchange::TurnServerOptions> options_of(const QCommandLineParser& 
     options.limits.turn_patience = std::chrono::seconds(*seconds);
     options.manager = parser.isSet(manager_option) ? parser.value(manager_option) : exchange::manager_file(*root);
     options.manager_arguments = {u"--root"_s, *root};
+    if (parser.isSet(local_option))
+        options.manager_arguments << u"--local"_s << parser.value(local_option);
     return options;
 }
 
@@ -57,8 +61,8 @@ int main(int argc, char** argv) {
     QCommandLineParser parser;
     parser.setApplicationDescription(u"保存の順番を一台ずつに渡すプログラム"_s);
     parser.addHelpOption();
-    parser.addOptions(
-        {bind_option, port_option, root_option, manager_option, log_option, connections_option, turn_option});
+    parser.addOptions({bind_option, port_option, root_option, local_option, manager_option, log_option,
+        connections_option, turn_option});
     parser.process(application);
 
     const auto options = options_of(parser);

@@ -1,0 +1,66 @@
+#include "ui/field_box.h"
+
+#include "masters/field_screen.h"
+#include "ui/cell_editor.h"
+#include "ui/colours.h"
+#include "ui/key_codes.h"
+
+#include <QKeyEvent>
+#include <utility>
+
+namespace ui {
+
+FieldBox::FieldBox(FieldText text, FieldActs acts, QWidget* parent) : QLineEdit(parent), m_acts(std::move(acts)) {
+    setAttribute(Qt::WA_InputMethodEnabled, text == FieldText::Words);
+    setInputMethodHints(text == FieldText::Words ? Qt::ImhNone : Qt::ImhPreferLatin | Qt::ImhNoPredictiveText);
+    setMinimumHeight(30);
+    setTextMargins(4, 0, 4, 0);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& typed) { m_acts.Change(typed); });
+}
+
+void FieldBox::show_text(const QString& shown) {
+    if (text() != shown)
+        setText(shown);
+}
+
+void FieldBox::keyPressEvent(QKeyEvent* event) {
+    const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
+    const int code = key_code(event->key());
+    if (!plain || code == 0 || !m_acts.KeyDown || !m_acts.KeyDown(code))
+        QLineEdit::keyPressEvent(event);
+}
+
+void FieldBox::mousePressEvent(QMouseEvent* event) {
+    if (!std::exchange(m_clicked_into, false))
+        QLineEdit::mousePressEvent(event);
+}
+
+void FieldBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (!leaves_control(event->reason()))
+        return;
+    m_clicked_into = event->reason() == Qt::MouseFocusReason;
+    tint(true);
+    selectAll();
+    if (m_acts.GotFocus)
+        m_acts.GotFocus();
+}
+
+void FieldBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (!leaves_control(event->reason()))
+        return;
+    m_clicked_into = false;
+    tint(false);
+    if (m_acts.LostFocus)
+        m_acts.LostFocus();
+}
+
+void FieldBox::tint(bool lit) {
+    const base::Rgb back = masters::FieldScreen::atai_back;
+    QPalette own = palette();
+    own.setColor(QPalette::Base, lit ? QColor(back.red, back.green, back.blue) : QColor::fromRgb(colours::ground));
+    setPalette(own);
+}
+
+} // namespace ui

@@ -1,0 +1,42 @@
+#pragma once
+
+// FieldBox: a text box of a master beside its list. With the keyboard it is tinted and its whole text selected.
+
+#include <QLineEdit>
+#include <functional>
+
+namespace ui {
+
+/// The form's acts behind the box. All but `Change` may be unset.
+struct FieldActs {
+    std::function<void(const QString& text)> Change;
+    std::function<bool(int key_code)> KeyDown = {}; ///< a key that the forms know; true if it moved the keyboard
+    std::function<void()> GotFocus = {};
+    std::function<void()> LostFocus = {};
+};
+
+/// What is typed into a box: names and readings need the input method, numbers don't.
+enum class FieldText { Words, Number };
+
+class FieldBox : public QLineEdit {
+    Q_OBJECT
+public:
+    FieldBox(FieldText text, FieldActs acts, QWidget* parent);
+
+    /// Takes over a text that isn't what the box shows.
+    void show_text(const QString& text);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    void tint(bool lit);
+
+    FieldActs m_acts;
+    bool m_clicked_into = false; ///< the click that brings the keyboard leaves the text selected
+};
+
+} // namespace ui

@@ -1,0 +1,38 @@
+#include "ui/mst_kintype_page.h"
+
+#include "ui/grid_view.h"
+
+namespace ui {
+
+mst_kintype_page::mst_kintype_page(frame::Session& session, QWidget* parent)
+    : MasterPage(session, {u"mst_kintype", masters::mst_kintype::caption}, MasterButtons::LeaveOnly, parent),
+      m_form(session) {
+    m_form.Form_Load();
+    m_hyou = master_grid(m_form.hyou, CursorStyle::Cell, "hyou", this);
+    m_atai_com = new ChoiceList(*m_hyou, m_form.atai_com,
+        {.Click = [this](int item) { act([&] { m_form.atai_com_Click(item); }); },
+            .KeyPress = {},
+            .LostFocus = [this] { act([this] { m_form.atai_com_LostFocus(); }); }});
+    connect_sheet(*m_hyou, m_form);
+    hold_width(*m_hyou);
+    body()->addWidget(m_hyou);
+    body()->addStretch(1);
+    add_foot();
+    refresh();
+}
+
+mst_kintype_page::~mst_kintype_page() {
+    take_down();
+}
+
+void mst_kintype_page::show_form() {
+    m_hyou->refresh();
+    m_atai_com->refresh();
+}
+
+void mst_kintype_page::resizeEvent(QResizeEvent* event) {
+    MasterPage::resizeEvent(event);
+    show_form();
+}
+
+} // namespace ui
