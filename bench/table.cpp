@@ -1,4 +1,5 @@
 #include "bench/table.h"
+#include "bench/start.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -105,5 +106,6 @@ int main(int argc, char** argv) {
             lines.push_back(line);
     LeastTimes times;
     benchmark::RunSpecifiedBenchmarks(&times);
-    return print_table(lines, times) ? 0 : 1;
+    const bool all_met = print_table(lines, times);
+    return bench::print_start() && all_met ? 0 : 1;
 }

@@ -62,20 +62,25 @@ TEST_F(ExchangeFiles, TwentyFilesStandReadyAndEmpty) {
     remake();
     remake();
     EXPECT_EQ(QDir(store::exchange_folder(settings)).entryList(QDir::Files).size(), 20);
+    EXPECT_TRUE(path(1).endsWith(u"/comdata/data/jyusin/hanjyusin01.mdb"_s));
     for (int number = 1; number <= 20; ++number)
         EXPECT_TRUE(rows(path(number)).isEmpty()) << number;
     EXPECT_TRUE(kept().isEmpty());
+
+    Database file = open(path(20));
+    file.exec("insert into jyusin (\"1\", \"49\") values ('', '')");
 }
 
 TEST_F(ExchangeFiles, RowsThatNobodyTookAreKept) {
     remake();
     post(path(1), u"51"_s);
-    open(path(7)).exec("insert into jyusin_error (\"1\", 理由) values ('99', 'x')");
+    post(path(7), u"52"_s);
     remake();
     EXPECT_TRUE(rows(path(1)).isEmpty());
     EXPECT_EQ(
         kept(), QStringList({u"hanjyusin01-20041005-090001-007.mdb"_s, u"hanjyusin07-20041005-090001-007.mdb"_s}));
     EXPECT_EQ(rows(kept_path(kept()[0])), QStringList(u"51"_s));
+    EXPECT_EQ(rows(kept_path(kept()[1])), QStringList(u"52"_s));
 
     post(path(1), u"54"_s);
     remake();
@@ -97,6 +102,13 @@ TEST_F(ExchangeFiles, AFileThatWasUsedIsRemadeSmallAndOneThatIsAsNewStays) {
     EXPECT_TRUE(kept().isEmpty());
 }
 
+TEST_F(ExchangeFiles, RowsThatCouldNotBeAppliedAreKeptToo) {
+    remake();
+    open(path(1)).exec("insert into jyusin_error (\"1\", 理由) values ('99', 'x')");
+    remake();
+    EXPECT_EQ(kept().size(), 1);
+}
+
 TEST_F(ExchangeFiles, AFileThatCannotBeReadIsMovedAsideWhole) {
     remake();
     const QByteArray noise(5000, 'x');
@@ -114,6 +126,7 @@ TEST_F(ExchangeFiles, AFileThatCannotBeReadIsMovedAsideWhole) {
     QFile moved(kept_path(kept()[0]));
     ASSERT_TRUE(moved.open(QIODevice::ReadOnly));
     EXPECT_EQ(moved.readAll(), noise);
+    EXPECT_FALSE(QFile::exists(path(3) + u"-journal"_s));
 }
 
 TEST_F(ExchangeFiles, WhoHoldsTheOldFileIsTold) {

@@ -74,9 +74,16 @@ TEST_F(MainForm, ATopButtonClosesWhatIsOpenAndShowsItsPage) {
     pages.closed.clear();
     form.midasi_Click(3);
     EXPECT_EQ(pages.open, std::set{Page::mst_00});
+    EXPECT_EQ(form.gamenno, u"2"_s);
     EXPECT_EQ(pages.closed, (std::vector{Page::ent_rovena, Page::rov_00, Page::rov_01, Page::mst_00, Page::mst_syain,
                                 Page::mst_kinjikan, Page::mst_kinsyu, Page::mst_kintype, Page::mst_kihon, Page::info}));
     EXPECT_TRUE(host.shown.empty()) << "nothing is asked";
+}
+
+TEST_F(MainForm, TheLeaveMasterStaysOpenUnderTheNextPage) {
+    pages.show(Page::mst_kyuka);
+    form.midasi_Click(1);
+    EXPECT_EQ(pages.open, (std::set{Page::ent_rovena, Page::mst_kyuka}));
 }
 
 TEST_F(MainForm, TheExitButtonAsksOnceAndTheBackupComesLast) {
@@ -111,6 +118,14 @@ TEST_F(MainForm, TheCloseBoxAsksAndNoLeavesEverythingAsItWas) {
     EXPECT_EQ(backups, 1);
 }
 
+TEST_F(MainForm, AReportButtonTellsItsNumberAndGivesWayToTheReportScreen) {
+    frame::rov_00 menu(form, pages);
+    pages.show(Page::rov_00);
+    menu.botan_Click(4);
+    EXPECT_EQ(form.report_no, 4);
+    EXPECT_EQ(pages.open, std::set{Page::rov_01});
+}
+
 TEST_F(MainForm, AMasterButtonGivesWayToItsMaster) {
     const Page masters[]{
         Page::mst_syain, Page::mst_kinsyu, Page::mst_kinjikan, Page::mst_kintype, Page::mst_kihon, Page::mst_kyuka};
@@ -121,19 +136,24 @@ TEST_F(MainForm, AMasterButtonGivesWayToItsMaster) {
     }
 }
 
-TEST_F(MainForm, AReportButtonTellsItsNumberAndGivesWayWhereThePageIsThere) {
-    frame::rov_00 menu(form, pages);
+TEST_F(MainForm, AButtonWhosePageIsNotThereLeavesTheMenu) {
+    pages.absent = {Page::rov_01, Page::mst_syain};
     pages.open = {Page::rov_00};
-    pages.absent = {Page::rov_01};
-    menu.botan_Click(4);
+    frame::rov_00(form, pages).botan_Click(1);
     EXPECT_EQ(pages.open, std::set{Page::rov_00});
-    pages.absent.clear();
-    menu.botan_Click(4);
-    EXPECT_EQ(form.report_no, 4);
-    EXPECT_EQ(pages.open, std::set{Page::rov_01});
+    pages.open = {Page::mst_00};
+    frame::mst_00(form, pages).botan_Click(0);
+    EXPECT_EQ(pages.open, std::set{Page::mst_00});
+}
+
+TEST_F(MainForm, LeavingAMenuBringsTheLandingPageBack) {
     pages.open = {Page::rov_00};
-    menu.endbotan_Click();
+    frame::rov_00(form, pages).endbotan_Click();
     EXPECT_EQ(pages.open, std::set{Page::info});
+    settings.special_soft = 1;
+    pages.open = {Page::mst_00};
+    frame::mst_00(form, pages).endbotan_Click();
+    EXPECT_TRUE(pages.open.empty());
 }
 
 TEST(MenuBand, StandsAtTheFootOfThePageButNeverAboveItsPlace) {

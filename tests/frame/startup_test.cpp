@@ -36,8 +36,10 @@ protected:
         settings = {};
         store::SettingTables tables(settings);
         frame::TurnLink link(settings, host);
-        frame::stg form({settings, host, tables, link}, root + u"/rovena100"_s, [&] { labels << form.Label1; });
-        return form.Form_Activate();
+        frame::stg form({settings, host, tables, link}, root + u"/rovena100"_s, [&] { labels << form_label(form); });
+        const Start result = form.Form_Activate();
+        image_visible = form.Image1_Visible;
+        return result;
     }
 
     void set(const QString& table, const QString& key, const QString& value) {
@@ -47,12 +49,15 @@ protected:
         return store::SettingTables(found).設定読込(table, key);
     }
 
+    static QString form_label(const frame::stg& form) { return form.Label1; }
+
     QTemporaryDir drive;
     const QString root = drive.path() + u"/Program Files/meridan/qn"_s;
     frame::Settings found; ///< where the tree lies, to prepare it
     frame::Settings settings;
     support::FakeHost host;
     QStringList labels;
+    bool image_visible = false;
 };
 
 const QString share = u"\\\\main\\rovena"_s;
@@ -69,18 +74,27 @@ TEST_F(StartUp, TheFirstStartLeadsToTheWizardAndEveryLaterOneToTheMainFrame) {
 
 TEST_F(StartUp, EmptyRootsBecomeTheDefaultAndAreStored) {
     start();
+    EXPECT_EQ(settings.install_drive, drive.path());
+    EXPECT_EQ(settings.server_root, platform::native(root));
     EXPECT_EQ(settings.local_root, platform::native(root));
+    EXPECT_EQ(stored(u"losystem"_s, u"サーバーＰＣ"_s), platform::native(root));
     EXPECT_EQ(stored(u"losystem"_s, u"ローカルＰＣ"_s), platform::native(root));
 }
 
 TEST_F(StartUp, SettingsAreReadFromBothTables) {
     set(u"losystem"_s, u"使用区分"_s, u"1"_s);
+    set(u"losystem"_s, u"ネット情報"_s, u"1"_s);
+    set(u"kihon"_s, u"和西暦表示"_s, u"1"_s);
     set(u"kihon"_s, u"サーバー名"_s, u" main "_s);
     set(u"kihon"_s, u"先付け日付"_s, u"10"_s);
+    set(u"kihon"_s, u"月初日付"_s, u"21"_s);
     start();
     EXPECT_EQ(settings.use_class, 1);
+    EXPECT_EQ(settings.net_info, 1);
+    EXPECT_EQ(settings.date_style, 1);
     EXPECT_EQ(settings.server_name, u"main"_s);
     EXPECT_EQ(settings.forward_date, 10);
+    EXPECT_EQ(settings.month_start_day, 21);
 }
 
 TEST_F(StartUp, AFirstDayThatNoMonthHasCountsAsTheFirst) {
@@ -94,18 +108,24 @@ TEST_F(StartUp, AFirstDayThatNoMonthHasCountsAsTheFirst) {
 }
 
 TEST_F(StartUp, TheNewestEraComesFirstAndSixAreTaken) {
-    Database comsys = Database::open(store::comsys_path(found), Kind::Comsys);
-    comsys.exec("delete from waseihen;"
-                "insert into waseihen (元号名, 開始日, 終了日, 差年) values ('昭和', 19261225, 19890107, 1925),"
-                " ('平成', 19890108, 99999999, 1988)");
+    {
+        Database comsys = Database::open(store::comsys_path(found), Kind::Comsys);
+        comsys.exec("delete from waseihen;"
+                    "insert into waseihen (元号名, 開始日, 終了日, 差年) values ('昭和', 19261225, 19890107, 1925);"
+                    "insert into waseihen (元号名, 開始日, 終了日, 差年) values ('平成', 19890108, 99999999, 1988)");
+    }
     start();
     EXPECT_EQ(settings.era_name[0], u"平成"_s);
+    EXPECT_EQ(settings.era_start[0], 19890108);
+    EXPECT_EQ(settings.era_end[0], 99999999);
     EXPECT_EQ(settings.era_offset[0], 1988);
-    EXPECT_EQ(settings.era_start[1], 19261225);
+    EXPECT_EQ(settings.era_name[1], u"昭和"_s);
     EXPECT_EQ(settings.era_start[2], 0) << "fewer than six rows leave the rest empty";
 
-    comsys.exec("insert into waseihen (元号名) values ('a'), ('b'), ('c'), ('d'), ('e'), ('f')");
+    Database::open(store::comsys_path(found), Kind::Comsys)
+        .exec("insert into waseihen (元号名) values ('a'), ('b'), ('c'), ('d'), ('e'), ('f')");
     start();
+    EXPECT_EQ(settings.era_name[0], u"f"_s);
     EXPECT_EQ(settings.era_name[5], u"a"_s);
 }
 
@@ -117,6 +137,22 @@ TEST_F(StartUp, OnlyAPCOfClassTwoLeavesTheExchangeFilesAlone) {
     start();
     EXPECT_TRUE(QFileInfo::exists(store::exchange_path(found, 1)));
     EXPECT_TRUE(QFileInfo::exists(store::exchange_path(found, 20)));
+}
+
+TEST_F(StartUp, TheNewsOfTheLastRunGoes) {
+    const QString news = root + u"/rovena100/data/trn/info/intinfrov.dat"_s;
+    QDir().mkpath(QFileInfo(news).path());
+    ASSERT_TRUE(QFile(news).open(QIODevice::WriteOnly));
+    start();
+    EXPECT_FALSE(QFileInfo::exists(news));
+}
+
+TEST_F(StartUp, ATailoredInstallationShowsNoPicture) {
+    start();
+    EXPECT_TRUE(image_visible);
+    set(u"kihon"_s, u"特別ソフト"_s, u"1"_s);
+    start();
+    EXPECT_FALSE(image_visible);
 }
 
 TEST_F(StartUp, AShareIsConnectedWithTheStoredAccountBeforeItIsRead) {
@@ -149,6 +185,11 @@ TEST_F(StartUp, AShareOutOfReachAsksForTheAccountUntilThePersonGivesUp) {
     EXPECT_EQ(host.prompts.first(2),
         QStringList({u"windowsアカウントを入力してください"_s, u"Windowsパスワードトを入力してください"_s}));
     EXPECT_EQ(stored(u"losystem"_s, u"winユーザー名"_s), QString()) << "what was typed isn't stored";
+}
+
+TEST_F(StartUp, ARootOnADriveIsNotConnected) {
+    host.share = [](const QString&, const QString&, const QString&) -> bool { throw std::logic_error("no share"); };
+    EXPECT_NO_THROW(start());
 }
 
 TEST_F(StartUp, AMissingFileEndsTheStartWithItsError) {

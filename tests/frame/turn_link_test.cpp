@@ -30,6 +30,7 @@ public:
     }
 
     quint16 port() const { return m_server.serverPort(); }
+    void close() { m_server.close(); }
 
     /// Sends the pieces that a reply came in, one each time the interface has time.
     void send_next_piece() {
@@ -86,6 +87,8 @@ protected:
     std::optional<Service> service;
     std::optional<TurnLink> link;
     QStringList marks;
+    const support::Shown unreachable{
+        u"サーバーにアクセスできません。もう一度登録処理してください"_s, u"サーバー未接続"_s, platform::Buttons::Ok};
 };
 
 const QByteArray greeting = "##127.0.0.1";
@@ -93,7 +96,7 @@ const QByteArray greeting = "##127.0.0.1";
 } // namespace
 
 TEST_F(TurnLinkTest, ATurnIsAskedForTakenAndGivenBack) {
-    serve({{"your"}, {"stok"}, {"stok"}, {"st-1 please"}, {"so-1"}, {"en-1"}, {"eo-1"}});
+    serve({{"your"}, {"stok"}, {"stok"}, {"st-1"}, {"so-1"}, {"en-1"}, {"eo-1"}});
     take_turn();
     EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "st", "st", "so"}));
     EXPECT_EQ(link->link_state(), LinkState::Held);
@@ -109,6 +112,13 @@ TEST_F(TurnLinkTest, ATurnIsAskedForTakenAndGivenBack) {
         host.yield();
     EXPECT_TRUE(service->disconnected);
     EXPECT_TRUE(host.shown.empty());
+}
+
+TEST_F(TurnLinkTest, OnlyTheFirstFourCharactersOfAReplyCount) {
+    serve({{"your turn comes"}, {"st-1 please"}, {"so-1!"}});
+    take_turn();
+    EXPECT_EQ(link->link_state(), LinkState::Held);
+    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "so"}));
 }
 
 TEST_F(TurnLinkTest, AReplyThatComesInPiecesIsReadWhenFourCharactersAreThere) {
@@ -131,12 +141,20 @@ TEST_F(TurnLinkTest, AServiceSilentForTenSecondsFailsTheLink) {
     EXPECT_GE(seconds(), 10);
     EXPECT_LT(seconds(), 10.1);
     EXPECT_TRUE(link->link_failed());
-    EXPECT_EQ(host.shown, std::vector({support::Shown{u"サーバーにアクセスできません。もう一度登録処理してください"_s,
-                              u"サーバー未接続"_s, platform::Buttons::Ok}}));
+    EXPECT_EQ(host.shown, std::vector{unreachable});
     EXPECT_NE(link->link_state(), LinkState::Held);
     for (int i = 0; i < 5; ++i)
         host.yield();
     EXPECT_TRUE(service->disconnected) << "a turn granted later would be held by nobody";
+}
+
+TEST_F(TurnLinkTest, ARefusedConnectionFailsTheLinkWithoutTheWait) {
+    serve({});
+    service->close();
+    take_turn();
+    EXPECT_TRUE(link->link_failed());
+    EXPECT_EQ(host.shown, std::vector{unreachable});
+    EXPECT_LT(seconds(), 10);
 }
 
 TEST_F(TurnLinkTest, ASilentReleaseFailsInSilence) {
@@ -150,11 +168,29 @@ TEST_F(TurnLinkTest, ASilentReleaseFailsInSilence) {
     EXPECT_EQ(marks.last(), QString());
 }
 
+TEST_F(TurnLinkTest, AFailureIsForgottenWhenTheNextTurnIsTaken) {
+    serve({{}, {"your"}, {"st-1"}, {"so-1"}});
+    take_turn();
+    ASSERT_TRUE(link->link_failed());
+    take_turn();
+    EXPECT_FALSE(link->link_failed());
+    EXPECT_EQ(link->link_state(), LinkState::Held);
+}
+
 TEST_F(TurnLinkTest, TheMainPCTakesNoTurn) {
     serve({{"your"}});
     settings.use_class = 0;
     take_turn();
     link->サーバー接続終了();
+    EXPECT_EQ(link->link_state(), LinkState::Idle);
+    EXPECT_FALSE(link->link_failed());
     EXPECT_TRUE(service->heard.isEmpty());
     EXPECT_TRUE(marks.isEmpty());
+}
+
+TEST_F(TurnLinkTest, ATurnThatIsNotHeldIsNotGivenBack) {
+    serve({{"your"}});
+    link->サーバー接続終了();
+    EXPECT_TRUE(marks.isEmpty());
+    EXPECT_EQ(seconds(), 0);
 }

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QRandomGenerator>
+#include <QSet>
 
 #ifdef Q_OS_LINUX
 #include <sys/mount.h>
@@ -35,9 +36,13 @@ const Damage damages[]{
     {"a plain database", Code::NotADatabase,
         [](QByteArray intact) { return intact.replace(0, 16, QByteArray("SQLite format 3\0", 16)); }},
     {"a few bytes", Code::NotADatabase, [](QByteArray intact) { return intact.left(7); }},
+    {"less than a page", Code::NotADatabase, [](QByteArray intact) { return intact.left(page - 1); }},
     {"keyed otherwise", Code::WrongKey, [](QByteArray intact) { return noise(intact, 0, 16); }},
     {"a damaged header", Code::WrongKey, [](QByteArray intact) { return noise(intact, 100, 1); }},
+    {"nothing but noise", Code::WrongKey, [](QByteArray intact) { return noise(intact, 0, int(intact.size())); }},
     {"a damaged page", Code::Damaged, [](QByteArray intact) { return noise(intact, page * 9 + 5, 1); }},
+    {"noise behind the first page", Code::Damaged,
+        [](QByteArray intact) { return noise(intact, page, int(intact.size()) - page); }},
     {"the first page alone", Code::Damaged, [](QByteArray intact) { return intact.left(page); }},
     {"cut in the middle", Code::Damaged, [](QByteArray intact) { return intact.left(page * 20 + 100); }},
 };
@@ -62,11 +67,6 @@ protected:
         for (int i = 1; i <= 3000; ++i)
             add.bind(i, i, u"社員の名前"_s).run();
         transaction.commit();
-    }
-
-    void fill_again() {
-        Database database = Database::open(path, Kind::Comsys);
-        fill(database);
     }
 
     void read_all() {
@@ -95,6 +95,16 @@ TEST_F(FileAtRisk, ADatabaseOfAnotherKindOrALaterVersionIsRefused) {
     EXPECT_EQ(code_of([this] { Database::open(path, Kind::Any); }), std::nullopt);
     Database::open(path, Kind::Comsys).exec("pragma user_version=2");
     EXPECT_EQ(code_of([this] { Database::open(path, Kind::Comsys); }), Code::Newer);
+}
+
+TEST_F(FileAtRisk, EachKindOfTroubleIsToldInWordsOfItsOwnWithTheFile) {
+    QSet<QString> texts;
+    for (int code = 0; code <= int(Code::Other); ++code) {
+        const QString text = Error(Code(code), u"共有/comsys.mdb"_s, u"select"_s, u"engine"_s).text();
+        EXPECT_TRUE(text.contains(u"comsys.mdb\nengine"_s)) << text.toStdString();
+        texts.insert(text);
+    }
+    EXPECT_EQ(texts.size(), int(Code::Other) + 1);
 }
 
 TEST_F(FileAtRisk, AnErrorNeverTellsTheValues) {
@@ -134,7 +144,11 @@ TEST_F(FileAtRisk, AReadOnlyFileIsReadAndNotWritten) {
     QFile::setPermissions(path, readable);
     const AsNobody nobody;
     read_all();
-    EXPECT_EQ(code_of([this] { fill_again(); }), Code::ReadOnly);
+    EXPECT_EQ(code_of([this] {
+        Database database = Database::open(path, Kind::Comsys);
+        fill(database);
+    }),
+        Code::ReadOnly);
 }
 
 TEST_F(FileAtRisk, InAReadOnlyFolderNothingIsWrittenOrMade) {
@@ -142,7 +156,11 @@ TEST_F(FileAtRisk, InAReadOnlyFolderNothingIsWrittenOrMade) {
     QFile::setPermissions(path, readable | QFile::WriteOther);
     QFile::setPermissions(folder.path(), enterable);
     const AsNobody nobody;
-    EXPECT_EQ(code_of([this] { fill_again(); }), Code::ReadOnly);
+    EXPECT_EQ(code_of([this] {
+        Database database = Database::open(path, Kind::Comsys);
+        fill(database);
+    }),
+        Code::ReadOnly);
     EXPECT_EQ(code_of([this] { Database::create(folder.filePath(u"new.mdb"_s), Kind::Losys); }), Code::ReadOnly);
 }
 
@@ -181,5 +199,12 @@ TEST_F(FileAtRisk, OnAFullDiskNothingIsHalfWritten) {
 }
 
 #endif
+
+TEST_F(FileAtRisk, WhenNoPageIsLeftTheDiskIsCalledFull) {
+    Database database = Database::create(path, Kind::Comsys);
+    database.exec("pragma max_page_count=12");
+    EXPECT_EQ(code_of([&] { fill(database); }), Code::Full);
+    EXPECT_EQ(number_from(database, "select count(*) from syain"), 0);
+}
 
 } // namespace

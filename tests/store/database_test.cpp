@@ -56,6 +56,14 @@ TEST_F(ADatabase, IsNotMadeWhereAFileStands) {
     const QByteArray before = bytes_of(path);
     EXPECT_EQ(code_of([this] { Database::create(path, Kind::Losys); }), Code::Exists);
     EXPECT_EQ(bytes_of(path), before);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+}
+
+TEST_F(ADatabase, NewFilesShareTheSaltSoThatOneKeyOpensThemAll) {
+    QSet<QByteArray> salts;
+    for (const Kind kind : all_kinds)
+        salts.insert(empty_database_image(kind).left(16));
+    EXPECT_EQ(salts.size(), 1);
 }
 
 TEST_F(ADatabase, KeepsNoWriteAheadLogAndWaitsForTheDisk) {
@@ -66,6 +74,18 @@ TEST_F(ADatabase, KeepsNoWriteAheadLogAndWaitsForTheDisk) {
     EXPECT_EQ(journal.row().text(0), u"delete"_s);
     EXPECT_EQ(number_from(database, "pragma synchronous"), 3);
     EXPECT_EQ(number_from(database, "select count(*) from bangou"), 1);
+}
+
+TEST_F(ADatabase, ReadsNullAndEmptyAsNothing) {
+    Database database = Database::create(path, Kind::Rovdata);
+    database.exec("insert into rovmei (社員システム番号, 出社時間) values (1, '')");
+    Statement row = database.prepare("select 出社時間, 退社時間, 備考 from rovmei");
+    ASSERT_TRUE(row.step());
+    EXPECT_EQ(row.row().number(0), 0);
+    EXPECT_EQ(row.row().number(1), 0);
+    EXPECT_EQ(row.row().text(2), QString());
+    EXPECT_FALSE(row.row().is_null(0));
+    EXPECT_TRUE(row.row().is_null(2));
 }
 
 TEST_F(ADatabase, TakesBoundTextAsItIs) {
@@ -81,6 +101,19 @@ TEST_F(ADatabase, TakesBoundTextAsItIs) {
     EXPECT_FALSE(read.row().is_null(0)) << "empty text is text";
 }
 
+TEST_F(ADatabase, ForgetsWhatATransactionDidWithoutCommit) {
+    Database database = Database::create(path, Kind::Comsys);
+    {
+        const Transaction transaction(database);
+        database.exec("insert into bangou values ('x', 1)");
+    }
+    EXPECT_EQ(number_from(database, "select count(*) from bangou"), 0);
+    Transaction transaction(database);
+    database.exec("insert into bangou values ('y', 1)");
+    transaction.commit();
+    EXPECT_EQ(number_from(database, "select count(*) from bangou"), 1);
+}
+
 TEST_F(ADatabase, GetsTheTablesThatItLacksAndKeepsItsRows) {
     Database database = Database::create(path, Kind::Rovdata);
     database.exec(
@@ -94,10 +127,16 @@ TEST_F(ADatabase, GetsTheTablesThatItLacksAndKeepsItsRows) {
 
 TEST_F(ADatabase, AnswersTheQueriesOfTheProgramFromItsIndexes) {
     Database database = Database::create(path, Kind::Rovdata);
+    const char* const month_of_an_employee = "%社員システム番号=? AND %>? AND %<?%";
     const std::pair<const char*, const char*> queries[]{
         {"select * from rovmei where 社員システム番号=? and 出社日>=? and 出社日<=? order by 出社日",
-            "%社員システム番号=? AND %>? AND %<?%"},
+            month_of_an_employee},
+        {"select * from kinjisyu where 社員システム番号=? and 年月日>=? and 年月日<=? order by 年月日",
+            month_of_an_employee},
+        {"select * from kyumei where 社員システム番号=? and 年月日>=? and 年月日<=? order by 年月日",
+            month_of_an_employee},
         {"select * from kinnisu where 年月=? and 社員システム番号=?", "%社員システム番号=? AND 年月=?%"},
+        {"delete from kinjisyu where 社員システム番号=? and 年月日=?", "%社員システム番号=? AND 年月日=?%"},
         {"select * from syainkinmu where システム社員番号=?", "%システム社員番号=?%"},
         {"select * from kintype, kinsyu where kintype.システム番号=? and kinsyu.システム番号=時間種類 order by 曜日, "
          "連番",

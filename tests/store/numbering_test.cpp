@@ -23,6 +23,7 @@ TEST_F(Comsys, EachCounterStartsAtOneAndRisesByItself) {
     EXPECT_EQ(採番(tree.settings, u"勤務種類"_s), 2);
     EXPECT_EQ(採番(tree.settings, u"休暇種類"_s), 1);
     EXPECT_EQ(採番(tree.settings, u"勤務種類"_s), 3);
+    EXPECT_EQ(number_from(comsys, "select count(*) from bangou"), 2);
 }
 
 TEST_F(Comsys, ALookupGivesTheFieldsOfTheFirstRowWithTheKey) {
@@ -32,6 +33,15 @@ TEST_F(Comsys, ALookupGivesTheFieldsOfTheFirstRowWithTheKey) {
         u"syain"_s, u"社員番号"_s, u" 12 "_s, {u"システム番号"_s, u"社員名"_s, {}, u"第２グループ"_s, u"フリガナ"_s});
     EXPECT_EQ(found, (std::array<QString, 7>{u"3"_s, u"山田"_s, QString(), QString(), u"ヤマダ"_s}));
     EXPECT_EQ(look_up(u"syain"_s, u"社員番号"_s, u"99"_s, {u"社員名"_s}), (std::array<QString, 7>{}));
+}
+
+TEST_F(Comsys, ALookupWithoutTableKeyOrFieldsGivesNothing) {
+    comsys.exec("insert into syain values (3, 12, '山田', 'ヤマダ', '', '', '')");
+    const std::array<QString, 7> nothing;
+    EXPECT_EQ(look_up({}, u"社員番号"_s, u"12"_s, {u"社員名"_s}), nothing);
+    EXPECT_EQ(look_up(u"syain"_s, u" "_s, u"12"_s, {u"社員名"_s}), nothing);
+    EXPECT_EQ(look_up(u"syain"_s, u"社員番号"_s, u" "_s, {u"社員名"_s}), nothing);
+    EXPECT_EQ(look_up(u"syain"_s, u"社員番号"_s, u"12"_s, {}), nothing);
 }
 
 TEST_F(Comsys, ALookupInAnUnknownTableOrFieldIsAFaultOfTheProgram) {

@@ -31,6 +31,11 @@ TEST_F(Settings, EachTableLiesInItsOwnFile) {
     EXPECT_EQ(number_from(rovdata, "select count(*) from rov_kihon where データ='rov_kihon'"), 1);
 }
 
+TEST_F(Settings, AQuoteInAKeyIsACharacter) {
+    tables.設定書込(u"kihon"_s, u"a'b\""_s, u"x'"_s);
+    EXPECT_EQ(tables.設定読込(u"kihon"_s, u"a'b\""_s), u"x'"_s);
+}
+
 TEST_F(Settings, ARunSharesOneOpeningAndItsWritesStandTogetherAtTheEnd) {
     tables.設定書込(u"kihon"_s, u"和西暦表示"_s, u"1"_s, Run::Begin);
     tables.設定書込(u"kihon"_s, u"月初日付"_s, u"21"_s, Run::Continue);
@@ -47,6 +52,14 @@ TEST_F(Settings, WorkingOnWhatStandsOpenNeedsSomethingOpenAndRunsCantBeNested) {
     read(Run::Begin);
     EXPECT_EQ(code_of([&] { read(Run::Begin); }), Code::Misuse);
     EXPECT_NO_THROW(read(Run::Single)) << "an error ends the run";
+}
+
+TEST_F(Settings, WithoutATableOrAKeyNothingIsReadOrWrittenAndARunStillEnds) {
+    tables.設定書込(QString(), u"鍵"_s, u"1"_s);
+    tables.設定書込(u"kihon"_s, QString(), u"1"_s);
+    EXPECT_EQ(tables.設定読込(u"kihon"_s, u"鍵"_s, Run::Begin), QString());
+    EXPECT_EQ(tables.設定読込(u"kihon"_s, QString(), Run::End), QString());
+    EXPECT_EQ(tables.設定読込(u"kihon"_s, u"鍵"_s), QString());
 }
 
 TEST_F(Settings, TheFirstReadFindsTheDefaultRootsOnTheInstallDrive) {

@@ -17,10 +17,12 @@ protected:
 
     QStringList register_rows() {
         Database allsystem = Database::open(allsystem_path(tree.settings), Kind::Allsystem);
-        Statement all = allsystem.prepare("select * from allsystem order by rowid");
+        Statement statement = allsystem.prepare("select * from allsystem order by rowid");
         QStringList rows;
-        while (all.step())
-            rows << u"%1|%2|%3|%4"_s.arg(all.row().text(0), all.row().text(1), all.row().text(2), all.row().text(3));
+        while (statement.step())
+            rows << QStringList{statement.row().text(0), statement.row().text(1), statement.row().text(2),
+                statement.row().text(3)}
+                        .join(u'|');
         return rows;
     }
 
@@ -32,17 +34,19 @@ protected:
         Database allsystem = Database::open(allsystem_path(tree.settings), Kind::Allsystem);
         allsystem.prepare("insert into allsystem values (?, ?, ?, 'other.mdb')").bind(code, version, receiver).run();
     }
+
+    static QByteArray bytes_of(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 };
 
 TEST_F(StartOnData, TheFirstStartRegistersTheProductAndTheSecondWritesNothing) {
     EXPECT_TRUE(初期セットアップ(tree.settings));
     EXPECT_EQ(register_rows(), QStringList{row_of(u"R240"_s, u"03"_s)});
-    QFile file(allsystem_path(tree.settings));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray before = file.readAll();
+    const QByteArray before = bytes_of(allsystem_path(tree.settings));
     EXPECT_FALSE(初期セットアップ(tree.settings));
-    file.seek(0);
-    EXPECT_EQ(file.readAll(), before);
+    EXPECT_EQ(bytes_of(allsystem_path(tree.settings)), before);
 }
 
 TEST_F(StartOnData, AMovedProgramIsFollowedByItsReceiver) {

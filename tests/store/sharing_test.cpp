@@ -21,7 +21,8 @@ protected:
 };
 
 TEST_F(SharedDatabase, FourProgramsDrawTenThousandNumbersAndAllDiffer) {
-    const int programs = 4, each = 2500;
+    const int programs = 4;
+    const int each = 2500;
     const QString memory = u"/dev/shm"_s; // spares the disk 10,000 commits
     const TestTree shared(QFileInfo(memory).isWritable() ? memory : QDir::tempPath());
     std::list<Child> children;
@@ -33,6 +34,16 @@ TEST_F(SharedDatabase, FourProgramsDrawTenThousandNumbersAndAllDiffer) {
             drawn.insert(line.toInt());
     EXPECT_EQ(drawn.size(), programs * each);
     EXPECT_EQ(*std::ranges::max_element(drawn), programs * each);
+}
+
+TEST_F(SharedDatabase, ASecondWriterIsToldThatAnotherOneIsWriting) {
+    Database first = open();
+    Database second = open();
+    Transaction writing(first);
+    EXPECT_EQ(code_of([&] { Transaction(second).commit(); }), Code::Busy);
+    EXPECT_EQ(number_from(second, "select count(*) from bangou"), 0) << "reading goes on";
+    writing.commit();
+    EXPECT_EQ(code_of([&] { Transaction(second).commit(); }), std::nullopt);
 }
 
 TEST_F(SharedDatabase, OpeningAndClosingAnotherConnectionTakesNoLockAway) {
@@ -77,6 +88,8 @@ TEST_F(SharedDatabase, AFileReplacedWhileItStandsOpenIsNotWritten) {
     ASSERT_TRUE(QFile::remove(path) && QFile::rename(beside, path));
     EXPECT_EQ(code_of([&] { Transaction transaction(database); }), Code::Replaced);
     EXPECT_EQ(code_of([&] { Transaction transaction(database); }), Code::Replaced) << "the failed one holds no lock";
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_EQ(code_of([&] { Transaction transaction(database); }), Code::Replaced) << "a file that went away";
 }
 
 } // namespace

@@ -67,11 +67,15 @@ struct Editing : testing::Test {
     bool in_sight() const { return grid.viewport()->rect().intersects(box.geometry()); }
 };
 
-TEST_F(Editing, TheBoxLiesOverItsCellAndTypingReplacesTheText) {
-    place({28, 2}, u"830"_s);
-    EXPECT_TRUE(in_sight()) << "the cell comes into view";
-    EXPECT_EQ(box.geometry(), grid.cell_rect({28, 2}));
+TEST_F(Editing, TheBoxLiesExactlyOverItsCellWithTheTextSelected) {
+    place({3, 2}, u"830"_s);
+    EXPECT_EQ(box.geometry(), grid.cell_rect({3, 2}));
     EXPECT_TRUE(box.hasFocus());
+    EXPECT_EQ(box.selectedText(), u"830"_s);
+}
+
+TEST_F(Editing, TypingReplacesTheSelectedText) {
+    place({3, 2}, u"830"_s);
     QTest::keyClicks(&box, u"9a15"_s);
     EXPECT_EQ(state.text, u"915"_s);
     EXPECT_EQ(pressed, (QList<int>{'9', 'a', '1', '5'}));
@@ -90,7 +94,10 @@ TEST_F(Editing, TakingCharactersAwayIsAskedLikeTyping) {
     box.end(false);
     QTest::keyClick(&box, Qt::Key_Backspace);
     EXPECT_EQ(state.text, u"83"_s);
-    EXPECT_EQ(pressed, QList<int>{8});
+    box.home(false);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(state.text, u"3"_s);
+    EXPECT_EQ(pressed, (QList<int>{8, 8}));
 }
 
 TEST_F(Editing, OnlyWhatTheFormLetsStandIsPasted) {
@@ -143,6 +150,12 @@ TEST_F(Editing, TheBoxFollowsItsCellWhenTheSheetScrolls) {
     grid.refresh();
     box.refresh();
     EXPECT_FALSE(in_sight());
+}
+
+TEST_F(Editing, AFreshPlacementBringsItsCellIntoView) {
+    place({28, 2}, u""_s);
+    EXPECT_EQ(box.geometry(), grid.cell_rect({28, 2}));
+    EXPECT_TRUE(in_sight());
 }
 
 TEST_F(Editing, TheListLiesOverItsCellAndTheWheelChoosesNothing) {

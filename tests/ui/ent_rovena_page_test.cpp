@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 namespace {
@@ -16,7 +17,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using support::type;
 
-constexpr int clock_in = 2, clock_out = 3, work_time = 5, first_category = 8;
+constexpr int clock_in = 2, clock_out = 3, break_time = 4, work_time = 5, remark = 6, kind = 7, first_category = 8;
 
 struct EntryPage : testing::Test {
     EntryCompany company;
@@ -45,11 +46,27 @@ struct EntryPage : testing::Test {
 
 TEST_F(EntryPage, AnEmployeeAndTwoClockTimesGiveTheHoursOfTheDay) {
     choose_employee(1);
+    EXPECT_EQ(controls.syalab->text(), u"3:山田 太郎"_s);
+    EXPECT_EQ(controls.lab2->text(), u"普通社員"_s);
     click_sheet(1, clock_in);
     type(u"830 Enter 1915 Enter"_s);
     EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
+    EXPECT_EQ(cell(1, clock_out), u"19:15"_s);
+    EXPECT_EQ(cell(1, break_time), u"1:00"_s);
     EXPECT_EQ(cell(1, work_time), u"9:45"_s);
+    EXPECT_EQ(cell(1, first_category + 1), u"1:45"_s);
     EXPECT_EQ(cell(32, work_time), u"9:45"_s);
+}
+
+TEST_F(EntryPage, TheBoxLiesOverTheCellInHandAndShowsBareDigits) {
+    choose_employee(1);
+    click_sheet(1, clock_in);
+    type(u"830 Enter"_s);
+    click_sheet(1, clock_in);
+    const auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->text(), u"830"_s);
+    EXPECT_EQ(box->geometry(), controls.hyou->cell_rect({1, clock_in}));
 }
 
 TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
@@ -65,6 +82,32 @@ TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
         EXPECT_TRUE(whole_in_view(controls.hyou_day, 2, 7));
         EXPECT_TRUE(page.rect().contains(controls.left->geometry()));
     }
+}
+
+TEST_F(EntryPage, WithMoreCategoriesThanFitTheMonthIsStillInViewFromTopToBottom) {
+    auto database = store::Database::open(store::rovdata_path(company.settings), store::Kind::Rovdata);
+    auto category = database.prepare("insert into kinsyu values (?, '手当')");
+    auto band = database.prepare("insert into kintype values (1, '普通社員', ?, 0, 500, 505, ?, 0, 0, 0, 0, 0, 0, 0)");
+    for (int number = 4; number <= 10; ++number) {
+        category.bind(number).run();
+        band.bind(number, number).run();
+    }
+    page.resize(1280, 660);
+    choose_employee(1);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(controls.hyou->horizontalScrollBar()->isVisible());
+    EXPECT_TRUE(whole_in_view(controls.hyou, 32, first_category));
+    EXPECT_FALSE(controls.hyou->verticalScrollBar()->isVisible());
+    EXPECT_TRUE(whole_in_view(controls.hyou_day, 2, 0));
+}
+
+TEST_F(EntryPage, OnALargeScreenTheSheetsGrow) {
+    choose_employee(1);
+    const int row = controls.hyou->cell_rect({1, 2}).height();
+    page.resize(2400, 1300);
+    EXPECT_GT(controls.hyou->cell_rect({1, 2}).height(), row);
+    page.resize(700, 400);
+    EXPECT_EQ(controls.hyou->cell_rect({1, 2}).height(), controls.hyou->own_row_height());
 }
 
 TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
@@ -83,6 +126,28 @@ TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
     EXPECT_EQ(box->geometry(), controls.hyou->cell_rect({5, clock_out})) << "the next cell comes into view";
 }
 
+TEST_F(EntryPage, ARemarkTakesAnyCharacters) {
+    choose_employee(1);
+    click_sheet(2, remark);
+    EXPECT_TRUE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
+    type(u"直行A Enter"_s);
+    EXPECT_EQ(cell(2, remark), u"直行A"_s);
+    EXPECT_FALSE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
+}
+
+TEST_F(EntryPage, AKindOfDayIsChosenFromTheListOverItsCell) {
+    choose_employee(1);
+    click_sheet(4, kind);
+    auto* list = qobject_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->itemText(2), u"有休"_s) << "the numbers behind the name aren't shown";
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(cell(4, kind), u"有休"_s);
+    click_sheet(4, clock_in);
+    EXPECT_FALSE(list->isEnabled());
+}
+
 TEST_F(EntryPage, TheCountStripTakesTheKeysItself) {
     choose_employee(1);
     support::click_cell(*controls.hyou_day, 2, 0);
@@ -93,6 +158,24 @@ TEST_F(EntryPage, TheCountStripTakesTheKeysItself) {
     QTest::keyClick(controls.hyou_day, Qt::Key_Right);
     type(u"7"_s);
     EXPECT_EQ(form.sheet.hyou_day(2, 1), u"7"_s);
+    QTest::keyClick(controls.hyou_day, Qt::Key_Delete);
+    EXPECT_EQ(form.sheet.hyou_day(2, 1), QString());
+}
+
+TEST_F(EntryPage, WithoutAnEmployeeTheSheetOnlySaysSo) {
+    click_sheet(1, clock_in);
+    ASSERT_EQ(host.shown.size(), 1u);
+    EXPECT_EQ(host.shown[0].text, u"社員を選択してから入力してください"_s);
+    EXPECT_EQ(host.shown[0].title, u"社員未選択"_s);
+    EXPECT_FALSE(controls.hyou_day->isVisible());
+}
+
+TEST_F(EntryPage, AnotherMonthIsLoadedWhenItIsChosen) {
+    choose_employee(1);
+    controls.ym[1]->setFocus();
+    QTest::keyClick(controls.ym[1], Qt::Key_Up);
+    EXPECT_EQ(form.ym[1].text, u"9"_s);
+    EXPECT_EQ(cell(31, 0), QString()) << "September has no 31st";
 }
 
 TEST_F(EntryPage, TheSelectorsTakeDigitsOnlyAndEnterMovesOn) {
@@ -115,11 +198,20 @@ TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSight) {
     }
 }
 
+TEST_F(EntryPage, TheWheelOverASelectorChoosesNoOtherMonth) {
+    QWheelEvent wheel(
+        {5, 5}, controls.ym[1]->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(controls.ym[1], &wheel);
+    EXPECT_EQ(controls.ym[1]->currentText(), u"10"_s);
+}
+
 TEST_F(EntryPage, TheOrderOfTheListIsKeptForTheNextTime) {
     QTest::mouseClick(controls.sortlist->button(1), Qt::LeftButton);
     EXPECT_EQ(form.hyou_syain(1, 1), u"佐藤 花子"_s);
+    QTest::mouseClick(controls.kyuflg->button(1), Qt::LeftButton);
     const ui::ent_rovena_page next(session);
     EXPECT_TRUE(next.controls().sortlist->button(1)->isChecked());
+    EXPECT_TRUE(next.controls().kyuflg->button(1)->isChecked());
 }
 
 TEST_F(EntryPage, WhatStandsInTheBoxIsCommittedBeforeAButtonActs) {
@@ -130,6 +222,17 @@ TEST_F(EntryPage, WhatStandsInTheBoxIsCommittedBeforeAButtonActs) {
     QTest::mouseClick(controls.botan[0], Qt::LeftButton);
     EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
     EXPECT_EQ(closed.count(), 1);
+}
+
+TEST_F(EntryPage, ThePageGoesWithACellInEdit) {
+    auto* other = new ui::ent_rovena_page(session);
+    other->show();
+    QApplication::setActiveWindow(other);
+    support::click_cell(*other->controls().hyou_syain, 1, 1);
+    support::click_cell(*other->controls().hyou, 1, clock_in);
+    type(u"830"_s);
+    delete other;
+    EXPECT_TRUE(host.shown.empty());
 }
 
 } // namespace

@@ -30,17 +30,28 @@ struct Grid : testing::Test {
     void click(int row, int col) {
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.cell_rect({row, col}).center());
     }
+    QColor pixel(int row, int col, QPoint inside = {2, 2}) {
+        const QPixmap picture = view.viewport()->grab();
+        const QPoint at = view.cell_rect({row, col}).topLeft() + inside;
+        return picture.toImage().pixelColor(at * picture.devicePixelRatio());
+    }
 };
 
-TEST_F(Grid, AClickPutsTheCursorOnACellButNotOnAHeading) {
-    QSignalSpy chosen(&view, &ui::GridView::cell_clicked), edge(&view, &ui::GridView::edge_clicked);
+TEST_F(Grid, AClickPutsTheCursorOnTheCell) {
+    QSignalSpy chosen(&view, &ui::GridView::cell_clicked);
     click(4, 3);
-    click(0, 3);
-    click(3, 1);
     EXPECT_EQ(chosen.count(), 1);
-    EXPECT_EQ(edge.count(), 2);
     EXPECT_EQ(sheet.Row(), 4);
     EXPECT_EQ(sheet.Col(), 3);
+}
+
+TEST_F(Grid, AClickOnAHeadingLeavesTheCursor) {
+    QSignalSpy chosen(&view, &ui::GridView::cell_clicked), edge(&view, &ui::GridView::edge_clicked);
+    click(0, 3);
+    click(3, 1);
+    EXPECT_EQ(chosen.count(), 0);
+    EXPECT_EQ(edge.count(), 2);
+    EXPECT_EQ(sheet.Row(), 1);
 }
 
 TEST_F(Grid, ArrowsStepOverHiddenRowsAndStopAtTheEdges) {
@@ -53,6 +64,14 @@ TEST_F(Grid, ArrowsStepOverHiddenRowsAndStopAtTheEdges) {
     EXPECT_EQ(sheet.Row(), 1) << "the heading takes no cursor";
     QTest::keyClick(&view, Qt::Key_Left);
     EXPECT_EQ(sheet.Col(), 2);
+}
+
+TEST_F(Grid, TheCursorStaysInViewUnderTheArrows) {
+    for (int i = 0; i < 30; ++i)
+        QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_EQ(sheet.Row(), 31);
+    EXPECT_FALSE(view.cell_rect({31, 2}).isEmpty());
+    EXPECT_GT(sheet.TopRow(), 1);
 }
 
 TEST_F(Grid, KeysThatMoveNothingGoToTheForm) {
@@ -73,19 +92,60 @@ TEST_F(Grid, TheScrollBarsKeepTopRowAndLeftColInTheSheet) {
     EXPECT_EQ(view.cell_rect({20, 2}).top(), view.cell_rect({0, 2}).bottom() + 1);
 }
 
-TEST_F(Grid, AListTintsTheWholeRowInHandAndShowsTheColoursOfTheForm) {
-    sheet.setBack(4, 3, {255, 200, 200});
+TEST_F(Grid, TheFormCanScrollThroughTheSheetWithoutBeingTold) {
+    QSignalSpy scrolled(&view, &ui::GridView::scrolled);
+    sheet.setTopLeft(30, 2);
+    view.refresh();
+    EXPECT_FALSE(view.cell_rect({30, 2}).isEmpty());
+    sheet.setTopLeft(49, 2);
+    view.refresh();
+    EXPECT_LT(sheet.TopRow(), 49) << "no room is left behind the last row";
+    EXPECT_EQ(scrolled.count(), 0);
+}
+
+TEST_F(Grid, NoScrollBarStandsWhereEverythingFits) {
+    sheet.setRows(5);
+    view.resize(view.full_width(false), view.full_height(false));
+    view.refresh();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(view.verticalScrollBar()->isVisible());
+    EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
+}
+
+TEST_F(Grid, ColoursOfTheFormAreShown) {
+    sheet.setBack(2, 3, {255, 200, 200});
+    view.refresh();
+    EXPECT_EQ(pixel(2, 3), QColor(255, 200, 200));
+    EXPECT_EQ(pixel(3, 3), QColor(Qt::white));
+    EXPECT_NE(pixel(0, 3), QColor(Qt::white)) << "the heading stands out";
+}
+
+TEST_F(Grid, AlignmentPutsTheTextWhereTheFormSays) {
+    const auto ink_in_left_half = [this](int row) {
+        const QRect cell = view.cell_rect({row, 4});
+        const QImage image = view.viewport()->grab(cell.adjusted(1, 2, -cell.width() / 2, -2)).toImage();
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y).lightness() < 128)
+                    return true;
+        return false;
+    };
+    sheet(5, 4) = sheet(6, 4) = u"11"_s;
+    sheet.setAlignment(6, 4, base::Alignment::Right);
+    view.refresh();
+    EXPECT_TRUE(ink_in_left_half(5));
+    EXPECT_FALSE(ink_in_left_half(6));
+}
+
+TEST_F(Grid, AListTintsTheWholeRowInHand) {
     ui::GridView list(sheet, ui::CursorStyle::Row);
     list.resize(400, 200);
     list.show();
     click(3, 3);
     const QImage image = list.viewport()->grab().toImage();
-    const auto colour = [&](int row, int col) {
-        return image.pixelColor(list.cell_rect({row, col}).topLeft() + QPoint(2, 2));
-    };
-    EXPECT_NE(colour(3, 2), QColor(Qt::white));
-    EXPECT_EQ(colour(4, 2), QColor(Qt::white));
-    EXPECT_EQ(colour(4, 3), QColor(255, 200, 200));
+    const QPoint first = list.cell_rect({3, 2}).topLeft() + QPoint(2, 2);
+    EXPECT_NE(image.pixelColor(first), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(list.cell_rect({4, 2}).topLeft() + QPoint(2, 2)), QColor(Qt::white));
 }
 
 TEST_F(Grid, ACursorOnAHiddenRowIsShownOnTheNextRowInSight) {

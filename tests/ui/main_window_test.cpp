@@ -1,8 +1,11 @@
 #include "ui/main_window.h"
 
 #include "base/literals.h"
+#include "platform/file_error.h"
 #include "support/fake_host.h"
+#include "ui/application.h"
 #include "ui/install_tree.h"
+#include "ui/menu_page.h"
 #include "ui/picture_button.h"
 #include "ui/program.h"
 
@@ -43,7 +46,19 @@ protected:
     ui::Program program{host, tree.programs};
 };
 
+const support::Shown question{u"終了しますか？"_s, u"終了"_s, platform::Buttons::YesNo};
+
 } // namespace
+
+TEST_F(MainWindowTest, StartEndsWithTheMainWindow) {
+    start();
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(window().windowTitle(), u"就業録"_s);
+    EXPECT_EQ(program.session().settings.server_root, tree.root);
+    EXPECT_TRUE(host.shown.empty());
+    for (const Page page : {Page::rov_00, Page::mst_00})
+        EXPECT_FALSE(pages().is_open(page));
+}
 
 TEST_F(MainWindowTest, TheTopButtonsOpenTheMenusOneAtATime) {
     start();
@@ -62,9 +77,11 @@ TEST_F(MainWindowTest, TheTopButtonsOpenTheMenusOneAtATime) {
 TEST_F(MainWindowTest, AButtonShowsItsOtherPictureWhilePressedAndWorksByKeyboard) {
     start();
     ui::PictureButton& masters = button(window(), u"マスター"_s);
+    EXPECT_EQ(masters.size() * 2, QImage(tree.pictures + u"/botan/top_mst.BMP"_s).size());
     const QImage up = masters.grab().toImage();
     QTest::mousePress(&masters, Qt::LeftButton);
     EXPECT_NE(masters.grab().toImage(), up);
+    QTest::mouseMove(&masters, QPoint(-20, -20));
     QTest::mouseRelease(&masters, Qt::LeftButton, {}, QPoint(-20, -20));
     EXPECT_EQ(masters.grab().toImage(), up);
     EXPECT_FALSE(pages().is_open(Page::mst_00)) << "let go outside";
@@ -73,6 +90,35 @@ TEST_F(MainWindowTest, AButtonShowsItsOtherPictureWhilePressedAndWorksByKeyboard
     EXPECT_NE(masters.grab().toImage(), up) << "the focus shows";
     QTest::keyClick(&masters, Qt::Key_Space);
     EXPECT_TRUE(pages().is_open(Page::mst_00));
+    ui::PictureButton& reports = button(window(), u"集計表"_s);
+    QTest::keyClick(&reports, Qt::Key_Return);
+    EXPECT_TRUE(pages().is_open(Page::rov_00));
+}
+
+TEST_F(MainWindowTest, ButtonsOfPagesThatAreNotThereLeaveTheMenu) {
+    start();
+    const QStringList there{
+        u"閉じる"_s, u"社員"_s, u"勤務種類"_s, u"勤務タイプ時間設定"_s, u"社員勤務タイプ設定"_s, u"休暇・出勤"_s};
+    for (const auto& [top, page] : {std::pair(u"集計表"_s, Page::rov_00), {u"マスター"_s, Page::mst_00}}) {
+        open(top);
+        QWidget& menu = *pages().page(page);
+        const auto buttons = menu.findChildren<ui::PictureButton*>();
+        EXPECT_EQ(buttons.size(), 7) << "six and endbotan";
+        for (ui::PictureButton* entry : buttons)
+            if (!there.contains(entry->accessibleName()))
+                QTest::mouseClick(entry, Qt::LeftButton);
+        EXPECT_EQ(pages().page(page), &menu) << top.toStdString();
+    }
+}
+
+TEST_F(MainWindowTest, TheExitButtonAsksOnceAndCloses) {
+    start();
+    host.answers = {Answer::No};
+    open(u"終了"_s);
+    EXPECT_TRUE(window().isVisible());
+    open(u"終了"_s);
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_EQ(host.shown, std::vector({question, question}));
 }
 
 TEST_F(MainWindowTest, TheCloseBoxAsksAndNoKeepsThePage) {
@@ -83,7 +129,14 @@ TEST_F(MainWindowTest, TheCloseBoxAsksAndNoKeepsThePage) {
     EXPECT_TRUE(pages().is_open(Page::mst_00));
     EXPECT_TRUE(window().close());
     EXPECT_FALSE(pages().is_open(Page::mst_00));
-    EXPECT_EQ(host.shown.size(), 2U) << "one question each time";
+    EXPECT_EQ(host.shown, std::vector({question, question}));
+}
+
+TEST_F(MainWindowTest, TheStateOfTheLinkShowsInTheBand) {
+    start();
+    window().form().show_link_state(u"●"_s);
+    const auto labels = window().findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) { return label->text() == u"●"_s; }));
 }
 
 TEST_F(MainWindowTest, NothingOnAMenuIsCutOffAtAnySize) {
@@ -111,4 +164,33 @@ TEST_F(MainWindowTest, AMissingPictureEndsTheStartWithItsName) {
     EXPECT_FALSE(program.running());
     ASSERT_EQ(host.shown.size(), 1U);
     EXPECT_TRUE(host.shown[0].text.contains(u"splash.bmp"_s)) << host.shown[0].text.toStdString();
+}
+
+TEST_F(MainWindowTest, ADamagedDatabaseEndsTheStartWithItsText) {
+    const QString path = store::comsys_path(tree.settings);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(9000, 'x'));
+    file.close();
+    EXPECT_EQ(program.start(), 1);
+    EXPECT_FALSE(program.running());
+    ASSERT_EQ(host.shown.size(), 1U);
+    EXPECT_TRUE(host.shown[0].text.contains(path)) << host.shown[0].text.toStdString();
+}
+
+TEST_F(MainWindowTest, GivingUpOnTheShareEndsWithoutAnError) {
+    store::SettingTables(tree.settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, u"\\\\main\\rovena"_s);
+    host.share = [](const QString&, const QString&, const QString&) { return false; };
+    EXPECT_EQ(program.start(), 0);
+    EXPECT_FALSE(program.running());
+}
+
+TEST(PictureButton, SaysWhichPictureIsMissing) {
+    try {
+        ui::PictureButton(u"/nowhere/"_s, frame::endbotan);
+        FAIL();
+    } catch (const platform::FileError& error) {
+        EXPECT_EQ(error.file(), u"/nowhere/zen_end.BMP"_s);
+        EXPECT_TRUE(error.text().contains(error.file()));
+    }
 }

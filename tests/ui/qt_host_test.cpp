@@ -55,9 +55,7 @@ void send_to_failing(const Exception& exception) {
 }
 
 support::FakeHost& host_of_application() {
-    auto& host = dynamic_cast<support::FakeHost&>(dynamic_cast<ui::Application&>(*qApp).host());
-    host.shown.clear();
-    return host;
+    return dynamic_cast<support::FakeHost&>(dynamic_cast<ui::Application&>(*qApp).host());
 }
 
 } // namespace
@@ -74,6 +72,12 @@ TEST(QtHost, ClosingABoxByOtherMeansIsTheCautiousAnswer) {
     EXPECT_EQ(ask(Buttons::YesNo, close), Answer::No);
     EXPECT_EQ(ask(Buttons::OkCancel, close), Answer::Cancel);
     EXPECT_EQ(ask(Buttons::Ok, close), Answer::Ok);
+}
+
+TEST(QtHost, ThePrinterOfPDFFilesComesLastAndOnce) {
+    const QStringList printers = ui::QtHost().printers();
+    EXPECT_EQ(printers.last(), u"PDF"_s);
+    EXPECT_EQ(printers.count(u"PDF"_s), 1);
 }
 
 TEST(QtHost, FiltersAreTakenAsTheDialogReadsThem) {
@@ -100,6 +104,7 @@ TEST(QtHost, TheWindowStaysAsLongAsTheProgramWaits) {
 
 TEST(Application, AnErrorOfTheStoreIsToldAndTheProgramGoesOn) {
     support::FakeHost& host = host_of_application();
+    host.shown.clear();
     const store::Error busy(store::Code::Busy, u"/srv/comsys.mdb"_s, {}, {});
     send_to_failing(busy);
     EXPECT_EQ(host.shown, std::vector({support::Shown{busy.text(), u"就業録"_s, Buttons::Ok}}));
@@ -107,6 +112,7 @@ TEST(Application, AnErrorOfTheStoreIsToldAndTheProgramGoesOn) {
 
 TEST(Application, AMissingFileOfTheInstallationEndsIt) {
     support::FakeHost& host = host_of_application();
+    host.shown.clear();
     const platform::FileError missing(u"/srv/zen_end.BMP"_s);
     QTimer::singleShot(0, [&] { send_to_failing(missing); });
     EXPECT_EQ(QApplication::exec(), 1);

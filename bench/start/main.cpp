@@ -1,0 +1,77 @@
+// One start up to the first painted window, then the end: what the start benchmark runs as a process of its own.
+//   rovena_start empty            an empty main window
+//   rovena_start frame FOLDER     the program that runs from FOLDER
+//   rovena_start page FOLDER      the same with the attendance page open and an employee chosen; prints the peak memory
+//   in KiB
+
+#include "base/literals.h"
+#include "ui/application.h"
+#include "ui/ent_rovena_page.h"
+#include "ui/program.h"
+#include "ui/qt_host.h"
+#include "ui/style.h"
+
+#include <QMainWindow>
+#include <QTimer>
+#include <cstdio>
+#include <sys/resource.h>
+
+using namespace base;
+
+namespace {
+
+class EndAtFirstPaint : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+        return false;
+    }
+};
+
+int empty_window(ui::Application&) {
+    EndAtFirstPaint end;
+    QMainWindow window;
+    window.resize(1280, 720);
+    window.installEventFilter(&end);
+    window.show();
+    return ui::Application::exec();
+}
+
+int painted_frame(ui::QtHost& host, const QString& folder) {
+    EndAtFirstPaint end;
+    ui::Program program(host, folder);
+    if (program.start() != 0 || !program.running())
+        return 1;
+    program.window().installEventFilter(&end);
+    return ui::Application::exec();
+}
+
+int open_page(ui::QtHost& host, const QString& folder) {
+    ui::Program program(host, folder);
+    if (program.start() != 0 || !program.running())
+        return 1;
+    program.window().form().midasi_Click(1);
+    auto* page = program.window().findChild<ui::ent_rovena_page*>();
+    if (page == nullptr)
+        return 1;
+    page->form().hyou_syain_Click(1);
+    page->grab();
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("%ld\n", usage.ru_maxrss);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    ui::QtHost host;
+    ui::Application application(argc, argv, host);
+    ui::apply_style(application);
+    const QStringList arguments = ui::Application::arguments();
+    const QString folder = arguments.value(2);
+    if (arguments.value(1) == u"frame"_s)
+        return painted_frame(host, folder);
+    return arguments.value(1) == u"page"_s ? open_page(host, folder) : empty_window(application);
+}
