@@ -66,11 +66,10 @@ TEST(DayCalculation, TheBandsOfTheDaysOwnWeekdayApply) {
     MonthSheet sheet = month_sheet({A});
     sheet.band_table[0][1] = band(A, 800, 1000); // Sunday
     sheet.band_table[6][1] = band(A, 800, 1100); // Saturday
-    for (int r = 1; r <= 7; ++r)
+    for (const int r : {5, 6, 7})
         calculate(sheet, r, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(sheet.hyou(5, 8), u""_s) << "a Friday";
-    EXPECT_EQ(sheet.hyou(6, 8), u"3:00"_s);
-    EXPECT_EQ(sheet.hyou(7, 8), u"2:00"_s);
+    EXPECT_EQ(
+        (QStringList{sheet.hyou(5, 8), sheet.hyou(6, 8), sheet.hyou(7, 8)}), QStringList({{}, u"3:00"_s, u"2:00"_s}));
 }
 
 TEST(DayCalculation, ALaterBandOfACategoryOverwritesTheEarlierOneEvenWithNothing) {
@@ -86,11 +85,11 @@ TEST(DayCalculation, ALaterBandOfACategoryOverwritesTheEarlierOneEvenWithNothing
 }
 
 TEST(DayCalculation, TheLastRuleReachedWinsWhateverItsBreak) {
-    const std::pair<QString, QString> cases[] = {{u"10:00"_s, u""_s}, {u"14:00"_s, u"1:00"_s}, {u"16:00"_s, u"0:30"_s},
-        {u"18:00"_s, u"0:10"_s}, {u"17:59"_s, u"0:30"_s}};
+    MonthSheet sheet = month_sheet({A});
+    every_day(sheet, 1, band(A, 800, 2200, {{600, 100}, {800, 30}, {1000, 10}}));
+    const std::pair<QString, QString> cases[] = {
+        {u"10:00"_s, u""_s}, {u"14:00"_s, u"1:00"_s}, {u"17:59"_s, u"0:30"_s}, {u"18:00"_s, u"0:10"_s}};
     for (const auto& [out, pause] : cases) {
-        MonthSheet sheet = month_sheet({A});
-        every_day(sheet, 1, band(A, 800, 2200, {{600, 100}, {800, 30}, {1000, 10}}));
         calculate(sheet, 1, u"8:00"_s, out);
         EXPECT_EQ(sheet.hyou(1, col::break_time), pause) << out.toStdString();
     }

@@ -5,7 +5,6 @@
 #include "support/person.h"
 #include "ui/picture_button.h"
 
-#include <QDeadlineTimer>
 #include <QLineEdit>
 
 namespace e2e {
@@ -15,14 +14,6 @@ using namespace base;
 void demand(bool condition, const QString& what) {
     if (!condition)
         throw RoadError(what);
-}
-
-void wait_until(const std::function<bool()>& condition, const QString& what, std::chrono::seconds patience) {
-    const QDeadlineTimer end(patience);
-    while (!condition()) {
-        demand(!end.hasExpired(), u"waited in vain: "_s + what);
-        QTest::qWait(20);
-    }
 }
 
 void Clerk::press_button(const QString& label) {
@@ -74,17 +65,14 @@ QWidget* Clerk::keyboard() {
 
 void Clerk::type_days(const QList<TypedDay>& days) {
     support::click_cell(*entry().controls().hyou, days.first().row, entry::col::clock_in);
-    for (const TypedDay& day : days)
-        type_day(day);
-}
-
-/// Starts on the day's clock-in and ends on the next day's.
-void Clerk::type_day(const TypedDay& day) {
     const base::Sheet& hyou = entry().form().sheet.hyou;
-    demand(hyou.Row() == day.row && hyou.Col() == entry::col::clock_in, u"the cursor isn't on row %1"_s.arg(day.row));
-    for (const QString& digits : {day.clock_in, day.clock_out, day.pause}) {
-        support::type_word(digits);
-        QTest::keyClick(keyboard(), Qt::Key_Return);
+    for (const TypedDay& day : days) {
+        demand(
+            hyou.Row() == day.row && hyou.Col() == entry::col::clock_in, u"the cursor isn't on row %1"_s.arg(day.row));
+        for (const QString& digits : {day.clock_in, day.clock_out, day.pause}) {
+            support::type_word(digits);
+            QTest::keyClick(keyboard(), Qt::Key_Return);
+        }
     }
 }
 
@@ -99,18 +87,14 @@ void Clerk::type_remarks(const QList<TypedDay>& days) {
 }
 
 void Clerk::choose_kinds(const QList<TypedDay>& days) {
-    for (const TypedDay& day : days)
-        if (!day.kind.isEmpty())
-            choose_kind(day);
-}
-
-void Clerk::choose_kind(const TypedDay& day) {
-    support::click_cell(*entry().controls().hyou, day.row, entry::col::kind);
-    auto* list = qobject_cast<ui::CellCombo*>(keyboard());
-    demand(list != nullptr, u"no list lies over the kind of row %1"_s.arg(day.row));
-    step_to(*list, day.kind);
-    demand(entry().form().sheet.hyou(day.row, entry::col::kind) == day.kind,
-        u"the kind of row %1 wasn't taken"_s.arg(day.row));
+    for (const TypedDay& day : days) {
+        if (day.kind.isEmpty())
+            continue;
+        support::click_cell(*entry().controls().hyou, day.row, entry::col::kind);
+        auto* list = qobject_cast<ui::CellCombo*>(keyboard());
+        demand(list != nullptr, u"no list lies over the kind of row %1"_s.arg(day.row));
+        step_to(*list, day.kind);
+    }
 }
 
 void Clerk::type_count(int column, const QString& digits) {

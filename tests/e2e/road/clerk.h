@@ -7,8 +7,6 @@
 #include "ui/ent_rovena_page.h"
 #include "ui/main_window.h"
 
-#include <chrono>
-#include <functional>
 #include <stdexcept>
 
 namespace e2e {
@@ -20,10 +18,6 @@ struct RoadError : std::runtime_error {
 
 /// Throws a RoadError unless the condition holds.
 void demand(bool condition, const QString& what);
-
-/// Lets the interface run until the condition holds; throws after the patience.
-void wait_until(const std::function<bool()>& condition, const QString& what,
-    std::chrono::seconds patience = std::chrono::seconds(60));
 
 class Clerk {
 public:
@@ -49,8 +43,6 @@ public:
     void type_count(int column, const QString& digits);
 
 private:
-    void type_day(const TypedDay& day);
-    void choose_kind(const TypedDay& day);
     QWidget* keyboard();
     void step_to(QComboBox& selector, const QString& text);
 

@@ -13,22 +13,10 @@ using namespace base;
 namespace {
 
 /// The ordinary days, one after the other.
-constexpr struct {
-    QStringView clock_in;
-    QStringView clock_out;
-} ordinary[] = {
-    {u"830", u"1715"},
-    {u"825", u"1730"},
-    {u"840", u"1945"},
-    {u"830", u"2210"},
-    {u"655", u"1715"},
-};
+constexpr std::pair<QStringView, QStringView> ordinary[] = {
+    {u"830", u"1715"}, {u"825", u"1730"}, {u"840", u"1945"}, {u"830", u"2210"}, {u"655", u"1715"}};
 
 constexpr int second_week = 8;
-
-bool is_weekend(const QString& weekday) {
-    return weekday == u"土" || weekday == u"日";
-}
 
 /// The first day of that weekday from the row on.
 TypedDay& day_on(
@@ -41,23 +29,14 @@ QList<TypedDay> ordinary_month(const base::Sheet& hyou) {
     QList<TypedDay> days;
     for (int row = entry::row::first_day; row <= entry::row::last_day && !hyou(row, entry::col::day).isEmpty(); ++row) {
         days << TypedDay{.row = row};
-        if (is_weekend(hyou(row, entry::col::weekday)))
+        if (u"土日"_s.contains(hyou(row, entry::col::weekday)))
             continue;
-        const auto& times = ordinary[days.size() % std::size(ordinary)];
-        days.last().clock_in = times.clock_in.toString();
-        days.last().clock_out = times.clock_out.toString();
+        const auto& [in, out] = ordinary[days.size() % std::size(ordinary)];
+        days.last().clock_in = in.toString();
+        days.last().clock_out = out.toString();
     }
     return days;
 }
-
-QString shown_time(const QString& digits) {
-    return time_to_text(digits);
-}
-
-struct Expected {
-    int column;
-    QString text;
-};
 
 } // namespace
 
@@ -80,13 +59,9 @@ QList<TypedDay> plan_month(const base::Sheet& hyou, const QString& leave, const 
 QStringList missing_on_sheet(const base::Sheet& hyou, const QList<TypedDay>& days) {
     QStringList missing;
     for (const TypedDay& day : days) {
-        const Expected expected[] = {
-            {entry::col::clock_in, shown_time(day.clock_in)},
-            {entry::col::clock_out, shown_time(day.clock_out)},
-            {entry::col::break_time, shown_time(day.pause)},
-            {entry::col::remark, day.remark},
-            {entry::col::kind, day.kind},
-        };
+        const std::pair<int, QString> expected[] = {{entry::col::clock_in, time_to_text(day.clock_in)},
+            {entry::col::clock_out, time_to_text(day.clock_out)}, {entry::col::break_time, time_to_text(day.pause)},
+            {entry::col::remark, day.remark}, {entry::col::kind, day.kind}};
         for (const auto& [column, text] : expected)
             if (!text.isEmpty() && hyou(day.row, column) != text)
                 missing << u"row %1, %2: typed \"%3\", shown \"%4\""_s.arg(day.row).arg(

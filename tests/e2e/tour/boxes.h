@@ -8,10 +8,12 @@
 #include <QTimer>
 #include <optional>
 
-class QMessageBox;
 class QWidget;
 
 namespace tour {
+
+/// The widget as NAME.png in the folder, at the scale of the screen. Throws e2e::RoadError if it can't be written.
+void save_picture(QWidget& of, const QDir& out, const QString& name);
 
 class Boxes {
 public:
@@ -34,8 +36,6 @@ private:
         QString picture_name;
     };
     void look();
-    void answer(QMessageBox& box);
-    void refuse(QWidget& box);
 
     QDir m_out;
     QTimer m_timer;

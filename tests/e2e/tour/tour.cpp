@@ -2,7 +2,6 @@
 
 #include "base/literals.h"
 #include "base/numbers.h"
-#include "picture.h"
 #include "support/person.h"
 
 #include <QFile>
@@ -19,15 +18,6 @@ constexpr QSize usual_window(1366, 768);
 constexpr QSize low_window(1280, 720);
 constexpr int employee_row = 2;
 constexpr int days_before_picture = 8;
-constexpr int counted_column = entry::strip::first_kind;
-const QString counted_days = u"3"_s;
-const QString leave = u"有休"_s;
-const QString sunday_work = u"日曜出勤"_s;
-
-void write(const QString& path, const QString& text) {
-    QFile file(path);
-    demand(file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0, u"can't write "_s + path);
-}
 
 } // namespace
 
@@ -52,7 +42,9 @@ void Tour::walk() {
     read_back();
     resize_window(low_window);
     picture(u"11-read-again-1280x720"_s);
-    dump();
+    QFile dump(m_out.filePath(u"tables.txt"_s));
+    demand(dump.open(QIODevice::WriteOnly), u"can't write "_s + dump.fileName());
+    dump.write(e2e::dump_tables(m_program.session().settings, employee(), form().sheet.month).toUtf8());
     leave_program();
 }
 
@@ -63,7 +55,7 @@ void Tour::open_month() {
 }
 
 void Tour::type_month() {
-    m_typed = e2e::plan_month(form().sheet.hyou, leave, sunday_work);
+    m_typed = e2e::plan_month(form().sheet.hyou, u"有休"_s, u"日曜出勤"_s);
     m_clerk.type_days(m_typed.first(days_before_picture));
     support::type_word(m_typed[days_before_picture].clock_in);
     picture(u"05-typing-clock-times"_s);
@@ -72,7 +64,7 @@ void Tour::type_month() {
     picture(u"06-remarks-typed"_s);
     m_clerk.choose_kinds(m_typed);
     picture(u"07-kinds-chosen"_s);
-    m_clerk.type_count(counted_column, counted_days);
+    m_clerk.type_count(entry::strip::first_kind, u"3"_s);
     picture(u"08-month-typed"_s);
     demand_none(e2e::missing_on_sheet(form().sheet.hyou, m_typed), u"what was typed isn't on the sheet"_s);
 }
@@ -94,11 +86,6 @@ void Tour::read_back() {
     demand_none(e2e::differences(u"hyou"_s, m_saved.hyou, again.hyou, entry::row::total + 1), u"the sheet differs"_s);
     demand_none(e2e::differences(u"hyou_day"_s, m_saved.hyou_day, again.hyou_day, again.hyou_day.Rows()),
         u"the count strip differs"_s);
-}
-
-void Tour::dump() {
-    write(m_out.filePath(u"tables.txt"_s),
-        e2e::dump_tables(m_program.session().settings, employee(), form().sheet.month));
 }
 
 void Tour::leave_program() {

@@ -29,7 +29,6 @@ private:
     void type_month();
     void save();
     void read_back();
-    void dump();
     void leave_program();
 
     const entry::ent_rovena& form();
