@@ -11,6 +11,7 @@
 #include "ui/qt_host.h"
 #include "ui/style.h"
 
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QTimer>
 #include <cstdio>
@@ -55,7 +56,12 @@ int open_page(ui::QtHost& host, const QString& folder) {
     auto* page = program.window().findChild<ui::ent_rovena_page*>();
     if (page == nullptr)
         return 1;
-    page->form().hyou_syain_Click(1);
+    for (const int key : {Qt::Key_Down, Qt::Key_Space}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(page->controls().hyou_syain, &press);
+    }
+    if (page->form().syainsyscd.isEmpty())
+        return 1;
     page->grab();
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);

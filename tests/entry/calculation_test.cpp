@@ -22,17 +22,29 @@ QStringList day(const MonthSheet& sheet, int r) {
     return {sheet.hyou(r, 4), sheet.hyou(r, 5), sheet.hyou(r, 8), sheet.hyou(r, 9)};
 }
 
+QString hours_in(const Band& made, const QString& in, const QString& out) {
+    MonthSheet sheet = month_sheet({A});
+    every_day(sheet, 1, made);
+    calculate(sheet, 1, in, out);
+    return sheet.hyou(1, 8);
+}
+
 } // namespace
 
-TEST(DayCalculation, AStayIsCutIntoBandsAndNetWorkTimeTakesTheBreakOffTheCategoryOnce) {
-    for (const auto& [handling, hours] :
-        {std::pair{BreakHandling::Included, u"9:00"_s}, std::pair{BreakHandling::Deducted, u"8:00"_s}}) {
-        MonthSheet sheet = office_month();
-        sheet.kyuflg = handling;
-        calculate(sheet, 1, u"8:15"_s, u"19:00"_s);
-        出勤集計処理(sheet, 1);
-        EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"9:45"_s, hours, u"1:30"_s}));
-    }
+TEST(DayCalculation, AStayIsCutIntoBandsAndTheRuleReachedLastIsItsBreak) {
+    MonthSheet sheet = office_month();
+    calculate(sheet, 1, u"8:15"_s, u"19:00"_s);
+    EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"9:45"_s, u"9:00"_s, u"1:30"_s}));
+}
+
+TEST(DayCalculation, NetWorkTimeTakesTheBreakOffTheCategoryAndNotTwice) {
+    MonthSheet sheet = office_month();
+    sheet.kyuflg = BreakHandling::Deducted;
+    calculate(sheet, 1, u"8:15"_s, u"19:00"_s);
+    const QStringList wanted{u"1:00"_s, u"9:45"_s, u"8:00"_s, u"1:30"_s};
+    EXPECT_EQ(day(sheet, 1), wanted);
+    出勤集計処理(sheet, 1);
+    EXPECT_EQ(day(sheet, 1), wanted);
 }
 
 TEST(DayCalculation, BandsMeasureTheStayFromTheClockInToItsEndOnTheSameOrTheNextDay) {
@@ -43,8 +55,10 @@ TEST(DayCalculation, BandsMeasureTheStayFromTheClockInToItsEndOnTheSameOrTheNext
     };
     const Case cases[] = {
         {"night shift", band(A, 2200, 500), u"21:50"_s, u"5:20"_s, u"7:00"_s},
+        {"night shift begun late and left early", band(A, 2200, 500), u"23:10"_s, u"4:59"_s, u"5:49"_s},
         {"small hours are not moved to the next day", band(A, 0, 500), u"22:00"_s, u"5:00"_s, u""_s},
         {"a band of no length", band(A, 900, 900), u"8:00"_s, u"17:00"_s, u""_s},
+        {"equal times are no time", band(A, 800, 1700), u"9:00"_s, u"9:00"_s, u""_s},
         {"clock-in at the band's end", band(A, 800, 1200), u"12:00"_s, u"17:00"_s, u""_s},
         {"clock-out at the band's start", band(A, 1200, 1700), u"8:00"_s, u"12:00"_s, u""_s},
         {"stay inside the band", band(A, 800, 1700), u"9:05"_s, u"9:07"_s, u"0:02"_s},
@@ -52,24 +66,22 @@ TEST(DayCalculation, BandsMeasureTheStayFromTheClockInToItsEndOnTheSameOrTheNext
         {"clock-out only starts at midnight", band(A, 800, 1700), u""_s, u"17:00"_s, u"9:00"_s},
         {"start-of-work band begun before it", band(A, 800, 1700, {}, true), u""_s, u"17:00"_s, u""_s},
         {"start-of-work band begun at its start", band(A, 800, 1700, {}, true), u"8:00"_s, u"17:30"_s, u"9:00"_s},
+        {"start-of-work band begun at its end", band(A, 800, 1700, {}, true), u"17:00"_s, u"18:00"_s, u""_s},
         {"start-of-work band begun after it", band(A, 800, 1700, {}, true), u"17:01"_s, u"18:00"_s, u""_s},
     };
-    for (const Case& c : cases) {
-        MonthSheet sheet = month_sheet({A});
-        every_day(sheet, 1, c.made);
-        calculate(sheet, 1, c.in, c.out);
-        EXPECT_EQ(sheet.hyou(1, 8), c.hours) << c.what;
-    }
+    for (const Case& c : cases)
+        EXPECT_EQ(hours_in(c.made, c.in, c.out), c.hours) << c.what;
 }
 
 TEST(DayCalculation, TheBandsOfTheDaysOwnWeekdayApply) {
     MonthSheet sheet = month_sheet({A});
     sheet.band_table[0][1] = band(A, 800, 1000); // Sunday
     sheet.band_table[6][1] = band(A, 800, 1100); // Saturday
-    for (const int r : {5, 6, 7})
+    for (int r = 1; r <= 7; ++r)
         calculate(sheet, r, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(
-        (QStringList{sheet.hyou(5, 8), sheet.hyou(6, 8), sheet.hyou(7, 8)}), QStringList({{}, u"3:00"_s, u"2:00"_s}));
+    EXPECT_EQ(sheet.hyou(5, 8), u""_s) << "a Friday";
+    EXPECT_EQ(sheet.hyou(6, 8), u"3:00"_s);
+    EXPECT_EQ(sheet.hyou(7, 8), u"2:00"_s);
 }
 
 TEST(DayCalculation, ALaterBandOfACategoryOverwritesTheEarlierOneEvenWithNothing) {
@@ -85,11 +97,11 @@ TEST(DayCalculation, ALaterBandOfACategoryOverwritesTheEarlierOneEvenWithNothing
 }
 
 TEST(DayCalculation, TheLastRuleReachedWinsWhateverItsBreak) {
-    MonthSheet sheet = month_sheet({A});
-    every_day(sheet, 1, band(A, 800, 2200, {{600, 100}, {800, 30}, {1000, 10}}));
-    const std::pair<QString, QString> cases[] = {
-        {u"10:00"_s, u""_s}, {u"14:00"_s, u"1:00"_s}, {u"17:59"_s, u"0:30"_s}, {u"18:00"_s, u"0:10"_s}};
+    const std::pair<QString, QString> cases[] = {{u"10:00"_s, u""_s}, {u"14:00"_s, u"1:00"_s}, {u"16:00"_s, u"0:30"_s},
+        {u"18:00"_s, u"0:10"_s}, {u"17:59"_s, u"0:30"_s}};
     for (const auto& [out, pause] : cases) {
+        MonthSheet sheet = month_sheet({A});
+        every_day(sheet, 1, band(A, 800, 2200, {{600, 100}, {800, 30}, {1000, 10}}));
         calculate(sheet, 1, u"8:00"_s, out);
         EXPECT_EQ(sheet.hyou(1, col::break_time), pause) << out.toStdString();
     }
@@ -117,6 +129,23 @@ TEST(DayCalculation, ABreakIsTakenOffTheColumnOfTheBandsNumber) {
     EXPECT_EQ(sheet.hyou(1, col::break_time), u"0:35"_s);
 }
 
+TEST(DayCalculation, AFigureShortenedBeforeItsTurnIsWhatItsRulesSee) {
+    MonthSheet sheet = month_sheet({A, B});
+    sheet.kyuflg = BreakHandling::Deducted;
+    every_day(sheet, 1, band(B, 800, 1000, {{200, 15}}));
+    every_day(sheet, 2, band(A, 1000, 1200, {{100, 20}}));
+    calculate(sheet, 1, u"8:00"_s, u"12:00"_s);
+    EXPECT_EQ(sheet.hyou(1, col::break_time), u"0:20"_s);
+}
+
+TEST(DayCalculation, ABandNumberThatPointsPastTheSheetTakesNothingOff) {
+    MonthSheet sheet = month_sheet({A});
+    sheet.kyuflg = BreakHandling::Deducted;
+    every_day(sheet, 10, band(A, 800, 1700, {{600, 45}}));
+    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
+    EXPECT_EQ(cells_from(sheet.hyou, 1, 4), QStringList({u"0:45"_s, u"8:15"_s, u""_s, u"出勤"_s, u"9:00"_s}));
+}
+
 TEST(DayCalculation, TakingNothingOffAnEmptyFigureLeavesAZero) {
     MonthSheet sheet = month_sheet({A, B});
     sheet.kyuflg = BreakHandling::Deducted;
@@ -124,6 +153,7 @@ TEST(DayCalculation, TakingNothingOffAnEmptyFigureLeavesAZero) {
     calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
     EXPECT_EQ(sheet.hyou(1, 9), u"0:00"_s);
     EXPECT_EQ(count_under(sheet, u"12"_s), u"1"_s) << "a zero is a figure to the count";
+    EXPECT_EQ(sheet.hyou(row::total, 9), u""_s);
 }
 
 TEST(DayCalculation, ABreakStandsButDoesNotCountWhenNoCategoryHasWork) {
@@ -142,21 +172,49 @@ TEST(DayCalculation, ABreakTypedByHandStandsUntilAClockCellChanges) {
     出勤集計処理(sheet, 1);
     EXPECT_EQ(day(sheet, 1), QStringList({u"0:20"_s, u"8:40"_s, u"9:00"_s, u""_s})) << "and nothing is taken off";
     calculate(sheet, 1, u"8:30"_s, u"17:30"_s);
-    EXPECT_EQ(sheet.hyou(1, col::break_time), u"1:00"_s);
+    EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"8:00"_s, u"8:00"_s, u""_s}));
 }
 
-TEST(DayCalculation, AnImpossibleClockTimeIsBlankedByItsLastFourDigitsUnlessTheBreakWasEdited) {
-    const std::pair<QString, QString> cases[] = {{u"23:59"_s, u"23:59"_s}, {u"24:00"_s, u""_s}, {u"99:59"_s, u""_s},
-        {u"8:60"_s, u""_s}, {u"123:45"_s, u"123:45"_s}, {u"1234:00"_s, u""_s}, {u"-1:00"_s, u""_s}};
+TEST(DayCalculation, ABreakLongerThanTheStayGoesThroughTheConversionsAsItIs) {
+    MonthSheet sheet = month_sheet({});
+    sheet.hyou(1, 2) = u"8:00"_s;
+    sheet.hyou(1, 3) = u"9:00"_s;
+    sheet.hyou(1, 4) = u"2:30"_s;
+    sheet.entry_cell = {1, col::break_time};
+    出勤集計処理(sheet, 1);
+    EXPECT_EQ(sheet.hyou(1, col::work_time), u"-1:30"_s);
+}
+
+TEST(DayCalculation, AnImpossibleClockTimeIsBlankedByItsLastFourDigits) {
+    const std::pair<QString, QString> cases[] = {{u"23:59"_s, u"23:59"_s}, {u"24:00"_s, u""_s}, {u"25:00"_s, u""_s},
+        {u"99:59"_s, u""_s}, {u"8:60"_s, u""_s}, {u"123:45"_s, u"123:45"_s}, {u"1234:00"_s, u""_s},
+        {u"1234567"_s, u""_s}, {u"-1:00"_s, u""_s}};
     for (const auto& [typed, stands] : cases)
-        for (const int column : {col::clock_in, col::clock_out})
-            for (const int edited : {col::clock_in, col::break_time}) {
-                MonthSheet sheet = month_sheet({});
-                sheet.hyou(1, column) = typed;
-                sheet.entry_cell = {1, edited};
-                出勤集計処理(sheet, 1);
-                EXPECT_EQ(sheet.hyou(1, column), edited == col::break_time ? typed : stands) << typed.toStdString();
-            }
+        for (const int column : {col::clock_in, col::clock_out}) {
+            MonthSheet sheet = month_sheet({});
+            sheet.hyou(1, column) = typed;
+            sheet.entry_cell = {1, col::clock_in};
+            出勤集計処理(sheet, 1);
+            EXPECT_EQ(sheet.hyou(1, column), stands) << typed.toStdString() << " in " << column;
+        }
+}
+
+TEST(DayCalculation, ClockCellsAreNotCheckedWhenTheBreakWasEdited) {
+    MonthSheet sheet = month_sheet({});
+    sheet.hyou(1, 3) = u"25:00"_s;
+    sheet.entry_cell = {1, col::break_time};
+    出勤集計処理(sheet, 1);
+    EXPECT_EQ(sheet.hyou(1, 3), u"25:00"_s);
+}
+
+TEST(DayCalculation, OnlyClockAndBreakCellsStartIt) {
+    for (int column = 0; column < 9; ++column) {
+        MonthSheet sheet = month_sheet({A});
+        sheet.hyou(1, 2) = u"8:00"_s;
+        sheet.entry_cell = {1, column};
+        出勤集計処理(sheet, 1);
+        EXPECT_EQ(!sheet.hyou(1, 5).isEmpty(), column >= 2 && column <= 4) << column;
+    }
 }
 
 TEST(DayCalculation, ARowThatIsNoDayIsOnlyCheckedAndTheMonthIsNotSummed) {
@@ -164,30 +222,42 @@ TEST(DayCalculation, ARowThatIsNoDayIsOnlyCheckedAndTheMonthIsNotSummed) {
         MonthSheet sheet = month_sheet({A}, 2);
         sheet.hyou(1, 5) = u"1:00"_s;
         calculate(sheet, r, u"25:00"_s, u"9:00"_s);
-        EXPECT_EQ(sheet.hyou(r, 2) + sheet.hyou(r, 3), u"9:00"_s) << r;
-        EXPECT_EQ(sheet.hyou(row::total, 5) + sheet.mark(1), u""_s) << r;
+        EXPECT_EQ(sheet.hyou(r, 2), u""_s) << r;
+        EXPECT_EQ(sheet.hyou(r, 3), u"9:00"_s) << r;
+        EXPECT_EQ(sheet.hyou(row::total, 5), u""_s) << r;
+        EXPECT_EQ(sheet.mark(1), u""_s) << r;
     }
 }
 
-TEST(DayKind, ADayWithWorkTakesTheDefaultAndLosesItsLeaveButKeepsHolidayWork) {
-    for (const auto& [number, family, stands] :
-        {std::tuple{u"1"_s, u"0"_s, u"3"_s}, std::tuple{u"4"_s, u"2"_s, u"4"_s}}) {
-        MonthSheet sheet = month_sheet({});
-        sheet.hyou_system(1, 0) = number;
-        sheet.hyou_system(1, 3) = family;
-        calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-        EXPECT_EQ(sheet.hyou_system(1, 0), stands);
-        EXPECT_EQ(sheet.hyou(1, 7), number == stands ? u""_s : u"出勤"_s);
-    }
+TEST(DayKind, ADayWithWorkTakesTheDefaultAndLosesItsLeave) {
+    MonthSheet sheet = month_sheet({});
+    sheet.hyou_system(1, 0) = u"1"_s;
+    sheet.hyou_system(1, 1) = sheet.hyou(1, 7) = u"有休"_s;
+    sheet.hyou_system(1, 3) = u"0"_s;
+    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
+    EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), QStringList({u"3"_s, u"出勤"_s, u"1"_s, u"1"_s}));
+    EXPECT_EQ(sheet.hyou(1, 7), u"出勤"_s);
+}
+
+TEST(DayKind, HolidayWorkStaysWhenTheDayHasWork) {
+    MonthSheet sheet = month_sheet({});
+    sheet.hyou_system(1, 0) = u"4"_s;
+    sheet.hyou_system(1, 1) = sheet.hyou(1, 7) = u"休日出勤"_s;
+    sheet.hyou_system(1, 3) = u"2"_s;
+    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
+    EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), QStringList({u"4"_s, u"休日出勤"_s, u""_s, u"2"_s}));
 }
 
 TEST(DayKind, ADayEmptiedAndFilledAgainKeepsNoWorkingKindByItself) {
     MonthSheet sheet = month_sheet({});
     sheet.kind_without_work = {};
-    for (const QString& in : {u"8:00"_s, u""_s, u"8:30"_s})
-        calculate(sheet, 1, in, in.isEmpty() ? u""_s : u"17:00"_s);
+    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
+    calculate(sheet, 1, u""_s, u""_s);
     EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), QStringList({u""_s, u""_s, u"1"_s, u"1"_s}));
     EXPECT_EQ(sheet.hyou(1, 7), u""_s);
+    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
+    EXPECT_EQ(sheet.hyou(1, 7), u""_s);
+    EXPECT_EQ(sheet.hyou_system(1, 0), u""_s);
 }
 
 TEST(DayCalculation, EveryStayOfTheDayFillsAWholeDaysBandsExactly) {

@@ -11,16 +11,12 @@ namespace {
 const PostedEmployee yamada{u"20"_s, u"山田"_s, 1};
 const QString stamp = u"20041005090000"_s;
 
-QStringList lines(const QList<ExchangeRow>& rows) {
+QStringList lines(const QList<ExchangeRow>& rows, const QString& kind = {}) {
     QStringList made;
     for (const ExchangeRow& row : rows)
-        made << row.join(u' ');
+        if (kind.isEmpty() || row[0] == kind)
+            made << row.join(u' ');
     return made;
-}
-
-void fill(base::Sheet& into, int row, int first_column, const QStringList& texts) {
-    for (int i = 0; i < texts.size(); ++i)
-        into(row, first_column + i) = texts[i];
 }
 
 class Saving : public testing::Test {
@@ -44,13 +40,32 @@ protected:
 
 } // namespace
 
+TEST(ExchangeRows, NothingChangedIsNothingToPost) {
+    MonthSheet sheet = month_sheet({11});
+    sheet.mark(32) = u"1"_s;
+    EXPECT_TRUE(rows_to_post(sheet, yamada, stamp).isEmpty());
+}
+
 TEST(ExchangeRows, AChangedDayIsPostedWithTheMonthsTotalInTheOrderOfTheKinds) {
     MonthSheet sheet = month_sheet({11, 12}, 3);
-    fill(sheet.hyou, 2, 2, {u"21:50"_s, u"1:30"_s, u"0:30"_s, u"3:10"_s, u" 直行 "_s, {}, {}, u"3:40"_s});
-    fill(sheet.hyou_system, 2, 0, {u"3"_s, u"出勤"_s, u"1"_s, u"1"_s});
+    sheet.hyou(2, 2) = u"21:50"_s;
+    sheet.hyou(2, 3) = u"1:30"_s;
+    sheet.hyou(2, 4) = u"0:30"_s;
+    sheet.hyou(2, 5) = u"3:10"_s;
+    sheet.hyou(2, 6) = u" 直行 "_s;
+    sheet.hyou(2, 9) = u"3:40"_s;
+    sheet.hyou_system(2, 0) = u"3"_s;
+    sheet.hyou_system(2, 1) = u"出勤"_s;
+    sheet.hyou_system(2, 3) = u"1"_s;
+    sheet.mark(2) = u"1"_s;
     sheet.hyou(32, 2) = u"9:00"_s;
     sheet.hyou(32, 5) = u"103:10"_s;
-    fill(sheet.hyou_day, strip::count, 0, {u"1"_s, u"30"_s, u"1,234"_s, {}, u"2"_s, u"0"_s, {}, u"1"_s});
+    sheet.hyou_day(strip::count, 0) = u"1"_s;
+    sheet.hyou_day(strip::count, 1) = u"30"_s;
+    sheet.hyou_day(strip::count, 2) = u"1,234"_s;
+    sheet.hyou_day(strip::count, 4) = u"2"_s;
+    sheet.hyou_day(strip::count, 5) = u"0"_s;
+    sheet.hyou_day(strip::count, 7) = u"1"_s;
     EXPECT_EQ(lines(rows_to_post(sheet, yamada, stamp)),
         QStringList({
             u"51 0 20041005090000 20041005090000 20 1 山田 0 20040302 2150 20040302 2530 30 310 直行"_s,
@@ -98,9 +113,26 @@ TEST(ExchangeRows, DaysArePostedUnderTheirDateAndJanuaryOfACrossedYearUnderItsBa
     }
 }
 
+TEST(ExchangeRows, ARowPastThePeriodIsNoDayAndAWholeMonthGoesThrough) {
+    MonthSheet sheet = month_sheet({}, 4);
+    sheet.mark(31) = u"1"_s;
+    EXPECT_TRUE(changed_days(sheet).isEmpty());
+    for (int r = 1; r <= 32; ++r)
+        sheet.mark(r) = u"1"_s;
+    const auto rows = rows_to_post(sheet, yamada, stamp);
+    EXPECT_EQ(lines(rows, u"51"_s).size(), 31);
+    EXPECT_EQ(lines(rows, u"54"_s).size(), 30) << "the total has no kind, whatever was typed over it";
+}
+
+TEST(ExchangeRows, TheEmployeesNumberEndsAtTheFirstColon) {
+    const PostedEmployee employee = posted_employee(u"20:山田:太郎"_s, u"7"_s);
+    EXPECT_EQ(employee.number, u"20"_s);
+    EXPECT_EQ(employee.name, u"山田:太郎"_s);
+    EXPECT_EQ(employee.key, 7);
+}
+
 TEST_F(Saving, AMonthWithoutChangeTouchesNothing) {
     QFile::remove(store::exchange_path(company.tree.settings, 1));
-    form.sheet.mark(32) = u"1"_s;
     form.botan_Click(1);
     EXPECT_TRUE(company.host.started.isEmpty());
 }
@@ -112,7 +144,6 @@ TEST_F(Saving, TheSheetIsPostedAndTheManagerStarted) {
     EXPECT_EQ(posted.first(), u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041001 0 20041001 0 0 0 "_s);
     EXPECT_EQ(posted[3], u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041004 815 20041004 1900 100 945 "_s);
     EXPECT_EQ(posted.filter(u"52 "_s).size(), 2 * 32);
-    EXPECT_EQ(posted.filter(u"54 "_s).size(), 31) << "the total has no kind";
     EXPECT_EQ(posted.last(), u"54 20041031 1 2 公休 "_s);
     ASSERT_EQ(company.host.started.size(), 1);
     EXPECT_TRUE(company.host.started[0].contains(u"/comdata/exe/exe/jyusinkanri"_s));
@@ -133,9 +164,11 @@ TEST_F(Saving, AManagerStillAtWorkAfter15SecondsStopsTheSave) {
     work_on_the_fourth();
     company.host.running.insert(u"jyusinkanri"_s);
     form.botan_Click(1);
-    EXPECT_TRUE(company.posted().isEmpty() && company.host.started.isEmpty());
+    EXPECT_TRUE(company.posted().isEmpty());
+    EXPECT_TRUE(company.host.started.isEmpty());
     EXPECT_EQ(company.host.shown, std::vector({support::Shown{u"もう一度、ボタンを押してください"_s,
                                       u"プログラム使用中"_s, platform::Buttons::Ok}}));
+    EXPECT_EQ(form.sheet.mark(4), u"1"_s);
 }
 
 TEST_F(Saving, APcWithoutTheTurnPostsNothing) {
@@ -143,9 +176,10 @@ TEST_F(Saving, APcWithoutTheTurnPostsNothing) {
     company.tree.settings.use_class = 1;
     company.tree.settings.server_name = u"127.0.0.1"_s;
     form.botan_Click(1);
-    EXPECT_TRUE(company.posted().isEmpty() && company.host.started.isEmpty());
+    EXPECT_TRUE(company.posted().isEmpty());
     ASSERT_EQ(company.host.shown.size(), 1u);
     EXPECT_EQ(company.host.shown[0].title, u"サーバー未接続"_s);
+    EXPECT_TRUE(company.host.started.isEmpty());
 }
 
 TEST_F(Saving, ASaveInHandTakesNoSecondPress) {
@@ -161,11 +195,23 @@ TEST_F(Saving, ASaveInHandTakesNoSecondPress) {
 
 TEST_F(Saving, AFailedSavePostsNothingAndKeepsTheSheet) {
     work_on_the_fourth();
-    store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange)
-        .exec("create trigger half after insert on jyusin when new.\"2\" = '54' begin"
-              " select raise(abort, 'half way'); end");
+    const QString path = store::exchange_path(company.tree.settings, 1);
+    {
+        auto exchange = store::Database::open(path, store::Kind::Exchange);
+        exchange.exec("create trigger half after insert on jyusin when new.\"2\" = '54' begin"
+                      " select raise(abort, 'half way'); end");
+    }
     EXPECT_THROW(form.botan_Click(1), store::Error);
-    EXPECT_TRUE(company.posted().isEmpty() && company.host.started.isEmpty());
     EXPECT_FALSE(form.saving);
-    EXPECT_EQ(form.sheet.hyou(4, 3) + form.sheet.mark(4), u"19:001"_s);
+    EXPECT_TRUE(company.posted().isEmpty());
+    EXPECT_EQ(form.sheet.hyou(4, 3), u"19:00"_s);
+    EXPECT_EQ(form.sheet.mark(4), u"1"_s);
+    EXPECT_TRUE(company.host.started.isEmpty());
+}
+
+TEST_F(Saving, NoEmployeeMeansNoPosting) {
+    form.syainsyscd.clear();
+    form.sheet.mark(1) = u"1"_s;
+    form.保存処理();
+    EXPECT_TRUE(company.posted().isEmpty());
 }
