@@ -50,8 +50,11 @@ qint64 number_of(Database& database, std::string_view sql) {
     return statement.step() ? statement.row().number(0) : 0;
 }
 
+/// A file of whatever kind may belong to another product, with a version of its own.
 void check_kind(Database& database, Kind kind) {
-    if (kind != Kind::Any && number_of(database, "pragma application_id") != application_id(kind))
+    if (kind == Kind::Any)
+        return;
+    if (number_of(database, "pragma application_id") != application_id(kind))
         throw Error(Code::OtherKind, database.path(), {}, {});
     if (number_of(database, "pragma user_version") > schema_version)
         throw Error(Code::Newer, database.path(), {}, {});
