@@ -8,23 +8,14 @@
 // entering the next cell calculates.
 
 #include "base/cell_editor.h"
+#include "base/keys.h"
 #include "entry/sheet.h"
 
 #include <QStringList>
 
 namespace entry {
 
-/// Keys by the numbers under which a screen tells them apart. Typed characters are their own code.
-namespace key {
-inline constexpr int backspace = 8;
-inline constexpr int enter = 13;
-inline constexpr int left = 37;
-inline constexpr int up = 38;
-inline constexpr int right = 39;
-inline constexpr int down = 40;
-inline constexpr int minus = 45; ///< as a typed character
-inline constexpr int del = 46;   ///< as a key down
-} // namespace key
+namespace key = base::key;
 
 /// Where the keyboard should go next; the page takes the wish and clears it.
 enum class Focus { Atai, Kyucom, YmYear, YmMonth, Toubotan };

@@ -1,18 +1,11 @@
 #include "entry/layout.h"
 
+#include "base/columns.h"
 #include "entry/cells.h"
-
-#include <span>
 
 namespace entry {
 
 namespace {
-
-struct Column {
-    QStringView heading;
-    int width;
-    Alignment alignment;
-};
 
 constexpr Column hyou_columns[] = {
     {u"日", 500, Alignment::Center},
