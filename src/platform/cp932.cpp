@@ -106,33 +106,38 @@ const Codes& codes() {
     return *made;
 }
 
-bool has_sound_mark(QStringView text) {
-    return text.contains(u'\u3099') || text.contains(u'\u309a');
+bool is_sound_mark(QChar unit) {
+    return unit == u'\u3099' || unit == u'\u309a';
 }
 
 } // namespace
 
-Fit append_cp932(QByteArray& bytes, QStringView text) {
-    const QString composed =
-        has_sound_mark(text) ? text.toString().normalized(QString::NormalizationForm_C) : QString();
-    const QStringView units = composed.isNull() ? text : composed;
+void Cp932Text::grow(qsizetype more) {
+    m_bytes.resize(2 * (m_size + more));
+    m_room = m_bytes.data();
+}
+
+Fit Cp932Text::add_beyond_ascii(QStringView text, char left_out) {
     const Codes& table = codes();
-    const qsizetype before = bytes.size();
-    bytes.resize(before + 2 * units.size());
-    char* out = bytes.data() + before;
+    char* const first = room_for(2 * text.size());
+    char* out = first;
     Fit fit = Fit::Whole;
-    for (qsizetype i = 0; i < units.size(); ++i) {
-        quint16 code = table[units[i].unicode()];
-        if (code == 0) {
-            fit = Fit::Replaced;
-            code = '?';
-            i += units[i].isHighSurrogate() && i + 1 < units.size() && units[i + 1].isLowSurrogate() ? 1 : 0;
-        }
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const quint16 code = table[text[i].unicode()];
         if (code > 0xff)
             *out++ = char(code >> 8);
-        *out++ = char(code & 0xff);
+        *out = char(code == 0 ? '?' : code & 0xff);
+        out += *out != left_out || code > 0xff;
+        if (code != 0)
+            continue;
+        if (is_sound_mark(text[i]))
+            if (const QString joined = text.toString().normalized(QString::NormalizationForm_C);
+                joined.size() < text.size())
+                return add_beyond_ascii(joined, left_out);
+        fit = Fit::Replaced;
+        i += text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate() ? 1 : 0;
     }
-    bytes.truncate(out - bytes.data());
+    m_size += out - first;
     return fit;
 }
 

@@ -11,10 +11,14 @@
 namespace reports {
 
 using namespace base;
+using platform::Cp932Text;
+using platform::Fit;
 
 namespace {
 
 constexpr qsizetype cells_named = 20;
+constexpr qsizetype piece_size = 64 * 1024;
+constexpr char separator = ',';
 
 QList<int> visible_columns(const Sheet& hyou) {
     QList<int> columns;
@@ -24,42 +28,36 @@ QList<int> visible_columns(const Sheet& hyou) {
     return columns;
 }
 
-void append_row(QString& text, const Sheet& hyou, int row, const QList<int>& columns) {
-    for (const int col : columns) {
-        const QString& cell = hyou(row, col);
-        if (cell.contains(u','))
-            text += QString(cell).remove(u',');
-        else
-            text += cell;
-        text += u',';
+Fit add_line(Cp932Text& text, QStringView line) {
+    const Fit fit = text.add(line);
+    text.add(u"\r\n");
+    return fit;
+}
+
+Fit add_row(Cp932Text& text, const Sheet& hyou, int row, const QList<int>& columns) {
+    Fit fit = Fit::Whole;
+    for (qsizetype i = 0; i < columns.size(); ++i) {
+        if (i > 0)
+            text.add(separator);
+        fit = std::max(fit, text.add(hyou(row, columns[i]), separator));
     }
-    text.chop(columns.isEmpty() ? 0 : 1);
-    text += QStringView(u"\r\n");
+    text.add(u"\r\n");
+    return fit;
 }
 
 bool fits(const QString& text) {
-    QByteArray bytes;
-    return platform::append_cp932(bytes, text) == platform::Fit::Whole;
+    return Cp932Text().add(text) == Fit::Whole;
 }
 
-/// Looked for only when something was replaced.
-QStringList replaced_places(const Report& report, const QList<int>& columns) {
-    QStringList places;
-    for (const QString& heading : report.midasi)
-        if (!fits(heading))
-            places << u"見出し「%1」"_s.arg(heading);
-    for (int row = 0; row < report.hyou.Rows(); ++row)
-        for (const int col : columns)
-            if (const QString& cell = report.hyou(row, col); !fits(cell))
-                places << u"%1行 %2「%3」"_s.arg(QString::number(row), report.hyou(0, col), cell);
-    return places;
+bool open_new(QFile& file) {
+    return (!file.exists() || file.remove()) && file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
-bool write_over(const QString& path, const QByteArray& bytes) {
-    QFile file(platform::portable(path));
-    if (file.exists() && !file.remove())
-        return false;
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+bool write_out(QFile& file, Cp932Text& text) {
+    const QByteArrayView bytes = text.bytes();
+    const bool whole = file.write(bytes.data(), bytes.size()) == bytes.size();
+    text.clear();
+    return whole;
 }
 
 void tell_replaced(platform::Host& host, const QStringList& places) {
@@ -71,17 +69,36 @@ void tell_replaced(platform::Host& host, const QStringList& places) {
 
 } // namespace
 
-CsvText csv_text(const Report& report) {
-    const QList<int> columns = visible_columns(report.hyou);
-    QString text;
+Written write_csv(const Report& report, const QString& path) {
+    QFile file(platform::portable(path));
+    if (!open_new(file))
+        return Written::Failed;
+    Cp932Text text;
+    Fit fit = Fit::Whole;
     for (const QString& heading : report.midasi)
-        text += heading + u"\r\n"_s;
+        fit = std::max(fit, add_line(text, heading));
+    const QList<int> columns = visible_columns(report.hyou);
+    for (int row = 0; row < report.hyou.Rows(); ++row) {
+        fit = std::max(fit, add_row(text, report.hyou, row, columns));
+        if (text.bytes().size() >= piece_size && !write_out(file, text))
+            return Written::Failed;
+    }
+    if (!write_out(file, text))
+        return Written::Failed;
+    return fit == Fit::Whole ? Written::Whole : Written::Replaced;
+}
+
+QStringList replaced_places(const Report& report) {
+    QStringList places;
+    for (const QString& heading : report.midasi)
+        if (!fits(heading))
+            places << u"見出し「%1」"_s.arg(heading);
+    const QList<int> columns = visible_columns(report.hyou);
     for (int row = 0; row < report.hyou.Rows(); ++row)
-        append_row(text, report.hyou, row, columns);
-    CsvText csv;
-    if (platform::append_cp932(csv.bytes, text) == platform::Fit::Replaced)
-        csv.replaced = replaced_places(report, columns);
-    return csv;
+        for (const int col : columns)
+            if (const QString& cell = report.hyou(row, col); !fits(cell))
+                places << u"%1行 %2「%3」"_s.arg(QString::number(row), report.hyou(0, col), cell);
+    return places;
 }
 
 void 帳票CSV出力(const Report& report, frame::Session& session, const std::function<void(const QString&)>& jyoulab) {
@@ -90,14 +107,14 @@ void 帳票CSV出力(const Report& report, frame::Session& session, const std::f
         return;
     jyoulab(u"出力開始"_s);
     session.host.yield();
-    const CsvText csv = csv_text(report);
-    if (!write_over(path, csv.bytes))
+    const Written written = write_csv(report, path);
+    if (written == Written::Failed)
         return session.host.tell(
             u"このファイルは使用中です。一度閉じてから再度データー出力をしてください"_s, u"書き込みエラー"_s);
     jyoulab(u"出力終了"_s);
     session.host.yield();
-    if (!csv.replaced.isEmpty())
-        tell_replaced(session.host, csv.replaced);
+    if (written == Written::Replaced)
+        tell_replaced(session.host, replaced_places(report));
 }
 
 } // namespace reports

@@ -7,11 +7,14 @@
 
 namespace reports {
 
-struct CsvText {
-    QByteArray bytes;
-    QStringList replaced; ///< where a character that the code page lacks became "?", in words
-};
-CsvText csv_text(const Report& report);
+enum class Written { Whole, Replaced, Failed };
+
+/// Writes the report over whatever stands at the path. Replaced: a character that the code page lacks became "?".
+/// Failed: the system refused; what is written by then stays.
+Written write_csv(const Report& report, const QString& path);
+
+/// The headings and cells with such characters, in words.
+QStringList replaced_places(const Report& report);
 
 /// Asks where to and writes the report there over whatever stands. `jyoulab` is given the status texts. A file that
 /// can't be written is told in a message box, and so are characters that became "?". Cancelled: nothing happens.

@@ -72,6 +72,10 @@ void add_category(Sheet& hyou, qint64 category, const QString& name) {
     hyou(0, col) = name;
 }
 
+qint64 category_of(const Sheet& hyou, int col) {
+    return Val(hyou(times::category_row, col));
+}
+
 /// The sum as a cell shows it. Hours have as many places as they need; no sum shows as nothing.
 QString sum_text(minutes sum) {
     const qint64 whole = sum.count() / 60;
@@ -93,16 +97,8 @@ void show_sums(Sheet& hyou, int row, const EmployeeSums& sums) {
     hyou(row, work_col) = sum_text(sums.work);
     hyou(row, times::remark_col) = sums.day.remark;
     hyou(row, times::leave_col) = sums.leave;
-}
-
-void show_categories(Sheet& hyou, const QList<EmployeeSums>& found, const QMap<qint64, QString>& categories) {
-    for (auto category = categories.cbegin(); category != categories.cend(); ++category)
-        add_category(hyou, category.key(), category.value());
-    for (int col = times::first_category; col < hyou.Cols(); ++col) {
-        const qint64 category = Val(hyou(times::category_row, col));
-        for (qsizetype i = 0; i < found.size(); ++i)
-            hyou(times::first_employee + int(i), col) = sum_text(found[i].hours.value(category));
-    }
+    for (int col = times::first_category; col < hyou.Cols(); ++col)
+        hyou(row, col) = sum_text(sums.hours.value(category_of(hyou, col)));
 }
 
 void show_totals(Sheet& hyou, const QList<EmployeeSums>& found) {
@@ -118,7 +114,7 @@ void show_totals(Sheet& hyou, const QList<EmployeeSums>& found) {
     hyou(times::total_row, times::break_col) = sum_text(breaks);
     hyou(times::total_row, work_col) = sum_text(work);
     for (int col = times::first_category; col < hyou.Cols(); ++col)
-        hyou(times::total_row, col) = sum_text(hours.value(Val(hyou(times::category_row, col))));
+        hyou(times::total_row, col) = sum_text(hours.value(category_of(hyou, col)));
 }
 
 } // namespace
@@ -145,8 +141,9 @@ Outcome 集計_勤務時間一覧表(Report& report, Work& work) {
     if (found.isEmpty())
         return Outcome::Done;
     Sheet& hyou = report.hyou;
+    for (const auto [category, name] : reader.categories().asKeyValueRange())
+        add_category(hyou, category, name);
     hyou.setRows(times::first_employee + int(found.size()));
-    show_categories(hyou, found, reader.categories());
     for (qsizetype i = 0; i < found.size(); ++i)
         show_sums(hyou, times::first_employee + int(i), found[i]);
     show_totals(hyou, found);

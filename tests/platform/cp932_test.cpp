@@ -17,9 +17,9 @@ TEST(Cp932, WritesUsualCharactersForThoseThatItLacks) {
         {u"é€𠮷x"_s, "???x", Fit::Replaced},
     };
     for (const auto& [text, bytes, fit] : cases) {
-        QByteArray made;
-        EXPECT_EQ(append_cp932(made, text), fit) << text.toStdString();
-        EXPECT_EQ(made.toHex().toStdString(), bytes.toHex().toStdString()) << text.toStdString();
+        Cp932Text made;
+        EXPECT_EQ(made.add(text), fit) << text.toStdString();
+        EXPECT_EQ(made.bytes().toByteArray().toHex().toStdString(), bytes.toHex().toStdString()) << text.toStdString();
     }
 }
 
