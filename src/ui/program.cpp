@@ -27,13 +27,15 @@ void fit_to_screen(QWidget& window) {
 
 } // namespace
 
-Program::Program(platform::Host& host, QString program_folder)
+Program::Program(platform::Host& host, QString program_folder, quint16 turn_port)
     : m_host(host), m_program_folder(std::move(program_folder)), m_tables(m_settings),
-      m_link(m_settings, host,
+      m_link(
+          m_settings, host,
           [this](const QString& mark) {
               if (m_window)
                   m_window->form().show_link_state(mark);
-          }),
+          },
+          turn_port),
       m_session{m_settings, host, m_tables, m_link} {}
 
 int Program::start() {

@@ -17,7 +17,7 @@ class Splash;
 class Program {
 public:
     /// `program_folder` is the folder that the program runs from. Nothing is read yet. QApplication must exist.
-    Program(platform::Host& host, QString program_folder);
+    Program(platform::Host& host, QString program_folder, quint16 turn_port = frame::turn_port);
 
     /// Start-up with its splash, up to the main window. Returns the exit status: 0 when the window is there, or when
     /// the person gave up on the share (see running()); 1 after an error, which has been told.
