@@ -154,7 +154,6 @@ void work_time_list_ranges(benchmark::State& state) {
     }
 }
 
-/// One tenth of it is what ten times the smaller list is compared with.
 void ten_small_lists(benchmark::State& state) {
     Month& company = month(1000);
     for (auto _ : state)

@@ -27,8 +27,9 @@ public:
         for (const QChar unit : text) {
             if (unit.unicode() >= 0x80)
                 return add_beyond_ascii(text, left_out);
-            *out = char(unit.unicode());
-            out += *out != left_out;
+            const char ascii = char(unit.unicode());
+            *out = ascii;
+            out += ascii != left_out;
         }
         m_size += out - first;
         return Fit::Whole;

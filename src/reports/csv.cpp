@@ -7,6 +7,8 @@
 #include "platform/paths.h"
 
 #include <QFile>
+#include <algorithm>
+#include <utility>
 
 namespace reports {
 
@@ -36,10 +38,11 @@ Fit add_line(Cp932Text& text, QStringView line) {
 
 Fit add_row(Cp932Text& text, const Sheet& hyou, int row, const QList<int>& columns) {
     Fit fit = Fit::Whole;
-    for (qsizetype i = 0; i < columns.size(); ++i) {
-        if (i > 0)
+    bool first = true;
+    for (const int col : columns) {
+        if (!std::exchange(first, false))
             text.add(separator);
-        fit = std::max(fit, text.add(hyou(row, columns[i]), separator));
+        fit = std::max(fit, text.add(hyou(row, col), separator));
     }
     text.add(u"\r\n");
     return fit;
