@@ -25,6 +25,7 @@ QString name_part(QString title) {
 
 PdfFile::PdfFile(const reports::PrintJob& job) : m_report(job.report), m_writer(&m_bytes) {
     m_bytes.open(QIODevice::WriteOnly);
+    m_writer.setPageMargins(QMarginsF());
     m_writer.setTitle(job.name);
     m_writer.setCreator(u"就業録"_s);
 }

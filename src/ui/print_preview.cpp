@@ -20,6 +20,7 @@ using namespace base;
 namespace {
 
 constexpr QSize usual_size(900, 760);
+constexpr QSize ground_around(16, 16); ///< stays in view beside a page that is shown whole
 constexpr double zoom_step = 1.25;
 constexpr double smallest_zoom = 0.25;
 constexpr double largest_zoom = 4;
@@ -94,7 +95,7 @@ private:
 
     void fit() {
         m_fits = true;
-        m_view->set_zoom(m_view->zoom_to_fit(m_scroll->maximumViewportSize()));
+        m_view->set_zoom(m_view->zoom_to_fit(m_scroll->maximumViewportSize() - ground_around));
     }
 
     void zoom(double wanted) {

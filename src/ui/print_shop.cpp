@@ -78,6 +78,7 @@ std::unique_ptr<reports::PrintSurface> open_paper(const reports::PrintJob& job, 
         return nullptr;
     auto printer = std::make_unique<QPrinter>(info, QPrinter::HighResolution);
     printer->setDocName(job.name);
+    printer->setFullPage(true);
     set_paper(*printer, job.orientation);
     const QMarginsF margins = QPageLayout(printer->pageLayout().pageSize(), printer->pageLayout().orientation(),
         printer->pageLayout().minimumMargins(), printer->pageLayout().units())

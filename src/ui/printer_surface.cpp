@@ -73,12 +73,11 @@ bool PainterSurface::end() {
     return true;
 }
 
+// One by one, since the print engine of a real printer passes over a layout that is set as a whole.
 void set_paper(QPagedPaintDevice& device, reports::Orientation orientation) {
     const bool portrait = orientation == reports::Orientation::Portrait;
-    QPageLayout layout(
-        QPageSize(QPageSize::A4), portrait ? QPageLayout::Portrait : QPageLayout::Landscape, QMarginsF());
-    layout.setMode(QPageLayout::FullPageMode);
-    device.setPageLayout(layout);
+    device.setPageSize(QPageSize(QPageSize::A4));
+    device.setPageOrientation(portrait ? QPageLayout::Portrait : QPageLayout::Landscape);
 }
 
 } // namespace ui

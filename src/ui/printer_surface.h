@@ -40,7 +40,7 @@ private:
     std::vector<QLineF> m_lines;
 };
 
-/// A4 in this orientation, the whole paper with the origin at its corner.
+/// A4 in this orientation. The margins stay as they are.
 void set_paper(QPagedPaintDevice& device, reports::Orientation orientation);
 
 /// The fonts that stand for the one asked for, the one asked for first.
