@@ -2,7 +2,7 @@
 #include "bench/reports.h"
 #include "bench/start.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -96,14 +96,14 @@ std::vector<char*> with_defaults(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    const QGuiApplication application(argc, argv);
     std::vector<char*> arguments = with_defaults(argc, argv);
     int count = int(arguments.size());
     benchmark::Initialize(&count, arguments.data());
 
     std::vector<Line> lines;
-    for (const auto subject :
-        {bench::setting_read, bench::month_load, bench::calculation, bench::apply, bench::work_time_lists})
+    for (const auto subject : {bench::setting_read, bench::month_load, bench::calculation, bench::apply,
+             bench::work_time_lists, bench::printing})
         for (const Line& line : subject())
             lines.push_back(line);
     LeastTimes times;

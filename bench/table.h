@@ -22,5 +22,6 @@ std::vector<Line> month_load();
 std::vector<Line> calculation();
 std::vector<Line> apply();
 std::vector<Line> work_time_lists();
+std::vector<Line> printing();
 
 } // namespace bench
