@@ -74,6 +74,8 @@ public:
         : m_folder(kept_folder(settings)), m_now(now), m_patience(patience) {}
 
     void remake(const QString& path) {
+        if (known_as_new(path))
+            return;
         for (int attempt = 1;; ++attempt) {
             try {
                 return take_place_of(path);
@@ -85,12 +87,18 @@ public:
     }
 
 private:
+    /// Most files are copies of one that is as new, which is cheaper to see than to open each.
+    bool known_as_new(const QString& path) const {
+        const QByteArray bytes = m_as_new.isEmpty() ? QByteArray() : store::bytes_of(path);
+        return !bytes.isEmpty() && m_as_new.contains(bytes);
+    }
+
     void take_place_of(const QString& path) {
         try {
             Held old(path, m_patience);
             const bool rows = old.holds_rows();
             if (!rows && old.as_new())
-                return;
+                return m_as_new.append(store::bytes_of(path));
             old.let_move();
             if (!rows)
                 return put(path, platform::replace_file, Durability::Cache);
@@ -108,7 +116,7 @@ private:
 
     void put(const QString& path, Write write, Durability durability) {
         if (m_image.isEmpty())
-            m_image = store::empty_database_image(store::Kind::Exchange);
+            m_as_new << (m_image = store::empty_database_image(store::Kind::Exchange));
         const std::error_code failure = write(path, m_image, durability);
         if (failure == std::errc::file_exists)
             throw Error(Code::Replaced, path, {}, {});
@@ -143,7 +151,8 @@ private:
     QString m_folder;
     QDateTime m_now;
     std::chrono::milliseconds m_patience;
-    QByteArray m_image; ///< a new file, made when the first is needed
+    QByteArray m_image;         ///< a new file, made when the first is needed
+    QList<QByteArray> m_as_new; ///< what files that need no remaking consist of
 };
 
 } // namespace

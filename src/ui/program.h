@@ -30,6 +30,7 @@ public:
 
 private:
     bool start_up(Splash& splash);
+    frame::Settings expected_settings() const;
     void show_window();
 
     platform::Host& m_host;
