@@ -1,6 +1,7 @@
 #include "frame/exchange_files.h"
 
 #include "base/literals.h"
+#include "platform/paths.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
 #include "store/schema.h"
@@ -66,6 +67,9 @@ QString journal_of(const QString& path) {
     return path + u"-journal"_s;
 }
 
+/// What keeps a file from being moved or replaced: where an open file can't be, most likely another that has it open.
+constexpr Code blocked = platform::open_files_can_move ? Code::ReadOnly : Code::Busy;
+
 using Write = std::error_code (*)(const QString& path, const QByteArray& bytes, Durability durability);
 
 class Remaking {
@@ -121,7 +125,7 @@ private:
         if (failure == std::errc::file_exists)
             throw Error(Code::Replaced, path, {}, {});
         if (failure)
-            throw Error(failure == std::errc::no_space_on_device ? Code::Full : Code::ReadOnly, path, {},
+            throw Error(failure == std::errc::no_space_on_device ? Code::Full : blocked, path, {},
                 QString::fromLocal8Bit(failure.message()));
     }
 
@@ -129,7 +133,7 @@ private:
     void keep(const QString& path, QStringView ending) const {
         const QString kept = free_name(path, ending);
         if (!QDir().mkpath(m_folder) || !QFile::rename(path, kept))
-            throw Error(QFile::exists(path) ? Code::ReadOnly : Code::Replaced, kept, {}, {});
+            throw Error(QFile::exists(path) ? blocked : Code::Replaced, kept, {}, {});
         QFile::rename(journal_of(path), journal_of(kept));
     }
 
@@ -159,6 +163,10 @@ private:
 
 QString kept_folder(const Settings& settings) {
     return store::exchange_folder(settings) + u"/nokori"_s;
+}
+
+QString manager_file(const QString& server_root) {
+    return platform::program_file(server_root + u"/comdata/exe/exe/jyusinkanri.exe"_s);
 }
 
 void 交換ファイル作成(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience) {

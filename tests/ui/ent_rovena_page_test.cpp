@@ -5,6 +5,7 @@
 #include "ui/entry_company.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -124,6 +125,21 @@ TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
     type(u"Enter"_s);
     EXPECT_EQ(cell(5, clock_in), u"8:30"_s) << "what was typed is kept out of sight";
     EXPECT_EQ(box->geometry(), controls.hyou->cell_rect({5, clock_out})) << "the next cell comes into view";
+}
+
+TEST_F(EntryPage, HowTheLoadStandsIsPaintedWhileItGoesOn) {
+    struct : QObject {
+        QStringList texts;
+        bool eventFilter(QObject* label, QEvent* event) override {
+            if (event->type() == QEvent::Paint)
+                texts << qobject_cast<QLabel*>(label)->text();
+            return false;
+        }
+    } painted;
+    controls.msglab->installEventFilter(&painted);
+    choose_employee(1);
+    EXPECT_TRUE(painted.texts.contains(u"データー抽出中"_s));
+    controls.msglab->removeEventFilter(&painted);
 }
 
 TEST_F(EntryPage, ARemarkTakesAnyCharacters) {
