@@ -59,17 +59,6 @@ TEST_F(EntryPage, AnEmployeeAndTwoClockTimesGiveTheHoursOfTheDay) {
     EXPECT_EQ(cell(32, work_time), u"9:45"_s);
 }
 
-TEST_F(EntryPage, TheBoxLiesOverTheCellInHandAndShowsBareDigits) {
-    choose_employee(1);
-    click_sheet(1, clock_in);
-    type(u"830 Enter"_s);
-    click_sheet(1, clock_in);
-    const auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    ASSERT_TRUE(box);
-    EXPECT_EQ(box->text(), u"830"_s);
-    EXPECT_EQ(box->geometry(), controls.hyou->cell_rect({1, clock_in}));
-}
-
 TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
     choose_employee(1);
     // Windows of 1366 x 768 and 1280 x 720 less the top band of the frame.
@@ -140,15 +129,6 @@ TEST_F(EntryPage, HowTheLoadStandsIsPaintedWhileItGoesOn) {
     choose_employee(1);
     EXPECT_TRUE(painted.texts.contains(u"データー抽出中"_s));
     controls.msglab->removeEventFilter(&painted);
-}
-
-TEST_F(EntryPage, ARemarkTakesAnyCharacters) {
-    choose_employee(1);
-    click_sheet(2, remark);
-    EXPECT_TRUE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
-    type(u"直行A Enter"_s);
-    EXPECT_EQ(cell(2, remark), u"直行A"_s);
-    EXPECT_FALSE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
 }
 
 TEST_F(EntryPage, AKindOfDayIsChosenFromTheListOverItsCell) {
