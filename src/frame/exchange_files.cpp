@@ -145,7 +145,7 @@ private:
 
     QString free_name(const QString& path, QStringView ending) const {
         for (QDateTime time = m_now;; time = time.addMSecs(1)) {
-            const QString name = u"%1/%2-%3.mdb%4"_s.arg(
+            QString name = u"%1/%2-%3.mdb%4"_s.arg(
                 m_folder, QFileInfo(path).baseName(), time.toString(u"yyyyMMdd-HHmmss-zzz"_s), ending);
             if (!QFile::exists(name))
                 return name;

@@ -174,4 +174,3 @@ TEST_F(MainWindowTest, GivingUpOnTheShareEndsWithoutAnError) {
     EXPECT_EQ(program.start(), 0);
     EXPECT_FALSE(program.running());
 }
-
