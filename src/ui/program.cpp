@@ -54,13 +54,13 @@ Program::Program(platform::Host& host, QString program_folder, quint16 turn_port
 int Program::start() {
     const auto failed = [this](const QString& text) {
         m_window.reset();
+        m_wizard.reset();
         m_host.tell(text, error_title.toString());
         return EXIT_FAILURE;
     };
     try {
         Splash splash(m_settings);
-        if (start_up(splash))
-            show_window();
+        show(start_up(splash));
         return EXIT_SUCCESS;
     } catch (const store::Error& error) {
         return failed(error.text());
@@ -78,15 +78,28 @@ frame::Settings Program::expected_settings() const {
     return expected;
 }
 
-bool Program::start_up(Splash& splash) {
+frame::Start Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
     // Start-up needs the key first of all, and it takes a while: this thread does meanwhile what needs no key.
     const frame::Settings expected = expected_settings();
     const std::jthread key = store::derive_ahead(store::losys_path(expected));
     splash.show();
     read_pictures_ahead(expected);
-    // The first start leads to the main frame as well: its masters can be filled there.
-    return stg.Form_Activate() != frame::Start::End;
+    return stg.Form_Activate();
+}
+
+void Program::show(frame::Start start) {
+    if (start == frame::Start::fir_start)
+        show_wizard();
+    else if (start == frame::Start::mainform)
+        show_window();
+}
+
+void Program::show_wizard() {
+    m_wizard = std::make_unique<fir_start_window>(m_session, m_program_folder);
+    m_wizard->adjustSize();
+    m_wizard->move(m_wizard->screen()->availableGeometry().center() - m_wizard->rect().center());
+    m_wizard->show();
 }
 
 void Program::show_window() {
