@@ -60,7 +60,8 @@ Connection::~Connection() {
 void Connection::open(int flags) {
     const int result = sqlite3_open_v2(path.toUtf8().constData(), &engine, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     if (result != SQLITE_OK)
-        throw Error(Code::Other, path, {}, QString::fromUtf8(sqlite3_errstr(result)));
+        throw Error((result & 0xff) == SQLITE_CANTOPEN ? Code::NoAccess : Code::Other, path, {},
+            QString::fromUtf8(sqlite3_errstr(result)));
     sqlite3_extended_result_codes(engine, 1);
     sqlite3_busy_handler(engine, wait_for_others, this);
 }

@@ -31,6 +31,7 @@ constexpr std::array phrases{
     Phrase{Code::Busy, u"他のＰＣまたはプログラムがデータベースに書き込み中です。"},
     Phrase{Code::Exists, u"データベースがすでにあります。"},
     Phrase{Code::Replaced, u"使用中にデータベースが別のファイルに置き換えられました。"},
+    Phrase{Code::NoAccess, u"データベースを開くことができません。アクセス権を確認してください。"},
     Phrase{Code::Misuse, u"プログラムに誤りがあります。"},
     Phrase{Code::Other, u"データベースを処理できません。"},
 };

@@ -21,6 +21,7 @@ enum class Code {
     Busy,         ///< another PC or program is writing and didn't end in time
     Exists,       ///< there is a file already where a new one should be made
     Replaced,     ///< the file was replaced by another while it stood open
+    NoAccess,     ///< this person may not read the file
     Misuse, ///< a fault of the program: a statement that doesn't fit the tables, a run of settings that isn't open
     Other,
 };

@@ -1,9 +1,13 @@
 #include "ui/program.h"
 
 #include "platform/file_error.h"
+#include "platform/paths.h"
+#include "store/files.h"
+#include "store/key.h"
 #include "ui/application.h"
 #include "ui/splash.h"
 
+#include <QPixmap>
 #include <QScreen>
 
 namespace ui {
@@ -23,6 +27,15 @@ void fit_to_screen(QWidget& window) {
     window.resize(wanted_size.boundedTo(room).expandedTo(window.minimumSize()));
     if (holds(room, window.minimumSize()) && !holds(room, wanted_size + window_frame))
         window.setWindowState(Qt::WindowMaximized);
+}
+
+/// Qt keeps a picture that it has read for the next one that asks for it. What isn't there is told by that one.
+void read_pictures_ahead(const frame::Settings& settings) {
+    const QPixmap splash(frame::splash_path(settings));
+    const QString folder = frame::picture_folder(settings);
+    for (const frame::Button& button : frame::midasi_buttons())
+        for (const QStringView picture : {button.up, button.pressed})
+            const QPixmap read(folder + picture.toString());
 }
 
 } // namespace
@@ -58,9 +71,20 @@ int Program::start() {
     }
 }
 
+/// The settings with the root of this PC that will be found unless it was set up otherwise.
+frame::Settings Program::expected_settings() const {
+    frame::Settings expected = m_settings;
+    expected.local_root = platform::install_drive(m_program_folder) + platform::install_tail();
+    return expected;
+}
+
 frame::Start Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
+    // Start-up needs the key first of all, and it takes a while: this thread does meanwhile what needs no key.
+    const frame::Settings expected = expected_settings();
+    const std::jthread key = store::derive_ahead(store::losys_path(expected));
     splash.show();
+    read_pictures_ahead(expected);
     return stg.Form_Activate();
 }
 

@@ -34,6 +34,7 @@ public:
 
 private:
     frame::Start start_up(Splash& splash);
+    frame::Settings expected_settings() const;
     void show(frame::Start start);
     void show_wizard();
     void show_window();

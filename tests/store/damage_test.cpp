@@ -138,11 +138,14 @@ private:
 constexpr auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
 constexpr auto enterable = readable | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
 
-TEST_F(FileAtRisk, AReadOnlyFileIsReadAndNotWritten) {
+TEST_F(FileAtRisk, AReadOnlyFileIsReadAndNotWrittenAndAClosedOneNotOpened) {
     intact();
     QFile::setPermissions(folder.path(), enterable);
     QFile::setPermissions(path, readable);
+    QFile closed(folder.filePath(u"closed.mdb"_s));
+    EXPECT_TRUE(QFile::copy(path, closed.fileName()) && closed.setPermissions(QFile::WriteOwner));
     const AsNobody nobody;
+    EXPECT_EQ(code_of([&] { Database::open(closed.fileName(), Kind::Comsys); }), Code::NoAccess);
     read_all();
     EXPECT_EQ(code_of([this] {
         Database database = Database::open(path, Kind::Comsys);

@@ -50,16 +50,6 @@ const support::Shown question{u"終了しますか？"_s, u"終了"_s, platform:
 
 } // namespace
 
-TEST_F(MainWindowTest, StartEndsWithTheMainWindow) {
-    start();
-    EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(window().windowTitle(), u"就業録"_s);
-    EXPECT_EQ(program.session().settings.server_root, tree.root);
-    EXPECT_TRUE(host.shown.empty());
-    for (const Page page : {Page::rov_00, Page::mst_00})
-        EXPECT_FALSE(pages().is_open(page));
-}
-
 TEST_F(MainWindowTest, TheTopButtonsOpenTheMenusOneAtATime) {
     start();
     open(u"集計表"_s);
@@ -183,14 +173,4 @@ TEST_F(MainWindowTest, GivingUpOnTheShareEndsWithoutAnError) {
     host.share = [](const QString&, const QString&, const QString&) { return false; };
     EXPECT_EQ(program.start(), 0);
     EXPECT_FALSE(program.running());
-}
-
-TEST(PictureButton, SaysWhichPictureIsMissing) {
-    try {
-        ui::PictureButton(u"/nowhere/"_s, frame::endbotan);
-        FAIL();
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.file(), u"/nowhere/zen_end.BMP"_s);
-        EXPECT_TRUE(error.text().contains(error.file()));
-    }
 }
