@@ -33,9 +33,9 @@ struct GuideEntry {
     QStringView what_for;
 };
 constexpr GuideEntry guide[]{
-    {u"出勤入力", u"社員ごとに、毎日の出勤・退勤の時刻を入力します。"},
-    {u"集計表", u"社員や勤務時間の一覧表を印刷します。"},
-    {u"マスター", u"社員、勤務種類、勤務タイプなどを登録します。"},
+    {u"出勤入力", u"毎日の出勤・退勤時刻を入力します。"},
+    {u"集計表", u"各種の一覧表を印刷します。"},
+    {u"マスター", u"社員や勤務タイプなどを登録します。"},
     {u"ヘルプ", u"画面の使い方と入力例を見られます。"},
 };
 
@@ -58,7 +58,7 @@ QFrame* accent_rule(QWidget* parent) {
 QPushButton* push_button(const QString& text, QWidget* parent) {
     auto* button = new QPushButton(text, parent);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setMinimumHeight(30);
+    button->setFixedSize(button->sizeHint() + QSize(24, 6));
     return button;
 }
 
@@ -87,7 +87,6 @@ QWidget* info_page::make_head() {
     line->addWidget(label(frame::info::Caption.toString(), Lettering::Heading, head));
     line->addStretch(1);
     line->addWidget(label(u"バージョン"_s, Lettering::Quiet, head));
-    line->addSpacing(4);
     line->addWidget(label(m_form.seihin_no, Lettering::Subheading, head));
     auto* column = new QVBoxLayout(head);
     column->setContentsMargins(0, 0, 0, 0);

@@ -29,18 +29,32 @@ QLabel* plain_label(const QString& text, Lettering as, QWidget* parent) {
     label->setText(text);
     label->setWordWrap(true);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->setForegroundRole(QPalette::WindowText); // not that of the button that it lies in
     letter(*label, as);
     return label;
+}
+
+/// A thin line in the middle of the height.
+QWidget* rule_between(int height, QWidget* parent) {
+    auto* space = new QWidget(parent);
+    space->setFixedHeight(height);
+    auto* line = new QFrame(space);
+    line->setFixedHeight(1);
+    line->setAutoFillBackground(true);
+    line->setPalette(QPalette(QColor::fromRgb(colours::line)));
+    auto* column = new QVBoxLayout(space);
+    column->setContentsMargins(row_margin, 0, row_margin, 0);
+    column->addWidget(line, 0, Qt::AlignVCenter);
+    return space;
 }
 
 } // namespace
 
 NewsRow::NewsRow(const Sheet& hyou, int row, bool is_link, QWidget* parent)
-    : QAbstractButton(parent), m_picture(new QLabel(this)) {
+    : QAbstractButton(parent), m_is_link(is_link), m_picture(new QLabel(this)) {
     const QString text = QString(hyou(row, frame::news_text)).remove(u'\r');
     setAccessibleName(text);
     setFocusPolicy(is_link ? Qt::TabFocus : Qt::NoFocus);
-    setEnabled(is_link);
     if (is_link)
         setCursor(Qt::PointingHandCursor);
     m_picture->setFixedWidth(hyou.ColWidth(frame::news_picture) / twips_a_pixel);
@@ -71,7 +85,7 @@ QSize NewsRow::picture_room() const {
 }
 
 void NewsRow::paintEvent(QPaintEvent*) {
-    if (!isEnabled() || (!underMouse() && !hasFocus()))
+    if (!m_is_link || (!underMouse() && !hasFocus()))
         return;
     constexpr qreal rounding = 5;
     QPainter painter(this);
@@ -133,14 +147,15 @@ void NewsList::refresh() {
 }
 
 void NewsList::make_rows() {
-    qDeleteAll(m_rows);
     m_rows.clear();
-    while (QLayoutItem* old = m_column->takeAt(0))
+    while (QLayoutItem* old = m_column->takeAt(0)) {
+        delete old->widget();
         delete old;
+    }
     for (int row = 0; row < m_hyou.Rows(); ++row) {
         const bool between = m_hyou.RowHeight(row) != Sheet::default_row_height;
         if (between) {
-            m_column->addSpacing(m_hyou.RowHeight(row) / twips_a_pixel);
+            m_column->addWidget(rule_between(m_hyou.RowHeight(row) / twips_a_pixel, m_content));
             continue;
         }
         auto* widget = new NewsRow(m_hyou, row, m_acts.is_link(row), m_content);

@@ -33,6 +33,7 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
+    bool m_is_link;
     QLabel* m_picture;
     bool m_has_picture = false;
 };
