@@ -27,6 +27,7 @@ constexpr int content_width = 1180;
 constexpr int page_margin = 28;
 constexpr int card_margin = 18;
 constexpr QSize picture_room(800, 320);
+constexpr QSize icon_room(112, 112);
 
 struct GuideEntry {
     QStringView button;
@@ -184,7 +185,8 @@ void info_page::refresh() {
 void info_page::show_page_picture() {
     const bool own = !m_form.page_picture.isEmpty();
     const QString path = own ? m_form.page_picture : frame::program_icon_path(m_session.settings);
-    QPixmap picture = QPixmap::fromImage(read_news_picture(path, picture_room * devicePixelRatioF()));
+    QPixmap picture =
+        QPixmap::fromImage(read_news_picture(path, (own ? picture_room : icon_room) * devicePixelRatioF()));
     picture.setDevicePixelRatio(devicePixelRatioF());
     m_page_picture->setPixmap(picture);
 }
