@@ -11,14 +11,8 @@ namespace bench {
 
 namespace {
 
-/// In memory where the system offers it: what is measured here is work, not the disk's mood.
-QString place() {
-    const QString memory = QStringLiteral("/dev/shm");
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + QStringLiteral("/bench-XXXXXX");
-}
-
 struct Company {
-    QTemporaryDir folder{place()};
+    QTemporaryDir folder{temporary_place()};
     frame::Settings settings;
 
     Company(int employees, int months) {
@@ -31,6 +25,11 @@ struct Company {
 };
 
 } // namespace
+
+QString temporary_place() {
+    const QString memory = QStringLiteral("/dev/shm");
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + QStringLiteral("/bench-XXXXXX");
+}
 
 frame::Settings& company(int employees, int months) {
     static std::map<std::pair<int, int>, Company> companies;

@@ -3,7 +3,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "platform/cp932.h"
+#include "platform/from_cp932.h"
 
 #include <QStringDecoder>
 #include <algorithm>

@@ -88,7 +88,7 @@ QWidget* info_page::make_head() {
     line->addWidget(label(frame::info::Caption.toString(), Lettering::Heading, head));
     line->addStretch(1);
     line->addWidget(label(u"バージョン"_s, Lettering::Quiet, head));
-    line->addWidget(label(m_form.seihin_no, Lettering::Subheading, head));
+    line->addWidget(label(m_form.seihin_no, Lettering::Section, head));
     auto* column = new QVBoxLayout(head);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(20);
@@ -119,7 +119,7 @@ QWidget* info_page::make_guide() {
     for (const GuideEntry& entry : guide) {
         auto* column = new QVBoxLayout;
         column->setSpacing(6);
-        column->addWidget(label(entry.button.toString(), Lettering::Subheading, card));
+        column->addWidget(label(entry.button.toString(), Lettering::Section, card));
         QLabel* text = label(entry.what_for.toString(), Lettering::Comment, card);
         text->setWordWrap(true);
         column->addWidget(text, 1, Qt::AlignTop);
@@ -139,7 +139,7 @@ QWidget* info_page::make_news() {
             [this](int row) { m_form.drop_picture(row); }},
         m_pic_info);
     auto* head = new QHBoxLayout;
-    head->addWidget(label(u"お知らせ"_s, Lettering::Subheading, m_pic_info));
+    head->addWidget(label(u"お知らせ"_s, Lettering::Section, m_pic_info));
     head->addStretch(1);
     head->addWidget(m_osirase);
     auto* column = new QVBoxLayout(m_pic_info);

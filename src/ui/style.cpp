@@ -41,7 +41,7 @@ constexpr Letters letters_of(Lettering as) {
     switch (as) {
     case Lettering::Heading:
         return {20, QFont::Bold, colours::heading_text};
-    case Lettering::Subheading:
+    case Lettering::Section:
         return {15, QFont::Bold, colours::heading_text};
     case Lettering::Quiet:
         return {13, QFont::Normal, colours::quiet_text};

@@ -1,7 +1,7 @@
 #include "frame/news.h"
 
 #include "base/literals.h"
-#include "platform/cp932.h"
+#include "platform/from_cp932.h"
 
 #include <gtest/gtest.h>
 
