@@ -49,7 +49,7 @@ private:
         QStringView name;
         Setter set;
     };
-    static const std::array<Option, 8> known_options;
+    static const std::array<Option, 9> known_options;
 
     Options& options() { return m_request.options; }
 
@@ -96,9 +96,10 @@ bool keep(QString& place, const QString& value) {
     return true;
 }
 
-constexpr std::array<Reader::Option, 8> Reader::known_options{{
+constexpr std::array<Reader::Option, 9> Reader::known_options{{
     {u"--use-class", [](Reader& r, const QString& v) { return take_number(v, 0, 2, r.options().use_class); }},
     {u"--server-name", [](Reader& r, const QString& v) { return keep(r.options().server_name, v); }},
+    {u"--info-server", [](Reader& r, const QString& v) { return keep(r.options().info_server, v); }},
     {u"--server-root", [](Reader& r, const QString& v) { return keep(r.options().server_root, v); }},
     {u"--share-user", [](Reader& r, const QString& v) { return keep(r.options().share_user, v); }},
     {u"--share-password", [](Reader& r, const QString& v) { return keep(r.options().share_password, v); }},
@@ -128,6 +129,7 @@ A database that exists is left alone; artwork, help and programs are brought up 
 
   --use-class N           what this PC is: 0 the main PC (the default), 1 or 2 another PC
   --server-name HOST      the main PC's name in the network, where the turn service runs
+  --info-server HOST      where the information page fetches news from; without it none is fetched
   --server-root PATH      the shared data lies there; none is made here
   --share-user NAME       account for that share
   --share-password TEXT   its password

@@ -21,6 +21,7 @@ struct Options {
     QString root;           ///< the folder that stands for the drive
     int use_class = 0;      ///< 0 the main PC, 1 or 2 another PC
     QString server_name;    ///< host of the turn service
+    QString info_server;    ///< host of the news
     QString server_root;    ///< root of the shared data if it lies elsewhere; the shared part isn't made then
     QString share_user;     ///< account for that share
     QString share_password; ///< and its password

@@ -2,6 +2,7 @@
 
 #include "frame/menus.h"
 #include "ui/ent_rovena_page.h"
+#include "ui/info_page.h"
 #include "ui/menu_page.h"
 #include "ui/mst_kihon_page.h"
 #include "ui/mst_kinjikan_page.h"
@@ -36,6 +37,13 @@ QWidget* make_ent_rovena(const PageContext& context, QWidget* parent) {
     return page;
 }
 
+QWidget* make_info(const PageContext& context, QWidget* parent) {
+    std::function<void()> show_errors;
+    if (context.pages.has(frame::Page::errform))
+        show_errors = [&pages = context.pages] { pages.show(frame::Page::errform); };
+    return new info_page(context.session, std::move(show_errors), parent);
+}
+
 /// A master leads back to the menu of the masters.
 template <typename MasterPage, frame::Page page>
 QWidget* make_master(const PageContext& context, QWidget* parent) {
@@ -49,6 +57,7 @@ QWidget* make_master(const PageContext& context, QWidget* parent) {
 
 constexpr PageRow table[]{
     {frame::Page::ent_rovena, make_ent_rovena},
+    {frame::Page::info, make_info},
     {frame::Page::rov_00, make_menu<frame::rov_00>},
     {frame::Page::mst_00, make_menu<frame::mst_00>},
     {frame::Page::mst_syain, make_master<mst_syain_page, frame::Page::mst_syain>},

@@ -13,15 +13,16 @@ Request read(const QString& line) {
 }
 
 TEST(Arguments, EachGoesToItsPlace) {
-    const Request request = read(u"--use-class 2 /srv/root --server-name main --printer PDF --assets a --assets b"
-                                 " --server-root //main/qn --share-user u --share-password p"_s);
+    const Request request =
+        read(u"--use-class 2 /srv/root --server-name main --info-server news --printer PDF --assets a --assets b"
+             " --server-root //main/qn --share-user u --share-password p"_s);
     ASSERT_EQ(request.problem, QString());
     const Options& options = request.options;
     EXPECT_EQ(options.root, u"/srv/root"_s);
     EXPECT_EQ(options.use_class, 2);
-    EXPECT_EQ((QStringList{options.server_name, options.printer, options.server_root, options.share_user,
-                  options.share_password}),
-        (QStringList{u"main"_s, u"PDF"_s, u"//main/qn"_s, u"u"_s, u"p"_s}));
+    EXPECT_EQ((QStringList{options.server_name, options.info_server, options.printer, options.server_root,
+                  options.share_user, options.share_password}),
+        (QStringList{u"main"_s, u"news"_s, u"PDF"_s, u"//main/qn"_s, u"u"_s, u"p"_s}));
     EXPECT_EQ(options.assets, (QStringList{u"a"_s, u"b"_s}));
     EXPECT_FALSE(options.sample);
 }
