@@ -1,7 +1,7 @@
 #pragma once
 
-// Report 4, "出勤明細一覧表": one employee's company month, a row a day, the month's saved totals in row 32 and the saved
-// day counts on a small sheet of their own. Nothing is added up here. With "連続印刷" it goes through a range of
+// Report 4, "出勤明細一覧表": one employee's company month, a row a day, the month's saved totals in row 32 and the
+// saved day counts on a small sheet of their own. Nothing is added up here. With "連続印刷" it goes through a range of
 // employees and prints each.
 
 #include "reports/report.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-// Report 5, "勤務時間一覧表": one row an employee with the sums of a date range, and the totals of all on top. A range of
-// one day shows its clock times as well.
+// Report 5, "勤務時間一覧表": one row an employee with the sums of a date range, and the totals of all on top. A range
+// of one day shows its clock times as well.
 
 #include "reports/report.h"
 
