@@ -27,11 +27,16 @@ public:
     static constexpr QStringView caption = u"集計表";
     static constexpr base::Rgb box_back{240, 240, 255}; ///< of a box that has the keyboard
 
-    /// Opens the search for an employee; its end, with a number or without one, is told to search_ended().
-    using Search = std::function<void(int mode, int element)>;
+    /// What the form asks of the page that shows it.
+    struct Windows {
+        /// Opens the search; its end, with a number or without one, is told to search_ended().
+        std::function<void(int mode, int element)> search;
+        /// Shows the pages of the report as its sheet stands, until the person closes them.
+        std::function<void(const Report& report)> preview;
+    };
 
-    /// The report is that of the frame, `report_no`. All of the arguments outlive the form.
-    rov_01(frame::Session& session, frame::mainform& main_form, PrintShop& shop, Search search);
+    /// The report is that of the frame, `report_no`. What is referred to outlives the form.
+    rov_01(frame::Session& session, frame::mainform& main_form, PrintShop& shop, Windows windows);
 
     // State under the names of the controls.
 
@@ -61,11 +66,9 @@ public:
     void Form_Activate();
 
     void botan_Click(int element); ///< 0 leaves the screen, 1 extracts, 2 prints
+    void preview_Click();
     void csvex_Click();
     void Image1_Click();
-
-    /// Before pages are shown that haven't been printed: what a click on a button begins with.
-    void leave_boxes();
 
     void botabox_GotFocus() { extract_lit = true; } ///< and `toubotan`
     void botabox_LostFocus() { extract_lit = false; }
@@ -82,7 +85,7 @@ public:
     void ymd_GotFocus(int element);
     void ymd_LostFocus(int element);
     bool ymd_KeyDown(int element, int key_code, bool at_the_start); ///< the caret at the start and nothing selected
-    static bool ymd_KeyPress(int character);                       ///< whether the character stands
+    static bool ymd_KeyPress(int character);                        ///< whether the character stands
 
     void yyyymm_Click(int element, int index);
     void yyyymm_Change(int element, const QString& text) { report.conditions.yyyymm[element] = text; }
@@ -105,15 +108,16 @@ private:
     bool month_stands();
     void to(Control control, int element = 0) { focus = Wish{control, element}; }
 
-    void press(int element);
+    void work(const std::function<void()>& of_the_button);
     void extract();
     bool run_tally();
     void print_sheet();
+    void to_after_print();
 
     frame::Session& m_session;
     frame::mainform& m_mainform;
     PrintShop& m_shop;
-    Search m_search;
+    Windows m_windows;
     int m_image_clicks = 0;
 };
 
