@@ -2,6 +2,7 @@
 
 // Finished sheets of the six reports, filled by hand, and a session to print them in.
 
+#include "base/literals.h"
 #include "base/numbers.h"
 #include "reports/report.h"
 #include "store/files.h"

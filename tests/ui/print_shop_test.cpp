@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+using namespace base;
 using namespace support;
 using reports::Printed;
 
@@ -62,11 +63,11 @@ TEST_F(PrintShop, TextsStandOnThePaperWhereTheLayoutPutThem) {
     const QSize portrait(595, 842), landscape(842, 595);
     const Case cases[]{
         {employee_list(43), 2, portrait,
-            {{u"社員一覧表"_s, 20, 8}, {u"1042"_s, 29, 279.4}, {u"勤務タイプ"_s, 147.25, 26.4}}},
+            {{u"社員一覧表"_s, 20, 8}, {u"1042"_s, 29, 279.4}, {u"勤務"_s, 147.25, 26.4}}},
         {work_category_list(), 1, portrait, {{u"深夜残業"_s, 29, 39.4}}},
         {work_type_list(), 1, portrait, {{u"範囲内対象"_s, 108, 39.4}, {u"月"_s, 53.85, 33.4}}},
         {attendance_detail(13), 2, portrait, {{u"【1007】山田太郎"_s, 60, 15}, {u"有給休暇"_s, 63.4, 226}}},
-        {work_time_list(31, 29), 6, landscape, {{u"社員29"_s, 54, 39.4}, {u"1　ページ"_s, 270, 16}}},
+        {work_time_list(31, 29), 6, landscape, {{u"社員29"_s, 54, 39.4}, {u"6"_s, 270, 16}}},
         {leave_list(), 1, portrait, {{u"有給休暇"_s, 21, 39.4}, {u"標準"_s, 101.7, 39.4}}},
     };
     for (const Case& c : cases) {
