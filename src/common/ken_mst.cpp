@@ -21,7 +21,7 @@ constexpr SearchMode modes[] = {
     {search_employees, u"社員マスター", u"syain", u"システム番号", u"社員番号", u"社員名", u"フリガナ", u""},
 };
 
-constexpr base::Column columns[] = {{u"", 800}, {u"番　号", 2000}, {u"名　称", 8800}, {u"", 0}};
+constexpr base::Column columns[] = {{u"", 800, Alignment::Right}, {u"番　号", 2000}, {u"名　称", 8800}, {u"", 0}};
 
 /// What was typed, ready to be compared. A number that is none is nobody's.
 class Filter {

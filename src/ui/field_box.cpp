@@ -26,7 +26,10 @@ void FieldBox::show_text(const QString& shown) {
 void FieldBox::keyPressEvent(QKeyEvent* event) {
     const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
     const int code = key_code(event->key());
-    if (!plain || code == 0 || !m_acts.KeyDown || !m_acts.KeyDown(code))
+    if (plain && code != 0 && m_acts.KeyDown && m_acts.KeyDown(code))
+        return;
+    const int character = code == 0 ? key_character(event->key(), event->text()) : 0;
+    if (character == 0 || !m_acts.KeyPress || m_acts.KeyPress(character))
         QLineEdit::keyPressEvent(event);
 }
 
@@ -41,9 +44,9 @@ void FieldBox::focusInEvent(QFocusEvent* event) {
         return;
     m_clicked_into = event->reason() == Qt::MouseFocusReason;
     tint(true);
-    selectAll();
     if (m_acts.GotFocus)
         m_acts.GotFocus();
+    selectAll();
 }
 
 void FieldBox::focusOutEvent(QFocusEvent* event) {
