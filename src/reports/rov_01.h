@@ -25,7 +25,8 @@ struct MonthBox {
 class rov_01 {
 public:
     static constexpr QStringView caption = u"集計表";
-    static constexpr base::Rgb box_back{240, 240, 255}; ///< of a box that has the keyboard
+    /// Elements of `yyyymm`.
+    enum Element { year_box, month_box };
 
     /// What the form asks of the page that shows it.
     struct Windows {

@@ -1,11 +1,13 @@
 #include "ui/rov_01_conditions.h"
 
 #include "base/literals.h"
+#include "ui/master_page.h"
 #include "ui/style.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 
 namespace ui {
 
@@ -21,6 +23,8 @@ constexpr int date_width = 108;
 constexpr int number_width = 84;
 constexpr int name_width = 150;
 constexpr int month_widths[] = {84, 66};
+constexpr QStringView date_help = u"■簡単入力１：2004年10月3日→ 1003(入力している日が同じ年の場合)\n"
+                                  "■簡単入力２：2004年10月3日→ 3 (今日から10日先は今月それより大きい数字は先月)";
 constexpr QStringView month_units[] = {u"年", u"月"};
 
 QLabel* caption(QStringView text, QWidget* parent) {
@@ -34,10 +38,15 @@ QLabel* caption(QStringView text, QWidget* parent) {
 
 // The order in which the controls are made is that of the Tab key.
 rov_01_conditions::rov_01_conditions(rov_01& form, Act act, QWidget* parent)
-    : QWidget(parent), m_form(form), m_act(std::move(act)), m_botabox(make_stop()) {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    : QWidget(parent), m_form(form), m_act(std::move(act)), m_date_help(master_note(this)), m_botabox(make_stop()) {
+    m_date_help->setText(date_help.toString());
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    auto* row = new QHBoxLayout;
     row->setSpacing(panel_gap);
+    column->addLayout(row);
+    column->addWidget(m_date_help);
     setMinimumHeight(1); // of a report without conditions: the stop stays in sight of the keyboard
     make_months();
     make_dates();
@@ -95,8 +104,6 @@ void rov_01_conditions::make_dates() {
             row->addWidget(caption(u"～", m_pic_ymd_t1));
         row->addWidget(m_ymd[element] = make_date(element));
     }
-    m_pic_ymd_t1->setToolTip(u"■簡単入力１：2004年10月3日→ 1003(入力している日が同じ年の場合)\n"
-                             "■簡単入力２：2004年10月3日→ 3 (今日から10日先は今月それより大きい数字は先月)"_s);
 }
 
 FieldBox* rov_01_conditions::make_date(int element) {
@@ -179,6 +186,7 @@ void rov_01_conditions::refresh() {
     const reports::Conditions& conditions = m_form.report.conditions;
     m_Pic_yyyymm->setVisible(panels.Pic_yyyymm);
     m_pic_ymd_t1->setVisible(panels.pic_ymd_t1);
+    m_date_help->setVisible(panels.pic_ymd_t1);
     m_pic_tantou->setVisible(panels.pic_tantou);
     m_print_zero->setVisible(panels.print_zero);
     m_print_flg->setVisible(panels.print_flg);

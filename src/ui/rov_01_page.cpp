@@ -136,20 +136,10 @@ void rov_01_page::act(const std::function<void()>& of_the_person) {
     of_the_person();
 }
 
-/// The hidden stop takes the focus first, so that the box in hand is left. The sheets aren't painted while a tally
-/// fills them.
+/// The hidden stop takes the focus first, so that the box in hand is left.
 void rov_01_page::press(const std::function<void()>& button) {
-    close_search();
     m_karibotan->setFocus();
-    {
-        for (GridView* sheet : {m_hyou, m_hyou_day})
-            sheet->setUpdatesEnabled(false);
-        const auto paint_again = qScopeGuard([this] {
-            for (GridView* sheet : {m_hyou, m_hyou_day})
-                sheet->setUpdatesEnabled(true);
-        });
-        act(button);
-    }
+    act(button);
     if (m_form.close_wanted)
         Q_EMIT close_wanted();
 }
@@ -170,6 +160,18 @@ void rov_01_page::hideEvent(QHideEvent* event) {
     if (!event->spontaneous())
         close_search();
     QWidget::hideEvent(event);
+}
+
+/// While work runs, the frame takes the page out of hand: the sheets aren't painted as they are filled, and nobody
+/// changes what they are filled from.
+void rov_01_page::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::EnabledChange)
+        return;
+    for (GridView* sheet : {m_hyou, m_hyou_day})
+        sheet->setUpdatesEnabled(isEnabled());
+    if (!isEnabled())
+        close_search();
 }
 
 void rov_01_page::resizeEvent(QResizeEvent* event) {
