@@ -18,21 +18,6 @@ constexpr int smallest_database = 4096;
 constexpr std::string_view settled = "commit; pragma journal_mode=delete; pragma synchronous=extra;"
                                      " pragma secure_delete=off; pragma cache_size=-16384";
 
-/// The first bytes of a file that may be a keyed database. They are read through the engine's own handle: closing
-/// another one would take away the locks that this program holds on the file.
-QByteArray salt_of(const Connection& connection) {
-    sqlite3_file* file = nullptr;
-    sqlite3_file_control(connection.engine, "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    sqlite3_int64 size = 0;
-    if (file->pMethods->xFileSize(file, &size) == SQLITE_OK && size == 0)
-        throw Error(Code::Empty, connection.path, {}, {});
-    QByteArray salt(salt_size, '\0');
-    if (size < smallest_database || file->pMethods->xRead(file, salt.data(), salt_size, 0) != SQLITE_OK ||
-        salt == QByteArrayView("SQLite format 3\0", salt_size))
-        throw Error(Code::NotADatabase, connection.path, {}, {});
-    return salt;
-}
-
 /// The first read of all decrypts the first page and reads the tables' definitions.
 void prove_key(Connection& connection) {
     constexpr std::string_view first_read = "select count(*) from sqlite_master";
@@ -61,6 +46,20 @@ void check_kind(Database& database, Kind kind) {
 }
 
 } // namespace
+
+// They are read through the engine's own handle: closing another one would take away the locks that this program holds
+// on the file.
+QByteArray salt_of(const Connection& connection) {
+    sqlite3_file& file = connection.file();
+    sqlite3_int64 size = 0;
+    if (file.pMethods->xFileSize(&file, &size) == SQLITE_OK && size == 0)
+        throw Error(Code::Empty, connection.path, {}, {});
+    QByteArray salt(salt_size, '\0');
+    if (size < smallest_database || file.pMethods->xRead(&file, salt.data(), salt_size, 0) != SQLITE_OK ||
+        salt == QByteArrayView("SQLite format 3\0", salt_size))
+        throw Error(Code::NotADatabase, connection.path, {}, {});
+    return salt;
+}
 
 Database::Database(std::unique_ptr<Connection> connection) : m_connection(std::move(connection)) {}
 Database::Database(Database&&) noexcept = default;
