@@ -3,6 +3,7 @@
 #include "ui/grid_view.h"
 #include "ui/key_codes.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 
 namespace ui {
@@ -37,9 +38,10 @@ void ChoiceList::keyPressEvent(QKeyEvent* event) {
         CellCombo::keyPressEvent(event);
 }
 
+/// The list that drops down takes the keyboard a second time as any control would.
 void ChoiceList::focusOutEvent(QFocusEvent* event) {
     CellCombo::focusOutEvent(event);
-    if (leaves_control(event->reason()))
+    if (leaves_control(event->reason()) && !view()->isVisible())
         m_acts.LostFocus();
 }
 

@@ -41,13 +41,13 @@ Program::Program(platform::Host& host, QString program_folder, quint16 turn_port
 int Program::start() {
     const auto failed = [this](const QString& text) {
         m_window.reset();
+        m_wizard.reset();
         m_host.tell(text, error_title.toString());
         return EXIT_FAILURE;
     };
     try {
         Splash splash(m_settings);
-        if (start_up(splash))
-            show_window();
+        show(start_up(splash));
         return EXIT_SUCCESS;
     } catch (const store::Error& error) {
         return failed(error.text());
@@ -58,11 +58,24 @@ int Program::start() {
     }
 }
 
-bool Program::start_up(Splash& splash) {
+frame::Start Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
     splash.show();
-    // The first start leads to the main frame as well: its masters can be filled there.
-    return stg.Form_Activate() != frame::Start::End;
+    return stg.Form_Activate();
+}
+
+void Program::show(frame::Start start) {
+    if (start == frame::Start::fir_start)
+        show_wizard();
+    else if (start == frame::Start::mainform)
+        show_window();
+}
+
+void Program::show_wizard() {
+    m_wizard = std::make_unique<fir_start_window>(m_session, m_program_folder);
+    m_wizard->adjustSize();
+    m_wizard->move(m_wizard->screen()->availableGeometry().center() - m_wizard->rect().center());
+    m_wizard->show();
 }
 
 void Program::show_window() {

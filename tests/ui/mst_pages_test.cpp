@@ -10,6 +10,7 @@
 #include "ui/mst_kyuka_page.h"
 #include "ui/mst_syain_page.h"
 
+#include <QAbstractItemView>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -158,6 +159,18 @@ TEST_F(MstKintypePage, ChoosingInTheListAssignsTheTypeAtOnce) {
     press(Qt::Key_Down);
     EXPECT_EQ(rows("select 勤務タイプ from syainkinmu where システム社員番号=3"), QStringList{u"1"_s});
     EXPECT_EQ(page->form().hyou(2, masters::mst_kintype::type_name_col), u"普通社員"_s);
+}
+
+TEST_F(MstKintypePage, AnItemIsChosenInTheListThatDropsDown) {
+    const auto page = open<ui::mst_kintype_page>();
+    support::click_cell(grid(*page, "hyou"), 2, 2);
+    auto* list = qobject_cast<QComboBox*>(QApplication::focusWidget());
+    ASSERT_TRUE(list);
+    QTest::mouseClick(list, Qt::LeftButton);
+    ASSERT_TRUE(list->view()->isVisible()) << "opening it doesn't count as leaving the cell";
+    QTest::keyClick(list->view(), Qt::Key_Home);
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    EXPECT_EQ(rows("select 勤務タイプ from syainkinmu where システム社員番号=3"), QStringList{u"1"_s});
 }
 
 using MstSyainPage = MasterPages;

@@ -5,6 +5,8 @@
 #include "support/person.h"
 #include "ui/picture_button.h"
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QLineEdit>
 
 namespace e2e {
@@ -17,6 +19,7 @@ void demand(bool condition, const QString& what) {
 }
 
 void Clerk::press_button(const QString& label) {
+    come_back();
     for (auto* button : m_window.findChildren<ui::PictureButton*>()) {
         if (button->accessibleName() != label || !button->isVisible())
             continue;
@@ -31,6 +34,60 @@ ui::ent_rovena_page& Clerk::entry() {
     auto* page = qobject_cast<ui::ent_rovena_page*>(m_window.pages().currentWidget());
     demand(page != nullptr, u"the entry page isn't in view"_s);
     return *page;
+}
+
+ui::GridView& Clerk::grid(const QString& name) {
+    auto* view = m_window.pages().currentWidget()->findChild<ui::GridView*>(name);
+    demand(view != nullptr, u"the page in view has no grid \"%1\""_s.arg(name));
+    return *view;
+}
+
+void Clerk::click_cell(const QString& grid_name, int row, int col) {
+    come_back();
+    support::click_cell(grid(grid_name), row, col);
+}
+
+/// A window manager gives the keyboard back behind a list or a box; a desktop without a display has none.
+void Clerk::come_back() {
+    QApplication::setActiveWindow(&m_window);
+}
+
+void Clerk::tick(const QString& label) {
+    for (auto* button : m_window.pages().currentWidget()->findChildren<QAbstractButton*>()) {
+        if (button->text() != label || !button->isVisible())
+            continue;
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(button->height() / 2, button->height() / 2));
+        return;
+    }
+    throw RoadError(u"nothing to tick reads \"%1\""_s.arg(label));
+}
+
+void Clerk::click_box(const QString& label) {
+    for (auto* box : m_window.pages().currentWidget()->findChildren<QLineEdit*>())
+        if (box->accessibleName() == label)
+            return QTest::mouseClick(box, Qt::LeftButton);
+    throw RoadError(u"no box is called \"%1\""_s.arg(label));
+}
+
+void Clerk::type_line(const QString& text) {
+    support::type_word(text);
+    QTest::keyClick(keyboard(), Qt::Key_Return);
+}
+
+void Clerk::choose_item(const QString& text) {
+    auto* list = qobject_cast<QComboBox*>(keyboard());
+    demand(list != nullptr, u"the keyboard isn't in a list"_s);
+    const int wanted = list->findText(text);
+    demand(wanted >= 0, u"the list has no \"%1\""_s.arg(text));
+    QTest::keyClick(list, Qt::Key_F4);
+    demand(list->view()->isVisible(), u"the list doesn't open"_s);
+    QTest::keyClick(list->view(), Qt::Key_Home);
+    for (int step = 0; step < wanted; ++step)
+        QTest::keyClick(list->view(), Qt::Key_Down);
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    come_back();
+    demand(!list->view()->isVisible() && list->currentText() == text, u"\"%1\" wasn't chosen"_s.arg(text));
 }
 
 void Clerk::choose_employee(int row) {

@@ -28,6 +28,18 @@ public:
 
     /// The entry page in view.
     ui::ent_rovena_page& entry();
+    /// The grid of this name on the page in view.
+    ui::GridView& grid(const QString& name);
+    void click_cell(const QString& grid_name, int row, int col);
+
+    /// Clicks the radio button or check box that reads so on the page in view.
+    void tick(const QString& label);
+    /// Clicks into the text box of this name on the page in view.
+    void click_box(const QString& label);
+    /// Types a text where the keyboard is and presses Enter.
+    void type_line(const QString& text);
+    /// Opens the list that has the keyboard and steps through it to the item.
+    void choose_item(const QString& text);
 
     void choose_employee(int row);
     /// Steps through the selectors by the arrow keys.
@@ -44,6 +56,7 @@ public:
 
 private:
     QWidget* keyboard();
+    void come_back();
     void step_to(QComboBox& selector, const QString& text);
 
     ui::MainWindow& m_window;

@@ -43,6 +43,12 @@ QStringList counts(const QString& path, store::Kind kind) {
 
 } // namespace
 
+QStringList rows_of(const QString& path, store::Kind kind, std::string_view sql) {
+    auto database = store::Database::open(path, kind);
+    auto query = database.prepare(sql);
+    return row_texts(query);
+}
+
 qint64 rows_waiting(const frame::Settings& settings) {
     auto exchange = store::Database::open(store::exchange_path(settings, 1), store::Kind::Exchange);
     return count_rows(exchange, u"jyusin"_s);

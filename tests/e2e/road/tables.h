@@ -5,10 +5,15 @@
 #include "base/company_month.h"
 #include "e2e/road/typed_month.h"
 #include "frame/settings.h"
+#include "store/database.h"
 
 #include <QString>
+#include <string_view>
 
 namespace e2e {
+
+/// The rows of a query on the file at the path, each as its columns parted by tabs.
+QStringList rows_of(const QString& path, store::Kind kind, std::string_view sql);
 
 /// Rows of exchange file 01 that the manager hasn't taken yet.
 qint64 rows_waiting(const frame::Settings& settings);

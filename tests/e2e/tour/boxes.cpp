@@ -1,33 +1,23 @@
 #include "boxes.h"
 
 #include "base/literals.h"
-#include "e2e/road/clerk.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTest>
-#include <cstdio>
-#include <utility>
 
 namespace tour {
 
 using namespace base;
 
-void save_picture(QWidget& of, const QDir& out, const QString& name) {
-    const QString path = out.filePath(name + u".png"_s);
-    e2e::demand(of.grab().save(path), u"can't write "_s + path);
-    std::printf("%s\n", qPrintable(path));
-    std::fflush(stdout);
-}
-
-Boxes::Boxes(const QDir& out) : m_out(out) {
+Boxes::Boxes(Pictures& pictures) : m_pictures(pictures) {
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
     m_timer.start(30);
 }
 
 void Boxes::await(const QString& text, const QString& button, const QString& picture_name) {
-    m_awaited = Awaited{text, button, picture_name};
+    m_awaited.push_back({text, button, picture_name});
 }
 
 void Boxes::look() {
@@ -35,14 +25,15 @@ void Boxes::look() {
     if (!up)
         return;
     const auto* box = qobject_cast<QMessageBox*>(up);
-    if (!box || !m_awaited || box->text() != m_awaited->text) {
+    if (!box || m_awaited.empty() || box->text() != m_awaited.front().text) {
         m_unexpected << (box ? box->text() : up->windowTitle());
-        save_picture(*up, m_out, u"unexpected-box"_s);
+        m_pictures.take(*up, u"unexpected-box"_s);
         up->close();
         return;
     }
-    const Awaited awaited = *std::exchange(m_awaited, std::nullopt);
-    save_picture(*up, m_out, awaited.picture_name);
+    const Awaited awaited = m_awaited.front();
+    m_awaited.pop_front();
+    m_pictures.take(*up, awaited.picture_name);
     for (QAbstractButton* button : box->buttons())
         if (button->text() == awaited.button)
             QTest::mouseClick(button, Qt::LeftButton);

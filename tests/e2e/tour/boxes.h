@@ -3,28 +3,24 @@
 // The message boxes that come up on the tour. One that is awaited is pictured and answered; any other is a fault: it is
 // closed, and what it said is kept.
 
-#include <QDir>
+#include "pictures.h"
+
 #include <QStringList>
 #include <QTimer>
-#include <optional>
-
-class QWidget;
+#include <deque>
 
 namespace tour {
 
-/// The widget as NAME.png in the folder, at the scale of the screen. Throws e2e::RoadError if it can't be written.
-void save_picture(QWidget& of, const QDir& out, const QString& name);
-
 class Boxes {
 public:
-    /// Pictures go into the folder.
-    explicit Boxes(const QDir& out);
+    explicit Boxes(Pictures& pictures);
 
-    /// The next box has this text; it is pictured under the name and the button is pressed.
+    /// The next box, behind those that are awaited already, has this text; it is pictured under the name and the button
+    /// is pressed.
     void await(const QString& text, const QString& button, const QString& picture_name);
 
-    /// Whether the awaited box has come.
-    bool answered() const { return !m_awaited; }
+    /// Whether every awaited box has come.
+    bool answered() const { return m_awaited.empty(); }
 
     /// What boxes said that nobody awaited.
     const QStringList& unexpected() const { return m_unexpected; }
@@ -37,9 +33,9 @@ private:
     };
     void look();
 
-    QDir m_out;
+    Pictures& m_pictures;
     QTimer m_timer;
-    std::optional<Awaited> m_awaited;
+    std::deque<Awaited> m_awaited;
     QStringList m_unexpected;
 };
 

@@ -1,49 +1,72 @@
 #pragma once
 
-// The tour: the desktop program's own windows, driven by mouse and keyboard over an install tree with a made-up
-// company. A month is typed, saved, applied by the exchange manager and opened again; what is read back must be what
-// was typed. Each stage leaves a picture, and the tables a text dump.
+// Tour: one company's install tree with the desktop program over it, and what the stages of a tour need to drive it.
 
 #include "boxes.h"
 #include "e2e/road/clerk.h"
 #include "e2e/road/tables.h"
 #include "ui/program.h"
 
-#include <QDir>
+#include <optional>
 
 namespace tour {
 
+/// What the company's rules make of a day's clock times.
+struct Figures {
+    QString clock_in;
+    QString clock_out;
+    QStringList cells; ///< break, work time and the hours of each category, as the sheet shows them
+};
+
+/// What the stages know of the company and tell each other. The defaults are those of the made-up company.
+struct KnownCompany {
+    QString name = QStringLiteral("sample"); ///< for files
+    int employee_row = 2;                    ///< in the list of attendance entry
+    QString leave = QStringLiteral("有休");
+    QString sunday_work = QStringLiteral("日曜出勤");
+    QList<Figures> weekday_figures{}; ///< of days from Monday to Friday
+};
+
 class Tour {
 public:
-    /// `program` has started; pictures and dump go into `out`, which exists.
-    Tour(ui::Program& program, Boxes& boxes, const QDir& out);
+    /// Nothing runs yet. `root` is the folder of the install tree.
+    Tour(platform::Host& host, Boxes& boxes, Pictures& pictures, const QString& root);
 
-    /// The whole road. Throws e2e::RoadError at the first thing that isn't as it must be.
-    void walk();
+    KnownCompany company;
 
-    /// Opens the month that a walk has typed and leaves one picture of it.
-    void picture_of_month(const QString& name);
+    /// Starts the program, unless it runs; the main frame in its usual size.
+    void start();
+    /// The program ends as its last window would end it, without being asked.
+    void end() { m_program.reset(); }
+
+    ui::Program& program() { return *m_program; }
+    e2e::Clerk clerk() { return e2e::Clerk(m_program->window()); }
+    const frame::Settings& settings() { return m_program->session().settings; }
+    Boxes& boxes() { return m_boxes; }
+    const QDir& out() const { return m_pictures.folder(); }
+
+    void resize_window(QSize size);
+    /// A picture of the window. Throws if a message has come that nobody awaited.
+    void picture(const QString& name) { picture_of(m_program->window(), name); }
+    void picture_of(QWidget& window, const QString& name);
+
+    /// The month that a tour types: the first of a calendar month in which nobody has attendance yet.
+    QDate month();
+    void open_month();
+    const entry::ent_rovena& entry_form() { return clerk().entry().form(); }
 
 private:
-    void open_month();
-    void type_month();
-    void save();
-    void read_back();
-    void leave_program();
-
-    const entry::ent_rovena& form();
-    qint64 employee();
-    void resize_window(QSize size);
-    void picture(const QString& name);
-    static void demand_none(const QStringList& faults, const QString& what);
-
-    ui::Program& m_program;
+    platform::Host& m_host;
     Boxes& m_boxes;
-    QDir m_out;
-    e2e::Clerk m_clerk;
-    QDate m_month; ///< the first of the calendar month that is typed
-    QList<e2e::TypedDay> m_typed;
-    entry::MonthSheet m_saved; ///< as it stood on the screen when it was saved
+    Pictures& m_pictures;
+    QString m_root;
+    std::optional<ui::Program> m_program;
 };
+
+/// Throws if there are faults, which are told behind `what`.
+void demand_none(const QStringList& faults, const QString& what);
+
+/// The program's usual window.
+inline constexpr QSize usual_window(1366, 768);
 
 } // namespace tour
