@@ -34,14 +34,14 @@ protected:
     QString local() const { return frame::local_backup_folder(tree.settings, host.clock.date()); }
     static QStringList files(const QString& folder) { return QDir(folder).entryList(QDir::Files | QDir::Hidden); }
 
-    QString in_backup(size_t i) const {
+    std::string in_backup(size_t i) const {
         return tree.saved(live_files[i], shared() + u'/' + QFileInfo(live_files[i].path).fileName());
     }
-    void expect_in_backup(const QString& saved) const {
+    void expect_in_backup(const std::string& saved) const {
         for (size_t i = 0; i < live_files.size(); ++i)
             EXPECT_EQ(in_backup(i), saved) << i;
     }
-    void expect_live(const QString& saved) const {
+    void expect_live(const std::string& saved) const {
         for (const auto& live : live_files)
             EXPECT_EQ(tree.saved(live), saved) << live.path.toStdString();
     }
@@ -91,10 +91,10 @@ TEST_F(Backup, YesKeepsAGenerationAndCompactsTheLiveFiles) {
     EXPECT_TRUE(shared().endsWith(u"/comdata/data/bk/3"_s)) << "a Tuesday";
     EXPECT_EQ(files(shared()), all_files);
     EXPECT_EQ(files(local()), QStringList{u"losys.mdb"_s});
-    expect_in_backup(u"1 rows, 1 in all"_s);
-    expect_live(u"1 rows, 1 in all"_s);
+    expect_in_backup("1 rows, 1 in all");
+    expect_live("1 rows, 1 in all");
     EXPECT_LT(QFileInfo(live_files[0].path).size(), before);
-    EXPECT_EQ(tree.saved(live_files[3], local() + u"/losys.mdb"_s), u"1 rows, 1 in all"_s);
+    EXPECT_EQ(tree.saved(live_files[3], local() + u"/losys.mdb"_s), "1 rows, 1 in all");
     EXPECT_EQ(progress.first(), u"バックアップ中... rovdata.mdb 0/8"_s);
     EXPECT_EQ(progress.last(), u"バックアップ中... losys.mdb 7/8"_s);
 }
@@ -124,7 +124,7 @@ TEST_F(Backup, TheSameWeekdayAWeekLaterTakesThePlaceOfTheFolder) {
     host.clock = host.clock.addDays(7);
     run();
     EXPECT_EQ(files(shared()), all_files);
-    EXPECT_EQ(in_backup(0), u"2 rows, 3 in all"_s);
+    EXPECT_EQ(in_backup(0), "2 rows, 3 in all");
     host.clock = QDateTime(QDate(2004, 10, 10), QTime(9, 0));
     EXPECT_TRUE(shared().endsWith(u"/1"_s)) << "a Sunday";
     EXPECT_TRUE(local().endsWith(u"/rovena100/data/bk/1"_s));
@@ -155,20 +155,20 @@ TEST_F(Backup, AWholeOldGenerationStaysWhenANewOneCannotBeMade) {
         EXPECT_TRUE(host.shown[1].text.startsWith(u"バックアップできませんでした。"_s));
         EXPECT_TRUE(host.shown[1].text.contains(text)) << host.shown[1].text.toStdString();
         EXPECT_EQ(files(shared()), all_files);
-        expect_in_backup(u"1 rows, 1 in all"_s);
+        expect_in_backup("1 rows, 1 in all");
     };
     {
         Database writer = Database::open(live_files[2].path, Kind::Allsystem);
         const store::Transaction writing(writer);
         fails_with(u"書き込み中です"_s);
     }
-    expect_live(u"2 rows, 3 in all"_s);
+    expect_live("2 rows, 3 in all");
 
     QFile damaged(live_files[1].path);
     ASSERT_TRUE(damaged.open(QIODevice::ReadWrite) && damaged.seek(4096 * 5 + 100) && damaged.write("x") == 1);
     damaged.close();
     fails_with(u"comsys.mdb"_s);
-    EXPECT_EQ(tree.saved(live_files[0]), u"2 rows, 3 in all"_s);
+    EXPECT_EQ(tree.saved(live_files[0]), "2 rows, 3 in all");
     QFile::remove(live_files[1].path);
     fails_with(u"データベースがありません"_s);
 }
@@ -181,7 +181,7 @@ TEST_F(Backup, AReaderThatDoesNotEndOnlyKeepsItsFileFromBeingCompacted) {
     run();
     ASSERT_EQ(host.shown.size(), 2U);
     EXPECT_TRUE(host.shown[1].text.startsWith(u"バックアップはできましたが"_s)) << host.shown[1].text.toStdString();
-    expect_in_backup(u"1 rows, 1 in all"_s);
+    expect_in_backup("1 rows, 1 in all");
     EXPECT_EQ(QFileInfo(live_files[0].path).size(), before);
 }
 
@@ -212,7 +212,7 @@ TEST_F(Backup, AFullDiskAndAReadOnlyFolderAreToldAndChangeNothing) {
     ASSERT_EQ(host.shown.size(), 3U);
     for (const size_t i : {1U, 2U})
         EXPECT_TRUE(host.shown[i].text.contains(u"読み取り専用"_s)) << host.shown[i].text.toStdString();
-    expect_live(u"1 rows, 1 in all"_s);
+    expect_live("1 rows, 1 in all");
 }
 
 // Each backup is killed one change of a file later than the one before, from its first change to its last.
@@ -225,7 +225,7 @@ TEST_F(Backup, KilledAtEveryChangeOfAFileItLosesNothing) {
         killed = backup->exitStatus() == QProcess::CrashExit;
         cut_short += std::ranges::any_of(
             live_files, [](const auto& live) { return QFileInfo(live.path + u"-journal"_s).size() > 0; });
-        const QString saved = u"%1 rows, %2 in all"_s.arg(kills + 1).arg(sum);
+        const std::string saved = tree.rows(kills + 1, sum);
         expect_live(saved);
         for (const QString& file : files(shared())) {
             if (all_files.contains(file))
@@ -267,7 +267,7 @@ TEST_F(Backup, WhatTwoProgramsSaveMeanwhileIsThere) {
     EXPECT_GE(backups, 2);
     for (const auto& saver : savers)
         EXPECT_EQ(saver->exitCode(), 0);
-    const QString all = u"%1 rows, %2 in all"_s.arg(2 * each + 1).arg(1 + each * 3000 + each * (each - 1));
+    const std::string all = tree.rows(2 * each + 1, 1 + each * 3000 + each * (each - 1));
     EXPECT_EQ(tree.saved(live_files[0]), all);
     EXPECT_EQ(tree.saved(live_files[1]), all);
 }

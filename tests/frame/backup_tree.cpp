@@ -60,6 +60,10 @@ std::array<BackupTree::Live, 4> BackupTree::live_files(const frame::Settings& se
                 "select count(*), sum(データ) from losystem"}}};
 }
 
+std::string BackupTree::rows(qint64 count, qint64 sum) {
+    return std::to_string(count) + " rows, " + std::to_string(sum) + " in all";
+}
+
 void BackupTree::save(const Live& live, int number) {
     for (;;) {
         try {
@@ -74,9 +78,9 @@ void BackupTree::save(const Live& live, int number) {
     }
 }
 
-QString BackupTree::saved(const Live& live, const QString& path) {
+std::string BackupTree::saved(const Live& live, const QString& path) {
     Database database = store::open_checked(path, live.kind);
     store::Statement statement = database.prepare(live.saved);
     statement.step();
-    return u"%1 rows, %2 in all"_s.arg(statement.row().number(0)).arg(statement.row().number(1));
+    return rows(statement.row().number(0), statement.row().number(1));
 }

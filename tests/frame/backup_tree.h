@@ -27,9 +27,10 @@ public:
 
     /// Saves the number into the file as a screen does; once more where another program was in the way.
     static void save(const Live& live, int number);
-    /// "2 rows, 3 in all"; throws where the file isn't whole.
-    static QString saved(const Live& live, const QString& path);
-    static QString saved(const Live& live) { return saved(live, live.path); }
+    static std::string rows(qint64 count, qint64 sum); ///< "2 rows, 3 in all"
+    /// The same of a file; throws where the file isn't whole.
+    static std::string saved(const Live& live, const QString& path);
+    static std::string saved(const Live& live) { return saved(live, live.path); }
 
     QTemporaryDir folder;
     frame::Settings settings;
