@@ -20,6 +20,7 @@ BackupPanel::BackupPanel(QWidget& window) : QFrame(&window), m_text(new QLabel(t
     setAutoFillBackground(true);
     QPalette ground = palette();
     ground.setColor(QPalette::Window, QColor::fromRgb(colours::ground));
+    ground.setColor(QPalette::WindowText, QColor::fromRgb(colours::heading_line));
     setPalette(ground);
     letter(*m_text, Lettering::Section);
     m_bar->setTextVisible(false);
