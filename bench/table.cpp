@@ -1,7 +1,7 @@
 #include "bench/table.h"
 #include "bench/start.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -95,13 +95,14 @@ std::vector<char*> with_defaults(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    const QApplication application(argc, argv);
     std::vector<char*> arguments = with_defaults(argc, argv);
     int count = int(arguments.size());
     benchmark::Initialize(&count, arguments.data());
 
     std::vector<Line> lines;
-    for (const auto subject : {bench::setting_read, bench::month_load, bench::calculation, bench::apply})
+    for (const auto subject :
+        {bench::setting_read, bench::month_load, bench::calculation, bench::apply, bench::masters})
         for (const Line& line : subject())
             lines.push_back(line);
     LeastTimes times;

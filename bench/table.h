@@ -21,5 +21,6 @@ std::vector<Line> setting_read();
 std::vector<Line> month_load();
 std::vector<Line> calculation();
 std::vector<Line> apply();
+std::vector<Line> masters();
 
 } // namespace bench
