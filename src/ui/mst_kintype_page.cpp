@@ -30,6 +30,12 @@ void mst_kintype_page::show_form() {
     m_atai_com->refresh();
 }
 
+/// The keyboard stands on the first employee's type, so that Space or Enter opens the list there.
+void mst_kintype_page::showEvent(QShowEvent* event) {
+    MasterPage::showEvent(event);
+    m_hyou->setFocus(Qt::OtherFocusReason);
+}
+
 void mst_kintype_page::resizeEvent(QResizeEvent* event) {
     MasterPage::resizeEvent(event);
     show_form();

@@ -20,6 +20,7 @@ protected:
     masters::Screen& screen() override { return m_form; }
     void show_form() override;
     QWidget* control(masters::Focus) override { return m_atai_com; }
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
