@@ -8,6 +8,10 @@ namespace bench {
 
 inline constexpr int last_month = 202611; ///< yyyymm, the last with attendance
 
+/// Where companies are made, as a name for QTemporaryDir: in memory where the system offers it, since what is measured
+/// is work, not the disk's mood.
+QString temporary_place();
+
 /// A company of this size in a temporary folder, made on first use and kept until the program ends.
 frame::Settings& company(int employees, int months);
 

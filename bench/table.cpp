@@ -1,4 +1,5 @@
 #include "bench/table.h"
+#include "bench/reports.h"
 #include "bench/start.h"
 
 #include <QApplication>
@@ -101,12 +102,13 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&count, arguments.data());
 
     std::vector<Line> lines;
-    for (const auto subject :
-        {bench::setting_read, bench::month_load, bench::calculation, bench::apply, bench::masters})
+    for (const auto subject : {bench::setting_read, bench::month_load, bench::calculation, bench::apply, bench::masters,
+             bench::work_time_lists})
         for (const Line& line : subject())
             lines.push_back(line);
     LeastTimes times;
     benchmark::RunSpecifiedBenchmarks(&times);
     const bool all_met = print_table(lines, times);
-    return bench::print_start() && all_met ? 0 : 1;
+    const bool memory_met = bench::print_list_memory();
+    return bench::print_start() && memory_met && all_met ? 0 : 1;
 }

@@ -22,5 +22,6 @@ std::vector<Line> month_load();
 std::vector<Line> calculation();
 std::vector<Line> apply();
 std::vector<Line> masters();
+std::vector<Line> work_time_lists();
 
 } // namespace bench

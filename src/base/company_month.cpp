@@ -17,14 +17,17 @@ QDate start_of(int year, int month, int start_day) {
 
 } // namespace
 
+int valid_first_day(qint64 day) {
+    return day < 1 || day > 31 ? 1 : static_cast<int>(day);
+}
+
 int period_row(int day, int days_in_first_month, int month_start_day) {
     if (month_start_day == 1 || day == total_row)
         return day;
     return row_from_start(day, days_in_first_month, month_start_day);
 }
 
-CompanyMonth::CompanyMonth(int year, int month, int month_start_day)
-    : m_start_day(month_start_day < 1 || month_start_day > 31 ? 1 : month_start_day) {
+CompanyMonth::CompanyMonth(int year, int month, int month_start_day) : m_start_day(valid_first_day(month_start_day)) {
     m_first = start_of(year, month, m_start_day);
     const QDate next = QDate(year, month, 1).addMonths(1);
     m_length = static_cast<int>(m_first.daysTo(start_of(next.year(), next.month(), m_start_day)));

@@ -15,6 +15,9 @@ namespace base {
 
 inline constexpr int total_row = 32;
 
+/// The first day of the company month from what is set for it: 1 where that is outside 1 to 31.
+int valid_first_day(qint64 day);
+
 /// The sheet row of a day of the month, for a month whose first day exists in it. Day 32 is row 32.
 /// Start day 21 and a first month of 30 days: the 21st is row 1, the 30th row 10, the 1st row 11.
 int period_row(int day, int days_in_first_month, int month_start_day);

@@ -29,6 +29,8 @@ struct SortKey {
 SortKey key_of(const QString& cell, SortOrder order) {
     if (order == SortOrder::NumericAscending)
         return {false, Val(cell), {}};
+    if (order == SortOrder::TextAscending)
+        return {true, 0, cell};
     bool is_number = false;
     const qint64 number = cell.toLongLong(&is_number);
     return is_number ? SortKey{false, number, {}} : SortKey{true, 0, cell};
@@ -54,9 +56,10 @@ qsizetype Sheet::at(int row, int col) const {
 }
 
 void Sheet::setRows(int rows) {
+    if (rows < Rows())
+        m_looks.removeIf([rows](auto it) { return it.key() >> 32 >= rows; });
     m_row_heights.resize(rows, default_row_height);
     m_cells.resize(qsizetype(rows) * Cols());
-    m_looks.removeIf([rows](auto it) { return it.key() >> 32 >= rows; });
     setCursor(m_cursor);
 }
 
@@ -147,10 +150,13 @@ void Sheet::Sort(int col, SortOrder order) {
 
 /// The rows below the fixed ones become these, in this order.
 void Sheet::take_rows(const QList<int>& rows) {
-    QList<QString> sorted = m_cells;
-    for (qsizetype i = 0; i < rows.size(); ++i)
-        for (int c = 0; c < Cols(); ++c)
-            sorted[at(m_fixed_rows + static_cast<int>(i), c)] = m_cells[at(rows[i], c)];
+    QList<QString> sorted(m_cells.size());
+    const auto fixed = m_cells.begin() + qsizetype(m_fixed_rows) * Cols();
+    auto place = std::swap_ranges(m_cells.begin(), fixed, sorted.begin());
+    for (const int row : rows) {
+        const auto first = m_cells.begin() + qsizetype(row) * Cols();
+        place = std::swap_ranges(first, first + Cols(), place);
+    }
     m_cells.swap(sorted);
 }
 

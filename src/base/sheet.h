@@ -32,6 +32,7 @@ struct CellLook {
 enum class SortOrder {
     NumericAscending, ///< `Sort` 3: by Val of the column
     GenericAscending, ///< `Sort` 1: numbers by their value, then the other texts
+    TextAscending,    ///< `Sort` 1 where all is taken as text: "10" before "9"
 };
 
 struct Cell {

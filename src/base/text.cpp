@@ -20,6 +20,14 @@ QString 文字除去(QString text, QChar character) {
     return text.remove(character);
 }
 
+QString only_of(QStringView text, QStringView allowed) {
+    QString kept;
+    for (const QChar character : text)
+        if (allowed.contains(character))
+            kept += character;
+    return kept;
+}
+
 QString left_justified(QStringView text, int width) {
     return text.toString().leftJustified(width, u' ', true);
 }

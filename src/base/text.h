@@ -15,6 +15,9 @@ QString Trim(const QString& text); ///< shares the text where nothing is to be t
 /// Every occurrence of the character removed.
 QString 文字除去(QString text, QChar character);
 
+/// The characters of the text that are among the allowed ones.
+QString only_of(QStringView text, QStringView allowed); ///< only_of(u"11日", u"0123456789") // "11"
+
 /// The text in a field of exactly `width` characters, padded with blanks or cut.
 QString left_justified(QStringView text, int width);  ///< left_justified(u"公休", 4)  // "公休  "
 QString right_justified(QStringView text, int width); ///< right_justified(u"7", 3)    // "  7"

@@ -1,16 +1,11 @@
 #include "entry/cells.h"
 
+#include "base/month_look.h"
 #include "base/text.h"
 
 #include <algorithm>
 
 namespace entry {
-
-namespace {
-
-constexpr QStringView weekdays = u"日月火水木金土";
-
-}
 
 std::optional<int> category_column(const MonthSheet& sheet, int category) {
     for (int column = col::first_category; column < sheet.hyou.Cols(); ++column)
@@ -21,10 +16,6 @@ std::optional<int> category_column(const MonthSheet& sheet, int category) {
 
 int weekday_of(const MonthSheet& sheet, int r) {
     return std::max(0, static_cast<int>(weekdays.indexOf(sheet.hyou(r, col::weekday))));
-}
-
-QString weekday_text(int weekday) {
-    return weekdays.mid(weekday, 1).toString();
 }
 
 qint64 count_of(const QString& cell) {

@@ -21,9 +21,6 @@ std::optional<int> category_column(const MonthSheet& sheet, int category);
 /// The weekday of a day row, 0 Sunday to 6 Saturday, from the character in its column 1.
 int weekday_of(const MonthSheet& sheet, int r);
 
-/// The character of a weekday; 0 is Sunday.
-QString weekday_text(int weekday);
-
 /// The figure of a count cell: typed figures may carry group commas, and a negative one a sign.
 qint64 count_of(const QString& cell);
 

@@ -59,16 +59,6 @@ void set_rows(base::Sheet& hyou) {
     colour_total_row(hyou);
 }
 
-void set_day(base::Sheet& hyou, int r, QDate date) {
-    const int weekday = date.dayOfWeek() % 7;
-    hyou(r, col::day) = digits(date.day());
-    hyou(r, col::weekday) = weekday_text(weekday);
-    if (weekday == 0)
-        hyou.setFore(r, col::weekday, sunday_fore);
-    if (weekday == 6)
-        hyou.setFore(r, col::weekday, saturday_fore);
-}
-
 } // namespace
 
 void 書式設定(MonthSheet& sheet, const CompanyMonth& month) {
@@ -80,7 +70,7 @@ void 書式設定(MonthSheet& sheet, const CompanyMonth& month) {
     set_columns(sheet.hyou, hyou_columns);
     set_rows(sheet.hyou);
     for (int r = row::first_day; r <= month.length(); ++r)
-        set_day(sheet.hyou, r, month.day(r));
+        show_date(sheet.hyou, r, month.day(r));
 }
 
 void 書式設定_日(MonthSheet& sheet) {

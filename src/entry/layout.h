@@ -2,19 +2,16 @@
 
 // The empty sheets: rows, columns, headings, sizes and colours before an employee's month is read into them.
 
+#include "base/month_look.h"
 #include "entry/sheet.h"
 
 namespace entry {
 
-inline constexpr base::Rgb total_back{255, 200, 200};
 inline constexpr base::Rgb leave_back{255, 200, 200};
 inline constexpr base::Rgb holiday_work_back{200, 200, 255};
 inline constexpr base::Rgb white{255, 255, 255};
-inline constexpr base::Rgb sunday_fore{255, 0, 0};
-inline constexpr base::Rgb saturday_fore{0, 0, 255};
 
 inline constexpr int category_width = 1000;
-inline constexpr int strip_width = 814;
 
 /// Resets `hyou` and the hidden record to the empty month: its days, weekdays and total row. Category columns go.
 void 書式設定(MonthSheet& sheet, const base::CompanyMonth& month);

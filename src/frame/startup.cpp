@@ -1,5 +1,6 @@
 #include "frame/startup.h"
 
+#include "base/company_month.h"
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
@@ -87,8 +88,7 @@ void stg::read_shared_settings() {
     m_settings.special_soft = int_val(read(u"特別ソフト"_s));
     m_settings.server_name = Trim(read(u"サーバー名"_s));
     m_settings.forward_date = int_val(read(u"先付け日付"_s));
-    const int day = int_val(read(u"月初日付"_s, Run::End));
-    m_settings.month_start_day = day < 1 || day > 31 ? 1 : day;
+    m_settings.month_start_day = valid_first_day(Val(read(u"月初日付"_s, Run::End)));
 }
 
 void stg::load_eras() {

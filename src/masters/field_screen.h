@@ -9,15 +9,8 @@
 
 namespace masters {
 
-struct TextBox {
-    QString text;
-    bool lit = false; ///< has the keyboard: back colour `atai_back`, the whole text selected when it came
-};
-
 class FieldScreen : public Screen {
 public:
-    static constexpr base::Rgb atai_back{240, 240, 255};
-
     base::Sheet hyou;
     std::array<TextBox, 4> atai;
     bool toubotan_lit = false; ///< button 1 shows its "_b" picture

@@ -37,10 +37,10 @@ public:
 };
 
 struct PrintJob {
-    QString printer; ///< device name
-    QString name;    ///< document name of the job
+    QString printer;                                 ///< device name
+    QString name;                                    ///< document name of the job
     Orientation orientation = Orientation::Portrait; ///< always A4
-    QString report;  ///< title of the report, for the file name of the PDF printer
+    QString report;                                  ///< title of the report, for the file name of the PDF printer
 };
 
 /// Opens print jobs.

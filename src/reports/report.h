@@ -39,8 +39,8 @@ enum class Outcome { Done, Cancelled };
 /// What a tally works with besides the report.
 struct Work {
     frame::Session& session;
-    Progress progress;                     ///< may be empty
-    std::function<void()> print_employee;  ///< prints the sheet as it stands; report 4 with `print_flg`
+    Progress progress;                    ///< may be empty
+    std::function<void()> print_employee; ///< prints the sheet as it stands; report 4 with `print_flg`
 };
 
 } // namespace reports

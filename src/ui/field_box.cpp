@@ -1,16 +1,18 @@
 #include "ui/field_box.h"
 
-#include "masters/field_screen.h"
+#include "frame/screen.h"
 #include "ui/cell_editor.h"
 #include "ui/colours.h"
 #include "ui/key_codes.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 #include <utility>
 
 namespace ui {
 
-FieldBox::FieldBox(FieldText text, FieldActs acts, QWidget* parent) : QLineEdit(parent), m_acts(std::move(acts)) {
+FieldBox::FieldBox(FieldText text, FieldActs acts, QWidget* parent)
+    : QLineEdit(parent), m_kind(text), m_acts(std::move(acts)) {
     setAttribute(Qt::WA_InputMethodEnabled, text == FieldText::Words);
     setInputMethodHints(text == FieldText::Words ? Qt::ImhNone : Qt::ImhPreferLatin | Qt::ImhNoPredictiveText);
     setMinimumHeight(30);
@@ -19,8 +21,11 @@ FieldBox::FieldBox(FieldText text, FieldActs acts, QWidget* parent) : QLineEdit(
 }
 
 void FieldBox::show_text(const QString& shown) {
-    if (text() != shown)
-        setText(shown);
+    if (text() == shown)
+        return;
+    const auto cursor = cursorPosition() - (text().size() - shown.size());
+    setText(shown);
+    setCursorPosition(std::max(0, int(cursor)));
 }
 
 void FieldBox::keyPressEvent(QKeyEvent* event) {
@@ -41,9 +46,9 @@ void FieldBox::focusInEvent(QFocusEvent* event) {
         return;
     m_clicked_into = event->reason() == Qt::MouseFocusReason;
     tint(true);
-    selectAll();
     if (m_acts.GotFocus)
         m_acts.GotFocus();
+    select_text();
 }
 
 void FieldBox::focusOutEvent(QFocusEvent* event) {
@@ -56,8 +61,15 @@ void FieldBox::focusOutEvent(QFocusEvent* event) {
         m_acts.LostFocus();
 }
 
+void FieldBox::select_text() {
+    if (m_kind == FieldText::Time)
+        setSelection(int(text().size()), -int(text().size()));
+    else
+        selectAll();
+}
+
 void FieldBox::tint(bool lit) {
-    const base::Rgb back = masters::FieldScreen::atai_back;
+    const base::Rgb back = frame::TextBox::lit_back;
     QPalette own = palette();
     own.setColor(QPalette::Base, lit ? QColor(back.red, back.green, back.blue) : QColor::fromRgb(colours::ground));
     setPalette(own);

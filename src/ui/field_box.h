@@ -1,6 +1,7 @@
 #pragma once
 
-// FieldBox: a text box of a master beside its list. With the keyboard it is tinted and its whole text selected.
+// FieldBox: a text box of a form. With the keyboard it is tinted and its whole text selected, so that typing replaces
+// it.
 
 #include <QLineEdit>
 #include <functional>
@@ -15,15 +16,16 @@ struct FieldActs {
     std::function<void()> LostFocus = {};
 };
 
-/// What is typed into a box: names and readings need the input method, numbers don't.
-enum class FieldText { Words, Number };
+/// What is typed into a box: names and readings need the input method, numbers don't. In a box of a time the cursor
+/// stands before the text.
+enum class FieldText { Words, Number, Time };
 
 class FieldBox : public QLineEdit {
     Q_OBJECT
 public:
     FieldBox(FieldText text, FieldActs acts, QWidget* parent);
 
-    /// Takes over a text that isn't what the box shows.
+    /// Takes over a text that isn't what the box shows. Where the form dropped what was typed, the cursor stays.
     void show_text(const QString& text);
 
 protected:
@@ -34,7 +36,9 @@ protected:
 
 private:
     void tint(bool lit);
+    void select_text();
 
+    FieldText m_kind;
     FieldActs m_acts;
     bool m_clicked_into = false; ///< the click that brings the keyboard leaves the text selected
 };

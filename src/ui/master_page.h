@@ -19,7 +19,7 @@ class GridView;
 enum class CursorStyle;
 
 /// How many of the buttons 0 to 2 a page has: leave, register, delete.
-enum class MasterButtons { LeaveOnly = 1, All = 3 };
+enum class MasterButtons { LeaveOnly = 1, LeaveAndRegister = 2, All = 3 };
 
 /// What a page is called: its form's name, for its help, and its caption.
 struct MasterName {

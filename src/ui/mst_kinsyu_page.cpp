@@ -1,6 +1,5 @@
 #include "ui/mst_kinsyu_page.h"
 
-#include "masters/field_screen.h"
 #include "ui/grid_view.h"
 
 namespace ui {
@@ -10,8 +9,7 @@ mst_kinsyu_page::mst_kinsyu_page(frame::Session& session, QWidget* parent)
     m_form.Form_Load();
     m_hyou = master_grid(m_form.hyou, CursorStyle::Cell, "hyou", this);
     m_atai = new CellEditor(*m_hyou, m_form.atai,
-        editor_acts(m_form, [this](const QString& text) { m_form.atai_Change(text); }),
-        masters::FieldScreen::atai_back);
+        editor_acts(m_form, [this](const QString& text) { m_form.atai_Change(text); }), frame::TextBox::lit_back);
     connect_sheet(*m_hyou, m_form);
     hold_width(*m_hyou);
     body()->addWidget(m_hyou);

@@ -3,6 +3,7 @@
 #include "frame/menus.h"
 #include "ui/ent_rovena_page.h"
 #include "ui/menu_page.h"
+#include "ui/mst_kihon_page.h"
 #include "ui/mst_kinjikan_page.h"
 #include "ui/mst_kinsyu_page.h"
 #include "ui/mst_kintype_page.h"
@@ -55,6 +56,7 @@ constexpr PageRow table[]{
     {frame::Page::mst_kinsyu, make_master<mst_kinsyu_page, frame::Page::mst_kinsyu>},
     {frame::Page::mst_kinjikan, make_master<mst_kinjikan_page, frame::Page::mst_kinjikan>},
     {frame::Page::mst_kintype, make_master<mst_kintype_page, frame::Page::mst_kintype>},
+    {frame::Page::mst_kihon, make_master<mst_kihon_page, frame::Page::mst_kihon>},
 };
 
 } // namespace

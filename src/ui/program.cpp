@@ -27,25 +27,27 @@ void fit_to_screen(QWidget& window) {
 
 } // namespace
 
-Program::Program(platform::Host& host, QString program_folder)
+Program::Program(platform::Host& host, QString program_folder, quint16 turn_port)
     : m_host(host), m_program_folder(std::move(program_folder)), m_tables(m_settings),
-      m_link(m_settings, host,
+      m_link(
+          m_settings, host,
           [this](const QString& mark) {
               if (m_window)
                   m_window->form().show_link_state(mark);
-          }),
+          },
+          turn_port),
       m_session{m_settings, host, m_tables, m_link} {}
 
 int Program::start() {
     const auto failed = [this](const QString& text) {
         m_window.reset();
+        m_wizard.reset();
         m_host.tell(text, error_title.toString());
         return EXIT_FAILURE;
     };
     try {
         Splash splash(m_settings);
-        if (start_up(splash))
-            show_window();
+        show(start_up(splash));
         return EXIT_SUCCESS;
     } catch (const store::Error& error) {
         return failed(error.text());
@@ -56,11 +58,24 @@ int Program::start() {
     }
 }
 
-bool Program::start_up(Splash& splash) {
+frame::Start Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
     splash.show();
-    // The first start leads to the main frame as well: its masters can be filled there.
-    return stg.Form_Activate() != frame::Start::End;
+    return stg.Form_Activate();
+}
+
+void Program::show(frame::Start start) {
+    if (start == frame::Start::fir_start)
+        show_wizard();
+    else if (start == frame::Start::mainform)
+        show_window();
+}
+
+void Program::show_wizard() {
+    m_wizard = std::make_unique<fir_start_window>(m_session, m_program_folder);
+    m_wizard->adjustSize();
+    m_wizard->move(m_wizard->screen()->availableGeometry().center() - m_wizard->rect().center());
+    m_wizard->show();
 }
 
 void Program::show_window() {

@@ -1,11 +1,14 @@
 #pragma once
 
-// Everything that one run of the desktop program owns: the settings, the settings tables, the turn link and the main
-// window. The desktop is given to it, so that a test can run the same program over a desktop of its own.
+// Everything that one run of the desktop program owns: the settings, the settings tables, the turn link and the window:
+// on the first start of the product on its data the wizard, on every later one the main frame. The desktop is given to
+// it, so that a test can run the same program over a desktop of its own.
 
 #include "frame/settings.h"
+#include "frame/startup.h"
 #include "frame/turn_link.h"
 #include "store/setting_tables.h"
+#include "ui/fir_start_window.h"
 #include "ui/main_window.h"
 
 #include <memory>
@@ -17,19 +20,22 @@ class Splash;
 class Program {
 public:
     /// `program_folder` is the folder that the program runs from. Nothing is read yet. QApplication must exist.
-    Program(platform::Host& host, QString program_folder);
+    Program(platform::Host& host, QString program_folder, quint16 turn_port = frame::turn_port);
 
-    /// Start-up with its splash, up to the main window. Returns the exit status: 0 when the window is there, or when
-    /// the person gave up on the share (see running()); 1 after an error, which has been told.
+    /// Start-up with its splash, up to the window. Returns the exit status: 0 when a window is there, or when the
+    /// person gave up on the share (see running()); 1 after an error, which has been told.
     int start();
 
-    /// Whether the main window is there.
-    bool running() const { return m_window != nullptr; }
+    /// Whether a window is there: the main frame or the wizard.
+    bool running() const { return m_window || m_wizard; }
     MainWindow& window() { return *m_window; }
+    fir_start_window* wizard() const { return m_wizard.get(); } ///< null but on the first start
     frame::Session& session() { return m_session; }
 
 private:
-    bool start_up(Splash& splash);
+    frame::Start start_up(Splash& splash);
+    void show(frame::Start start);
+    void show_wizard();
     void show_window();
 
     platform::Host& m_host;
@@ -39,6 +45,7 @@ private:
     frame::TurnLink m_link;
     frame::Session m_session;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<fir_start_window> m_wizard;
 };
 
 } // namespace ui

@@ -41,6 +41,8 @@ constexpr Letters letters_of(Lettering as) {
     switch (as) {
     case Lettering::Heading:
         return {20, QFont::Bold, colours::heading_text};
+    case Lettering::Section:
+        return {15, QFont::Bold, colours::heading_text};
     case Lettering::Comment:
         return {13, QFont::Normal, colours::text};
     case Lettering::Mark:

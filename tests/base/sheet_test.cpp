@@ -56,6 +56,8 @@ TEST(Sheet, SortingLeavesTheHeadingAndKeepsEqualRowsInOrder) {
             s(r, c) = rows[r][c];
     s.Sort(0, SortOrder::GenericAscending);
     EXPECT_EQ((s(0, 1) + s(1, 1) + s(2, 1) + s(3, 1) + s(4, 1)), u"bdac"_s);
+    s.Sort(0, SortOrder::TextAscending);
+    EXPECT_EQ((s(1, 1) + s(2, 1) + s(3, 1) + s(4, 1)), u"abdc"_s) << "10 before 9";
     s.Sort(0, SortOrder::NumericAscending);
     EXPECT_EQ((s(1, 1) + s(2, 1) + s(3, 1) + s(4, 1)), u"cbda"_s) << "text counts as 0";
 }

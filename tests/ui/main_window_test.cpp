@@ -97,8 +97,8 @@ TEST_F(MainWindowTest, AButtonShowsItsOtherPictureWhilePressedAndWorksByKeyboard
 
 TEST_F(MainWindowTest, ButtonsOfPagesThatAreNotThereLeaveTheMenu) {
     start();
-    const QStringList there{
-        u"閉じる"_s, u"社員"_s, u"勤務種類"_s, u"勤務タイプ時間設定"_s, u"社員勤務タイプ設定"_s, u"休暇・出勤"_s};
+    const QStringList there{u"閉じる"_s, u"社員"_s, u"勤務種類"_s, u"勤務タイプ時間設定"_s, u"社員勤務タイプ設定"_s,
+        u"システム"_s, u"休暇・出勤"_s};
     for (const auto& [top, page] : {std::pair(u"集計表"_s, Page::rov_00), {u"マスター"_s, Page::mst_00}}) {
         open(top);
         QWidget& menu = *pages().page(page);

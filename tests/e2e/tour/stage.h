@@ -12,7 +12,7 @@ namespace tour {
 
 /// The company over whose install tree a stage is walked.
 enum class Company {
-    New,    ///< nothing but what the installer delivers: every master is empty
+    New,    ///< nothing but what the installer delivers: the program has never started on it
     Sample, ///< a made-up company with attendance
 };
 
@@ -27,6 +27,7 @@ struct Stage {
 
 std::span<const Stage> stages();
 
+void answer_wizard(Tour& tour);  ///< the first start, up to the main frame of the second one
 void see_menus(Tour& tour);      ///< the main frame and its menus
 void fill_masters(Tour& tour);   ///< types every master that attendance needs, and says in `tour.company` what it typed
 void enter_month(Tour& tour);    ///< types a month, saves it and reads it back

@@ -5,6 +5,7 @@ namespace tour {
 namespace {
 
 constexpr Stage table[] = {
+    {u"wizard", Company::New, usual_percent, answer_wizard},
     {u"masters", Company::New, usual_percent, fill_masters},
     {u"month", Company::New, usual_percent, enter_month},
     {u"leaving", Company::New, usual_percent, leave_program},

@@ -18,7 +18,8 @@ void Tour::start() {
     m_program.emplace(m_host, m_root);
     const int status = m_program->start();
     demand(status == 0 && m_program->running(), u"the program doesn't start: "_s + m_boxes.unexpected().join(u' '));
-    resize_window(usual_window);
+    if (!m_program->wizard())
+        resize_window(usual_window);
 }
 
 void Tour::resize_window(QSize size) {
@@ -27,10 +28,10 @@ void Tour::resize_window(QSize size) {
     QTest::qWait(0);
 }
 
-void Tour::picture(const QString& name) {
+void Tour::picture_of(QWidget& window, const QString& name) {
     demand_none(m_boxes.unexpected(), u"a message that nobody awaited"_s);
     QTest::qWait(0);
-    m_pictures.take(m_program->window(), name);
+    m_pictures.take(window, name);
 }
 
 QDate Tour::month() {

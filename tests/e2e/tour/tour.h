@@ -34,7 +34,7 @@ public:
 
     KnownCompany company;
 
-    /// Starts the program, unless it runs, in a window of the usual size.
+    /// Starts the program, unless it runs; the main frame in its usual size.
     void start();
     /// The program ends as its last window would end it, without being asked.
     void end() { m_program.reset(); }
@@ -47,7 +47,8 @@ public:
 
     void resize_window(QSize size);
     /// A picture of the window. Throws if a message has come that nobody awaited.
-    void picture(const QString& name);
+    void picture(const QString& name) { picture_of(m_program->window(), name); }
+    void picture_of(QWidget& window, const QString& name);
 
     /// The month that a tour types: the first of a calendar month in which nobody has attendance yet.
     QDate month();

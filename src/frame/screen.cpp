@@ -1,8 +1,8 @@
-#include "masters/screen.h"
+#include "frame/screen.h"
 
 #include "store/files.h"
 
-namespace masters {
+namespace frame {
 
 void Screen::botan_Click(int element) {
     if (busy)
@@ -19,4 +19,4 @@ store::Database Screen::open_rovdata() const {
     return store::Database::open(store::rovdata_path(m_session.settings), store::Kind::Rovdata);
 }
 
-} // namespace masters
+} // namespace frame

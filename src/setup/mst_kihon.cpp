@@ -1,0 +1,110 @@
+#include "setup/mst_kihon.h"
+
+#include "base/company_month.h"
+#include "base/keys.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "base/text.h"
+
+namespace setup {
+
+using namespace base;
+using store::Run;
+
+namespace {
+
+constexpr QStringView special_soft_key = u"特別ソフト";
+
+QString key(mst_kihon::Element element) {
+    return mst_kihon::Tag[element].toString();
+}
+
+} // namespace
+
+void mst_kihon::基本マスター呼出() {
+    load_shared();
+    load_of_this_pc();
+    waseireki = Val(atai[date_style].text) == 0 ? 0 : 1;
+    ck = Val(atai[net_info].text) == 1;
+    if (!prconb.items.isEmpty())
+        prconb.select(atai[printer].text);
+}
+
+void mst_kihon::load_shared() {
+    store::SettingTables& tables = m_session.tables;
+    atai[date_style].text = tables.設定読込(u"kihon"_s, key(date_style), Run::Begin);
+    m_session.settings.special_soft = int_val(tables.設定読込(u"kihon"_s, special_soft_key.toString(), Run::End));
+}
+
+void mst_kihon::load_of_this_pc() {
+    const auto read = [this](Element element, Run run = Run::Continue) {
+        return m_session.tables.設定読込(u"losystem"_s, key(element), run);
+    };
+    const qint64 day = Val(read(first_day, Run::Begin));
+    atai[first_day].text = day == 0 ? u"1"_s : digits(day);
+    atai[printer].text = Trim(read(printer));
+    atai[offset_y].text = digits(Val(read(offset_y)));
+    atai[offset_x].text = digits(Val(read(offset_x)));
+    atai[net_info].text = read(net_info, Run::End);
+}
+
+void mst_kihon::基本情報マスター登録_転記() {
+    atai[date_style].text = waseireki == 0 ? u"0"_s : u"1"_s;
+    atai[net_info].text = ck ? u"1"_s : u"0"_s;
+    atai[first_day].text = digits(valid_first_day(Val(atai[first_day].text)));
+}
+
+void mst_kihon::基本情報マスター登録() {
+    write_shared();
+    write_of_this_pc();
+    msglab = u"登録終了"_s;
+}
+
+/// `特別ソフト` can't be changed here: what was loaded is written back.
+void mst_kihon::write_shared() {
+    store::SettingTables& tables = m_session.tables;
+    tables.設定書込(u"kihon"_s, key(date_style), atai[date_style].text, Run::Begin);
+    tables.設定書込(u"kihon"_s, special_soft_key.toString(), digits(m_session.settings.special_soft), Run::Continue);
+    tables.設定書込(u"kihon"_s, key(first_day), atai[first_day].text, Run::End);
+}
+
+void mst_kihon::write_of_this_pc() {
+    const auto write = [this](Element element, Run run) {
+        m_session.tables.設定書込(u"losystem"_s, key(element), atai[element].text, run);
+    };
+    write(printer, Run::Begin);
+    write(offset_y, Run::Continue);
+    write(offset_x, Run::Continue);
+    write(net_info, Run::End);
+}
+
+void mst_kihon::Form_Load() {
+    prconb.fill(m_session.host);
+    基本マスター呼出();
+}
+
+void mst_kihon::prconb_Click(int item) {
+    prconb.index = item;
+    atai[printer].text = prconb.text();
+}
+
+void mst_kihon::atai_Change(int element, const QString& typed) {
+    atai[element].text = field_text(only_of(typed, u"0123456789-"));
+}
+
+bool mst_kihon::atai_KeyDown(int element, int key_code) {
+    if (element != offset_y || key_code != key::enter)
+        return false;
+    focus = frame::Focus{frame::Control::Atai, offset_x};
+    return true;
+}
+
+void mst_kihon::press(int element) {
+    if (element != 1)
+        return;
+    基本情報マスター登録_転記();
+    基本情報マスター登録();
+    m_session.settings.date_style = waseireki;
+}
+
+} // namespace setup

@@ -1,0 +1,139 @@
+#include "ui/mst_kihon_page.h"
+
+#include "base/literals.h"
+#include "ui/panel.h"
+#include "ui/printer_box.h"
+
+#include <QGridLayout>
+#include <QRadioButton>
+
+namespace ui {
+
+using namespace base;
+using Form = setup::mst_kihon;
+
+namespace {
+
+constexpr int page_width = 760;
+constexpr int label_width = 140;
+constexpr int number_width = 72;
+constexpr int printer_width = 360;
+
+/// The rows of a panel: a label, and the controls behind it.
+class Rows {
+public:
+    Rows(Panel& panel, QGridLayout* grid) : m_panel(panel), m_grid(grid) {
+        grid->setColumnMinimumWidth(0, label_width);
+        grid->setColumnStretch(1, 1);
+        grid->setVerticalSpacing(10);
+        panel.body()->addLayout(grid);
+    }
+
+    void add(QStringView label, QLayout* controls) {
+        const int row = m_grid->rowCount();
+        if (!label.isEmpty())
+            m_grid->addWidget(master_label(label, &m_panel), row, 0);
+        m_grid->addLayout(controls, row, 1);
+    }
+
+private:
+    Panel& m_panel;
+    QGridLayout* m_grid;
+};
+
+QHBoxLayout* in_a_row(std::initializer_list<QWidget*> controls) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(10);
+    for (QWidget* control : controls)
+        row->addWidget(control);
+    row->addStretch();
+    return row;
+}
+
+} // namespace
+
+mst_kihon_page::mst_kihon_page(frame::Session& session, QWidget* parent)
+    : MasterPage(session, {u"mst_kihon", Form::caption}, MasterButtons::LeaveAndRegister, parent), m_form(session),
+      m_waseireki(new QButtonGroup(this)), m_msglab(master_note(this)) {
+    m_form.Form_Load();
+    auto* column = new QVBoxLayout;
+    column->setSpacing(14);
+    column->addWidget(make_shared());
+    column->addWidget(make_of_this_pc());
+    column->addStretch();
+    body()->addLayout(column);
+    body()->addStretch(1);
+    add_foot(m_msglab);
+    refresh();
+}
+
+mst_kihon_page::~mst_kihon_page() {
+    take_down();
+}
+
+QWidget* mst_kihon_page::make_shared() {
+    auto* panel = new Panel(u"すべてのパソコンに共通"_s, this);
+    panel->setFixedWidth(page_width);
+    Rows rows(*panel, new QGridLayout);
+    rows.add(u"日付の表示", make_waseireki());
+    rows.add(Form::Tag[Form::first_day], in_a_row({make_atai(Form::first_day, Form::Tag[Form::first_day]),
+                                             master_label(Form::first_day_notes[0], panel)}));
+    rows.add({}, in_a_row({master_label(Form::first_day_notes[1], panel)}));
+    return panel;
+}
+
+QWidget* mst_kihon_page::make_of_this_pc() {
+    auto* panel = new Panel(u"このパソコン"_s, this);
+    panel->setFixedWidth(page_width);
+    m_prconb = new PrinterBox([this](int item) { act([&] { m_form.prconb_Click(item); }); }, panel);
+    m_prconb->setFixedWidth(printer_width);
+    Rows rows(*panel, new QGridLayout);
+    rows.add(u"プリンター", in_a_row({m_prconb}));
+    rows.add(Form::offset_label, in_a_row({master_label(u"縦", panel), make_atai(Form::offset_y, u"印刷位置調整 縦"),
+                                     master_label(u"横", panel), make_atai(Form::offset_x, u"印刷位置調整 横")}));
+    m_ck = new QCheckBox(Form::ck_caption.toString(), panel);
+    connect(m_ck, &QCheckBox::clicked, this, [this](bool ticked) { act([&] { m_form.ck_Click(ticked); }); });
+    rows.add(u"お知らせ", in_a_row({m_ck}));
+    return panel;
+}
+
+QLayout* mst_kihon_page::make_waseireki() {
+    auto* row = in_a_row({});
+    for (int element = 0; element < 2; ++element) {
+        auto* button = new QRadioButton(Form::waseireki_captions[element].toString(), this);
+        m_waseireki->addButton(button, element);
+        row->insertWidget(element, button);
+    }
+    connect(m_waseireki, &QButtonGroup::idClicked, this,
+        [this](int element) { act([&] { m_form.waseireki_Click(element); }); });
+    return row;
+}
+
+FieldBox* mst_kihon_page::make_atai(int element, QStringView name) {
+    m_atai[element] = new FieldBox(FieldText::Number,
+        {.Change = [this, element](const QString& typed) { act([&] { m_form.atai_Change(element, typed); }); },
+            .KeyDown =
+                [this, element](int code) {
+                    bool moved = false;
+                    act([&] { moved = m_form.atai_KeyDown(element, code); });
+                    return moved;
+                },
+            .GotFocus = [this, element] { m_form.atai_GotFocus(element); },
+            .LostFocus = [this, element] { m_form.atai_LostFocus(element); }},
+        this);
+    m_atai[element]->setFixedWidth(number_width);
+    m_atai[element]->setAccessibleName(name.toString());
+    return m_atai[element];
+}
+
+void mst_kihon_page::show_form() {
+    m_waseireki->button(m_form.waseireki)->setChecked(true);
+    m_ck->setChecked(m_form.ck);
+    m_prconb->show_list(m_form.prconb, m_form.atai[Form::printer].text);
+    for (size_t element = 0; element < m_atai.size(); ++element)
+        if (m_atai[element])
+            m_atai[element]->show_text(m_form.atai[element].text);
+    m_msglab->setText(m_form.msglab);
+}
+
+} // namespace ui

@@ -1,0 +1,108 @@
+#include "setup/mst_kihon.h"
+
+#include "base/keys.h"
+#include "setup/company.h"
+#include "store/error.h"
+
+namespace setup {
+
+namespace {
+
+struct Loaded : mst_kihon {
+    explicit Loaded(frame::Session& session) : mst_kihon(session) { Form_Load(); }
+    void save() { botan_Click(1); }
+};
+
+using BasicSettings = Company;
+
+} // namespace
+
+TEST_F(BasicSettings, ShowsWhatIsStored) {
+    set_shared(u"和西暦表示"_s, u"1"_s);
+    set_shared(u"特別ソフト"_s, u"3"_s);
+    set_of_this_pc(u"プリンター１"_s, u" PDF "_s);
+    set_of_this_pc(u"プリンター１Ｙ"_s, u"-2mm"_s);
+    set_of_this_pc(u"ネット情報"_s, u"1"_s);
+    const Loaded form(session);
+    EXPECT_EQ(form.waseireki, 1);
+    EXPECT_EQ(tree.settings.special_soft, 3) << "refreshed here";
+    EXPECT_EQ(form.prconb.text(), u"PDF"_s);
+    EXPECT_EQ(form.atai[mst_kihon::offset_y].text, u"-2"_s);
+    EXPECT_EQ(form.atai[mst_kihon::offset_x].text, u"0"_s);
+    EXPECT_TRUE(form.ck);
+}
+
+TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
+    set_shared(u"月初日付"_s, u"21"_s);
+    Loaded form(session);
+    EXPECT_EQ(form.atai[mst_kihon::first_day].text, u"1"_s);
+    tree.settings.month_start_day = 21;
+    form.save();
+    EXPECT_EQ(shared(u"月初日付"_s), u"1"_s);
+    EXPECT_EQ(of_this_pc(u"月初日付"_s), QString());
+    EXPECT_EQ(tree.settings.month_start_day, 21) << "until the next start";
+
+    set_of_this_pc(u"月初日付"_s, u"16"_s);
+    EXPECT_EQ(Loaded(session).atai[mst_kihon::first_day].text, u"16"_s);
+    for (const auto& [typed, stored] :
+        {std::pair(u"0"_s, u"1"_s), {u"32"_s, u"1"_s}, {u"31"_s, u"31"_s}, {u"-5"_s, u"1"_s}, {u"1日0"_s, u"10"_s}}) {
+        form.atai_Change(mst_kihon::first_day, typed);
+        form.save();
+        EXPECT_EQ(shared(u"月初日付"_s), stored) << typed.toStdString();
+    }
+}
+
+TEST_F(BasicSettings, ASaveWritesEachSettingUnderItsKeyAndTheDisplayChangesAtOnce) {
+    set_shared(u"特別ソフト"_s, u"1"_s);
+    Loaded form(session);
+    form.waseireki_Click(1);
+    form.ck_Click(true);
+    form.prconb_Click(1);
+    form.atai_Change(mst_kihon::offset_y, u"-3"_s);
+    form.atai_Change(mst_kihon::offset_x, u"4 mm"_s);
+    form.save();
+    EXPECT_EQ(form.msglab, u"登録終了"_s);
+    EXPECT_EQ(tree.settings.date_style, 1);
+    for (const auto& [key, value] :
+        {std::pair(u"和西暦表示"_s, u"1"_s), {u"特別ソフト"_s, u"1"_s}, {u"月初日付"_s, u"1"_s}})
+        EXPECT_EQ(shared(key), value) << key.toStdString();
+    for (const auto& [key, value] : {std::pair(u"プリンター１"_s, u"PDF"_s), {u"プリンター１Ｙ"_s, u"-3"_s},
+             {u"プリンター１Ｘ"_s, u"4"_s}, {u"ネット情報"_s, u"1"_s}, {u"システム番号"_s, u""_s}})
+        EXPECT_EQ(of_this_pc(key), value) << key.toStdString();
+    form.waseireki_Click(0);
+    form.ck_Click(false);
+    form.save();
+    EXPECT_EQ(shared(u"和西暦表示"_s) + of_this_pc(u"ネット情報"_s), u"00"_s);
+    EXPECT_EQ(tree.settings.date_style, 0);
+}
+
+TEST_F(BasicSettings, APrinterThatIsGoneStaysStoredAndSelectsNothing) {
+    set_of_this_pc(u"プリンター１"_s, u"Old printer"_s);
+    Loaded form(session);
+    EXPECT_EQ(form.prconb.index, -1);
+    form.save();
+    EXPECT_EQ(of_this_pc(u"プリンター１"_s), u"Old printer"_s);
+}
+
+TEST_F(BasicSettings, LeavingDiscardsWhatWasTyped) {
+    set_of_this_pc(u"プリンター１Ｙ"_s, u"2"_s);
+    Loaded form(session);
+    form.atai_Change(mst_kihon::offset_y, u"9"_s);
+    form.waseireki_Click(1);
+    form.botan_Click(0);
+    EXPECT_TRUE(form.close_wanted);
+    EXPECT_EQ(of_this_pc(u"プリンター１Ｙ"_s), u"2"_s);
+    EXPECT_EQ(tree.settings.date_style, 0);
+}
+
+TEST_F(BasicSettings, EnterLeadsFromOneOffsetToTheOther) {
+    Loaded form(session);
+    form.focus.reset();
+    EXPECT_FALSE(form.atai_KeyDown(mst_kihon::first_day, key::enter));
+    EXPECT_FALSE(form.atai_KeyDown(mst_kihon::offset_x, key::enter));
+    EXPECT_EQ(form.focus, std::nullopt);
+    EXPECT_TRUE(form.atai_KeyDown(mst_kihon::offset_y, key::enter));
+    EXPECT_EQ(form.focus, (frame::Focus{frame::Control::Atai, mst_kihon::offset_x}));
+}
+
+} // namespace setup

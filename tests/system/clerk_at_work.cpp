@@ -1,0 +1,104 @@
+#include "clerk_at_work.h"
+
+#include "base/company_month.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "e2e/road/clerk.h"
+#include "support/person.h"
+#include "ui/program.h"
+#include "ui/qt_host.h"
+#include "ui/style.h"
+
+#include <cstdio>
+#include <random>
+
+namespace whole {
+
+using namespace base;
+
+namespace {
+
+/// Boxes that open are answered at once and counted.
+class Desk : public ui::QtHost {
+public:
+    platform::Answer ask(const QString& text, const QString&, platform::Buttons) override {
+        ++told;
+        std::fprintf(stderr, "told: %s\n", qPrintable(text));
+        return platform::Answer::Ok;
+    }
+    int told = 0;
+};
+
+Desk& desk() {
+    static Desk only;
+    return only;
+}
+
+void say(const QString& line) {
+    std::printf("%s\n", qPrintable(line));
+    std::fflush(stdout);
+}
+
+class Worker {
+public:
+    Worker(ui::Program& program, const PlaceOfWork& place)
+        : m_clerk(program.window()), m_place(place), m_random(unsigned(place.seed)) {}
+
+    void save_some_days() {
+        open(some(0, 2) > 0 ? m_place.own_row : m_place.shared_row);
+        for (int day = some(1, 3); day > 0; --day)
+            type_day(some(1, 31));
+        const int told = desk().told;
+        m_clerk.press_button(u"登録"_s);
+        say(QString::fromLatin1(desk().told == told ? say_ok : say_refused));
+    }
+
+private:
+    int some(int first, int last) { return std::uniform_int_distribution(first, last)(m_random); }
+
+    void open(int employee_row) {
+        m_clerk.press_button(u"出勤入力"_s);
+        m_clerk.choose_month(2026, 10);
+        m_clerk.choose_employee(employee_row);
+    }
+
+    void type_day(int row) {
+        const entry::ent_rovena& form = m_clerk.entry().form();
+        const int clock_in = some(6, 9) * 100 + some(0, 59);
+        say(u"%1 %2 %3 %4"_s.arg(QString::fromLatin1(say_try), form.syainsyscd)
+                .arg(form.sheet.month.posting_key(row))
+                .arg(clock_in));
+        support::click_cell(*m_clerk.entry().controls().hyou, row, entry::col::clock_in);
+        support::type(u"%1 Enter 1730 Enter"_s.arg(clock_in));
+    }
+
+    e2e::Clerk m_clerk;
+    const PlaceOfWork& m_place;
+    std::mt19937 m_random;
+};
+
+} // namespace
+
+QStringList PlaceOfWork::arguments() const {
+    return {u"--clerk"_s, program_folder, digits(turn_port), digits(own_row), digits(shared_row), digits(seconds),
+        digits(seed)};
+}
+
+PlaceOfWork PlaceOfWork::of(const QStringList& arguments) {
+    const auto number = [&](int at) { return arguments.value(at).toInt(); };
+    return {arguments.value(0), number(1), number(2), number(3), number(4), number(5)};
+}
+
+int work(const PlaceOfWork& place) {
+    ui::Program program(desk(), place.program_folder, quint16(place.turn_port));
+    if (program.start() != 0 || !program.running())
+        return 1;
+    program.window().resize(1366, 768);
+    QApplication::setActiveWindow(&program.window());
+    Worker worker(program, place);
+    for (QDeadlineTimer until(place.seconds * 1000LL); !until.hasExpired();)
+        worker.save_some_days();
+    return 0;
+}
+
+} // namespace whole

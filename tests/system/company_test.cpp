@@ -1,0 +1,261 @@
+// A company at work: three PCs of different use classes on one shared folder, the turn service and the exchange
+// manager, all as real processes, and any of them killed at random moments. In the end every day whose save was
+// confirmed stands in the tables once, as it was saved last, and every file is whole.
+//
+// ROVENA_SYSTEM_SECONDS sets how long they work.
+
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "clerk_at_work.h"
+#include "e2e/road/tables.h"
+#include "platform/program_lock.h"
+#include "store/database.h"
+#include "store/files.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+#include <set>
+
+using namespace base;
+
+namespace {
+
+const QString bin = qEnvironmentVariable("ROVENA_BIN", u"."_s);
+constexpr int shared_row = 4; ///< row of the employee that every clerk works on
+
+using Day = std::pair<qint64, qint64>; ///< employee and date
+
+/// What was said about a day: what may stand in the tables, the last confirmed clock-in first.
+struct Said {
+    std::set<qint64> possible;
+    bool confirmed = false;
+};
+
+/// The days of one clerk, told from what his process says. A save that was cut off may have been posted or not.
+class Account {
+public:
+    void hear(const QByteArray& line) {
+        const QByteArrayList words = line.trimmed().split(' ');
+        if (words[0] == whole::say_try && words.size() == 4)
+            m_open[{words[1].toLongLong(), words[2].toLongLong()}] = words[3].toLongLong();
+        else if (words[0] == whole::say_ok)
+            confirm();
+        else if (words[0] == whole::say_refused)
+            m_open.clear();
+    }
+    void cut_off() {
+        for (const auto& [day, clock_in] : m_open)
+            m_days[day].possible.insert(clock_in);
+        m_open.clear();
+    }
+    const std::map<Day, Said>& days() const { return m_days; }
+    int confirmed_saves() const { return m_confirmed; }
+
+private:
+    void confirm() {
+        for (const auto& [day, clock_in] : m_open)
+            m_days[day] = {{clock_in}, true};
+        m_confirmed += m_open.empty() ? 0 : 1;
+        m_open.clear();
+    }
+
+    std::map<Day, qint64> m_open;
+    std::map<Day, Said> m_days;
+    int m_confirmed = 0;
+};
+
+/// A process that is started anew whenever it was killed.
+class Pc {
+public:
+    explicit Pc(whole::PlaceOfWork place) : m_place(std::move(place)) { start(); }
+    ~Pc() { m_process.kill(), m_process.waitForFinished(); }
+
+    void listen() {
+        while (m_process.canReadLine())
+            m_account.hear(m_process.readLine());
+    }
+    void kill_and_start(int seconds_left) {
+        m_process.kill();
+        m_process.waitForFinished();
+        listen();
+        m_account.cut_off();
+        m_place.seconds = seconds_left;
+        ++m_place.seed;
+        start();
+    }
+    bool end() {
+        const bool ended = m_process.waitForFinished(60'000) && m_process.exitStatus() == QProcess::NormalExit;
+        listen();
+        m_account.cut_off();
+        return ended && m_process.exitCode() == 0;
+    }
+    void wait_for_words(int milliseconds) { m_process.waitForReadyRead(milliseconds); }
+    const Account& account() const { return m_account; }
+
+private:
+    void start() {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QCoreApplication::applicationFilePath(), m_place.arguments());
+    }
+
+    whole::PlaceOfWork m_place;
+    QProcess m_process;
+    Account m_account;
+};
+
+class Company : public testing::Test {
+protected:
+    void SetUp() override {
+        install(u"main"_s, {u"--use-class"_s, u"0"_s, u"--sample"_s, u"5"_s, u"1"_s, u"--until"_s, u"202609"_s});
+        for (const auto& [name, use_class] : {std::pair(u"second"_s, u"1"_s), std::pair(u"third"_s, u"2"_s)})
+            install(name, {u"--use-class"_s, use_class, u"--server-root"_s, settings().server_root});
+        start_service(0);
+    }
+    void TearDown() override {
+        service.terminate();
+        service.waitForFinished();
+    }
+
+    QString drive(const QString& pc) const { return folder.filePath(pc); }
+    QString programs(const QString& pc) const {
+        return drive(pc) + u"/Program Files/meridan/qn/rovena100/system/exe/exe"_s;
+    }
+    frame::Settings settings() const {
+        frame::Settings result;
+        result.server_root = drive(u"main"_s) + u"/Program Files/meridan/qn"_s;
+        result.local_root = result.server_root;
+        return result;
+    }
+
+    void install(const QString& pc, const QStringList& options) {
+        const QStringList always{drive(pc), u"--server-name"_s, u"127.0.0.1"_s, u"--assets"_s, bin + u"/../artwork"_s};
+        ASSERT_EQ(QProcess::execute(bin + u"/rovena-install"_s, always + options), 0);
+    }
+
+    void start_service(quint16 wanted) {
+        service.setReadChannel(QProcess::StandardError);
+        service.start(bin + u"/jyunban"_s,
+            {u"--bind"_s, u"127.0.0.1"_s, u"--port"_s, digits(wanted), u"--root"_s, settings().server_root});
+        static const QRegularExpression opened(u"127\\.0\\.0\\.1:(\\d+)"_s);
+        QString log;
+        while (!opened.match(log).hasMatch() && service.waitForReadyRead(30'000))
+            log += QString::fromUtf8(service.readAllStandardError());
+        port = opened.match(log).captured(1).toUShort();
+    }
+    void kill_service() {
+        service.kill();
+        service.waitForFinished();
+        start_service(port);
+    }
+    /// Managers are started detached, so they are found by their program file.
+    void kill_managers() const {
+        const QString program = settings().server_root + u"/comdata/exe/exe/jyusinkanri"_s;
+        for (const QString& process : QDir(u"/proc"_s).entryList(QDir::Dirs))
+            if (QFile::symLinkTarget(u"/proc/%1/exe"_s.arg(process)) == program)
+                ::kill(process.toInt(), SIGKILL);
+    }
+
+    void work(std::vector<std::unique_ptr<Pc>>& pcs, int seconds) {
+        std::mt19937 random(20261124);
+        const auto some = [&](int last) { return int(random() % unsigned(last + 1)); };
+        QDeadlineTimer until(seconds * 1000LL);
+        while (!until.hasExpired()) {
+            for (QDeadlineTimer pause(500 + some(1500)); !pause.hasExpired();)
+                for (const auto& pc : pcs)
+                    pc->wait_for_words(20), pc->listen();
+            const int victim = some(5);
+            if (victim < 3)
+                pcs[size_t(victim)]->kill_and_start(int(until.remainingTime() / 1000) + 1);
+            else if (victim == 3)
+                kill_service();
+            else
+                kill_managers();
+            ++kills;
+        }
+    }
+
+    /// What still waits is applied as after any save.
+    void apply_the_rest() const {
+        const QString program = settings().server_root + u"/comdata/exe/exe/jyusinkanri"_s;
+        const auto idle = [&] {
+            return !platform::ProgramLock::held(store::exchange_folder(settings()), u"jyusinkanri"_s);
+        };
+        ASSERT_TRUE(QTest::qWaitFor(idle, 60'000));
+        EXPECT_EQ(QProcess::execute(program, {u"--root"_s, settings().server_root}), 0);
+        EXPECT_EQ(e2e::rows_waiting(settings()), 0);
+    }
+
+    std::map<Day, std::vector<qint64>> stored_days() const {
+        auto rovdata = store::Database::open(store::rovdata_path(settings()), store::Kind::Rovdata);
+        auto query = rovdata.prepare("select 社員システム番号, 出社日, 出社時間 from rovmei where 出社日/100=202610");
+        std::map<Day, std::vector<qint64>> days;
+        while (query.step())
+            days[{query.row().number(0), query.row().number(1)}].push_back(query.row().number(2));
+        return days;
+    }
+
+    QTemporaryDir folder;
+    QProcess service;
+    quint16 port = 0;
+    int kills = 0;
+};
+
+void expect_whole(const QString& path, store::Kind kind) {
+    auto database = store::Database::open(path, kind);
+    auto check = database.prepare("pragma integrity_check");
+    ASSERT_TRUE(check.step());
+    EXPECT_EQ(check.row().text(0), u"ok"_s) << path.toStdString();
+}
+
+} // namespace
+
+TEST_F(Company, EveryConfirmedDayStandsOnceWhoeverIsKilled) {
+    const int seconds = qEnvironmentVariableIntValue("ROVENA_SYSTEM_SECONDS");
+    const int length = seconds > 0 ? seconds : 20;
+    std::vector<std::unique_ptr<Pc>> pcs;
+    for (const QString& name : {u"main"_s, u"second"_s, u"third"_s}) {
+        const int row = int(pcs.size()) + 1;
+        pcs.push_back(
+            std::make_unique<Pc>(whole::PlaceOfWork{programs(name), port, row, shared_row, length, 100 * row}));
+    }
+    work(pcs, length);
+    int saves = 0;
+    std::map<Day, Said> said;
+    for (const auto& pc : pcs) {
+        EXPECT_TRUE(pc->end());
+        saves += pc->account().confirmed_saves();
+        for (const auto& [day, of_one] : pc->account().days()) {
+            said[day].possible.insert(of_one.possible.begin(), of_one.possible.end());
+            said[day].confirmed |= of_one.confirmed;
+        }
+    }
+    apply_the_rest();
+
+    const auto stored = stored_days();
+    std::printf("%d saves confirmed, %d kills, %zu days\n", saves, kills, said.size());
+    EXPECT_GT(saves, 3);
+    for (const auto& [day, clock_ins] : stored)
+        EXPECT_EQ(clock_ins.size(), 1u) << day.first << " " << day.second;
+    for (const auto& [day, wanted] : said) {
+        const auto found = stored.find(day);
+        if (found == stored.end())
+            EXPECT_FALSE(wanted.confirmed) << day.first << " " << day.second << " is lost";
+        else
+            EXPECT_TRUE(wanted.possible.contains(found->second.front()) || !wanted.confirmed)
+                << day.first << " " << day.second << " holds " << found->second.front();
+    }
+    EXPECT_EQ(QDir(store::exchange_folder(settings()) + u"/nokori"_s).entryList(QDir::Files), QStringList());
+    for (const auto& [path, kind] : {std::pair(store::rovdata_path(settings()), store::Kind::Rovdata),
+             std::pair(store::comsys_path(settings()), store::Kind::Comsys),
+             std::pair(store::allsystem_path(settings()), store::Kind::Allsystem)})
+        expect_whole(path, kind);
+    for (int file = 1; file <= store::exchange_file_count; ++file)
+        expect_whole(store::exchange_path(settings(), file), store::Kind::Exchange);
+}
