@@ -13,11 +13,7 @@ mst_kintype_page::mst_kintype_page(frame::Session& session, QWidget* parent)
         {.Click = [this](int item) { act([&] { m_form.atai_com_Click(item); }); },
             .KeyPress = {},
             .LostFocus = [this] { act([this] { m_form.atai_com_LostFocus(); }); }});
-    connect_sheet(*m_hyou, m_form);
-    hold_width(*m_hyou);
-    body()->addWidget(m_hyou);
-    body()->addStretch(1);
-    add_foot();
+    show_only(*m_hyou, m_form);
     refresh();
 }
 
@@ -34,11 +30,6 @@ void mst_kintype_page::show_form() {
 void mst_kintype_page::showEvent(QShowEvent* event) {
     MasterPage::showEvent(event);
     m_hyou->setFocus(Qt::OtherFocusReason);
-}
-
-void mst_kintype_page::resizeEvent(QResizeEvent* event) {
-    MasterPage::resizeEvent(event);
-    show_form();
 }
 
 } // namespace ui

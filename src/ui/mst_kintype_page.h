@@ -21,7 +21,6 @@ protected:
     void show_form() override;
     QWidget* control(masters::Focus) override { return m_atai_com; }
     void showEvent(QShowEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     masters::mst_kintype m_form;
