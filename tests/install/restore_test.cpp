@@ -6,6 +6,7 @@
 #include "platform/program_lock.h"
 #include "store/files.h"
 #include "store/held.h"
+#include "store/setting_tables.h"
 #include "support/fake_host.h"
 
 #include <QDir>
