@@ -1,6 +1,6 @@
 #include "ui/month_box.h"
 
-#include "masters/field_screen.h"
+#include "frame/screen.h"
 #include "ui/cell_editor.h"
 #include "ui/colours.h"
 #include "ui/key_codes.h"
@@ -67,7 +67,7 @@ void MonthBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void MonthBox::tint(bool lit) {
-    const base::Rgb back = masters::FieldScreen::atai_back;
+    const base::Rgb back = frame::TextBox::lit_back;
     QPalette own = lineEdit()->palette();
     own.setColor(QPalette::Base, lit ? QColor(back.red, back.green, back.blue) : QColor::fromRgb(colours::ground));
     lineEdit()->setPalette(own);
