@@ -9,7 +9,9 @@
 #include "ui/application.h"
 #include "ui/backup_panel.h"
 #include "ui/splash.h"
+#include "ui/style.h"
 
+#include <QLabel>
 #include <QPixmap>
 #include <QScreen>
 
@@ -35,6 +37,15 @@ void fit_to_screen(QWidget& window) {
     window.resize(wanted_size.boundedTo(room).expandedTo(window.minimumSize()));
     if (holds(room, window.minimumSize()) && !holds(room, wanted_size + window_frame))
         window.setWindowState(Qt::WindowMaximized);
+}
+
+/// Qt keeps a font that it has found for the next text in it.
+void find_fonts_ahead() {
+    for (const Lettering lettering : {Lettering::Heading, Lettering::Comment, Lettering::Mark}) {
+        QLabel label(u"就業録"_s);
+        letter(label, lettering);
+        label.sizeHint();
+    }
 }
 
 /// Qt keeps a picture that it has read for the next one that asks for it. What isn't there is told by that one.
@@ -92,6 +103,7 @@ frame::Start Program::start_up(Splash& splash) {
     const frame::Settings expected = expected_settings();
     const std::jthread key = store::derive_ahead(store::losys_path(expected));
     splash.show();
+    find_fonts_ahead();
     read_pictures_ahead(expected);
     const frame::Start start = stg.Form_Activate();
     if (start != frame::Start::End)
