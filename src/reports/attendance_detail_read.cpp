@@ -83,8 +83,8 @@ DetailReader::DetailReader(const frame::Session& session, const CompanyMonth& mo
     : m_month(month), m_last_key(std::max(month.end_key(), month.total_key())), m_rovdata(open_rovdata(session)),
       m_days(m_rovdata.prepare(days)), m_hours(m_rovdata.prepare(hours)), m_leave(m_rovdata.prepare(leave)),
       m_counts(m_rovdata.prepare(counts)), m_categories(category_names(m_rovdata)) {
-    auto query =
-        m_rovdata.prepare("select システム番号, 休暇名, 休出 from kyutype order by 休出 desc, 通常 desc, システム番号");
+    auto query = m_rovdata.prepare(
+        "select システム番号, 休暇名, 休出 from kyutype order by 休出 desc,通常 desc,システム番号 asc");
     while (query.step())
         m_kinds << Kind{Trim(query.row().text(1)),
             key_of_count(query.row().number(0), /*family=*/query.row().number(2) == 0 ? 1 : 2)};

@@ -29,7 +29,7 @@ Outcome 集計_勤務種類一覧表(Report& report, Work& work) {
     Sheet& hyou = report.hyou;
     hyou.setRows(hyou.FixedRows());
     store::Database rovdata = open_rovdata(work.session);
-    auto categories = rovdata.prepare("select 種類名 from kinsyu order by システム番号");
+    auto categories = rovdata.prepare("select 種類名 from kinsyu order by システム番号 asc");
     for (int row = hyou.FixedRows(); categories.step(); ++row) {
         hyou.setRows(row + 1);
         hyou(row, 0) = digits(row);

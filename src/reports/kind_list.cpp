@@ -29,7 +29,8 @@ Outcome 集計_休暇出勤一覧表(Report& report, Work& work) {
     Sheet& hyou = report.hyou;
     hyou.setRows(hyou.FixedRows());
     store::Database rovdata = open_rovdata(work.session);
-    auto kinds = rovdata.prepare("select 休暇名, 休出, 通常 from kyutype order by 休出 desc, 通常 desc, システム番号");
+    auto kinds =
+        rovdata.prepare("select 休暇名, 休出, 通常 from kyutype order by 休出 desc,通常 desc,システム番号 asc");
     for (int row = hyou.FixedRows(); kinds.step(); ++row) {
         hyou.setRows(row + 1);
         hyou(row, 0) = Trim(kinds.row().text(0));

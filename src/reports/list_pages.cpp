@@ -19,12 +19,12 @@ std::vector<int> all_columns(const Sheet& hyou) {
     return cols;
 }
 
-/// The body rows below the sheet's heading row, a page after the other.
+/// So many body rows, counted from 0, a page after the other.
 template <typename AddRow>
-Pages rows_on_pages(const Sheet& hyou, const PageConstants& table, AddRow add_row) {
+Pages rows_on_pages(int rows, const PageConstants& table, AddRow add_row) {
     Pages pages;
-    for (int row = 1; row < hyou.Rows(); ++row) {
-        const int place = (row - 1) % table.rows();
+    for (int row = 0; row < rows; ++row) {
+        const int place = row % table.rows();
         if (place == 0)
             pages.emplace_back();
         add_row(pages.back(), row, table.row_y(table.first_row + place));
@@ -41,6 +41,27 @@ void add_heading(Page& page, const Report& report, QDate today, int number) {
     add_text(page, digits(number) + u"　ページ"_s, heading_size, 16, 183);
 }
 
+/// As much of the text as has room for so many half-width characters.
+QString first_line(const QString& text, int room) {
+    qsizetype size = text.size();
+    while (byte_length(QStringView(text).first(size)) > room)
+        --size;
+    return whole_left(text, int(size));
+}
+
+/// The messages below the heading row; what is too long for one line goes on in the next.
+QStringList message_lines(const Sheet& hyou, int room) {
+    QStringList lines;
+    for (int row = 1; row < hyou.Rows(); ++row) {
+        QString message = Trim(hyou(row, 0));
+        do {
+            lines << first_line(message, room);
+            message.remove(0, lines.back().size());
+        } while (!message.isEmpty());
+    }
+    return lines;
+}
+
 } // namespace
 
 Pages list_pages(const Report& report, QDate today) {
@@ -48,10 +69,10 @@ Pages list_pages(const Report& report, QDate today) {
     const Sheet& hyou = report.hyou;
     const PlacedColumns placed = place_columns(hyou, report.帳票番号, table.left);
     const std::vector<int> cols = all_columns(hyou);
-    Pages pages = rows_on_pages(hyou, table, [&](Page& page, int row, double y) {
+    Pages pages = rows_on_pages(hyou.Rows() - 1, table, [&](Page& page, int row, double y) {
         for (const int col : cols)
             if (const PlacedColumn& column = placed.columns[size_t(col)]; column.printed())
-                add_cell(page, column.item, hyou(row, col), y, column.left);
+                add_cell(page, column.item, hyou(row + 1, col), y, column.left);
     });
     int number = 0;
     for (Page& page : pages) {
@@ -66,8 +87,9 @@ Pages error_list_pages(const Sheet& hyou) {
     constexpr double title_size = 16;
     constexpr double headings_x = 90;
     const PageConstants& table = 印刷設定取得(Layout::Lists);
-    Pages pages = rows_on_pages(hyou, table,
-        [&](Page& page, int row, double y) { add_text(page, Trim(hyou(row, 0)), cell_size, y, table.left); });
+    const QStringList lines = message_lines(hyou, int((table.right - table.left) / half_width));
+    Pages pages = rows_on_pages(int(lines.size()), table,
+        [&](Page& page, int row, double y) { add_text(page, lines[row], cell_size, y, table.left); });
     for (Page& page : pages) {
         add_text(page, u"エラーリスト"_s, title_size, 10, 95);
         for (const int col : all_columns(hyou))

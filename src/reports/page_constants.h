@@ -25,6 +25,7 @@ struct PageConstants {
     int first_row;    ///< index of the first body row on a page
     int last_row;     ///< index of the last one
     double text_drop; ///< of text below a row's top line
+    int printer;      ///< number of the printer on which the layout comes out
 
     /// Where the text of the row with this index on the page stands, and that of the column headings.
     constexpr double row_y(int row) const { return row * row_pitch - 5 + top + text_drop; }
@@ -34,13 +35,14 @@ struct PageConstants {
 
 const PageConstants& 印刷設定取得(Layout layout);
 
-/// All reports go to printer 1. What is set moves the print: positive numbers up and left.
+/// What this PC has set for a printer. The numbers move the print: positive ones up and left.
 struct PrinterSetting {
     QString name; ///< device name; empty if none was ever chosen
     double y = 0;
     double x = 0;
 };
 
-PrinterSetting 印刷設定取得(store::SettingTables& tables);
+/// The settings hold three printers; every layout asks for the first.
+PrinterSetting 印刷設定取得(Layout layout, store::SettingTables& tables);
 
 } // namespace reports

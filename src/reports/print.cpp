@@ -46,9 +46,9 @@ Printed print(const Report& report, frame::Session& session, PrintShop& shop) {
     return of_report ? of_report->procedure(report, {session, shop}) : Printed::Yes;
 }
 
-Orientation orientation_of(const Report& report) {
+Layout layout_of(const Report& report) {
     const ReportPrint* of_report = print_of(report);
-    return of_report ? 印刷設定取得(of_report->layout).orientation : Orientation::Portrait;
+    return of_report ? of_report->layout : Layout::Lists;
 }
 
 Printed 帳票印刷_一覧(const Report& report, const PrintPlace& place) {

@@ -11,8 +11,8 @@ namespace reports {
 /// message box and nothing is printed. A number other than 1 to 6 prints nothing.
 Printed print(const Report& report, frame::Session& session, PrintShop& shop);
 
-/// How the report's pages lie.
-Orientation orientation_of(const Report& report);
+/// The layout of the report's pages; that of the lists for a number other than 1 to 6.
+Layout layout_of(const Report& report);
 
 /// The procedures: the lists (reports 1, 2, 3 and 6), report 4 and report 5.
 Printed 帳票印刷_一覧(const Report& report, const PrintPlace& place);

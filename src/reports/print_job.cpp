@@ -48,7 +48,7 @@ void 印刷ジョブ名設定(PrintJob& job) {
 
 Printed print_pages(
     const PrintPlace& place, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make) {
-    const PrinterSetting setting = 印刷設定取得(place.session.tables);
+    const PrinterSetting setting = 印刷設定取得(layout, place.session.tables);
     PrintJob job{setting.name, {}, 印刷設定取得(layout).orientation, report};
     印刷ジョブ名設定(job);
     const std::unique_ptr<PrintSurface> surface = place.shop.open(job);

@@ -52,8 +52,11 @@ std::optional<CompanyMonth> chosen_month(const Conditions& conditions, const fra
 }
 
 DateRange chosen_dates(const Conditions& conditions, const frame::Session& session) {
-    const auto [first, last] = std::minmax({date_of(conditions.ymd[0], session), date_of(conditions.ymd[1], session)});
-    return {first, last};
+    const int first = date_of(conditions.ymd[0], session);
+    const int last = date_of(conditions.ymd[1], session);
+    if (first != 0 && last != 0)
+        return {std::min(first, last), std::max(first, last)};
+    return {first == 0 ? DateRange::open_first : first, last == 0 ? DateRange::open_last : last};
 }
 
 void set_title(Report& report, const QString& title) {

@@ -28,12 +28,16 @@ QString chosen_names(const Conditions& conditions);
 /// The month in `yyyymm`; nothing if the boxes hold none.
 std::optional<base::CompanyMonth> chosen_month(const Conditions& conditions, const frame::Session& session);
 
-/// Dates as date numbers, first not after last; 0 for a box without a date.
+/// Dates as date numbers, first not after last. An open end holds what no day lies beyond.
 struct DateRange {
-    int first = 0;
-    int last = 0;
+    static constexpr int open_first = 1'01'01;
+    static constexpr int open_last = 9999'12'31;
+    int first = open_first;
+    int last = open_last;
     bool one_day() const { return first == last; }
 };
+
+/// The range in `ymd`, turned where it was given the wrong way round. A box without a date leaves its end open.
 DateRange chosen_dates(const Conditions& conditions, const frame::Session& session);
 
 /// The headings as every format leaves them: the title alone, and no selection.

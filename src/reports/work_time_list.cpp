@@ -35,7 +35,8 @@ constexpr Column columns[] = {
 static_assert(std::size(columns) == times::first_category);
 
 QString shown_date(int date, const frame::Session& session) {
-    return date == 0 ? QString() : 日付表示変換(digits(date), session.settings, session.host.now().date());
+    const bool open = date == DateRange::open_first || date == DateRange::open_last;
+    return open ? QString() : 日付表示変換(digits(date), session.settings, session.host.now().date());
 }
 
 EmployeeRange select_employees(Report& report, store::Database& rovdata) {
@@ -136,8 +137,10 @@ Outcome 集計_勤務時間一覧表(Report& report, Work& work) {
     const EmployeeRange employees = select_employees(report, rovdata);
     WorkTimeReader reader(rovdata, employees, select_dates(report, work.session));
     QList<EmployeeSums> found;
-    if (read(found, reader, work) == Outcome::Cancelled)
+    if (read(found, reader, work) == Outcome::Cancelled) {
+        書式設定_勤務時間一覧(report); // a range over an empty sheet would say that nobody was there
         return Outcome::Cancelled;
+    }
     if (found.isEmpty())
         return Outcome::Done;
     Sheet& hyou = report.hyou;

@@ -23,8 +23,9 @@ inline constexpr int first_category = 10;
 void 書式設定_勤務時間一覧(Report& report);
 
 /// The employees of the range in `systancd` (all where both ends are empty) who have attendance in the date range
-/// `ymd`; ranges given the wrong way round are turned. One column for each category they worked in, by system number.
-/// The months' stored totals don't count. Cancelled: the sheet stays as the format made it.
+/// `ymd`. A date box that is empty leaves its end open; ranges given the wrong way round are turned. One column for
+/// each category they worked in, by system number. The months' stored totals don't count. Cancelled: sheet and headings
+/// stand as the format makes them.
 Outcome 集計_勤務時間一覧表(Report& report, Work& work);
 
 } // namespace reports

@@ -122,8 +122,9 @@ bool preview(const reports::Report& report, frame::Session& session, reports::Pr
         session.host.tell(u"印刷するページがありません。"_s, u"印刷プレビュー"_s);
         return false;
     }
-    const reports::Offset offset = reports::print_offset({}, reports::印刷設定取得(session.tables));
-    PreviewDialog dialog(pages, offset, reports::orientation_of(report), parent);
+    const reports::Layout layout = reports::layout_of(report);
+    const reports::Offset offset = reports::print_offset({}, reports::印刷設定取得(layout, session.tables));
+    PreviewDialog dialog(pages, offset, reports::印刷設定取得(layout).orientation, parent);
     return dialog.exec() == QDialog::Accepted && reports::print(report, session, shop) == reports::Printed::Yes;
 }
 

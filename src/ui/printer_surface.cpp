@@ -27,8 +27,9 @@ QStringList print_families(QStringView family) {
     return {family.toString(), u"MS Mincho"_s, u"IPAMincho"_s, u"IPA明朝"_s, u"Noto Serif CJK JP"_s, u"serif"_s};
 }
 
+/// A printer that couldn't be opened leaves the painter without a device; its job paints into nothing until its end.
 double PainterSurface::pixels(double mm) const {
-    return mm * m_painter.device()->logicalDpiX() / mm_per_inch;
+    return m_painter.isActive() ? mm * m_painter.device()->logicalDpiX() / mm_per_inch : 0;
 }
 
 QPointF PainterSurface::place(double x, double y) const {

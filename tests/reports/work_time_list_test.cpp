@@ -55,6 +55,21 @@ TEST_F(WorkTimeList, RangesGivenTheWrongWayRoundAreTurned) {
     EXPECT_EQ(report.chulab, u""_s);
 }
 
+TEST_F(WorkTimeList, ADateBoxThatIsEmptyLeavesItsEndOpen) {
+    exec("insert into rovmei values (4, 8805, 0, 0, 0, 5900, '')"); // of a January that no period finds
+    const std::tuple<QString, QString, QString, QString> cases[] = {
+        {u"2004/11/2"_s, u""_s, u"【2004/11/2～】"_s, u"80:00"_s},
+        {u""_s, u"2004/11/1"_s, u"【～2004/11/1】"_s, u"114:00"_s},
+        {u""_s, u""_s, u"【～】"_s, u"194:00"_s},
+    };
+    for (const auto& [first, last, heading, total] : cases) {
+        report.conditions.ymd = {first, last};
+        集計_勤務時間一覧表(report, work);
+        EXPECT_EQ(report.midasi[1], heading);
+        EXPECT_EQ(report.hyou(times::total_row, 7), total) << heading.toStdString();
+    }
+}
+
 TEST_F(WorkTimeList, TheOrderOfThisPcMovesWholeRowsAndLeavesTheTotalsOnTop) {
     exec("delete from rovmei where 社員システム番号 = 3");
     sort_by_number();
@@ -76,6 +91,7 @@ TEST_F(WorkTimeList, WithoutAttendanceOrWhenCancelledTheEmptyFormStands) {
     work.progress = [](qint64, qint64) { return false; };
     EXPECT_EQ(集計_勤務時間一覧表(report, work), Outcome::Cancelled);
     EXPECT_EQ(rows(report.hyou, 2), empty);
+    EXPECT_EQ(report.midasi[1] + report.midasi[2] + report.chulab, u""_s) << "no heading tells of a range";
 }
 
 } // namespace reports

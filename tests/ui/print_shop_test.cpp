@@ -117,6 +117,16 @@ TEST_F(PrintShop, AGivenUpJobLeavesNothing) {
     EXPECT_EQ(shop.open({u"ないプリンター"_s, {}, {}, {}}), nullptr);
 }
 
+TEST(PainterSurface, APrinterThatCouldntBeOpenedIsPaintedOnIntoNothing) {
+    QPainter without_device;
+    ui::PainterSurface surface(without_device);
+    reports::Page page;
+    reports::add_text(page, u"社員一覧表"_s, 16, 8, 20);
+    reports::add_rectangle(page, 20, 25, 200, 284, 8);
+    reports::paint(page, {}, surface);
+    EXPECT_TRUE(surface.end());
+}
+
 TEST_F(PrintShop, AFolderThatCantBeWrittenIsTold) {
     const QString place = ui::print_folder(pc.settings).chopped(1);
     QFile file(place); // a file where the folder should be
