@@ -60,7 +60,7 @@ int Program::start() {
     };
     try {
         Splash splash(m_settings);
-        show(start_up(splash));
+        start_up(splash);
         return EXIT_SUCCESS;
     } catch (const store::Error& error) {
         return failed(error.text());
@@ -78,20 +78,20 @@ frame::Settings Program::expected_settings() const {
     return expected;
 }
 
-frame::Start Program::start_up(Splash& splash) {
+void Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
     // Start-up needs the key first of all, and it takes a while: this thread does meanwhile what needs no key.
     const frame::Settings expected = expected_settings();
     const std::jthread key = store::derive_ahead(store::losys_path(expected));
     splash.show();
     read_pictures_ahead(expected);
-    return stg.Form_Activate();
+    stg.Form_Activate([this](frame::Start start) { show(start); });
 }
 
 void Program::show(frame::Start start) {
     if (start == frame::Start::fir_start)
         show_wizard();
-    else if (start == frame::Start::mainform)
+    else
         show_window();
 }
 

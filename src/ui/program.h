@@ -33,7 +33,7 @@ public:
     frame::Session& session() { return m_session; }
 
 private:
-    frame::Start start_up(Splash& splash);
+    void start_up(Splash& splash);
     frame::Settings expected_settings() const;
     void show(frame::Start start);
     void show_wizard();
