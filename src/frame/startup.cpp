@@ -20,15 +20,20 @@ stg::stg(Session session, QString program_folder, std::function<void()> changed)
     : m_session(session), m_settings(session.settings), m_program_folder(std::move(program_folder)),
       m_changed(std::move(changed)) {}
 
-Start stg::Form_Activate() {
+Start stg::Form_Activate(const std::function<void(Start)>& show) {
     if (!起動時データー設定取得())
         return Start::End;
     load_eras();
-    const bool first_start = store::初期セットアップ(m_settings);
+    const auto first_start = store::初期セットアップ(m_settings);
     store::db追加_テーブル(m_settings, m_session.tables);
     if (m_settings.use_class != 2)
         交換ファイル作成(m_settings, m_session.host.now());
-    return first_start ? Start::fir_start : Start::mainform;
+    const Start start = first_start ? Start::fir_start : Start::mainform;
+    if (show)
+        show(start);
+    if (first_start)
+        first_start->stand();
+    return start;
 }
 
 bool stg::起動時データー設定取得() {

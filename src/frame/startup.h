@@ -24,8 +24,9 @@ public:
     /// new, just before the interface gets time to paint it.
     stg(Session session, QString program_folder, std::function<void()> changed = {});
 
-    /// The whole of start-up.
-    Start Form_Activate();
+    /// The whole of start-up. `show` brings up what it ends with. A start that fails up to there isn't counted as the
+    /// product's first, so that the wizard isn't missed.
+    Start Form_Activate(const std::function<void(Start)>& show = {});
 
     QString Label1;              ///< "Ver." and the version
     bool Image1_Visible = false; ///< the splash picture

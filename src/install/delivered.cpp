@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "install/attendance.h"
 #include "install/company.h"
+#include "install/standing.h"
 #include "store/setup.h"
 
 #include <algorithm>
@@ -39,6 +40,12 @@ void write_settings(store::Statement add, std::initializer_list<Setting> setting
         add.bind(setting.key, setting.value).run();
 }
 
+void deliver_sample_staff(store::Database& comsys, const Sample& sample) {
+    const QList<Employee> staff = employees(sample.employees);
+    write_employees(comsys, staff);
+    write_counters(comsys, staff);
+}
+
 void deliver_comsys(store::Database& comsys, const Options& options) {
     store::Transaction transaction(comsys);
     store::Statement add_era =
@@ -57,16 +64,15 @@ void deliver_comsys(store::Database& comsys, const Options& options) {
                                                                                 {u"総額表示", u"0"_s},
                                                                                 {u"消費税", u"10"_s},
                                                                             });
-    if (options.sample) {
-        const QList<Employee> staff = employees(options.sample->employees);
-        write_employees(comsys, staff);
-        write_counters(comsys, staff);
-    }
+    if (holds_masters(settings_of(options)))
+        carry_on(comsys, settings_of(options));
+    else if (options.sample)
+        deliver_sample_staff(comsys, *options.sample);
     transaction.commit();
 }
 
 void deliver_allsystem(store::Database& allsystem, const Options& options) {
-    if (options.sample)
+    if (holds_masters(settings_of(options)))
         store::register_product(allsystem, settings_of(options));
 }
 

@@ -8,7 +8,8 @@
 
 namespace install {
 
-/// Writes the rows that a new database of this kind starts with; the kind is one of the four delivered ones.
+/// Writes the rows that a new database of this kind starts with; the kind is one of the four delivered ones. Beside
+/// masters that a company has already the new one fits them (install/standing.h).
 void deliver(store::Database& database, store::Kind kind, const Options& options);
 
 } // namespace install

@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "install/delivered.h"
+#include "install/standing.h"
 #include "platform/paths.h"
 #include "store/files.h"
 
@@ -21,8 +22,8 @@ struct File {
 
 constexpr File files[]{
     {store::Kind::Comsys, store::comsys_path, true},
-    {store::Kind::Allsystem, store::allsystem_path, true},
     {store::Kind::Rovdata, store::rovdata_path, true},
+    {store::Kind::Allsystem, store::allsystem_path, true}, // it tells whether there are masters by then
     {store::Kind::Losys, store::losys_path, false},
 };
 
@@ -52,6 +53,8 @@ void run(const Options& options, const QString& program_folder, const Say& say) 
     for (const File& file : files)
         if (shared || !file.shared)
             make_database(file, options, settings, say);
+    if (shared)
+        register_if_filled(settings);
     copy_assets(options.assets.isEmpty() ? usual_assets(program_folder) : options.assets, settings, say);
     copy_programs(program_folder, settings, shared, say);
 }

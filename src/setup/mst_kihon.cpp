@@ -48,6 +48,13 @@ void mst_kihon::load_of_this_pc() {
     atai[net_info].text = read(net_info, Run::End);
 }
 
+QString mst_kihon::first_day_in_force() const {
+    const int day = m_session.settings.month_start_day;
+    if (valid_first_day(Val(atai[first_day].text)) == day)
+        return {};
+    return u"いまは%1日から計算しています。登録すると、次に始めたときからこの欄の日に変わります。"_s.arg(day);
+}
+
 void mst_kihon::基本情報マスター登録_転記() {
     atai[date_style].text = waseireki == 0 ? u"0"_s : u"1"_s;
     atai[net_info].text = ck ? u"1"_s : u"0"_s;

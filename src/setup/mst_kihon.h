@@ -23,6 +23,8 @@ public:
     static constexpr QStringView first_day_notes[] = {
         u"←毎月何日から出勤計算を始めるか。", u"１日からならば、「１」、10日なら「10」と入力してください。"};
 
+    static constexpr QStringView offset_note = u"プラスの数は上と左へ、マイナスの数は下と右へ動かします。";
+
     /// Elements of `atai`. `date_style`, `printer` and `net_info` are hidden mirrors of the option pair, the list and
     /// the check box; nothing reads or writes `system_number`.
     enum Element { system_number, date_style, printer, offset_y, offset_x, net_info, first_day, element_count };
@@ -36,6 +38,9 @@ public:
     bool ck = false;
     PrinterList prconb; ///< none selected where the stored printer isn't on this PC
     QString msglab;
+
+    /// The first day in force, in words, where that isn't the box's and registering would change it; else empty.
+    QString first_day_in_force() const;
 
     // Operations.
 

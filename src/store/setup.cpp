@@ -54,6 +54,27 @@ void change(Database& allsystem, const Product& product) {
         .run();
 }
 
+/// The row as it has to be written, 0 being the place of a new one; nothing if it stands already.
+std::optional<Product> due(Database& allsystem, const frame::Settings& settings) {
+    Product wanted = running_product(settings);
+    const std::optional<Product> found = registered(allsystem, settings);
+    if (found) {
+        wanted.row = found->row;
+        wanted.data_file = found->data_file;
+    }
+    return found == wanted ? std::nullopt : std::optional(wanted);
+}
+
+/// Whether the row was added. It is looked for again, as another PC may have been first.
+bool write_due(Database& allsystem, const frame::Settings& settings) {
+    const std::optional<Product> product = due(allsystem, settings);
+    if (!product)
+        return false;
+    const bool added = product->row == 0;
+    added ? add(allsystem, *product) : change(allsystem, *product);
+    return added;
+}
+
 constexpr std::array suite_tables{u"table_ver", u"gen_ari", u"nimeisai", u"nikoumoku"};
 
 /// A database that is looked through. Those of other products of the suite, which may be absent, hold nothing of ours.
@@ -80,28 +101,22 @@ QString receiver_path(const frame::Settings& settings) {
                u"/%1/system/exe/exe/%2"_s.arg(settings.product_folder, platform::program_file(u"jyurovena.exe"_s)));
 }
 
-bool 初期セットアップ(const frame::Settings& settings) {
+std::unique_ptr<FirstStart> 初期セットアップ(const frame::Settings& settings) {
     Database allsystem = Database::open(allsystem_path(settings), Kind::Allsystem);
-    return register_product(allsystem, settings);
+    if (!due(allsystem, settings))
+        return {};
+    std::unique_ptr<FirstStart> start(new FirstStart(std::move(allsystem)));
+    if (write_due(start->m_allsystem, settings))
+        return start;
+    start->stand();
+    return {};
 }
 
 bool register_product(Database& allsystem, const frame::Settings& settings) {
-    Product wanted = running_product(settings);
-    const auto stands = [&] {
-        const std::optional<Product> found = registered(allsystem, settings);
-        wanted.row = found ? found->row : 0;
-        wanted.data_file = found ? found->data_file : wanted.data_file;
-        return found == wanted;
-    };
-    if (stands())
-        return false;
     Transaction transaction(allsystem);
-    if (stands()) // another PC was first
-        return false;
-    const bool first_start = wanted.row == 0;
-    first_start ? add(allsystem, wanted) : change(allsystem, wanted);
+    const bool added = write_due(allsystem, settings);
     transaction.commit();
-    return first_start;
+    return added;
 }
 
 QStringList db追加_テーブル(const frame::Settings& settings, SettingTables& tables) {

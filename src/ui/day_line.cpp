@@ -104,7 +104,7 @@ void DayLine::draw_hours(QPainter& painter) const {
     painter.drawRect(line);
 }
 
-/// A piece of the next day is paler. The number is the band's in the grid.
+/// A piece of the next day is paler. The number is the band's in the grid, 0 where it has none.
 void DayLine::draw_segment(QPainter& painter, const masters::Segment& segment) const {
     const QRectF bar = place(segment.span, bar_top + 3, bar_height - 6);
     QColor ground = colour_of(segment.colour);
@@ -115,7 +115,7 @@ void DayLine::draw_segment(QPainter& painter, const masters::Segment& segment) c
     painter.setBrush(Qt::NoBrush);
     const QString number = QString::number(segment.band);
     painter.setPen(QColor::fromRgb(colours::text));
-    if (painter.fontMetrics().horizontalAdvance(number) < bar.width())
+    if (segment.band != 0 && painter.fontMetrics().horizontalAdvance(number) < bar.width())
         painter.drawText(bar, Qt::AlignCenter, number);
 }
 

@@ -67,7 +67,10 @@ masters::DayPicture picture_of(const Form& form) {
         bands(i + 1, masters::band_col::end) = form.en_time[size_t(i)];
         bands(i + 1, masters::band_col::category) = QString::number(i + 1);
     }
-    return masters::day_picture(bands, {1, 2, 3});
+    masters::DayPicture picture = masters::day_picture(bands, {1, 2, 3});
+    for (masters::Segment& segment : picture.segments)
+        segment.band = 0; // the rows of this screen have names, not numbers
+    return picture;
 }
 
 QStringList band_names() {
@@ -141,6 +144,7 @@ QWidget* fir_start_window::make_times() {
     panel->body()->addWidget(m_day);
     auto* notes = new QVBoxLayout;
     notes->setSpacing(3);
+    notes->addWidget(note(u"時刻は数字だけで入力できます。８時は「800」、８時３０分は「830」です。", panel));
     for (const QStringView text : Form::time_notes)
         notes->addWidget(note(text, panel));
     panel->body()->addLayout(notes);

@@ -1,6 +1,7 @@
 #include "ui/mst_kihon_page.h"
 
 #include "base/literals.h"
+#include "ui/colours.h"
 #include "ui/panel.h"
 #include "ui/printer_box.h"
 #include "ui/radio_group.h"
@@ -50,6 +51,17 @@ QHBoxLayout* in_a_row(std::initializer_list<QWidget*> controls) {
     return row;
 }
 
+/// What the person should see before registering.
+QLabel* notice(QWidget* parent) {
+    QLabel* label = master_label({}, parent);
+    label->setMargin(4);
+    label->setAutoFillBackground(true);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::Window, QColor::fromRgb(colours::notice));
+    label->setPalette(palette);
+    return label;
+}
+
 } // namespace
 
 mst_kihon_page::mst_kihon_page(frame::Session& session, QWidget* parent)
@@ -65,6 +77,7 @@ mst_kihon_page::mst_kihon_page(frame::Session& session, QWidget* parent)
     body()->addStretch(1);
     add_foot(m_msglab);
     refresh();
+    waseireki(m_form.waseireki)->setFocus();
 }
 
 mst_kihon_page::~mst_kihon_page() {
@@ -79,6 +92,7 @@ QWidget* mst_kihon_page::make_shared() {
     rows.add(Form::Tag[Form::first_day], in_a_row({make_atai(Form::first_day, Form::Tag[Form::first_day]),
                                              master_label(Form::first_day_notes[0], panel)}));
     rows.add({}, in_a_row({master_label(Form::first_day_notes[1], panel)}));
+    rows.add({}, in_a_row({m_in_force = notice(panel)}));
     return panel;
 }
 
@@ -91,6 +105,7 @@ QWidget* mst_kihon_page::make_of_this_pc() {
     rows.add(u"プリンター", in_a_row({m_prconb}));
     rows.add(Form::offset_label, in_a_row({master_label(u"縦", panel), make_atai(Form::offset_y, u"印刷位置調整 縦"),
                                      master_label(u"横", panel), make_atai(Form::offset_x, u"印刷位置調整 横")}));
+    rows.add({}, in_a_row({master_label(Form::offset_note, panel)}));
     m_ck = new QCheckBox(Form::ck_caption.toString(), panel);
     connect(m_ck, &QCheckBox::clicked, this, [this](bool ticked) { act([&] { m_form.ck_Click(ticked); }); });
     rows.add(u"お知らせ", in_a_row({m_ck}));
@@ -127,6 +142,9 @@ void mst_kihon_page::show_form() {
     for (size_t element = 0; element < m_atai.size(); ++element)
         if (m_atai[element])
             m_atai[element]->show_text(m_form.atai[element].text);
+    const QString in_force = m_form.first_day_in_force();
+    m_in_force->setText(in_force);
+    m_in_force->setVisible(!in_force.isEmpty());
     m_msglab->setText(m_form.msglab);
 }
 

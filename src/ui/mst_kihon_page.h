@@ -43,6 +43,7 @@ private:
     QButtonGroup* m_waseireki;
     QCheckBox* m_ck;
     PrinterBox* m_prconb;
+    QLabel* m_in_force;
     QLabel* m_msglab;
 };
 

@@ -79,7 +79,7 @@ int Program::start() {
     };
     try {
         Splash splash(m_settings);
-        show(start_up(splash));
+        start_up(splash);
         return EXIT_SUCCESS;
     } catch (const store::Error& error) {
         return failed(error.text());
@@ -97,7 +97,7 @@ frame::Settings Program::expected_settings() const {
     return expected;
 }
 
-frame::Start Program::start_up(Splash& splash) {
+void Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
     // Start-up needs the key first of all, and it takes a while: this thread does meanwhile what needs no key.
     const frame::Settings expected = expected_settings();
@@ -105,6 +105,9 @@ frame::Start Program::start_up(Splash& splash) {
     splash.show();
     find_fonts_ahead();
     read_pictures_ahead(expected);
+<<<<<<< HEAD
+    stg.Form_Activate([this](frame::Start start) { show(start); });
+=======
     const frame::Start start = stg.Form_Activate();
     if (start != frame::Start::End)
         take_place();
@@ -117,12 +120,13 @@ void Program::take_place() {
     m_place.emplace(folder, store::desktop_program.toString());
     if (!m_place->share(lock_patience) && platform::ProgramLock::held(folder, store::desktop_program.toString()))
         throw std::runtime_error(restore_at_work.toStdString());
+>>>>>>> main
 }
 
 void Program::show(frame::Start start) {
     if (start == frame::Start::fir_start)
         show_wizard();
-    else if (start == frame::Start::mainform)
+    else
         show_window();
 }
 

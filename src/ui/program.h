@@ -35,7 +35,7 @@ public:
     frame::Session& session() { return m_session; }
 
 private:
-    frame::Start start_up(Splash& splash);
+    void start_up(Splash& splash);
     frame::Settings expected_settings() const;
     void take_place();
     void back_up();

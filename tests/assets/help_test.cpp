@@ -23,7 +23,7 @@ void read_element(const QXmlStreamReader& reader, Page& page) {
         page.lang = value("lang");
     if (reader.attributes().hasAttribute(QStringLiteral("charset")))
         page.charset = value("charset");
-    page.links << value("href");
+    page.links << value("href") << value("src");
     page.ids << value("id");
 }
 

@@ -32,12 +32,12 @@ protected:
     }
 
     /// A new process: settings that nobody has read yet.
-    Start start() {
+    Start start(const std::function<void(Start)>& show = {}) {
         settings = {};
         store::SettingTables tables(settings);
         frame::TurnLink link(settings, host);
         frame::stg form({settings, host, tables, link}, root + u"/rovena100"_s, [&] { labels << form_label(form); });
-        const Start result = form.Form_Activate();
+        const Start result = form.Form_Activate(show);
         image_visible = form.Image1_Visible;
         return result;
     }
@@ -65,7 +65,12 @@ const QString share = u"\\\\main\\rovena"_s;
 } // namespace
 
 TEST_F(StartUp, TheFirstStartLeadsToTheWizardAndEveryLaterOneToTheMainFrame) {
-    EXPECT_EQ(start(), Start::fir_start);
+    const QString folder = store::exchange_folder(found);
+    ASSERT_TRUE(QFile(folder).open(QIODevice::WriteOnly)) << "in the way";
+    EXPECT_THROW(start(), store::Error);
+    QFile::remove(folder);
+    EXPECT_THROW(start([](Start) { throw std::runtime_error("no picture"); }), std::runtime_error);
+    EXPECT_EQ(start(), Start::fir_start) << "a start that failed isn't the first";
     EXPECT_EQ(start(), Start::mainform);
     EXPECT_EQ(stored(u"rov_kihon"_s, u"sokdataバージョン"_s), u"2006041301"_s);
     EXPECT_EQ(labels.first(), u"Ver.R240-03"_s);

@@ -86,6 +86,24 @@ TEST_F(InstallTree, MakesADatabaseThatIsMissingAmongOthers) {
     EXPECT_EQ(all_rows(rovdata_path(settings), Kind::Rovdata), before);
 }
 
+TEST_F(InstallTree, WhatIsMadeAnewBesideMastersFitsThem) {
+    const frame::Settings settings = run(options());
+    Database::open(rovdata_path(settings), Kind::Rovdata)
+        .exec("insert into kinsyu values (4, '夜'); insert into kinjisyu values (7, 20260401, 6, 100);"
+              "insert into syain values (7, 12, '山田', 'ヤマダ', '', 'A', '')");
+    run(options());
+    EXPECT_FALSE(初期セットアップ(settings)) << "a register that was kept, with masters from elsewhere";
+
+    ASSERT_TRUE(QFile::remove(allsystem_path(settings)) && QFile::remove(comsys_path(settings)));
+    run(options());
+    EXPECT_FALSE(初期セットアップ(settings)) << "the wizard would replace them";
+    Database comsys = Database::open(comsys_path(settings), Kind::Comsys);
+    EXPECT_EQ(rows_of(comsys, u"select 番号名称, 番号 from bangou order by rowid"_s),
+        QStringList({u"勤務種類|6"_s, u"勤務時間|0"_s, u"休暇種類|0"_s, u"社員番号|7"_s}));
+    EXPECT_EQ(rows_of(comsys, u"select * from syain order by システム番号 desc limit 1"_s),
+        QStringList{u"7|12|山田|ヤマダ||A|"_s});
+}
+
 TEST_F(InstallTree, GivesAnotherPcItsOwnPartOnly) {
     install::Options client = options();
     client.use_class = 1;

@@ -36,7 +36,9 @@ TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
     set_shared(u"月初日付"_s, u"21"_s);
     Loaded form(session);
     EXPECT_EQ(form.atai[mst_kihon::first_day].text, u"1"_s);
+    EXPECT_EQ(form.first_day_in_force(), QString());
     tree.settings.month_start_day = 21;
+    EXPECT_TRUE(form.first_day_in_force().contains(u"21日"_s));
     form.save();
     EXPECT_EQ(shared(u"月初日付"_s), u"1"_s);
     EXPECT_EQ(of_this_pc(u"月初日付"_s), QString());

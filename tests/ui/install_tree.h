@@ -24,7 +24,7 @@ public:
         make(store::rovdata_path(settings), store::Kind::Rovdata);
         make(store::losys_path(settings), store::Kind::Losys);
         if (started == Started::Before)
-            store::初期セットアップ(settings);
+            store::初期セットアップ(settings)->stand();
         QDir().mkpath(QFileInfo(pictures).path());
         QFile::link(QStringLiteral(ROVENA_ARTWORK), pictures);
     }
