@@ -5,6 +5,7 @@
 #include "frame/backup.h"
 #include "stage.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
 
