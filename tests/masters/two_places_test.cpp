@@ -3,7 +3,6 @@
 #include "masters/company.h"
 #include "masters/mst_kinjikan.h"
 #include "masters/mst_kinsyu.h"
-#include "masters/mst_kyuka.h"
 #include "masters/mst_syain.h"
 
 namespace masters {
@@ -29,7 +28,6 @@ struct CategoriesInTwoPlaces : TwoPlaces<mst_kinsyu> {
     }
 };
 using WorkTypesInTwoPlaces = TwoPlaces<mst_kinjikan>;
-using DayKindsInTwoPlaces = TwoPlaces<mst_kyuka>;
 using EmployeesInTwoPlaces = TwoPlaces<mst_syain>;
 
 } // namespace
@@ -63,18 +61,6 @@ TEST_F(WorkTypesInTwoPlaces, ATypeIsThatOfTheLastOneWhole) {
     there.botan_Click(1);
     EXPECT_EQ(rows(rovdata(), "select 勤務タイプ名, 連番, 開始時間 from kintype order by システム番号, 連番"),
         QStringList({u"普通２|1|830"_s, u"普通２|3|700"_s, u"遅出|1|1000"_s}));
-}
-
-TEST_F(DayKindsInTwoPlaces, AKindThatWasDeletedMeanwhileIsSavedOnce) {
-    rovdata().exec("insert into kyutype values (1, '公休', 1, 0), (2, '有休', null, 0)");
-    open_both();
-    here.hyou_Click(1);
-    there.hyou_Click(1);
-    there.botan_Click(2);
-    here.Op_kyusyu_Click(1);
-    here.botan_Click(1);
-    EXPECT_EQ(rows(rovdata(), "select * from kyutype order by システム番号"),
-        QStringList({u"1|公休|2|1"_s, u"2|有休|-|0"_s}));
 }
 
 TEST_F(EmployeesInTwoPlaces, AChangeOfOneThatWasDeletedMeanwhileBringsItBackInEveryCopy) {
