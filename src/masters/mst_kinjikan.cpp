@@ -126,15 +126,19 @@ void mst_kinjikan::勤務タイプ表示() {
     const qint64 number = Val(hyoulist(hyoulist.Row(), 1));
     if (number == 0)
         return;
-    const Busy busy_until_shown(*this);
+    tell_progress(u"抽出中"_s, u"抽出終了"_s, [&] { take_in_hand(number); });
+}
+
+/// A type that can't be read leaves all as it was: its number must not come to stand over the bands of another one.
+void mst_kinjikan::take_in_hand(qint64 number) {
+    WeekBuffer week;
+    auto rovdata = open_rovdata();
+    notelab = note_of(load_work_type(rovdata, number, NameTable(atai_com[0]), NameTable(atai_com[1]), week));
+    m_week = week;
     kinjikanmei = Trim(hyoulist(hyoulist.Row(), 0));
     kinjino = digits(number);
-    say(u"抽出中"_s);
-    auto rovdata = open_rovdata();
-    notelab = note_of(load_work_type(rovdata, number, NameTable(atai_com[0]), NameTable(atai_com[1]), m_week));
     m_week.show_day(hyou, monday);
     choose_day(monday);
-    say(u"抽出終了"_s);
 }
 
 void mst_kinjikan::仮データー処理(int previous, int next) {
@@ -155,11 +159,8 @@ void mst_kinjikan::登録削除処理(int mode) {
     const QString name = Trim(kinjikanmei);
     if (!confirmed(mode, name))
         return;
-    const Busy busy_until_written(*this);
     const QString action = mode == Register ? u"保存処理"_s : u"削除処理"_s;
-    say(action + u"中"_s);
-    write(mode, name);
-    say(action + u"終了"_s);
+    tell_progress(action + u"中"_s, action + u"終了"_s, [&] { write(mode, name); });
 }
 
 bool mst_kinjikan::confirmed(int mode, const QString& name) {
@@ -199,8 +200,14 @@ void mst_kinjikan::hyoulist_Click(int row) {
         return;
     leave_cell();
     hyoulist.setRow(row);
+    const Sheet before = hyou;
     書式設定();
-    勤務タイプ表示();
+    try {
+        勤務タイプ表示();
+    } catch (...) {
+        hyou = before;
+        throw;
+    }
 }
 
 void mst_kinjikan::hyou_youbi_Click(int column) {
@@ -218,6 +225,18 @@ void mst_kinjikan::kinjikanmei_Change(const QString& text) {
 
 void mst_kinjikan::press(int element) {
     登録削除処理(element);
+}
+
+void mst_kinjikan::tell_progress(const QString& during, const QString& after, const std::function<void()>& work) {
+    const Busy busy_until_done(*this);
+    say(during);
+    try {
+        work();
+    } catch (...) {
+        msglab.clear();
+        throw;
+    }
+    say(after);
 }
 
 void mst_kinjikan::say(const QString& progress) {

@@ -13,6 +13,7 @@
 #include "masters/week_buffer.h"
 
 #include <array>
+#include <functional>
 
 namespace masters {
 
@@ -69,7 +70,10 @@ private:
     void leave_cell() override;
     void follow(int view_width, int view_height) override;
     void press(int element) override;
+    /// Takes no input until the work is done or has failed; then nothing is told.
+    void tell_progress(const QString& during, const QString& after, const std::function<void()>& work);
     void say(const QString& progress);
+    void take_in_hand(qint64 number);
     bool confirmed(int mode, const QString& name);
     void write(int mode, const QString& name);
     void choose_day(int column);

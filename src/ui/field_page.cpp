@@ -96,8 +96,7 @@ void FieldPage::show_form() {
     botan(1)->setDown(form_of_fields().toubotan_lit);
 }
 
-void FieldPage::showEvent(QShowEvent* event) {
-    MasterPage::showEvent(event);
+void FieldPage::activate() {
     m_atai[first_box]->setFocus(Qt::OtherFocusReason);
 }
 

@@ -26,7 +26,7 @@ protected:
     QWidget* control(masters::Focus wish) override { return m_atai[wish.element]; }
     void show_form() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void activate() override;
 
     /// The list with what stands over it, and the column of the boxes beside it.
     void add_list(QLayout* above, std::function<void(int row)> choose);

@@ -8,6 +8,7 @@
 
 #include <QFrame>
 #include <QScopeGuard>
+#include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -106,6 +107,13 @@ void MasterPage::refresh() {
     const auto wish = std::exchange(screen().focus, std::nullopt);
     if (wish)
         (wish->control == masters::Control::Toubotan ? m_toubotan : control(*wish))->setFocus(Qt::OtherFocusReason);
+}
+
+/// A window that comes back from the task bar goes on where it was left.
+void MasterPage::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous())
+        activate();
 }
 
 /// The hidden box takes the focus first, so that a cell in edit is committed.

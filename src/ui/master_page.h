@@ -50,6 +50,10 @@ protected:
 
     void resizeEvent(QResizeEvent* event) override;
 
+    /// The screen comes into view: the keyboard goes to its first place.
+    virtual void activate() {}
+    void showEvent(QShowEvent* event) final;
+
     void act(const std::function<void()>& of_the_person);
     /// Shows the form and follows its wish for the keyboard.
     void refresh();

@@ -124,8 +124,7 @@ void mst_kinjikan_page::show_form() {
         list->refresh();
 }
 
-void mst_kinjikan_page::showEvent(QShowEvent* event) {
-    MasterPage::showEvent(event);
+void mst_kinjikan_page::activate() {
     m_kinjikanmei->setFocus(Qt::OtherFocusReason);
 }
 

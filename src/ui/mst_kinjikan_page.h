@@ -24,7 +24,7 @@ protected:
     masters::Screen& screen() override { return m_form; }
     void show_form() override;
     QWidget* control(masters::Focus wish) override;
-    void showEvent(QShowEvent* event) override;
+    void activate() override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

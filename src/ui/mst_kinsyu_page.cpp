@@ -24,8 +24,7 @@ void mst_kinsyu_page::show_form() {
 }
 
 /// The box is out of sight then, its whole text selected as in any cell that is come to.
-void mst_kinsyu_page::showEvent(QShowEvent* event) {
-    MasterPage::showEvent(event);
+void mst_kinsyu_page::activate() {
     act([this] { m_form.Form_Activate(); });
     m_atai->selectAll();
 }

@@ -19,7 +19,7 @@ protected:
     masters::Screen& screen() override { return m_form; }
     void show_form() override;
     QWidget* control(masters::Focus) override { return m_atai; }
-    void showEvent(QShowEvent* event) override;
+    void activate() override;
 
 private:
     masters::mst_kinsyu m_form;

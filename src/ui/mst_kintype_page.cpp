@@ -27,8 +27,7 @@ void mst_kintype_page::show_form() {
 }
 
 /// The keyboard stands on the first employee's type, so that Space or Enter opens the list there.
-void mst_kintype_page::showEvent(QShowEvent* event) {
-    MasterPage::showEvent(event);
+void mst_kintype_page::activate() {
     m_hyou->setFocus(Qt::OtherFocusReason);
 }
 

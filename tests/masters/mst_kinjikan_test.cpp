@@ -261,14 +261,16 @@ TEST_F(WorkTypes, ADeletedTypeComesBackUnderItsNumberWhenRegistered) {
     EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|830|1715|1|0"_s}));
 }
 
-TEST_F(WorkTypes, BehindACategoryWithoutANameNoNameIsFound) {
+TEST_F(WorkTypes, ACategoryThatIsGoneOrStandsBehindOneWithoutANameKeepsItsNumber) {
     add_category(3, u""_s);
     add_category(4, u"深夜"_s);
     add_band(7, u"普通"_s, 1, 1, 2200, 2400, 4);
+    add_band(7, u"普通"_s, 1, 2, 830, 1715, 99);
     open_the_first_type();
     EXPECT_EQ(grid_row(1).mid(2, 2), QStringList({u""_s, u"4"_s}));
+    EXPECT_EQ(grid_row(2).mid(2, 2), QStringList({u""_s, u"99"_s}));
     form.botan_Click(1);
-    EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|2200|2400|4|0"_s})) << "the number stays";
+    EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|2200|2400|4|0"_s, u"7|普通|1|2|830|1715|99|0"_s}));
 }
 
 TEST_F(WorkTypes, ARowOfAnotherHandIsToldAndLeftAlone) {
@@ -295,6 +297,31 @@ TEST_F(WorkTypes, AFailedSaveLeavesTheOldRows) {
     enter_band(2, u"1800"_s, u"2000"_s);
     EXPECT_THROW(form.botan_Click(1), store::Error);
     EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|830|1715|1|0"_s}));
+}
+
+TEST_F(WorkTypes, ATypeThatCantBeReadLeavesTheOneInHand) {
+    add_band(7, u"普通"_s, 1, 1, 830, 1715);
+    add_band(8, u"遅出"_s, 1, 1, 1000, 1900);
+    open_the_first_type();
+    enter(1, band_col::start, u"900"_s);
+    const QString path = store::rovdata_path(tree.settings);
+    QFile::rename(path, tree.folder.filePath(u"away"_s));
+    EXPECT_THROW(form.hyoulist_Click(2), store::Error);
+    QFile::rename(tree.folder.filePath(u"away"_s), path);
+    EXPECT_EQ(form.msglab, u""_s);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|900|1715|1|0"_s, u"8|遅出|1|1|1000|1900|1|0"_s}));
+}
+
+TEST_F(WorkTypes, EachStepTellsHowItStands) {
+    add_band(7, u"普通"_s, 1, 1, 830, 1715);
+    QStringList told;
+    host.on_yield = [&] { told << form.msglab; };
+    open_the_first_type();
+    form.botan_Click(1);
+    form.botan_Click(2);
+    EXPECT_EQ(told, QStringList({u"抽出中"_s, u"抽出終了"_s, u"保存処理中"_s, u"保存処理終了"_s, u"削除処理中"_s,
+                        u"削除処理終了"_s}));
 }
 
 TEST_F(WorkTypes, InputIsNotTakenWhileATypeIsBeingWritten) {

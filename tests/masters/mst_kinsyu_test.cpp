@@ -97,6 +97,23 @@ TEST_F(Categories, ADeleteAsksAndReadsTheListAfresh) {
     EXPECT_EQ(rows(rovdata(), "select 時間種類 from kintype"), QStringList({u"2"_s})) << "uses of the number stand";
 }
 
+TEST_F(Categories, ANameCanBeEmptiedAndARowNeverSavedGoesWithADelete) {
+    add_category(1, u"早朝"_s);
+    form.Form_Load();
+    form.botan_Click(2);
+    EXPECT_TRUE(host.shown.empty()) << "no row is in hand yet";
+    form.Form_Activate();
+    form.atai_Change(u""_s);
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"1|"_s}));
+    form.hyou_Click({2, mst_kinsyu::name_col});
+    form.atai_Change(u"深夜"_s);
+    form.botan_Click(2);
+    EXPECT_EQ(host.shown.back().text, u"『深夜』を削除します"_s);
+    EXPECT_EQ(column(form.hyou, mst_kinsyu::name_col), QStringList({u""_s, u""_s}));
+    EXPECT_EQ(stored().size(), 1);
+}
+
 TEST_F(Categories, AClickCommitsTheCellLeftBeforeTheNextIsOpened) {
     add_category(1, u"早朝"_s);
     add_category(2, u"残業"_s);

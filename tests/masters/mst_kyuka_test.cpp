@@ -66,6 +66,10 @@ TEST_F(DayKinds, AClickTakesTheRowInHandAndASaveReplacesIt) {
 TEST_F(DayKinds, AKindNeedsANameToBeSaved) {
     rovdata().exec("insert into kyutype values (1, '公休', 1, 0)");
     form.Form_Load();
+    name(u"特休"_s);
+    form.botan_Click(2);
+    EXPECT_EQ(form.atai[mst_kyuka::name_field].text, u"特休"_s) << "a new kind has nothing to delete";
+    EXPECT_EQ(form.focus, (Focus{Control::Atai, mst_kyuka::name_field}));
     form.hyou_Click(1);
     name(u"  "_s);
     form.botan_Click(1);

@@ -130,6 +130,19 @@ TEST_F(MstKinsyuPage, OneConversionOfTheInputMethodIsOneChange) {
     EXPECT_EQ(categories().filter(u"夜勤手当"_s).size(), 1);
 }
 
+TEST_F(MstKinsyuPage, AWindowThatComesBackGoesOnInTheCellInHand) {
+    const auto page = open<ui::mst_kinsyu_page>();
+    support::click_cell(grid(*page, "hyou"), 4, 1);
+    type(u"Ni"_s);
+    page->showMinimized();
+    QCoreApplication::processEvents();
+    page->showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(page->form().atai.cell, (base::Cell{4, 1}));
+    EXPECT_EQ(page->form().atai.text, u"Ni"_s);
+    EXPECT_TRUE(page->form().atai.visible);
+}
+
 using MstKinjikanPage = MasterPages;
 
 TEST_F(MstKinjikanPage, ABandTypedByKeysAndItsCategoryChosenAreRegistered) {
