@@ -18,4 +18,8 @@ frame::Settings& company(int employees, int months);
 frame::Settings& small_company(); ///< 10 employees, 1 month
 frame::Settings& large_company(); ///< 1,000 employees, 24 months
 
+/// 10,000 employees, each with a work type, and 200 work types of three bands a day; no attendance. The employees stand
+/// in three data files. The pictures of the pages are there.
+frame::Settings& crowded_company();
+
 } // namespace bench

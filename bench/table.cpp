@@ -2,7 +2,7 @@
 #include "bench/reports.h"
 #include "bench/start.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -96,13 +96,13 @@ std::vector<char*> with_defaults(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     std::vector<char*> arguments = with_defaults(argc, argv);
     int count = int(arguments.size());
     benchmark::Initialize(&count, arguments.data());
 
     std::vector<Line> lines;
-    for (const auto subject : {bench::setting_read, bench::month_load, bench::calculation, bench::apply,
+    for (const auto subject : {bench::setting_read, bench::month_load, bench::calculation, bench::apply, bench::masters,
              bench::work_time_lists, bench::printing})
         for (const Line& line : subject())
             lines.push_back(line);

@@ -126,6 +126,14 @@ void Sheet::setAlignment(int row, int col, Alignment alignment) {
     look_of(row, col).alignment = alignment;
 }
 
+void Sheet::Clear() {
+    m_cells.fill(QString());
+    m_looks.clear();
+    m_row_heights.fill(default_row_height);
+    m_col_widths.fill(default_col_width);
+    m_col_alignments.fill(Alignment::Left);
+}
+
 void Sheet::Sort(int col, SortOrder order) {
     QList<SortKey> keys;
     keys.reserve(Rows());

@@ -87,6 +87,10 @@ public:
     void setFore(int row, int col, Rgb colour);
     void setAlignment(int row, int col, Alignment alignment);
 
+    /// Empties every cell and takes all looks, sizes and alignments back to their defaults; rows, columns and fixed
+    /// counts stay.
+    void Clear();
+
     /// Sorts the rows below the fixed ones by a column, equal rows in the order they stand in. Looks stay where they
     /// are.
     void Sort(int col, SortOrder order);

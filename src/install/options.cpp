@@ -108,10 +108,34 @@ constexpr std::array<Reader::Option, 9> Reader::known_options{{
     {u"--until", [](Reader& r, const QString& v) { return take_month(v, r.m_until); }},
 }};
 
+QString problem_of(const Restore& restore) {
+    if (restore.folder.isEmpty())
+        return u"FOLDER is missing"_s;
+    return restore.root.isEmpty() && !restore.only_list ? u"ROOT is missing (or --list)"_s : QString();
+}
+
+Request read_restore(const QStringList& arguments) {
+    Restore restore;
+    QString problem;
+    for (const QString& argument : arguments) {
+        if (argument == u"--list")
+            restore.only_list = true;
+        else if (argument.startsWith(u"--"))
+            problem = u"unknown option: "_s + argument;
+        else if (restore.folder.isEmpty())
+            restore.folder = argument;
+        else if (restore.root.isEmpty())
+            restore.root = argument;
+        else
+            problem = u"one ROOT only: "_s + argument;
+    }
+    return {{}, restore, problem.isEmpty() ? problem_of(restore) : problem};
+}
+
 } // namespace
 
 Request read_arguments(const QStringList& arguments) {
-    return Reader(arguments).read();
+    return arguments.value(0) == u"restore" ? read_restore(arguments.sliced(1)) : Reader(arguments).read();
 }
 
 frame::Settings settings_of(const Options& options) {
@@ -123,6 +147,8 @@ frame::Settings settings_of(const Options& options) {
 
 QString usage() {
     return uR"(rovena-install ROOT [option...]
+rovena-install restore FOLDER --list
+rovena-install restore FOLDER ROOT
 
 Makes "ROOT/Program Files/meridan/qn" with the databases, folders, artwork, help and programs of the attendance system.
 A database that exists is left alone; artwork, help and programs are brought up to date.
@@ -138,6 +164,12 @@ A database that exists is left alone; artwork, help and programs are brought up 
   --sample [EMPLOYEES [MONTHS]]
                           adds a made-up company (20 employees, 3 months)
   --until YYYYMM          its last month with attendance (202611)
+
+restore goes back to a backup, which is a folder of one weekday ("comdata/data/bk/3"). It reads all of it, tells its
+time, employees, months and rows, and puts its databases into the tree of ROOT. The present ones stay beside them under
+a name with the time. Refused while the program is open on that data.
+
+  --list                  only tells what the folder holds and whether it is in order
 )"_s;
 }
 

@@ -30,10 +30,18 @@ struct Options {
     std::optional<Sample> sample;
 };
 
+/// Going back to a backup.
+struct Restore {
+    QString folder;         ///< the backup of one weekday
+    QString root;           ///< the folder that stands for the drive; empty to look only
+    bool only_list = false; ///< nothing is put in place
+};
+
 /// What the arguments (without the program's name) ask for; `problem` says what is wrong with them and is empty if they
 /// are in order.
 struct Request {
     Options options;
+    std::optional<Restore> restore; ///< asked for instead of the options
     QString problem;
 };
 Request read_arguments(const QStringList& arguments);

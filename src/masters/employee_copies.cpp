@@ -22,8 +22,10 @@ struct Target {
     store::Kind kind;
 };
 
-/// A field of a copy, under its name in small letters.
-using Fields = QHash<QString, bool>; ///< whether it holds whole numbers
+enum class Holds { Text, WholeNumber, Decimal };
+
+/// The fields of a copy, under their names in small letters.
+using Fields = QHash<QString, Holds>;
 
 struct Copy {
     store::Database database;
@@ -35,6 +37,13 @@ struct Copy {
 
 QString key_of(const QString& field) {
     return field.toLower();
+}
+
+Holds held_by(const QString& type) {
+    const auto reads = [&type](QStringView part) { return type.contains(part, Qt::CaseInsensitive); };
+    if (reads(u"int"))
+        return Holds::WholeNumber;
+    return reads(u"real") || reads(u"floa") || reads(u"doub") || reads(u"single") ? Holds::Decimal : Holds::Text;
 }
 
 QStringList listed_files(const frame::Settings& settings) {
@@ -64,7 +73,7 @@ Fields fields_of(store::Database& database) {
     Fields fields;
     auto query = database.prepare("pragma table_info(syain)");
     while (query.step())
-        fields[key_of(query.row().text(1))] = query.row().text(2).contains(u"int", Qt::CaseInsensitive);
+        fields[key_of(query.row().text(1))] = held_by(query.row().text(2));
     return fields;
 }
 
@@ -90,21 +99,22 @@ void open_copies(std::list<Copy>& copies, const frame::Settings& settings, const
     }
 }
 
-/// The names of the fields are those of the table; values are bound.
-QByteArray insertion_of(const QList<FieldText>& row) {
+/// The names of the fields are those of the table; values are bound. The engine reads a decimal as Val does a whole
+/// number: what leads the text, else 0.
+QByteArray insertion_of(const Copy& copy, const QList<FieldText>& row) {
     QStringList names, places;
     for (const FieldText& field : row) {
         names << u'"' + QString(field.name).replace(u"\""_s, u"\"\""_s) + u'"';
-        places << u"?"_s;
+        places << (copy.fields[key_of(field.name)] == Holds::Decimal ? u"cast(? as real)"_s : u"?"_s);
     }
     return u"insert into syain (%1) values (%2)"_s.arg(names.join(u", "), places.join(u", ")).toUtf8();
 }
 
 void add_row(Copy& copy, const QList<FieldText>& row) {
-    const QByteArray sql = insertion_of(row);
+    const QByteArray sql = insertion_of(copy, row);
     auto insert = copy.database.prepare({sql.constData(), size_t(sql.size())});
     for (int i = 0; i < row.size(); ++i) {
-        if (copy.fields[key_of(row[i].name)])
+        if (copy.fields[key_of(row[i].name)] == Holds::WholeNumber)
             insert.bind_at(i + 1, Val(row[i].text));
         else
             insert.bind_at(i + 1, Trim(row[i].text));

@@ -21,7 +21,7 @@ struct FieldText {
 };
 
 /// Deletes the employee of this `システム番号` in every copy and, unless `row` is empty, adds the row there.
-/// Whole-number fields take the numeric value of the text, the others the trimmed text. Fields of a copy that the row
+/// Number fields take the numeric value of the text, the others the trimmed text. Fields of a copy that the row
 /// doesn't name are left to their defaults. A listed file that is missing or has no table `syain` is passed over; one
 /// that is listed twice counts once.
 void replace_in_every_copy(const frame::Settings& settings, qint64 number, const QList<FieldText>& row);

@@ -45,7 +45,7 @@ void mst_kinsyu::書式設定() {
 void mst_kinsyu::マスター呼出() {
     auto rovdata = open_rovdata();
     fill_list(
-        hyou, rovdata.prepare("select システム番号, 種類名 from kinsyu order by システム番号, rowid"), list_cells);
+        hyou, rovdata.prepare("select システム番号, 種類名 from kinsyu order by システム番号 asc, rowid"), list_cells);
     hyou.setRows(hyou.Rows() + 1);
 }
 

@@ -52,7 +52,7 @@ void mst_kintype::社員勤務種類マスター全呼出() {
     const auto types = choices_by_number(atai_com);
     auto rovdata = open_rovdata();
     auto query =
-        rovdata.prepare("select システム社員番号, 勤務タイプ from syainkinmu order by システム社員番号, rowid");
+        rovdata.prepare("select システム社員番号, 勤務タイプ from syainkinmu order by システム社員番号 asc, rowid");
     while (query.step()) {
         const auto row = rows.constFind(query.row().number(0));
         const auto type = types.constFind(query.row().number(1));
@@ -86,6 +86,7 @@ void mst_kintype::Form_Load() {
     勤務タイプリスト表示();
     社員マスター全呼出();
     社員勤務種類マスター全呼出();
+    hyou.setCursor({hyou.FixedRows(), type_name_col});
 }
 
 void mst_kintype::follow(int view_width, int view_height) {

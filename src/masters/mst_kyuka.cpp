@@ -44,7 +44,7 @@ void mst_kyuka::休暇マスターリスト表示() {
     auto rovdata = open_rovdata();
     fill_list(hyou,
         rovdata.prepare("select 休暇名, 通常, 休出, システム番号 from kyutype"
-                        " order by 休出 desc, 通常 desc, システム番号, rowid"),
+                        " order by 休出 desc,通常 desc,システム番号 asc, rowid"),
         list_cells);
     for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row)
         replace_by_labels(hyou, row);

@@ -78,6 +78,12 @@ void Connection::exec(std::string_view sql) {
         fail(sql, result);
 }
 
+sqlite3_file& Connection::file() const {
+    sqlite3_file* handle = nullptr;
+    sqlite3_file_control(engine, "main", SQLITE_FCNTL_FILE_POINTER, &handle);
+    return *handle;
+}
+
 bool Connection::replaced() const {
     int moved = 0;
     sqlite3_file_control(engine, "main", SQLITE_FCNTL_HAS_MOVED, &moved);

@@ -57,6 +57,7 @@ public:
 
 private:
     friend class Transaction;
+    friend class Held;
     explicit Database(std::unique_ptr<Connection> connection);
     std::unique_ptr<Connection> m_connection;
 };

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <stdexcept>
+#include <system_error>
 
 namespace store {
 
@@ -33,6 +34,7 @@ public:
     Code code() const { return m_code; }
     const QString& file() const { return m_file; }
     const QString& statement() const { return m_statement; }
+    const QString& detail() const { return m_detail; } ///< what the engine or the system said
 
     /// What the person sees, in Japanese: what happened, the file, and what the engine said.
     QString text() const;
@@ -43,5 +45,8 @@ private:
     QString m_statement;
     QString m_detail;
 };
+
+/// Throws what a failure of the system at this file means; nothing if there is none.
+void check_system(const std::error_code& failure, const QString& file);
 
 } // namespace store

@@ -2,11 +2,11 @@
 
 #include "base/literals.h"
 #include "ui/colours.h"
+#include "ui/radio_group.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QRadioButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -52,22 +52,6 @@ QComboBox* selector(QWidget& parent, int element) {
     return made;
 }
 
-QButtonGroup* radio_pair(QWidget& parent, std::span<const QStringView> captions) {
-    auto* made = new QButtonGroup(&parent);
-    for (int element = 0; element < static_cast<int>(captions.size()); ++element)
-        made->addButton(new QRadioButton(captions[element].toString(), &parent), element);
-    return made;
-}
-
-QHBoxLayout* in_a_row(const QButtonGroup& group) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(10);
-    for (QAbstractButton* button : group.buttons())
-        row->addWidget(button);
-    row->addStretch();
-    return row;
-}
-
 QHBoxLayout* month_row(QWidget& parent, const std::array<QComboBox*, 2>& ym) {
     auto* row = new QHBoxLayout;
     row->setSpacing(4);
@@ -100,8 +84,8 @@ ent_rovena_controls::ent_rovena_controls(QWidget& page, entry::ent_rovena& form,
       hyou_syain(new GridView(form.hyou_syain, CursorStyle::Row, left)),
       syalab(label(*left, 15, colours::text, QFont::DemiBold)), lab2(label(*left, 13, colours::text)),
       msglab(label(*left, 12, colours::quiet_text)), ym{selector(*left, 0), selector(*left, 1)},
-      sortlist(radio_pair(*left, entry::ent_rovena::sortlist_captions)),
-      kyuflg(radio_pair(*left, entry::ent_rovena::kyuflg_captions)),
+      sortlist(radio_group(*left, entry::ent_rovena::sortlist_captions)),
+      kyuflg(radio_group(*left, entry::ent_rovena::kyuflg_captions)),
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
       imghelp(new PictureButton(pictures, help_button, left)), toubotan(new QWidget(left)) {
     hyou->setFocusPolicy(Qt::ClickFocus);

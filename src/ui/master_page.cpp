@@ -89,6 +89,12 @@ void MasterPage::take_down() {
     qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
+/// What lies over a cell follows it.
+void MasterPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    show_form();
+}
+
 /// Shows what an act of the person came to, even if it was broken off by an error.
 void MasterPage::act(const std::function<void()>& of_the_person) {
     const auto show = qScopeGuard([this] { refresh(); });
@@ -133,6 +139,14 @@ void MasterPage::connect_sheet(GridView& view, masters::GridScreen& form) {
         form.hyou_Scroll(form.hyou.TopRow(), form.hyou.LeftCol(), view.view_width(), view.view_height());
         show_form();
     });
+}
+
+void MasterPage::show_only(GridView& view, masters::GridScreen& form) {
+    connect_sheet(view, form);
+    hold_width(view);
+    m_body->addWidget(&view);
+    m_body->addStretch(1);
+    add_foot();
 }
 
 void MasterPage::connect_list(GridView& view, std::function<void(int row)> choose) {

@@ -48,6 +48,8 @@ protected:
     /// The control that the form wants the keyboard in; never asked for `toubotan`.
     virtual QWidget* control(masters::Focus wish) = 0;
 
+    void resizeEvent(QResizeEvent* event) override;
+
     void act(const std::function<void()>& of_the_person);
     /// Shows the form and follows its wish for the keyboard.
     void refresh();
@@ -57,6 +59,9 @@ protected:
     void connect_sheet(GridView& view, masters::GridScreen& form);
     /// A list of which a row is chosen; row 0 for its heading and for the ground beside it.
     void connect_list(GridView& view, std::function<void(int row)> choose);
+
+    /// A page that is nothing but the grid of its form, with the buttons at the foot.
+    void show_only(GridView& view, masters::GridScreen& form);
 
     QHBoxLayout* body() { return m_body; }
     /// The buttons at the foot, and what stands behind them. Made last, so that Tab comes to them last.

@@ -4,9 +4,9 @@
 #include "ui/colours.h"
 #include "ui/panel.h"
 #include "ui/printer_box.h"
+#include "ui/radio_group.h"
 
 #include <QGridLayout>
-#include <QRadioButton>
 
 namespace ui {
 
@@ -66,7 +66,7 @@ QLabel* notice(QWidget* parent) {
 
 mst_kihon_page::mst_kihon_page(frame::Session& session, QWidget* parent)
     : MasterPage(session, {u"mst_kihon", Form::caption}, MasterButtons::LeaveAndRegister, parent), m_form(session),
-      m_waseireki(new QButtonGroup(this)), m_msglab(master_note(this)) {
+      m_waseireki(radio_group(*this, Form::waseireki_captions)), m_msglab(master_note(this)) {
     m_form.Form_Load();
     auto* column = new QVBoxLayout;
     column->setSpacing(14);
@@ -113,15 +113,9 @@ QWidget* mst_kihon_page::make_of_this_pc() {
 }
 
 QLayout* mst_kihon_page::make_waseireki() {
-    auto* row = in_a_row({});
-    for (int element = 0; element < 2; ++element) {
-        auto* button = new QRadioButton(Form::waseireki_captions[element].toString(), this);
-        m_waseireki->addButton(button, element);
-        row->insertWidget(element, button);
-    }
     connect(m_waseireki, &QButtonGroup::idClicked, this,
         [this](int element) { act([&] { m_form.waseireki_Click(element); }); });
-    return row;
+    return in_a_row(*m_waseireki);
 }
 
 FieldBox* mst_kihon_page::make_atai(int element, QStringView name) {

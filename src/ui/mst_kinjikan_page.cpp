@@ -131,7 +131,7 @@ void mst_kinjikan_page::showEvent(QShowEvent* event) {
 
 /// The band grid is as large as all its columns fit beside the list of types.
 void mst_kinjikan_page::resizeEvent(QResizeEvent* event) {
-    MasterPage::resizeEvent(event);
+    QWidget::resizeEvent(event);
     const int room = width() - margins - m_hyoulist->width() - body()->spacing();
     fit_master_grid(*m_hyou, room);
     const int full = m_hyou->full_width(false);

@@ -10,11 +10,7 @@ mst_kinsyu_page::mst_kinsyu_page(frame::Session& session, QWidget* parent)
     m_hyou = master_grid(m_form.hyou, CursorStyle::Cell, "hyou", this);
     m_atai = new CellEditor(*m_hyou, m_form.atai,
         editor_acts(m_form, [this](const QString& text) { m_form.atai_Change(text); }), frame::TextBox::lit_back);
-    connect_sheet(*m_hyou, m_form);
-    hold_width(*m_hyou);
-    body()->addWidget(m_hyou);
-    body()->addStretch(1);
-    add_foot();
+    show_only(*m_hyou, m_form);
     refresh();
 }
 
@@ -32,11 +28,6 @@ void mst_kinsyu_page::showEvent(QShowEvent* event) {
     MasterPage::showEvent(event);
     act([this] { m_form.Form_Activate(); });
     m_atai->selectAll();
-}
-
-void mst_kinsyu_page::resizeEvent(QResizeEvent* event) {
-    MasterPage::resizeEvent(event);
-    show_form();
 }
 
 } // namespace ui

@@ -20,7 +20,6 @@ protected:
     void show_form() override;
     QWidget* control(masters::Focus) override { return m_atai; }
     void showEvent(QShowEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     masters::mst_kinsyu m_form;

@@ -13,11 +13,7 @@ mst_kintype_page::mst_kintype_page(frame::Session& session, QWidget* parent)
         {.Click = [this](int item) { act([&] { m_form.atai_com_Click(item); }); },
             .KeyPress = {},
             .LostFocus = [this] { act([this] { m_form.atai_com_LostFocus(); }); }});
-    connect_sheet(*m_hyou, m_form);
-    hold_width(*m_hyou);
-    body()->addWidget(m_hyou);
-    body()->addStretch(1);
-    add_foot();
+    show_only(*m_hyou, m_form);
     refresh();
 }
 
@@ -30,9 +26,10 @@ void mst_kintype_page::show_form() {
     m_atai_com->refresh();
 }
 
-void mst_kintype_page::resizeEvent(QResizeEvent* event) {
-    MasterPage::resizeEvent(event);
-    show_form();
+/// The keyboard stands on the first employee's type, so that Space or Enter opens the list there.
+void mst_kintype_page::showEvent(QShowEvent* event) {
+    MasterPage::showEvent(event);
+    m_hyou->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace ui

@@ -20,7 +20,7 @@ protected:
     masters::Screen& screen() override { return m_form; }
     void show_form() override;
     QWidget* control(masters::Focus) override { return m_atai_com; }
-    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     masters::mst_kintype m_form;

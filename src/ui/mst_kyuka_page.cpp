@@ -1,12 +1,11 @@
 #include "ui/mst_kyuka_page.h"
 
-#include <QRadioButton>
+#include "ui/radio_group.h"
 
 namespace ui {
 
 mst_kyuka_page::mst_kyuka_page(frame::Session& session, QWidget* parent)
     : FieldPage(session, {u"mst_kyuka", masters::mst_kyuka::caption}, parent), m_form(session),
-      m_Op_kyusyu(new QButtonGroup(this)),
       m_ch_hyou(new QCheckBox(masters::mst_kyuka::ch_hyou_caption.toString(), this)) {
     m_form.Form_Load();
     auto* above = new QHBoxLayout;
@@ -26,17 +25,10 @@ mst_kyuka_page::~mst_kyuka_page() {
 }
 
 QLayout* mst_kyuka_page::make_classes() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(14);
-    for (int element = 0; element < 2; ++element) {
-        auto* button = new QRadioButton(masters::mst_kyuka::Op_kyusyu_captions[element].toString(), this);
-        m_Op_kyusyu->addButton(button, element);
-        row->addWidget(button);
-    }
-    row->addStretch();
+    m_Op_kyusyu = radio_group(*this, masters::mst_kyuka::Op_kyusyu_captions);
     connect(m_Op_kyusyu, &QButtonGroup::idClicked, this,
         [this](int element) { act([&] { m_form.Op_kyusyu_Click(element); }); });
-    return row;
+    return in_a_row(*m_Op_kyusyu);
 }
 
 QLayout* mst_kyuka_page::make_mark() {

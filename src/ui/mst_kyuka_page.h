@@ -27,7 +27,7 @@ private:
     QLayout* make_mark();
 
     masters::mst_kyuka m_form;
-    QButtonGroup* m_Op_kyusyu;
+    QButtonGroup* m_Op_kyusyu = nullptr;
     QCheckBox* m_ch_hyou;
 };
 

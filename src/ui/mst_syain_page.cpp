@@ -1,7 +1,8 @@
 #include "ui/mst_syain_page.h"
 
+#include "ui/radio_group.h"
+
 #include <QPushButton>
-#include <QRadioButton>
 
 namespace ui {
 
@@ -23,7 +24,7 @@ constexpr Box boxes[] = {
 
 mst_syain_page::mst_syain_page(frame::Session& session, QWidget* parent)
     : FieldPage(session, {u"mst_syain", masters::mst_syain::caption}, parent), m_form(session),
-      m_sortlist(new QButtonGroup(this)) {
+      m_sortlist(radio_group(*this, masters::mst_syain::sortlist_captions)) {
     m_form.Form_Load();
     add_list(make_order_row(), [this](int row) { m_form.hyou_Click(row); });
     for (const Box& box : boxes)
@@ -39,15 +40,9 @@ mst_syain_page::~mst_syain_page() {
 }
 
 QLayout* mst_syain_page::make_order_row() {
-    auto* row = new QHBoxLayout;
-    for (int element = 0; element < 2; ++element) {
-        auto* button = new QRadioButton(masters::mst_syain::sortlist_captions[element].toString(), this);
-        m_sortlist->addButton(button, element);
-        row->addWidget(button);
-    }
+    auto* row = in_a_row(*m_sortlist);
     auto* extract = new QPushButton(masters::mst_syain::Command1_caption.toString(), this);
     extract->setAutoDefault(false);
-    row->addStretch();
     row->addWidget(extract);
     connect(m_sortlist, &QButtonGroup::idClicked, this,
         [this](int element) { act([&] { m_form.sortlist_Click(element); }); });

@@ -1,10 +1,13 @@
 #include "ui/program.h"
 
+#include "base/literals.h"
+#include "frame/backup.h"
 #include "platform/file_error.h"
 #include "platform/paths.h"
 #include "store/files.h"
 #include "store/key.h"
 #include "ui/application.h"
+#include "ui/backup_panel.h"
 #include "ui/splash.h"
 
 #include <QPixmap>
@@ -12,9 +15,14 @@
 
 namespace ui {
 
+using namespace base;
+
 namespace {
 
 constexpr QSize wanted_size(1366, 768);
+
+constexpr std::chrono::milliseconds lock_patience(2000);
+const QString restore_at_work = u"バックアップからの復元中です。終わってから起動してください。"_s;
 
 bool holds(QSize room, QSize size) {
     return size.boundedTo(room) == size;
@@ -85,7 +93,18 @@ void Program::start_up(Splash& splash) {
     const std::jthread key = store::derive_ahead(store::losys_path(expected));
     splash.show();
     read_pictures_ahead(expected);
-    stg.Form_Activate([this](frame::Start start) { show(start); });
+    stg.Form_Activate([this](frame::Start start) {
+        take_place();
+        show(start);
+    });
+}
+
+/// Where no lock can be had, as in a folder that can't be written, the program does without.
+void Program::take_place() {
+    const QString folder = store::data_folder(m_settings);
+    m_place.emplace(folder, store::desktop_program.toString());
+    if (!m_place->share(lock_patience) && platform::ProgramLock::held(folder, store::desktop_program.toString()))
+        throw std::runtime_error(restore_at_work.toStdString());
 }
 
 void Program::show(frame::Start start) {
@@ -103,10 +122,16 @@ void Program::show_wizard() {
 }
 
 void Program::show_window() {
-    m_window = std::make_unique<MainWindow>(m_session);
+    m_window = std::make_unique<MainWindow>(m_session, page_table(), [this] { back_up(); });
     fit_to_screen(*m_window);
     m_window->form().Form_Load();
     m_window->show();
+}
+
+void Program::back_up() {
+    BackupPanel panel(*m_window);
+    frame::バックアップ処理(
+        m_settings, m_host, [&](const QString& text, int done, int of) { panel.show_step(text, done, of); });
 }
 
 } // namespace ui

@@ -35,10 +35,20 @@ TEST(Arguments, TheSampleTakesUpToTwoNumbersAndItsLastMonthMayStandAnywhere) {
     EXPECT_EQ(sample(u"--until 202502 /r --sample"_s).until, 202502);
 }
 
+TEST(Arguments, ARestoreTakesAFolderAndARootUnlessItOnlyLists) {
+    const Restore restore = read(u"restore /bk/3 /srv"_s).restore.value();
+    EXPECT_EQ((QStringList{restore.folder, restore.root}), (QStringList{u"/bk/3"_s, u"/srv"_s}));
+    EXPECT_FALSE(restore.only_list);
+    EXPECT_TRUE(read(u"restore --list /bk/3"_s).restore->only_list);
+    EXPECT_EQ(read(u"restore --list /bk/3"_s).problem, QString());
+    EXPECT_FALSE(read(u"/restore"_s).restore);
+}
+
 TEST(Arguments, WhatCantBeUsedIsNamed) {
     for (const QString& line :
         {u""_s, u"--sample 5"_s, u"/a /b"_s, u"/a --colour red"_s, u"/a --use-class 3"_s, u"/a --use-class x"_s,
-            u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s})
+            u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s, u"restore"_s,
+            u"restore /bk"_s, u"restore --list"_s, u"restore /bk /a /b"_s, u"restore /bk /a --sample"_s})
         EXPECT_NE(read(line).problem, QString()) << line.toStdString();
 }
 

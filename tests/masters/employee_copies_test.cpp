@@ -59,17 +59,20 @@ constexpr std::string_view four_fields =
 
 TEST_F(Copies, FieldsBeyondTheFourAreCarriedOverByNameAndType) {
     rovdata().exec("alter table syain add column 部署 integer; alter table syain add column 時給 real;"
-                   "insert into syain values (4, 12, '山田', 'ヤマダ', '営業', '', null, 30, 950.5)");
-    comsys().exec("alter table syain add column 時給 real; alter table syain add column 部署 text;"
+                   "alter table syain add column 手当 real;"
+                   "insert into syain values (4, 12, '山田', 'ヤマダ', '営業', '', null, 30, 950.5, null)");
+    comsys().exec("alter table syain add column 時給 real; alter table syain add column 部署 text; alter table syain "
+                  "add column 手当 real;"
                   "insert into syain (システム番号, 社員番号, 社員名) values (4, 1, '古い名'), (0, null, '全体')");
     form.Form_Load();
     form.hyou_Click(1);
     form.atai_Change(mst_syain::name_field, u"山田花子"_s);
     form.botan_Click(1);
     constexpr std::string_view all = "select システム番号, 社員番号, 社員名, フリガナ, 第１グループ, 第３グループ, "
-                                     "部署, 時給 from syain order by rowid";
-    EXPECT_EQ(rows(rovdata(), all), QStringList({u"4|12|山田花子|ヤマダ|営業||30|950.5"_s}));
-    EXPECT_EQ(rows(comsys(), all), QStringList({u"0|-|全体|-|-|-|-|-"_s, u"4|12|山田花子|ヤマダ|営業||30|950.5"_s}))
+                                     "部署, 時給, 手当 from syain order by rowid";
+    EXPECT_EQ(rows(rovdata(), all), QStringList({u"4|12|山田花子|ヤマダ|営業||30|950.5|0.0"_s}));
+    EXPECT_EQ(
+        rows(comsys(), all), QStringList({u"0|-|全体|-|-|-|-|-|-"_s, u"4|12|山田花子|ヤマダ|営業||30|950.5|0.0"_s}))
         << "a delete and an add";
 }
 

@@ -51,6 +51,12 @@ struct MasterPages : testing::Test {
     }
     static void click(const ui::MasterPage& page, int botan) { QTest::mouseClick(page.botan(botan), Qt::LeftButton); }
 
+    static void help(const ui::MasterPage& page) {
+        for (auto* button : page.findChildren<ui::PictureButton*>())
+            if (button->accessibleName() == u"ヘルプ"_s)
+                QTest::mouseClick(button, Qt::LeftButton);
+    }
+
     /// The rows of a query, each as its columns joined by "|".
     QStringList rows(std::string_view sql) {
         auto database = store::Database::open(store::rovdata_path(company.settings), store::Kind::Rovdata);
@@ -182,7 +188,8 @@ TEST_F(MstKintypePage, ChoosingInTheListAssignsTheTypeAtOnce) {
 
 TEST_F(MstKintypePage, AnItemIsChosenInTheListThatDropsDown) {
     const auto page = open<ui::mst_kintype_page>();
-    support::click_cell(grid(*page, "hyou"), 2, 2);
+    press(Qt::Key_Down);
+    press(Qt::Key_Space); // the keyboard stands on the types at once
     auto* list = qobject_cast<QComboBox*>(QApplication::focusWidget());
     ASSERT_TRUE(list);
     QTest::mouseClick(list, Qt::LeftButton);
@@ -220,6 +227,17 @@ TEST_F(MstSyainPage, AClickOnARowShowsTheEmployeeWithTheNumberSelected) {
     EXPECT_TRUE(page->atai(1)->hasFocus());
 }
 
+TEST_F(MstSyainPage, AReadingIsComposedInItsBoxAndCountsWhenItIsConverted) {
+    const auto page = open<ui::mst_syain_page>();
+    page->atai(3)->setFocus();
+    QInputMethodEvent composing(u"やまだ"_s, {});
+    QApplication::sendEvent(page->atai(3), &composing);
+    EXPECT_EQ(page->form().atai[3].text, QString());
+    type(u"ヤマダ"_s);
+    EXPECT_EQ(page->form().atai[3].text, u"ヤマダ"_s);
+    EXPECT_EQ(page->atai(3)->text(), u"ヤマダ"_s);
+}
+
 using MstKyukaPage = MasterPages;
 
 TEST_F(MstKyukaPage, EnterInTheNameLeadsToTheButtonAndEnterThereSaves) {
@@ -231,7 +249,7 @@ TEST_F(MstKyukaPage, EnterInTheNameLeadsToTheButtonAndEnterThereSaves) {
     EXPECT_TRUE(page->atai(1)->hasFocus());
 }
 
-TEST_F(MasterPages, EachMasterOpensFromTheMenuAndLeadsBackToIt) {
+TEST_F(MasterPages, EachMasterOpensTellsItsHelpAndLeadsBackToTheMenu) {
     ui::MainWindow window(session);
     window.resize(1366, 768);
     window.show();
@@ -240,10 +258,16 @@ TEST_F(MasterPages, EachMasterOpensFromTheMenuAndLeadsBackToIt) {
         window.pages().show(page);
         auto* master = qobject_cast<ui::MasterPage*>(window.pages().page(page));
         ASSERT_TRUE(master);
+        help(*master);
         click(*master, 0);
         EXPECT_FALSE(window.pages().is_open(page));
         EXPECT_EQ(window.pages().currentWidget(), window.pages().page(frame::Page::mst_00));
     }
+    QStringList helps;
+    for (const QString& address : host.opened)
+        helps << address.section(u'/', -1);
+    EXPECT_EQ(helps,
+        QStringList({u"001-3-01.htm"_s, u"001-3-02.htm"_s, u"001-3-03.htm"_s, u"001-3-04.htm"_s, u"001-3-05.htm"_s}));
 }
 
 TEST_F(MasterPages, APageGoesWithACellInEdit) {
