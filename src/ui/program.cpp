@@ -105,13 +105,10 @@ void Program::start_up(Splash& splash) {
     splash.show();
     find_fonts_ahead();
     read_pictures_ahead(expected);
-<<<<<<< HEAD
-    stg.Form_Activate([this](frame::Start start) { show(start); });
-=======
-    const frame::Start start = stg.Form_Activate();
-    if (start != frame::Start::End)
+    stg.Form_Activate([this](frame::Start start) {
         take_place();
-    return start;
+        show(start);
+    });
 }
 
 /// Where no lock can be had, as in a folder that can't be written, the program does without.
@@ -120,7 +117,6 @@ void Program::take_place() {
     m_place.emplace(folder, store::desktop_program.toString());
     if (!m_place->share(lock_patience) && platform::ProgramLock::held(folder, store::desktop_program.toString()))
         throw std::runtime_error(restore_at_work.toStdString());
->>>>>>> main
 }
 
 void Program::show(frame::Start start) {
