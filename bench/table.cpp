@@ -103,7 +103,7 @@ int main(int argc, char** argv) {
 
     std::vector<Line> lines;
     for (const auto subject : {bench::setting_read, bench::month_load, bench::calculation, bench::apply, bench::masters,
-             bench::work_time_lists})
+             bench::work_time_lists, bench::printing})
         for (const Line& line : subject())
             lines.push_back(line);
     LeastTimes times;

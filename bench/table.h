@@ -23,5 +23,6 @@ std::vector<Line> calculation();
 std::vector<Line> apply();
 std::vector<Line> masters();
 std::vector<Line> work_time_lists();
+std::vector<Line> printing();
 
 } // namespace bench

@@ -37,6 +37,8 @@ constexpr ButtonPicture table[] = {
     {u"zen_chu.BMP",   u"zen_chu_b.BMP",   u"抽出",   I::Funnel,    Action, Secondary},
     {u"zen_kens.BMP",  u"zen_kens_b.BMP",  u"検索",   I::Magnifier, Action, Secondary},
     {u"zen_print.BMP", u"zen_print_b.BMP", u"印刷",   I::Printer,   Action, Neutral},
+    {u"zen_prev.BMP",  u"zen_prev_b.BMP",  u"プレビュー",   I::SheetLens, Wide, Neutral},
+    {u"zen_file.BMP",  u"zen_file_b.BMP",  u"ファイル作成", I::SheetOut,  Wide, Neutral},
     {u"zen_help.BMP",  u"zen_help_b.BMP",  u"ヘルプ", I::Question,  Action, Neutral},
     // the heading of a report, by its number
     {u"mida_chou_001.bmp", {}, u"社員一覧表",       I::Person,    Heading, Report},

@@ -237,9 +237,29 @@ Icon back() {
     return made;
 }
 
+Icon sheet_lens() {
+    Icon made;
+    box(made.fill, 4, 2.5, 13, 18);
+    polyline(made.lines, {{17, 8.5}, {17, 2.5}, {4, 2.5}, {4, 20.5}, {9.5, 20.5}});
+    polyline(made.lines, {{7.5, 7}, {13.5, 7}});
+    circle(made.lines, {14.5, 14.5}, 4.3);
+    polyline(made.lines, {{17.7, 17.7}, {21.5, 21.5}});
+    return made;
+}
+
+Icon sheet_out() {
+    Icon made;
+    box(made.fill, 4, 2.5, 13, 18);
+    polyline(made.lines, {{17, 8.5}, {17, 2.5}, {4, 2.5}, {4, 20.5}, {17, 20.5}, {17, 19}});
+    polyline(made.lines, {{7.5, 7}, {13.5, 7}});
+    polyline(made.lines, {{10, 13.8}, {21.5, 13.8}});
+    polyline(made.lines, {{17.8, 10.2}, {21.5, 13.8}, {17.8, 17.4}});
+    return made;
+}
+
 // In the order of IconKind.
-constexpr std::array<Icon (*)(), 19> builders{clock, chart, cards, question, door, person, tag, timetable, person_clock,
-    day_sheet, bars, sun, gear, check, bin, printer, magnifier, funnel, back};
+constexpr std::array<Icon (*)(), 21> builders{clock, chart, cards, question, door, person, tag, timetable, person_clock,
+    day_sheet, bars, sun, gear, check, bin, printer, magnifier, funnel, back, sheet_lens, sheet_out};
 
 } // namespace
 

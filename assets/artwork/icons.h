@@ -27,6 +27,8 @@ enum class IconKind {
     Magnifier,
     Funnel,
     Back,
+    SheetLens,
+    SheetOut,
 };
 
 struct Icon {

@@ -14,10 +14,11 @@ const QColor band(200, 200, 255);
 const QColor page(240, 240, 240);
 
 // In the order of Shape.
-const std::array<ShapeStyle, 4> shapes{{
+const std::array<ShapeStyle, 5> shapes{{
     {{124, 44}, band, 7, 14, 22, 1.7},
     {{240, 44}, page, 8, 15, 20, 1.8},
     {{96, 32}, page, 6, 14, 17, 2.0},
+    {{136, 32}, page, 6, 14, 17, 2.0},
     {{300, 40}, page, 8, 19, 20, 1.8},
 }};
 

@@ -16,6 +16,7 @@ enum class Shape {
     Top,     // in the band along the top of the frame
     Menu,    // on a menu page: icon tile, label, chevron
     Action,  // at the foot of a screen
+    Wide,    // the same with a longer label
     Heading, // the title picture of a report, not a button
 };
 

@@ -12,5 +12,6 @@ inline constexpr int right = 39;
 inline constexpr int down = 40;
 inline constexpr int minus = 45; ///< as a typed character
 inline constexpr int del = 46;   ///< as a key down
+inline constexpr int f1 = 112;   ///< as a key down
 
 } // namespace base::key

@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 #include <limits>
 
@@ -34,6 +35,12 @@ qint64 Val(QStringView text) {
 int int_val(QStringView text) {
     return static_cast<int>(
         std::clamp<qint64>(Val(text), std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+double decimal_val(QStringView text) {
+    static const QRegularExpression leading_number(
+        QStringLiteral("^[ \\t\\r\\n]*([+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+))"));
+    return leading_number.match(text.toString()).captured(1).toDouble();
 }
 
 QString digits(qint64 number) {

@@ -15,6 +15,11 @@ qint64 Val(QStringView text);
 /// Val held within int, for counts, rows and settings.
 int int_val(QStringView text);
 
+/// The leading decimal number of the text, read by the same rule, for sizes that are no whole numbers.
+///   decimal_val(u"1.5mm") // 1.5      decimal_val(u"12.") // 12      decimal_val(u"-.5") // -0.5      decimal_val(u"")
+///   // 0
+double decimal_val(QStringView text);
+
 /// The number in plain digits, 0 as "0".
 QString digits(qint64 number);
 

@@ -43,6 +43,14 @@ QString whole_left(QStringView text, int length) {
     return kept.toString();
 }
 
+int byte_length(QStringView text) {
+    const auto half_width = [](QChar c) { return c < u'\x80' || c == u'¥' || c == u'‾' || (c >= u'｡' && c <= u'ﾟ'); };
+    int bytes = 0;
+    for (const QChar c : text)
+        bytes += c.isLowSurrogate() ? 0 : half_width(c) ? 1 : 2;
+    return bytes;
+}
+
 QString field_text(QStringView text) {
     constexpr int field_room = 255;
     return whole_left(text, field_room);

@@ -25,6 +25,10 @@ QString right_justified(QStringView text, int width); ///< right_justified(u"7",
 /// The first `length` units of the text, one less where the cut would go through a character of two units.
 QString whole_left(QStringView text, int length);
 
+/// The bytes of the text in the Japanese code page: 1 for a half-width character, 2 for a full-width one.
+///   byte_length(u"8:30") // 4      byte_length(u"公休") // 4      byte_length(u"ｶﾅ") // 2
+int byte_length(QStringView text);
+
 /// The text as a field of the tables can hold it: at most 255 characters.
 QString field_text(QStringView text);
 

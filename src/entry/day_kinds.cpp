@@ -1,5 +1,6 @@
 #include "entry/day_kinds.h"
 
+#include "base/combo_item.h"
 #include "base/text.h"
 #include "entry/cells.h"
 
@@ -7,10 +8,9 @@ namespace entry {
 
 namespace {
 
-constexpr int part_width = 10;
-
+/// The way of choosing no kind.
 QString blank_item() {
-    return QString(part_width, QChar(0x3000)) + u'0';
+    return QString(day_kind_item.name_width, QChar(0x3000)) + u'0';
 }
 
 bool is_default(qint64 standard_mark) {
@@ -27,21 +27,16 @@ struct KindRow {
 void take_kind(MonthSheet& sheet, KindList& kyucom, const KindRow& kind) {
     if (kind.number == 0)
         return;
-    kyucom.items << kind_item(kind.name, digits(kind.number), digits(kind.holiday_work));
+    kyucom.items << combo_item(day_kind_item, kind.name, {kind.number, kind.holiday_work});
     if (is_default(kind.standard_mark))
         (kind.holiday_work == 0 ? sheet.kind_without_work : sheet.kind_with_work) = {digits(kind.number), kind.name};
 }
 
 } // namespace
 
-QString kind_item(const QString& name, const QString& number, const QString& holiday_work) {
-    return left_justified(name, part_width) + right_justified(number, part_width) +
-           right_justified(holiday_work, part_width);
-}
-
 KindParts kind_parts(const QString& item) {
-    return {Trim(item.mid(0, part_width)), Trim(item.mid(part_width, part_width)),
-        Trim(item.mid(2 * part_width, part_width))};
+    return {
+        combo_name(day_kind_item, item), combo_number(day_kind_item, item, 0), combo_number(day_kind_item, item, 1)};
 }
 
 void load_day_kinds(MonthSheet& sheet, KindList& kyucom, store::Database& database) {

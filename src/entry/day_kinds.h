@@ -8,10 +8,7 @@
 
 namespace entry {
 
-/// A `kyucom` item of 30 characters: name 10, number 10, `休出` 10; longer texts are cut.
-QString kind_item(const QString& name, const QString& number, const QString& holiday_work);
-
-/// The parts of an item: characters 1 to 10, 11 to 20, 21 to 30, without blanks at their ends.
+/// The parts of a `kyucom` item (base::day_kind_item), without blanks at their ends.
 struct KindParts {
     QString name;
     QString number;

@@ -115,7 +115,7 @@ void ent_rovena::社員選択処理() {
         return;
     書式設定();
     書式設定_日();
-    msglab = u"データー抽出中"_s;
+    report(u"データー抽出中"_s);
     auto unloaded = qScopeGuard([this] { forget_employee(); });
     load_month(employee);
     unloaded.dismiss();
@@ -123,7 +123,13 @@ void ent_rovena::社員選択処理() {
     sheet.hyou_day.setCursor({1, 0});
     hyou_day_shown = true;
     sheet.hyou.setCursor(sheet.entry_cell);
-    msglab = u"抽出終了"_s;
+    report(u"抽出終了"_s);
+}
+
+void ent_rovena::report(const QString& text) {
+    msglab = text;
+    if (msglab_changed)
+        msglab_changed();
 }
 
 /// A load that failed leaves nobody chosen: an empty sheet under a name could be saved over that month.

@@ -20,6 +20,7 @@
 #include "frame/session.h"
 
 #include <array>
+#include <functional>
 
 namespace entry {
 
@@ -55,6 +56,9 @@ public:
     QString kintypecd;  ///< number of its work type
     QString lab2;       ///< name of its work type, "設定なし" if there is none
     QString msglab;     ///< how the load stands
+
+    /// Called when `msglab` has changed and the work behind it goes on: a page paints it at once.
+    std::function<void()> msglab_changed;
 
     bool saving = false;         ///< inside `保存処理`
     bool close_wanted = false;   ///< the person left the screen: the page closes itself
@@ -106,6 +110,7 @@ private:
     store::Database open_data() const;
     base::CompanyMonth month_chosen();
     void load_month(qint64 employee);
+    void report(const QString& text);
     bool employee_chosen();
     void forget_employee();
 

@@ -3,6 +3,8 @@
 #include "base/columns.h"
 #include "entry/cells.h"
 
+#include <array>
+
 namespace entry {
 
 namespace {
@@ -24,24 +26,20 @@ constexpr Column syain_columns[] = {
     {u"システム番号", 0, Alignment::Left},
 };
 
-void set_columns(base::Sheet& sheet, std::span<const Column> columns) {
-    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
-        sheet(0, i) = columns[i].heading.toString();
-        sheet.setColWidth(i, columns[i].width);
-        sheet.setColAlignment(i, columns[i].alignment);
-    }
-}
+/// The two fixed sums, and room for the kinds and categories of a work type.
+constexpr std::array strip_columns = [] {
+    std::array<Column, 10> columns{};
+    columns.fill({u"", strip_width, Alignment::Center});
+    columns[strip::worked_column].heading = u"出勤";
+    columns[strip::unworked_column].heading = u"休暇";
+    return columns;
+}();
 
-void reset(base::Sheet& sheet, int rows, int cols) {
-    const Cell cursor{sheet.Row(), sheet.Col()};
-    sheet = base::Sheet(rows, cols);
-    sheet.setCursor(cursor);
-}
-
-void reset_record(base::Sheet& hyou_system) {
-    reset(hyou_system, row::count, 4);
+base::Sheet empty_record() {
+    base::Sheet hyou_system(row::count, 4);
     for (int column = 0; column <= 2; ++column)
         hyou_system.setColWidth(column, 800);
+    return hyou_system;
 }
 
 void colour_total_row(base::Sheet& hyou) {
@@ -64,32 +62,22 @@ void set_rows(base::Sheet& hyou) {
 void 書式設定(MonthSheet& sheet, const CompanyMonth& month) {
     sheet.month = month;
     sheet.pending_cell.reset();
-    reset_record(sheet.hyou_system);
-    reset(sheet.hyou, row::count, col::first_category);
-    sheet.hyou.setFixed(1, 2);
-    set_columns(sheet.hyou, hyou_columns);
+    sheet.hyou_system = empty_record();
+    lay_out(sheet.hyou, hyou_columns, row::count, /*fixed_cols=*/2);
     set_rows(sheet.hyou);
     for (int r = row::first_day; r <= month.length(); ++r)
         show_date(sheet.hyou, r, month.day(r));
 }
 
 void 書式設定_日(MonthSheet& sheet) {
-    base::Sheet& strip_sheet = sheet.hyou_day;
-    reset(strip_sheet, 3, 10);
-    strip_sheet.setFixed(1, 0);
-    strip_sheet.setRowHeight(strip::tag, 0);
-    strip_sheet(strip::name, strip::worked_column) = u"出勤"_s;
-    strip_sheet(strip::tag, strip::worked_column) = u"-1"_s;
-    strip_sheet(strip::name, strip::unworked_column) = u"休暇"_s;
-    strip_sheet(strip::tag, strip::unworked_column) = u"-2"_s;
-    for (int column = 0; column < strip_sheet.Cols(); ++column)
-        format_strip_column(strip_sheet, column);
+    lay_out(sheet.hyou_day, strip_columns, 3);
+    sheet.hyou_day.setRowHeight(strip::tag, 0);
+    sheet.hyou_day(strip::tag, strip::worked_column) = u"-1"_s;
+    sheet.hyou_day(strip::tag, strip::unworked_column) = u"-2"_s;
 }
 
 void 書式設定_社員(base::Sheet& hyou_syain) {
-    reset(hyou_syain, 2, 3);
-    hyou_syain.setFixed(1, 0);
-    set_columns(hyou_syain, syain_columns);
+    lay_out(hyou_syain, syain_columns, 2);
 }
 
 void format_strip_column(base::Sheet& hyou_day, int column) {

@@ -2,6 +2,7 @@
 
 #include "common/program_wait.h"
 #include "entry/cells.h"
+#include "frame/exchange_files.h"
 #include "platform/paths.h"
 #include "store/files.h"
 
@@ -39,9 +40,8 @@ bool manager_at_work(frame::Session& session) {
 
 void start_manager(frame::Session& session) {
     const QString root = platform::portable(session.settings.server_root);
-    const QString exe = root + u"/comdata/exe/exe/jyusinkanri.exe"_s;
-    session.host.start_program(platform::program_file(exe),
-        {u"--root"_s, root, u"--local"_s, platform::portable(session.settings.local_root)});
+    session.host.start_program(
+        frame::manager_file(root), {u"--root"_s, root, u"--local"_s, platform::portable(session.settings.local_root)});
 }
 
 void bind_row(store::Statement& insert, const ExchangeRow& row) {

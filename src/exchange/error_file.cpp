@@ -1,7 +1,6 @@
 #include "exchange/error_file.h"
 
 #include "base/literals.h"
-#include "platform/paths.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -11,10 +10,6 @@
 namespace exchange {
 
 using namespace base;
-
-QString error_file_path(const frame::Settings& settings) {
-    return platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/data/trn/errmsg.txt"_s;
-}
 
 bool add_error_line(const QString& path, const QString& message) {
     QDir().mkpath(QFileInfo(path).path());

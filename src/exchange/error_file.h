@@ -2,14 +2,13 @@
 
 // The file that the error list of the desktop program shows: a message a line, each in double quotes, in UTF-8.
 
-#include "frame/settings.h"
+#include "frame/error_list.h"
 
 #include <QString>
 
 namespace exchange {
 
-/// `errmsg.txt` under the local root.
-QString error_file_path(const frame::Settings& settings);
+using frame::error_file_path;
 
 /// Appends a line with the time in front and makes the folder if need be. Line ends in the message become blanks.
 /// False if it couldn't be written.

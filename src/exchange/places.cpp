@@ -1,7 +1,6 @@
 #include "exchange/places.h"
 
 #include "base/literals.h"
-#include "platform/paths.h"
 
 #include <QDir>
 
@@ -16,10 +15,6 @@ std::optional<QString> server_root_above(const QString& folder) {
             return dir.path();
     } while (dir.cdUp());
     return std::nullopt;
-}
-
-QString manager_file(const QString& server_root) {
-    return platform::program_file(server_root + u"/comdata/exe/exe/jyusinkanri.exe"_s);
 }
 
 } // namespace exchange

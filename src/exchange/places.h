@@ -10,7 +10,4 @@ namespace exchange {
 /// The server root that the folder lies in: the nearest folder upwards that holds "comdata/data"; nothing if none does.
 std::optional<QString> server_root_above(const QString& folder);
 
-/// The program file of the exchange manager below a server root.
-QString manager_file(const QString& server_root);
-
 } // namespace exchange

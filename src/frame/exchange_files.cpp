@@ -1,6 +1,7 @@
 #include "frame/exchange_files.h"
 
 #include "base/literals.h"
+#include "platform/paths.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
 #include "store/schema.h"
@@ -66,6 +67,9 @@ QString journal_of(const QString& path) {
     return path + u"-journal"_s;
 }
 
+/// What keeps a file from being moved or replaced: where an open file can't be, most likely another that has it open.
+constexpr Code blocked = platform::open_files_can_move ? Code::ReadOnly : Code::Busy;
+
 using Write = std::error_code (*)(const QString& path, const QByteArray& bytes, Durability durability);
 
 class Remaking {
@@ -74,6 +78,8 @@ public:
         : m_folder(kept_folder(settings)), m_now(now), m_patience(patience) {}
 
     void remake(const QString& path) {
+        if (known_as_new(path))
+            return;
         for (int attempt = 1;; ++attempt) {
             try {
                 return take_place_of(path);
@@ -85,12 +91,18 @@ public:
     }
 
 private:
+    /// Most files are copies of one that is as new, which is cheaper to see than to open each.
+    bool known_as_new(const QString& path) const {
+        const QByteArray bytes = m_as_new.isEmpty() ? QByteArray() : store::bytes_of(path);
+        return !bytes.isEmpty() && m_as_new.contains(bytes);
+    }
+
     void take_place_of(const QString& path) {
         try {
             Held old(path, m_patience);
             const bool rows = old.holds_rows();
             if (!rows && old.as_new())
-                return;
+                return m_as_new.append(store::bytes_of(path));
             old.let_move();
             if (!rows)
                 return put(path, platform::replace_file, Durability::Cache);
@@ -108,12 +120,12 @@ private:
 
     void put(const QString& path, Write write, Durability durability) {
         if (m_image.isEmpty())
-            m_image = store::empty_database_image(store::Kind::Exchange);
+            m_as_new << (m_image = store::empty_database_image(store::Kind::Exchange));
         const std::error_code failure = write(path, m_image, durability);
         if (failure == std::errc::file_exists)
             throw Error(Code::Replaced, path, {}, {});
         if (failure)
-            throw Error(failure == std::errc::no_space_on_device ? Code::Full : Code::ReadOnly, path, {},
+            throw Error(failure == std::errc::no_space_on_device ? Code::Full : blocked, path, {},
                 QString::fromLocal8Bit(failure.message()));
     }
 
@@ -121,7 +133,7 @@ private:
     void keep(const QString& path, QStringView ending) const {
         const QString kept = free_name(path, ending);
         if (!QDir().mkpath(m_folder) || !QFile::rename(path, kept))
-            throw Error(QFile::exists(path) ? Code::ReadOnly : Code::Replaced, kept, {}, {});
+            throw Error(QFile::exists(path) ? blocked : Code::Replaced, kept, {}, {});
         QFile::rename(journal_of(path), journal_of(kept));
     }
 
@@ -133,7 +145,7 @@ private:
 
     QString free_name(const QString& path, QStringView ending) const {
         for (QDateTime time = m_now;; time = time.addMSecs(1)) {
-            const QString name = u"%1/%2-%3.mdb%4"_s.arg(
+            QString name = u"%1/%2-%3.mdb%4"_s.arg(
                 m_folder, QFileInfo(path).baseName(), time.toString(u"yyyyMMdd-HHmmss-zzz"_s), ending);
             if (!QFile::exists(name))
                 return name;
@@ -143,13 +155,18 @@ private:
     QString m_folder;
     QDateTime m_now;
     std::chrono::milliseconds m_patience;
-    QByteArray m_image; ///< a new file, made when the first is needed
+    QByteArray m_image;         ///< a new file, made when the first is needed
+    QList<QByteArray> m_as_new; ///< what files that need no remaking consist of
 };
 
 } // namespace
 
 QString kept_folder(const Settings& settings) {
     return store::exchange_folder(settings) + u"/nokori"_s;
+}
+
+QString manager_file(const QString& server_root) {
+    return platform::program_file(server_root + u"/comdata/exe/exe/jyusinkanri.exe"_s);
 }
 
 void 交換ファイル作成(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience) {

@@ -20,6 +20,9 @@ QString kept_folder(const Settings& settings);
 /// What the name of an unreadable kept file ends in, after ".mdb".
 inline constexpr QStringView unreadable_ending = u".kowareta";
 
+/// The program that takes the rows, below a server root with "/".
+QString manager_file(const QString& server_root);
+
 /// Remakes every exchange file; one that is as new already stays. Whoever has a file open that was replaced, and writes
 /// to it afterwards, gets store::Code::Replaced.
 /// Throws store::Error: Code::Busy where another program is writing and doesn't end in time, Code::Newer for a file of

@@ -37,7 +37,8 @@ std::span<const Button> midasi_buttons() {
 }
 
 mainform::mainform(Session session, Pages& pages, std::function<void()> backup)
-    : m_session(session), m_pages(pages), m_backup(std::move(backup)) {}
+    : work(session.host), date_entry(session.settings), m_session(session), m_pages(pages),
+      m_backup(std::move(backup)) {}
 
 void mainform::Form_Load() {
     gamenno = u"0"_s;

@@ -3,9 +3,11 @@
 // The main frame as logic: which page a top button opens, what closes when, and how the program ends. At most one page
 // is on view; a click on a top button closes what is open, without asking, and opens its page.
 
+#include "common/date_entry.h"
 #include "frame/button.h"
 #include "frame/pages.h"
 #include "frame/session.h"
+#include "frame/work_line.h"
 
 #include <functional>
 #include <span>
@@ -39,6 +41,9 @@ public:
     QString stalab;    ///< "●", "◎", "○" or empty
     QString mstkenflg; ///< not empty while the search popup is open
     int report_no = 0; ///< the report chosen on `rov_00`
+
+    WorkLine work;                ///< long work of a page, in the status line
+    common::DateEntry date_entry; ///< knows the date accepted last on any screen
 
     /// Called when a text of the frame has changed.
     std::function<void()> changed;

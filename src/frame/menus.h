@@ -57,7 +57,8 @@ private:
 /// never above its place in the page's design.
 int pic_bota_top(int page_height, int band_height);
 
-/// How much smaller than the frame's client area the band is.
+/// How much narrower than the frame's client area the band is. It reaches over the page; were it as high as the client
+/// area, there would be no foot to stand at.
 inline constexpr int pic_bota_margin = 240;
 
 } // namespace frame

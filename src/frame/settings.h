@@ -26,6 +26,7 @@ struct Settings {
     int date_style = 0;      ///< 0 Western calendar, 1 Japanese era calendar
     int special_soft = 0;    ///< 1: neither splash picture nor information page
     QString server_name;     ///< host of the turn service
+    QString info_server;     ///< host of the news, empty: none is fetched
     int forward_date = 0;    ///< days ahead that the short date entry still takes for this month
     int month_start_day = 1; ///< first day of the company month, 1 to 31
 

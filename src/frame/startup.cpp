@@ -87,6 +87,7 @@ void stg::read_shared_settings() {
     m_settings.date_style = int_val(read(u"和西暦表示"_s, Run::Begin));
     m_settings.special_soft = int_val(read(u"特別ソフト"_s));
     m_settings.server_name = Trim(read(u"サーバー名"_s));
+    m_settings.info_server = Trim(read(u"情報サーバー"_s));
     m_settings.forward_date = int_val(read(u"先付け日付"_s));
     m_settings.month_start_day = valid_first_day(Val(read(u"月初日付"_s, Run::End)));
 }

@@ -53,6 +53,7 @@ void deliver_comsys(store::Database& comsys, const Options& options) {
                                                                                 {u"月初日付", u"1"_s},
                                                                                 {u"先付け日付", u"10"_s},
                                                                                 {u"サーバー名", options.server_name},
+                                                                                {u"情報サーバー", options.info_server},
                                                                                 {u"総額表示", u"0"_s},
                                                                                 {u"消費税", u"10"_s},
                                                                             });

@@ -49,7 +49,7 @@ private:
         QStringView name;
         Setter set;
     };
-    static const std::array<Option, 8> known_options;
+    static const std::array<Option, 9> known_options;
 
     Options& options() { return m_request.options; }
 
@@ -96,9 +96,10 @@ bool keep(QString& place, const QString& value) {
     return true;
 }
 
-constexpr std::array<Reader::Option, 8> Reader::known_options{{
+constexpr std::array<Reader::Option, 9> Reader::known_options{{
     {u"--use-class", [](Reader& r, const QString& v) { return take_number(v, 0, 2, r.options().use_class); }},
     {u"--server-name", [](Reader& r, const QString& v) { return keep(r.options().server_name, v); }},
+    {u"--info-server", [](Reader& r, const QString& v) { return keep(r.options().info_server, v); }},
     {u"--server-root", [](Reader& r, const QString& v) { return keep(r.options().server_root, v); }},
     {u"--share-user", [](Reader& r, const QString& v) { return keep(r.options().share_user, v); }},
     {u"--share-password", [](Reader& r, const QString& v) { return keep(r.options().share_password, v); }},
@@ -107,10 +108,34 @@ constexpr std::array<Reader::Option, 8> Reader::known_options{{
     {u"--until", [](Reader& r, const QString& v) { return take_month(v, r.m_until); }},
 }};
 
+QString problem_of(const Restore& restore) {
+    if (restore.folder.isEmpty())
+        return u"FOLDER is missing"_s;
+    return restore.root.isEmpty() && !restore.only_list ? u"ROOT is missing (or --list)"_s : QString();
+}
+
+Request read_restore(const QStringList& arguments) {
+    Restore restore;
+    QString problem;
+    for (const QString& argument : arguments) {
+        if (argument == u"--list")
+            restore.only_list = true;
+        else if (argument.startsWith(u"--"))
+            problem = u"unknown option: "_s + argument;
+        else if (restore.folder.isEmpty())
+            restore.folder = argument;
+        else if (restore.root.isEmpty())
+            restore.root = argument;
+        else
+            problem = u"one ROOT only: "_s + argument;
+    }
+    return {{}, restore, problem.isEmpty() ? problem_of(restore) : problem};
+}
+
 } // namespace
 
 Request read_arguments(const QStringList& arguments) {
-    return Reader(arguments).read();
+    return arguments.value(0) == u"restore" ? read_restore(arguments.sliced(1)) : Reader(arguments).read();
 }
 
 frame::Settings settings_of(const Options& options) {
@@ -122,12 +147,15 @@ frame::Settings settings_of(const Options& options) {
 
 QString usage() {
     return uR"(rovena-install ROOT [option...]
+rovena-install restore FOLDER --list
+rovena-install restore FOLDER ROOT
 
 Makes "ROOT/Program Files/meridan/qn" with the databases, folders, artwork, help and programs of the attendance system.
 A database that exists is left alone; artwork, help and programs are brought up to date.
 
   --use-class N           what this PC is: 0 the main PC (the default), 1 or 2 another PC
   --server-name HOST      the main PC's name in the network, where the turn service runs
+  --info-server HOST      where the information page fetches news from; without it none is fetched
   --server-root PATH      the shared data lies there; none is made here
   --share-user NAME       account for that share
   --share-password TEXT   its password
@@ -136,6 +164,12 @@ A database that exists is left alone; artwork, help and programs are brought up 
   --sample [EMPLOYEES [MONTHS]]
                           adds a made-up company (20 employees, 3 months)
   --until YYYYMM          its last month with attendance (202611)
+
+restore goes back to a backup, which is a folder of one weekday ("comdata/data/bk/3"). It reads all of it, tells its
+time, employees, months and rows, and puts its databases into the tree of ROOT. The present ones stay beside them under
+a name with the time. Refused while the program is open on that data.
+
+  --list                  only tells what the folder holds and whether it is in order
 )"_s;
 }
 

@@ -21,6 +21,7 @@ struct Options {
     QString root;           ///< the folder that stands for the drive
     int use_class = 0;      ///< 0 the main PC, 1 or 2 another PC
     QString server_name;    ///< host of the turn service
+    QString info_server;    ///< host of the news
     QString server_root;    ///< root of the shared data if it lies elsewhere; the shared part isn't made then
     QString share_user;     ///< account for that share
     QString share_password; ///< and its password
@@ -29,10 +30,18 @@ struct Options {
     std::optional<Sample> sample;
 };
 
+/// Going back to a backup.
+struct Restore {
+    QString folder;         ///< the backup of one weekday
+    QString root;           ///< the folder that stands for the drive; empty to look only
+    bool only_list = false; ///< nothing is put in place
+};
+
 /// What the arguments (without the program's name) ask for; `problem` says what is wrong with them and is empty if they
 /// are in order.
 struct Request {
     Options options;
+    std::optional<Restore> restore; ///< asked for instead of the options
     QString problem;
 };
 Request read_arguments(const QStringList& arguments);

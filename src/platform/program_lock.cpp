@@ -28,10 +28,11 @@ QString lock_path(const QString& folder, const QString& title) {
 
 #ifdef Q_OS_WIN
 // A file opened without sharing is the lock.
-int open_locked(const QString& path, bool create) {
+int open_locked(const QString& path, bool create, bool alone = true) {
     int file = -1;
     const int flags = _O_RDWR | (create ? _O_CREAT : 0);
-    _wsopen_s(&file, reinterpret_cast<const wchar_t*>(path.utf16()), flags, _SH_DENYRW, _S_IREAD | _S_IWRITE);
+    _wsopen_s(&file, reinterpret_cast<const wchar_t*>(path.utf16()), flags, alone ? _SH_DENYRW : _SH_DENYNO,
+        _S_IREAD | _S_IWRITE);
     return file;
 }
 void close_file(int file) {
@@ -41,9 +42,9 @@ bool another_holds(const QString& path) {
     return QFile::exists(path) && open_locked(path, false) < 0;
 }
 #else
-int open_locked(const QString& path, bool create) {
+int open_locked(const QString& path, bool create, bool alone = true) {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | (create ? O_CREAT : 0), 0666);
-    if (file < 0 || ::flock(file, LOCK_EX | LOCK_NB) == 0)
+    if (file < 0 || ::flock(file, (alone ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0)
         return file;
     ::close(file);
     return -1;
@@ -72,9 +73,17 @@ ProgramLock::~ProgramLock() {
 }
 
 bool ProgramLock::take(std::chrono::milliseconds patience) {
+    return hold(Holder::Alone, patience);
+}
+
+bool ProgramLock::share(std::chrono::milliseconds patience) {
+    return hold(Holder::Together, patience);
+}
+
+bool ProgramLock::hold(Holder holder, std::chrono::milliseconds patience) {
     constexpr std::chrono::milliseconds pause(20);
     for (auto waited = std::chrono::milliseconds(0); m_file < 0; waited += pause) {
-        m_file = open_locked(m_path, true);
+        m_file = open_locked(m_path, /*create=*/true, /*alone=*/holder == Holder::Alone);
         if (m_file >= 0 || waited >= patience)
             break;
         QThread::msleep(pause.count());

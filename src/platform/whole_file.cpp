@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QUuid>
@@ -115,6 +116,13 @@ std::error_code NewFile::place(Durability durability, Standing standing) {
     if (durability == Durability::Disk)
         flush_folder_of(m_path);
     return {};
+}
+
+void remove_leftovers(const QString& path) {
+    const QFileInfo file(path);
+    QDir folder(file.path());
+    for (const QString& left : folder.entryList({file.fileName() + u".*.new"_s}, QDir::Files | QDir::Hidden))
+        folder.remove(left);
 }
 
 namespace {

@@ -40,6 +40,9 @@ private:
     bool m_made = false;
 };
 
+/// Removes what programs that were killed left of this file in the making. Nobody may be making it now.
+void remove_leftovers(const QString& path);
+
 /// Writes a file that doesn't exist yet. An existing file stays untouched and gives std::errc::file_exists; other
 /// failures give the system's code. No error means that the file stands.
 std::error_code write_new_file(const QString& path, const QByteArray& bytes, Durability durability);

@@ -2,15 +2,24 @@
 
 // Printing a finished sheet: the print procedure of each report. What is printed is the sheet as it stands.
 
-#include "reports/print_surface.h"
+#include "reports/print_job.h"
 #include "reports/report.h"
 
 namespace reports {
 
-enum class Printed { Yes, NoPrinter };
-
 /// Prints the report by the procedure of its number on the printer of this PC. A printer that isn't there is told in a
 /// message box and nothing is printed. A number other than 1 to 6 prints nothing.
 Printed print(const Report& report, frame::Session& session, PrintShop& shop);
+
+/// How the report's pages lie.
+Orientation orientation_of(const Report& report);
+
+/// The procedures: the lists (reports 1, 2, 3 and 6), report 4 and report 5.
+Printed 帳票印刷_一覧(const Report& report, const PrintPlace& place);
+Printed 帳票印刷_出勤明細(const Report& report, const PrintPlace& place);
+Printed 帳票印刷_勤務時間(const Report& report, const PrintPlace& place);
+
+/// Prints the error list from its own grid.
+Printed 帳票印刷_エラーリスト(const base::Sheet& hyou, const PrintPlace& place);
 
 } // namespace reports

@@ -6,7 +6,6 @@
 
 #include <QString>
 #include <memory>
-#include <optional>
 
 namespace reports {
 
@@ -25,15 +24,17 @@ public:
     /// What the printer can't print on at the left and the top; 0 for a PDF file.
     virtual Margin margin() const = 0;
 
+    /// Starts a page, the first one too. A job without a page puts out nothing.
+    virtual void new_page() = 0;
     /// Font of the texts that follow. The size is in points.
     virtual void set_font(QStringView family, double size, Weight weight) = 0;
-    /// Paints a text with its upper left corner at (x, y).
+    /// Paints a text in one line: (x, y) is the upper left corner of the square that its first character fills.
     virtual void text(double x, double y, const QString& text) = 0;
-    /// Paints a solid line; the width is in units of 1/600 inch.
+    /// Paints a solid line whose middle runs between the points; the width is in units of 1/600 inch.
     virtual void line(double x1, double y1, double x2, double y2, int width) = 0;
-    virtual void new_page() = 0;
-    /// Ends the job and hands it over. A surface that goes without it has given up its job.
-    virtual void end() = 0;
+    /// Ends the job and hands it over. False: it couldn't be, and the person has been told.
+    /// A surface that goes without it has given up its job.
+    virtual bool end() = 0;
 };
 
 struct PrintJob {
@@ -49,6 +50,23 @@ public:
     virtual ~PrintShop() = default;
     /// Nothing if there is no printer of that name.
     virtual std::unique_ptr<PrintSurface> open(const PrintJob& job) = 0;
+
+    /// Between these two, jobs for a printer that writes files go one behind the other into one file, which is put out
+    /// at the end. A printer with paper isn't touched by it. Use ContinuousPrinting.
+    virtual void begin_gathering() {}
+    virtual void end_gathering() {}
+};
+
+/// While it lives, many jobs follow each other; what was ended before it goes is put out, whatever made it go.
+class ContinuousPrinting {
+public:
+    explicit ContinuousPrinting(PrintShop& shop) : m_shop(shop) { m_shop.begin_gathering(); }
+    ~ContinuousPrinting() { m_shop.end_gathering(); }
+    ContinuousPrinting(const ContinuousPrinting&) = delete;
+    ContinuousPrinting& operator=(const ContinuousPrinting&) = delete;
+
+private:
+    PrintShop& m_shop;
 };
 
 } // namespace reports

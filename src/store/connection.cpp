@@ -60,7 +60,8 @@ Connection::~Connection() {
 void Connection::open(int flags) {
     const int result = sqlite3_open_v2(path.toUtf8().constData(), &engine, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     if (result != SQLITE_OK)
-        throw Error(Code::Other, path, {}, QString::fromUtf8(sqlite3_errstr(result)));
+        throw Error((result & 0xff) == SQLITE_CANTOPEN ? Code::NoAccess : Code::Other, path, {},
+            QString::fromUtf8(sqlite3_errstr(result)));
     sqlite3_extended_result_codes(engine, 1);
     sqlite3_busy_handler(engine, wait_for_others, this);
 }
@@ -75,6 +76,12 @@ void Connection::exec(std::string_view sql) {
     const int result = sqlite3_exec(engine, std::string(sql).c_str(), nullptr, nullptr, nullptr);
     if (result != SQLITE_OK)
         fail(sql, result);
+}
+
+sqlite3_file& Connection::file() const {
+    sqlite3_file* handle = nullptr;
+    sqlite3_file_control(engine, "main", SQLITE_FCNTL_FILE_POINTER, &handle);
+    return *handle;
 }
 
 bool Connection::replaced() const {

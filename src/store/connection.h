@@ -5,6 +5,7 @@
 #include "store/database.h"
 
 struct sqlite3;
+struct sqlite3_file;
 
 namespace store {
 
@@ -28,11 +29,17 @@ struct Connection {
     /// Runs statements without values; throws what the engine says.
     void exec(std::string_view sql);
 
+    /// The engine's own handle of the file.
+    sqlite3_file& file() const;
+
     /// Whether another file has taken the place of the one that stands open.
     bool replaced() const;
 
     /// Throws the engine's last result as an Error.
     [[noreturn]] void fail(std::string_view sql, int result) const;
 };
+
+/// The first bytes of a file that may be a keyed database; Code::Empty or Code::NotADatabase if it can't be one.
+QByteArray salt_of(const Connection& connection);
 
 } // namespace store

@@ -15,21 +15,6 @@ using namespace base;
 
 namespace {
 
-Code code_of(const std::error_code& failure) {
-    if (failure == std::errc::file_exists)
-        return Code::Exists;
-    if (failure == std::errc::no_space_on_device)
-        return Code::Full;
-    if (failure == std::errc::read_only_file_system || failure == std::errc::permission_denied)
-        return Code::ReadOnly;
-    return Code::Other;
-}
-
-void check(const std::error_code& failure, const QString& path) {
-    if (failure)
-        throw Error(code_of(failure), path, {}, QString::fromLocal8Bit(failure.message()));
-}
-
 /// Nothing that is lost with a half-made file matters, so the engine keeps no journal and waits for no disk.
 std::unique_ptr<Connection> define(const QString& path, Kind kind) {
     auto connection = std::make_unique<Connection>(path);
@@ -57,13 +42,13 @@ Database Database::create(const QString& path, Kind kind, const std::function<vo
     if (QFile::exists(path))
         throw Error(Code::Exists, path, {}, {});
     platform::NewFile beside(path);
-    check(beside.make(), path);
+    check_system(beside.make(), path);
     {
         Database database(define(beside.passing_path(), kind));
         if (fill)
             fill(database);
     }
-    check(beside.place(platform::Durability::Disk), path);
+    check_system(beside.place(platform::Durability::Disk), path);
     return open(path, kind);
 }
 

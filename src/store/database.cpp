@@ -3,6 +3,7 @@
 #include "store/schema.h"
 
 #include <QFileInfo>
+#include <algorithm>
 #include <sqlite3.h>
 
 namespace store {
@@ -18,20 +19,26 @@ constexpr int smallest_database = 4096;
 constexpr std::string_view settled = "commit; pragma journal_mode=delete; pragma synchronous=extra;"
                                      " pragma secure_delete=off; pragma cache_size=-16384";
 
-/// The first bytes of a file that may be a keyed database. They are read through the engine's own handle: closing
-/// another one would take away the locks that this program holds on the file.
-QByteArray salt_of(const Connection& connection) {
-    sqlite3_file* file = nullptr;
-    sqlite3_file_control(connection.engine, "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    sqlite3_int64 size = 0;
-    if (file->pMethods->xFileSize(file, &size) == SQLITE_OK && size == 0)
-        throw Error(Code::Empty, connection.path, {}, {});
-    QByteArray salt(salt_size, '\0');
-    if (size < smallest_database || file->pMethods->xRead(file, salt.data(), salt_size, 0) != SQLITE_OK ||
-        salt == QByteArrayView("SQLite format 3\0", salt_size))
-        throw Error(Code::NotADatabase, connection.path, {}, {});
-    return salt;
-}
+/// The open file below the engine.
+class RawFile {
+public:
+    explicit RawFile(const Connection& connection) : m_file(connection.file()) {}
+
+    qint64 size() const {
+        sqlite3_int64 bytes = 0;
+        return m_file.pMethods->xFileSize(&m_file, &bytes) == SQLITE_OK ? bytes : -1;
+    }
+
+    /// Empty if there aren't as many.
+    QByteArray first(qint64 count) const {
+        QByteArray bytes(count, '\0');
+        const bool read = m_file.pMethods->xRead(&m_file, bytes.data(), int(count), 0) == SQLITE_OK;
+        return read ? bytes : QByteArray();
+    }
+
+private:
+    sqlite3_file& m_file;
+};
 
 /// The first read of all decrypts the first page and reads the tables' definitions.
 void prove_key(Connection& connection) {
@@ -62,6 +69,19 @@ void check_kind(Database& database, Kind kind) {
 
 } // namespace
 
+// They are read through the engine's own handle: closing another one would take away the locks that this program holds
+// on the file.
+QByteArray salt_of(const Connection& connection) {
+    const RawFile file(connection);
+    const qint64 size = file.size();
+    if (size == 0)
+        throw Error(Code::Empty, connection.path, {}, {});
+    const QByteArray salt = size < smallest_database ? QByteArray() : file.first(salt_size);
+    if (salt.isEmpty() || salt == QByteArrayView("SQLite format 3\0", salt_size))
+        throw Error(Code::NotADatabase, connection.path, {}, {});
+    return salt;
+}
+
 Database::Database(std::unique_ptr<Connection> connection) : m_connection(std::move(connection)) {}
 Database::Database(Database&&) noexcept = default;
 Database& Database::operator=(Database&&) noexcept = default;
@@ -81,6 +101,17 @@ Database Database::open(const QString& path, Kind kind, std::chrono::millisecond
     check_kind(database, kind);
     database.exec(settled);
     return database;
+}
+
+QByteArray bytes_of(const QString& path) {
+    try {
+        Connection connection(path);
+        connection.open(SQLITE_OPEN_READONLY);
+        const RawFile file(connection);
+        return file.first(std::max(qint64(0), file.size()));
+    } catch (const Error&) {
+        return {};
+    }
 }
 
 Statement Database::prepare(std::string_view sql) {

@@ -57,6 +57,7 @@ public:
 
 private:
     friend class Transaction;
+    friend class Held;
     explicit Database(std::unique_ptr<Connection> connection);
     std::unique_ptr<Connection> m_connection;
 };
@@ -64,6 +65,10 @@ private:
 /// A new database of the kind as bytes, to be written as often as needed: one key serves all copies, since they share
 /// the salt.
 QByteArray empty_database_image(Kind kind);
+
+/// The file at the path as bytes, whatever it is; empty if it can't be read. It is read through the engine's own
+/// handle: closing another one would take away the locks that this program holds on the file.
+QByteArray bytes_of(const QString& path);
 
 /// The row a statement stands on. Columns are counted from 0; a column of another type is converted, Null is 0 or
 /// empty.

@@ -31,12 +31,23 @@ constexpr std::array phrases{
     Phrase{Code::Busy, u"他のＰＣまたはプログラムがデータベースに書き込み中です。"},
     Phrase{Code::Exists, u"データベースがすでにあります。"},
     Phrase{Code::Replaced, u"使用中にデータベースが別のファイルに置き換えられました。"},
+    Phrase{Code::NoAccess, u"データベースを開くことができません。アクセス権を確認してください。"},
     Phrase{Code::Misuse, u"プログラムに誤りがあります。"},
     Phrase{Code::Other, u"データベースを処理できません。"},
 };
 
 QString phrase(Code code) {
     return std::ranges::find(phrases, code, &Phrase::code)->text.toString();
+}
+
+Code code_of(const std::error_code& failure) {
+    if (failure == std::errc::file_exists)
+        return Code::Exists;
+    if (failure == std::errc::no_space_on_device || failure == std::errc::file_too_large)
+        return Code::Full;
+    if (failure == std::errc::read_only_file_system || failure == std::errc::permission_denied)
+        return Code::ReadOnly;
+    return Code::Other;
 }
 
 QString lines(std::initializer_list<QString> texts) {
@@ -53,6 +64,11 @@ Error::Error(Code code, QString file, QString statement, QString detail)
 
 QString Error::text() const {
     return lines({phrase(m_code), platform::native(m_file), m_detail});
+}
+
+void check_system(const std::error_code& failure, const QString& file) {
+    if (failure)
+        throw Error(code_of(failure), file, {}, QString::fromLocal8Bit(failure.message()));
 }
 
 } // namespace store

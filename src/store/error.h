@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <stdexcept>
+#include <system_error>
 
 namespace store {
 
@@ -21,6 +22,7 @@ enum class Code {
     Busy,         ///< another PC or program is writing and didn't end in time
     Exists,       ///< there is a file already where a new one should be made
     Replaced,     ///< the file was replaced by another while it stood open
+    NoAccess,     ///< this person may not read the file
     Misuse, ///< a fault of the program: a statement that doesn't fit the tables, a run of settings that isn't open
     Other,
 };
@@ -32,6 +34,7 @@ public:
     Code code() const { return m_code; }
     const QString& file() const { return m_file; }
     const QString& statement() const { return m_statement; }
+    const QString& detail() const { return m_detail; } ///< what the engine or the system said
 
     /// What the person sees, in Japanese: what happened, the file, and what the engine said.
     QString text() const;
@@ -42,5 +45,8 @@ private:
     QString m_statement;
     QString m_detail;
 };
+
+/// Throws what a failure of the system at this file means; nothing if there is none.
+void check_system(const std::error_code& failure, const QString& file);
 
 } // namespace store

@@ -13,6 +13,10 @@ QString allsystem_path(const frame::Settings& settings);
 QString rovdata_path(const frame::Settings& settings);
 QString losys_path(const frame::Settings& settings);
 
+/// The title under which the desktop programs of all PCs hold a lock together in the data folder, and which a restore
+/// takes alone.
+inline constexpr QStringView desktop_program = u"rovena";
+
 /// The folder of the data files of all products of the suite.
 QString data_folder(const frame::Settings& settings);
 

@@ -1,5 +1,6 @@
 #include "store/key.h"
 
+#include <QFile>
 #include <QHash>
 #include <QMutex>
 #include <openssl/evp.h>
@@ -58,6 +59,20 @@ QByteArray key_for_new_file() {
             return *known.key_of_salt.constBegin();
     }
     return key_for(random_salt());
+}
+
+std::jthread derive_ahead(const QString& path) {
+    QFile file(path);
+    const QByteArray salt = file.open(QIODevice::ReadOnly) ? file.read(salt_size) : QByteArray();
+    if (salt.size() < salt_size)
+        return {};
+    return std::jthread([salt] {
+        try {
+            key_for(salt);
+        } catch (const std::exception&) {
+            // The one that opens the file meets the same and tells it.
+        }
+    });
 }
 
 } // namespace store

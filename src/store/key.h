@@ -4,6 +4,8 @@
 // the salt in its first bytes: so each salt costs that time once in the life of the program.
 
 #include <QByteArray>
+#include <QString>
+#include <thread>
 
 namespace store {
 
@@ -16,5 +18,10 @@ QByteArray key_for(const QByteArray& salt);
 /// The key for a file that is yet to be made. It takes a salt that this program has already met, since one password
 /// guards all files, and thus saves every later reader the derivation; the first file of all gets a random one.
 QByteArray key_for_new_file();
+
+/// Begins to derive the key of the file on a thread of its own, for the first that opens the file to find it known. To
+/// be called before this program has opened anything: the salt is read here, with a handle of its own. Nothing happens
+/// for a file that can't be read; whoever opens it will say so.
+[[nodiscard]] std::jthread derive_ahead(const QString& path);
 
 } // namespace store

@@ -50,6 +50,7 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     connect_sheet();
     connect_strip();
     connect_buttons();
+    m_form.msglab_changed = [this] { report(); };
     refresh();
 }
 
@@ -199,6 +200,12 @@ void ent_rovena_page::refresh() {
     m_controls.lay_out(size());
     refresh_editors();
     follow_focus_wish();
+}
+
+/// In the middle of an act: no other event is let in.
+void ent_rovena_page::report() {
+    m_controls.msglab->setText(m_form.msglab);
+    m_controls.msglab->repaint();
 }
 
 void ent_rovena_page::refresh_editors() {

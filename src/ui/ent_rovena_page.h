@@ -42,6 +42,7 @@ private:
     bool selector_takes(int element, QEvent* event);
 
     void refresh();
+    void report();
     void refresh_editors();
     void follow_focus_wish();
 

@@ -31,7 +31,10 @@ void FieldBox::show_text(const QString& shown) {
 void FieldBox::keyPressEvent(QKeyEvent* event) {
     const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
     const int code = key_code(event->key());
-    if (!plain || code == 0 || !m_acts.KeyDown || !m_acts.KeyDown(code))
+    if (plain && code != 0 && m_acts.KeyDown && m_acts.KeyDown(code))
+        return;
+    const int character = code == 0 ? key_character(event->key(), event->text()) : 0;
+    if (character == 0 || !m_acts.KeyPress || m_acts.KeyPress(character))
         QLineEdit::keyPressEvent(event);
 }
 

@@ -8,10 +8,11 @@
 
 namespace ui {
 
-/// The form's acts behind the box. All but `Change` may be unset.
+/// The form's acts behind the box. All but `Change` may be unset. The text is selected after `GotFocus`.
 struct FieldActs {
     std::function<void(const QString& text)> Change;
-    std::function<bool(int key_code)> KeyDown = {}; ///< a key that the forms know; true if it moved the keyboard
+    std::function<bool(int key_code)> KeyDown = {};   ///< a key that the forms know; true if it moved the keyboard
+    std::function<bool(int character)> KeyPress = {}; ///< whether a character that is typed stands; 8 is Backspace
     std::function<void()> GotFocus = {};
     std::function<void()> LostFocus = {};
 };

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 namespace ui {
@@ -43,6 +44,15 @@ constexpr KeyStep key_steps[] = {
 const KeyStep* step_of(int key) {
     const auto at = std::ranges::find(key_steps, key, &KeyStep::key);
     return at == std::end(key_steps) ? nullptr : at;
+}
+
+/// What rounding took from the rows or columns is given back: those that just fit in pixels fit in twips as well.
+template <typename Size>
+int twips_of(int room, const GridGeometry& geometry, double scale, int count, Size size) {
+    double lost = 0;
+    for (int i = 0; i < count; ++i)
+        lost += size(i) * scale - geometry.pixels(size(i));
+    return static_cast<int>(std::ceil((room + std::max(0.0, lost)) / scale));
 }
 
 } // namespace
@@ -101,11 +111,13 @@ void GridView::show_cell(base::Cell cell) {
 }
 
 int GridView::view_height() const {
-    return static_cast<int>(viewport()->height() / pixels_per_twip());
+    const auto height = [this](int row) { return m_sheet.RowHeight(row); };
+    return twips_of(viewport()->height(), geometry_in({}), pixels_per_twip(), m_sheet.Rows(), height);
 }
 
 int GridView::view_width() const {
-    return static_cast<int>(viewport()->width() / pixels_per_twip());
+    const auto width = [this](int col) { return m_sheet.ColWidth(col); };
+    return twips_of(viewport()->width(), geometry_in({}), pixels_per_twip(), m_sheet.Cols(), width);
 }
 
 int GridView::own_row_height() const {

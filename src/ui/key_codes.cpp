@@ -20,6 +20,7 @@ constexpr KeyCode key_codes[] = {
     {Qt::Key_Right, 39},
     {Qt::Key_Down, 40},
     {Qt::Key_Delete, 46},
+    {Qt::Key_F1, 112},
 };
 
 } // namespace

@@ -6,7 +6,7 @@
 
 namespace ui {
 
-/// 13, 37 to 40, 46 (Enter, the arrows, Delete); 0 for a key that no form knows.
+/// 13, 37 to 40, 46, 112 (Enter, the arrows, Delete, F1); 0 for a key that no form knows.
 int key_code(int qt_key);
 
 /// The character that a key types: Backspace is 8, otherwise the first of its text; 0 if it types none.

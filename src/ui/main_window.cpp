@@ -3,8 +3,10 @@
 #include "base/literals.h"
 #include "ui/picture_button.h"
 #include "ui/style.h"
+#include "ui/work_bar.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -36,8 +38,8 @@ QLabel* status(Lettering as, const QString& name, QWidget* parent) {
 
 MainWindow::MainWindow(frame::Session session, std::span<const PageRow> table, std::function<void()> backup)
     : m_session(session), m_pages(new PageArea(m_session, m_form, table, this)),
-      m_form(session, *m_pages, std::move(backup)), m_flab(status(Lettering::Comment, u"状態"_s, this)),
-      m_stalab(status(Lettering::Mark, u"サーバー接続"_s, this)) {
+      m_form(session, *m_pages, std::move(backup)), m_work(new WorkBar(m_form.work, this)),
+      m_flab(status(Lettering::Comment, u"状態"_s, this)), m_stalab(status(Lettering::Mark, u"サーバー接続"_s, this)) {
     setWindowTitle(u"就業録"_s);
     setWindowIcon(QIcon(frame::program_icon_path(session.settings)));
     setMinimumSize(smallest);
@@ -47,6 +49,13 @@ MainWindow::MainWindow(frame::Session session, std::span<const PageRow> table, s
     column->addWidget(make_band(frame::picture_folder(session.settings)));
     column->addWidget(m_pages, 1);
     m_form.changed = [this] { refresh(); };
+    m_form.work.changed = [this] { show_work(); };
+    m_form.work.take_input = [] { QCoreApplication::processEvents(); };
+}
+
+// The pages refer to the form, so they go before it.
+MainWindow::~MainWindow() {
+    delete m_pages;
 }
 
 QWidget* MainWindow::make_band(const QString& pictures) {
@@ -62,8 +71,10 @@ QWidget* MainWindow::make_band(const QString& pictures) {
         auto* midasi = new PictureButton(pictures, button, band);
         connect(midasi, &PictureButton::clicked, this, [this, index = button.index] { m_form.midasi_Click(index); });
         line->addWidget(midasi);
+        m_midasi << midasi;
     }
     line->addStretch(1);
+    line->addWidget(m_work);
     line->addWidget(m_flab);
     line->addWidget(m_stalab);
     return band;
@@ -74,8 +85,18 @@ void MainWindow::refresh() {
     m_stalab->setText(m_form.stalab);
 }
 
+/// While work runs, its cancel button is all that takes input.
+void MainWindow::show_work() {
+    const bool running = m_form.work.running();
+    m_work->refresh();
+    m_pages->setEnabled(!running);
+    for (PictureButton* midasi : m_midasi)
+        midasi->setEnabled(!running);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(!in_the_middle_of_something() && m_form.Form_QueryUnload());
+    const bool at_work = m_form.work.running() || in_the_middle_of_something();
+    event->setAccepted(!at_work && m_form.Form_QueryUnload());
 }
 
 } // namespace ui

@@ -11,12 +11,17 @@ class QLabel;
 
 namespace ui {
 
+class PictureButton;
+class WorkBar;
+
 class MainWindow : public QWidget {
     Q_OBJECT
 public:
     /// Throws platform::FileError if a picture of the top buttons isn't there.
     explicit MainWindow(
         frame::Session session, std::span<const PageRow> table = page_table(), std::function<void()> backup = {});
+
+    ~MainWindow() override;
 
     frame::mainform& form() { return m_form; }
     PageArea& pages() { return *m_pages; }
@@ -27,10 +32,13 @@ protected:
 private:
     QWidget* make_band(const QString& pictures);
     void refresh();
+    void show_work();
 
     frame::Session m_session;
     PageArea* m_pages;
     frame::mainform m_form;
+    QList<PictureButton*> m_midasi;
+    WorkBar* m_work;
     QLabel* m_flab;
     QLabel* m_stalab;
 };

@@ -2,6 +2,8 @@
 
 #include "frame/menus.h"
 #include "ui/ent_rovena_page.h"
+#include "ui/errform_page.h"
+#include "ui/info_page.h"
 #include "ui/menu_page.h"
 #include "ui/mst_kihon_page.h"
 #include "ui/mst_kinjikan_page.h"
@@ -9,6 +11,7 @@
 #include "ui/mst_kintype_page.h"
 #include "ui/mst_kyuka_page.h"
 #include "ui/mst_syain_page.h"
+#include "ui/rov_01_page.h"
 
 #include <memory>
 
@@ -36,6 +39,13 @@ QWidget* make_ent_rovena(const PageContext& context, QWidget* parent) {
     return page;
 }
 
+QWidget* make_info(const PageContext& context, QWidget* parent) {
+    std::function<void()> show_errors;
+    if (context.pages.has(frame::Page::errform))
+        show_errors = [&pages = context.pages] { pages.show(frame::Page::errform); };
+    return new info_page(context.session, std::move(show_errors), parent);
+}
+
 /// A master leads back to the menu of the masters.
 template <typename MasterPage, frame::Page page>
 QWidget* make_master(const PageContext& context, QWidget* parent) {
@@ -47,9 +57,29 @@ QWidget* make_master(const PageContext& context, QWidget* parent) {
     return master;
 }
 
+QWidget* make_rov_01(const PageContext& context, QWidget* parent) {
+    auto* page = new rov_01_page(context.session, context.main_form, parent);
+    QObject::connect(page, &rov_01_page::close_wanted, page, [&pages = context.pages] {
+        pages.close(frame::Page::rov_01);
+        pages.show(frame::Page::rov_00);
+    });
+    return page;
+}
+
+QWidget* make_errform(const PageContext& context, QWidget* parent) {
+    auto* page = new errform_page(context.session, parent);
+    QObject::connect(page, &errform_page::close_wanted, page, [&pages = context.pages, &form = context.main_form] {
+        pages.close(frame::Page::errform);
+        form.show_info();
+    });
+    return page;
+}
+
 constexpr PageRow table[]{
     {frame::Page::ent_rovena, make_ent_rovena},
+    {frame::Page::info, make_info},
     {frame::Page::rov_00, make_menu<frame::rov_00>},
+    {frame::Page::rov_01, make_rov_01},
     {frame::Page::mst_00, make_menu<frame::mst_00>},
     {frame::Page::mst_syain, make_master<mst_syain_page, frame::Page::mst_syain>},
     {frame::Page::mst_kyuka, make_master<mst_kyuka_page, frame::Page::mst_kyuka>},
@@ -57,6 +87,7 @@ constexpr PageRow table[]{
     {frame::Page::mst_kinjikan, make_master<mst_kinjikan_page, frame::Page::mst_kinjikan>},
     {frame::Page::mst_kintype, make_master<mst_kintype_page, frame::Page::mst_kintype>},
     {frame::Page::mst_kihon, make_master<mst_kihon_page, frame::Page::mst_kihon>},
+    {frame::Page::errform, make_errform},
 };
 
 } // namespace

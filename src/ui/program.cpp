@@ -1,16 +1,28 @@
 #include "ui/program.h"
 
+#include "base/literals.h"
+#include "frame/backup.h"
 #include "platform/file_error.h"
+#include "platform/paths.h"
+#include "store/files.h"
+#include "store/key.h"
 #include "ui/application.h"
+#include "ui/backup_panel.h"
 #include "ui/splash.h"
 
+#include <QPixmap>
 #include <QScreen>
 
 namespace ui {
 
+using namespace base;
+
 namespace {
 
 constexpr QSize wanted_size(1366, 768);
+
+constexpr std::chrono::milliseconds lock_patience(2000);
+const QString restore_at_work = u"バックアップからの復元中です。終わってから起動してください。"_s;
 
 bool holds(QSize room, QSize size) {
     return size.boundedTo(room) == size;
@@ -23,6 +35,15 @@ void fit_to_screen(QWidget& window) {
     window.resize(wanted_size.boundedTo(room).expandedTo(window.minimumSize()));
     if (holds(room, window.minimumSize()) && !holds(room, wanted_size + window_frame))
         window.setWindowState(Qt::WindowMaximized);
+}
+
+/// Qt keeps a picture that it has read for the next one that asks for it. What isn't there is told by that one.
+void read_pictures_ahead(const frame::Settings& settings) {
+    const QPixmap splash(frame::splash_path(settings));
+    const QString folder = frame::picture_folder(settings);
+    for (const frame::Button& button : frame::midasi_buttons())
+        for (const QStringView picture : {button.up, button.pressed})
+            const QPixmap read(folder + picture.toString());
 }
 
 } // namespace
@@ -58,10 +79,32 @@ int Program::start() {
     }
 }
 
+/// The settings with the root of this PC that will be found unless it was set up otherwise.
+frame::Settings Program::expected_settings() const {
+    frame::Settings expected = m_settings;
+    expected.local_root = platform::install_drive(m_program_folder) + platform::install_tail();
+    return expected;
+}
+
 frame::Start Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
+    // Start-up needs the key first of all, and it takes a while: this thread does meanwhile what needs no key.
+    const frame::Settings expected = expected_settings();
+    const std::jthread key = store::derive_ahead(store::losys_path(expected));
     splash.show();
-    return stg.Form_Activate();
+    read_pictures_ahead(expected);
+    const frame::Start start = stg.Form_Activate();
+    if (start != frame::Start::End)
+        take_place();
+    return start;
+}
+
+/// Where no lock can be had, as in a folder that can't be written, the program does without.
+void Program::take_place() {
+    const QString folder = store::data_folder(m_settings);
+    m_place.emplace(folder, store::desktop_program.toString());
+    if (!m_place->share(lock_patience) && platform::ProgramLock::held(folder, store::desktop_program.toString()))
+        throw std::runtime_error(restore_at_work.toStdString());
 }
 
 void Program::show(frame::Start start) {
@@ -79,10 +122,16 @@ void Program::show_wizard() {
 }
 
 void Program::show_window() {
-    m_window = std::make_unique<MainWindow>(m_session);
+    m_window = std::make_unique<MainWindow>(m_session, page_table(), [this] { back_up(); });
     fit_to_screen(*m_window);
     m_window->form().Form_Load();
     m_window->show();
+}
+
+void Program::back_up() {
+    BackupPanel panel(*m_window);
+    frame::バックアップ処理(
+        m_settings, m_host, [&](const QString& text, int done, int of) { panel.show_step(text, done, of); });
 }
 
 } // namespace ui

@@ -7,11 +7,13 @@
 #include "frame/settings.h"
 #include "frame/startup.h"
 #include "frame/turn_link.h"
+#include "platform/program_lock.h"
 #include "store/setting_tables.h"
 #include "ui/fir_start_window.h"
 #include "ui/main_window.h"
 
 #include <memory>
+#include <optional>
 
 namespace ui {
 
@@ -34,6 +36,9 @@ public:
 
 private:
     frame::Start start_up(Splash& splash);
+    frame::Settings expected_settings() const;
+    void take_place();
+    void back_up();
     void show(frame::Start start);
     void show_wizard();
     void show_window();
@@ -44,6 +49,7 @@ private:
     store::SettingTables m_tables;
     frame::TurnLink m_link;
     frame::Session m_session;
+    std::optional<platform::ProgramLock> m_place; ///< says on the shared folder that a program runs
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<fir_start_window> m_wizard;
 };

@@ -43,6 +43,10 @@ constexpr Letters letters_of(Lettering as) {
         return {20, QFont::Bold, colours::heading_text};
     case Lettering::Section:
         return {15, QFont::Bold, colours::heading_text};
+    case Lettering::Quiet:
+        return {13, QFont::Normal, colours::quiet_text};
+    case Lettering::Link:
+        return {13, QFont::Normal, colours::accent};
     case Lettering::Comment:
         return {13, QFont::Normal, colours::text};
     case Lettering::Mark:

@@ -11,7 +11,7 @@ namespace ui {
 void apply_style(QApplication& application);
 
 /// What a label on a page is, by its looks.
-enum class Lettering { Heading, Section, Comment, Mark };
+enum class Lettering { Heading, Section, Comment, Quiet, Link, Mark };
 void letter(QLabel& label, Lettering as);
 
 } // namespace ui

@@ -39,6 +39,8 @@ constexpr Pair pairs[] = {
     {"zen_chu.BMP", "zen_chu_b.BMP"},
     {"zen_kens.BMP", "zen_kens_b.BMP"},
     {"zen_print.BMP", "zen_print_b.BMP"},
+    {"zen_prev.BMP", "zen_prev_b.BMP"},
+    {"zen_file.BMP", "zen_file_b.BMP"},
     {"zen_help.BMP", "zen_help_b.BMP"},
 };
 

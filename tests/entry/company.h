@@ -22,11 +22,13 @@ inline constexpr std::string_view masters = R"(
         from (select 1 d union select 2 union select 3 union select 4 union select 5);
 )";
 
+inline constexpr quint16 nobody_listens = 1;
+
 struct Company {
     TestTree tree;
     support::FakeHost host;
     store::SettingTables tables{tree.settings};
-    frame::TurnLink link{tree.settings, host};
+    frame::TurnLink link{tree.settings, host, {}, nobody_listens};
     frame::Session session{tree.settings, host, tables, link};
 
     Company() {

@@ -1,4 +1,4 @@
-#include "entry/day_kinds.h"
+#include "base/combo_item.h"
 #include "entry/editing.h"
 #include "entry/sheet_builder.h"
 
@@ -14,8 +14,9 @@ class Editing : public testing::Test {
 protected:
     Editing() {
         every_day(sheet, 1, band(A, 830, 1730, {{600, 100}}));
-        editors.kyucom.items = {QString(10, QChar(0x3000)) + u'0', kind_item(u"有休"_s, u"1"_s, u"0"_s),
-            kind_item(u"休日出勤"_s, u"4"_s, u"1"_s)};
+        editors.kyucom.items = {QString(10, QChar(0x3000)) + u'0',
+            base::combo_item(base::day_kind_item, u"有休", {1, 0}),
+            base::combo_item(base::day_kind_item, u"休日出勤", {4, 1})};
     }
 
     void go_to(int r, int column) {

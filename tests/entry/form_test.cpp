@@ -82,9 +82,12 @@ TEST_F(Form, TheOrderOfTheEmployeesAndTheBreakHandlingAreKeptAndChangeNoFigure) 
 }
 
 TEST_F(Form, AnEmployeesWorkTypeBringsItsCategoriesAndKinds) {
+    QStringList reported;
+    form.msglab_changed = [&] { reported << form.msglab; };
     choose(u"1"_s);
-    EXPECT_EQ((QStringList{form.syalab, form.kintypecd, form.lab2, form.msglab}),
-        QStringList({u"20:山田:太郎"_s, u"5"_s, u"標準"_s, u"抽出終了"_s}));
+    form.msglab_changed = nullptr;
+    EXPECT_EQ((QStringList{form.syalab, form.kintypecd, form.lab2} + reported),
+        QStringList({u"20:山田:太郎"_s, u"5"_s, u"標準"_s, u"データー抽出中"_s, u"抽出終了"_s}));
     EXPECT_EQ(cells_from(form.sheet.hyou, 0, 8), QStringList({u"普通"_s, u"残業"_s}));
     EXPECT_EQ(cells_from(form.sheet.hyou_day, 0, 0).join(u','), u"出勤,休暇,出勤,休日出勤,公休,有休,普通,残業"_s);
     EXPECT_EQ(cells_from(form.sheet.hyou_day, 1, 0).join(u','), u"-1,-2,s3,s4,k2,k1,11,12"_s);

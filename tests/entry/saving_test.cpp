@@ -1,8 +1,10 @@
 #include "entry/company.h"
 #include "entry/saving.h"
+#include "platform/whole_file.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
+#include <thread>
 
 using namespace entry;
 
@@ -208,6 +210,32 @@ TEST_F(Saving, AFailedSavePostsNothingAndKeepsTheSheet) {
     EXPECT_EQ(form.sheet.mark(4), u"1"_s);
     EXPECT_TRUE(company.host.started.isEmpty());
 }
+
+#ifdef Q_OS_LINUX
+/// How many handles this program has on the file of that name.
+int handles_on(const QString& path) {
+    int count = 0;
+    for (const QFileInfo& handle : QDir(u"/proc/self/fd"_s).entryInfoList(QDir::Files | QDir::System))
+        count += handle.symLinkTarget() == path;
+    return count;
+}
+
+TEST_F(Saving, AFileThatIsReplacedBeforeTheRowsGoInIsOpenedOnceMore) {
+    const QString path = store::exchange_path(company.tree.settings, 1);
+    std::jthread save;
+    {
+        store::Database other = store::Database::open(path, store::Kind::Exchange);
+        const store::Transaction in_the_way(other, store::Transaction::Lock::Exclusive);
+        save = std::jthread([&] { post_rows(company.tree.settings, {{u"54"_s, u"20041001"_s}}); });
+        while (handles_on(path) < 2)
+            std::this_thread::yield();
+        ASSERT_FALSE(platform::replace_file(
+            path, store::empty_database_image(store::Kind::Exchange), platform::Durability::Cache));
+    }
+    save.join();
+    EXPECT_EQ(company.posted(), QStringList(u"54 20041001"_s));
+}
+#endif
 
 TEST_F(Saving, NoEmployeeMeansNoPosting) {
     form.syainsyscd.clear();

@@ -13,15 +13,16 @@ Request read(const QString& line) {
 }
 
 TEST(Arguments, EachGoesToItsPlace) {
-    const Request request = read(u"--use-class 2 /srv/root --server-name main --printer PDF --assets a --assets b"
-                                 " --server-root //main/qn --share-user u --share-password p"_s);
+    const Request request =
+        read(u"--use-class 2 /srv/root --server-name main --info-server news --printer PDF --assets a --assets b"
+             " --server-root //main/qn --share-user u --share-password p"_s);
     ASSERT_EQ(request.problem, QString());
     const Options& options = request.options;
     EXPECT_EQ(options.root, u"/srv/root"_s);
     EXPECT_EQ(options.use_class, 2);
-    EXPECT_EQ((QStringList{options.server_name, options.printer, options.server_root, options.share_user,
-                  options.share_password}),
-        (QStringList{u"main"_s, u"PDF"_s, u"//main/qn"_s, u"u"_s, u"p"_s}));
+    EXPECT_EQ((QStringList{options.server_name, options.info_server, options.printer, options.server_root,
+                  options.share_user, options.share_password}),
+        (QStringList{u"main"_s, u"news"_s, u"PDF"_s, u"//main/qn"_s, u"u"_s, u"p"_s}));
     EXPECT_EQ(options.assets, (QStringList{u"a"_s, u"b"_s}));
     EXPECT_FALSE(options.sample);
 }
@@ -34,10 +35,20 @@ TEST(Arguments, TheSampleTakesUpToTwoNumbersAndItsLastMonthMayStandAnywhere) {
     EXPECT_EQ(sample(u"--until 202502 /r --sample"_s).until, 202502);
 }
 
+TEST(Arguments, ARestoreTakesAFolderAndARootUnlessItOnlyLists) {
+    const Restore restore = read(u"restore /bk/3 /srv"_s).restore.value();
+    EXPECT_EQ((QStringList{restore.folder, restore.root}), (QStringList{u"/bk/3"_s, u"/srv"_s}));
+    EXPECT_FALSE(restore.only_list);
+    EXPECT_TRUE(read(u"restore --list /bk/3"_s).restore->only_list);
+    EXPECT_EQ(read(u"restore --list /bk/3"_s).problem, QString());
+    EXPECT_FALSE(read(u"/restore"_s).restore);
+}
+
 TEST(Arguments, WhatCantBeUsedIsNamed) {
     for (const QString& line :
         {u""_s, u"--sample 5"_s, u"/a /b"_s, u"/a --colour red"_s, u"/a --use-class 3"_s, u"/a --use-class x"_s,
-            u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s})
+            u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s, u"restore"_s,
+            u"restore /bk"_s, u"restore --list"_s, u"restore /bk /a /b"_s, u"restore /bk /a --sample"_s})
         EXPECT_NE(read(line).problem, QString()) << line.toStdString();
 }
 

@@ -23,6 +23,19 @@ TEST(ProgramLock, ATitleIsHeldAsLongAsItsProgramKeepsIt) {
     EXPECT_TRUE(ProgramLock(dir.path(), u"jyusinkanri"_s).take(0ms));
 }
 
+TEST(ProgramLock, ManyShareATitleAndOneTakesItOnlyWhenNoneOfThemIsLeft) {
+    const QTemporaryDir dir;
+    const auto alone = [&] { return ProgramLock(dir.path(), u"rovena"_s).take(0ms); };
+    {
+        ProgramLock first(dir.path(), u"rovena"_s), second(dir.path(), u"rovena"_s);
+        EXPECT_TRUE(first.share(0ms) && second.share(0ms));
+        EXPECT_FALSE(alone());
+    }
+    ProgramLock restore(dir.path(), u"rovena"_s);
+    EXPECT_TRUE(restore.take(0ms));
+    EXPECT_FALSE(ProgramLock(dir.path(), u"rovena"_s).share(0ms));
+}
+
 TEST(ProgramLock, AFolderThatIsNotThereHoldsNothing) {
     QTemporaryDir dir;
     EXPECT_FALSE(ProgramLock::held(dir.path() + u"/none"_s, u"jyusinkanri"_s));

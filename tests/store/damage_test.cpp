@@ -1,15 +1,11 @@
 #include "error_code.h"
 #include "store/database.h"
+#include "support/disk.h"
 #include "test_tree.h"
 
 #include <QFile>
 #include <QRandomGenerator>
 #include <QSet>
-
-#ifdef Q_OS_LINUX
-#include <sys/mount.h>
-#include <unistd.h>
-#endif
 
 using namespace base;
 using namespace store;
@@ -121,28 +117,16 @@ TEST_F(FileAtRisk, AnErrorNeverTellsTheValues) {
 
 #ifdef Q_OS_LINUX
 
-/// The administrator may write anything, so these steps run as nobody.
-class AsNobody {
-public:
-    AsNobody() : m_was(geteuid()) {
-        if (m_was == 0) {
-            EXPECT_EQ(seteuid(65534), 0);
-        }
-    }
-    ~AsNobody() { EXPECT_EQ(seteuid(m_was), 0); }
+using support::AsNobody, support::SmallDisk, support::enterable, support::readable;
 
-private:
-    uid_t m_was;
-};
-
-constexpr auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
-constexpr auto enterable = readable | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
-
-TEST_F(FileAtRisk, AReadOnlyFileIsReadAndNotWritten) {
+TEST_F(FileAtRisk, AReadOnlyFileIsReadAndNotWrittenAndAClosedOneNotOpened) {
     intact();
     QFile::setPermissions(folder.path(), enterable);
     QFile::setPermissions(path, readable);
+    QFile closed(folder.filePath(u"closed.mdb"_s));
+    EXPECT_TRUE(QFile::copy(path, closed.fileName()) && closed.setPermissions(QFile::WriteOwner));
     const AsNobody nobody;
+    EXPECT_EQ(code_of([&] { Database::open(closed.fileName(), Kind::Comsys); }), Code::NoAccess);
     read_all();
     EXPECT_EQ(code_of([this] {
         Database database = Database::open(path, Kind::Comsys);
@@ -163,22 +147,6 @@ TEST_F(FileAtRisk, InAReadOnlyFolderNothingIsWrittenOrMade) {
         Code::ReadOnly);
     EXPECT_EQ(code_of([this] { Database::create(folder.filePath(u"new.mdb"_s), Kind::Losys); }), Code::ReadOnly);
 }
-
-/// A disk of its own that is quickly full; only the administrator can have one.
-class SmallDisk {
-public:
-    explicit SmallDisk(const QString& folder) : m_folder(QFile::encodeName(folder)) {
-        mounted = mount("none", m_folder.constData(), "tmpfs", 0, "size=160k") == 0;
-    }
-    ~SmallDisk() {
-        if (mounted)
-            umount(m_folder.constData());
-    }
-    bool mounted = false;
-
-private:
-    QByteArray m_folder;
-};
 
 TEST_F(FileAtRisk, OnAFullDiskNothingIsHalfWritten) {
     const SmallDisk disk(folder.path());

@@ -1,5 +1,6 @@
 #include "error_code.h"
 #include "store/database.h"
+#include "store/key.h"
 #include "store/schema.h"
 #include "test_tree.h"
 
@@ -64,6 +65,14 @@ TEST_F(ADatabase, NewFilesShareTheSaltSoThatOneKeyOpensThemAll) {
     for (const Kind kind : all_kinds)
         salts.insert(empty_database_image(kind).left(16));
     EXPECT_EQ(salts.size(), 1);
+}
+
+TEST_F(ADatabase, OpensWhetherItsKeyWasBegunAheadOrCouldNotBe) {
+    EXPECT_FALSE(derive_ahead(path).joinable()) << "there is no file";
+    { Database made = Database::create(path, Kind::Comsys); }
+    const std::jthread key = derive_ahead(path);
+    EXPECT_TRUE(key.joinable());
+    EXPECT_EQ(code_of([this] { Database::open(path, Kind::Comsys); }), std::nullopt);
 }
 
 TEST_F(ADatabase, KeepsNoWriteAheadLogAndWaitsForTheDisk) {

@@ -152,12 +152,6 @@ TEST_F(Editing, TheBoxFollowsItsCellWhenTheSheetScrolls) {
     EXPECT_FALSE(in_sight());
 }
 
-TEST_F(Editing, AFreshPlacementBringsItsCellIntoView) {
-    place({28, 2}, u""_s);
-    EXPECT_EQ(box.geometry(), grid.cell_rect({28, 2}));
-    EXPECT_TRUE(in_sight());
-}
-
 TEST_F(Editing, TheListLiesOverItsCellAndTheWheelChoosesNothing) {
     ui::CellCombo list(grid);
     list.addItems({u"公休"_s, u"有休"_s});

@@ -1,15 +1,18 @@
 #include "ui/main_window.h"
 
 #include "base/literals.h"
+#include "frame/menus.h"
 #include "platform/file_error.h"
 #include "support/fake_host.h"
 #include "ui/application.h"
+#include "ui/backup_panel.h"
 #include "ui/install_tree.h"
 #include "ui/menu_page.h"
 #include "ui/picture_button.h"
 #include "ui/program.h"
 
 #include <QLabel>
+#include <QProgressBar>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -47,18 +50,9 @@ protected:
 };
 
 const support::Shown question{u"終了しますか？"_s, u"終了"_s, platform::Buttons::YesNo};
+const support::Shown backup_question{u"バックアップしますか？"_s, u"バックアップ"_s, platform::Buttons::YesNo};
 
 } // namespace
-
-TEST_F(MainWindowTest, StartEndsWithTheMainWindow) {
-    start();
-    EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(window().windowTitle(), u"就業録"_s);
-    EXPECT_EQ(program.session().settings.server_root, tree.root);
-    EXPECT_TRUE(host.shown.empty());
-    for (const Page page : {Page::rov_00, Page::mst_00})
-        EXPECT_FALSE(pages().is_open(page));
-}
 
 TEST_F(MainWindowTest, TheTopButtonsOpenTheMenusOneAtATime) {
     start();
@@ -95,19 +89,19 @@ TEST_F(MainWindowTest, AButtonShowsItsOtherPictureWhilePressedAndWorksByKeyboard
     EXPECT_TRUE(pages().is_open(Page::rov_00));
 }
 
-TEST_F(MainWindowTest, ButtonsOfPagesThatAreNotThereLeaveTheMenu) {
+TEST_F(MainWindowTest, EveryButtonOfAMenuLeadsToAPage) {
     start();
-    const QStringList there{u"閉じる"_s, u"社員"_s, u"勤務種類"_s, u"勤務タイプ時間設定"_s, u"社員勤務タイプ設定"_s,
-        u"システム"_s, u"休暇・出勤"_s};
     for (const auto& [top, page] : {std::pair(u"集計表"_s, Page::rov_00), {u"マスター"_s, Page::mst_00}}) {
         open(top);
-        QWidget& menu = *pages().page(page);
-        const auto buttons = menu.findChildren<ui::PictureButton*>();
-        EXPECT_EQ(buttons.size(), 7) << "six and endbotan";
-        for (ui::PictureButton* entry : buttons)
-            if (!there.contains(entry->accessibleName()))
-                QTest::mouseClick(entry, Qt::LeftButton);
-        EXPECT_EQ(pages().page(page), &menu) << top.toStdString();
+        QStringList labels;
+        for (const auto* entry : pages().page(page)->findChildren<ui::PictureButton*>())
+            labels << entry->accessibleName();
+        EXPECT_EQ(labels.size(), 7) << "six and endbotan";
+        for (const QString& label : labels) {
+            open(top);
+            QTest::mouseClick(&button(*pages().page(page), label), Qt::LeftButton);
+            EXPECT_FALSE(pages().is_open(page)) << label.toStdString();
+        }
     }
 }
 
@@ -118,7 +112,7 @@ TEST_F(MainWindowTest, TheExitButtonAsksOnceAndCloses) {
     EXPECT_TRUE(window().isVisible());
     open(u"終了"_s);
     EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(host.shown, std::vector({question, question}));
+    EXPECT_EQ(host.shown, std::vector({question, question, backup_question}));
 }
 
 TEST_F(MainWindowTest, TheCloseBoxAsksAndNoKeepsThePage) {
@@ -129,7 +123,40 @@ TEST_F(MainWindowTest, TheCloseBoxAsksAndNoKeepsThePage) {
     EXPECT_TRUE(pages().is_open(Page::mst_00));
     EXPECT_TRUE(window().close());
     EXPECT_FALSE(pages().is_open(Page::mst_00));
-    EXPECT_EQ(host.shown, std::vector({question, question}));
+    EXPECT_EQ(host.shown, std::vector({question, question, backup_question}));
+}
+
+TEST_F(MainWindowTest, ABackupShowsHowFarItIsAndADatabaseInUseDoesNotKeepTheProgramFromEnding) {
+    start();
+    store::Database in_use = store::Database::open(store::comsys_path(tree.settings), store::Kind::Comsys);
+    const store::Transaction reading(in_use, store::Transaction::Lock::Read);
+    in_use.has_table(u"syain"_s);
+    QStringList steps;
+    host.on_yield = [&] {
+        const auto* panel = window().findChild<ui::BackupPanel*>();
+        if (!panel || !panel->isVisible())
+            return;
+        const auto* text = panel->findChild<QLabel*>();
+        EXPECT_GE(text->width(), text->sizeHint().width());
+        steps << u"%1 %2"_s.arg(text->text()).arg(panel->findChild<QProgressBar*>()->value());
+        if (qEnvironmentVariableIsSet("ROVENA_PICTURE"))
+            window().grab().save(qEnvironmentVariable("ROVENA_PICTURE"));
+    };
+    EXPECT_TRUE(window().close());
+    EXPECT_EQ(steps.size(), 8);
+    EXPECT_EQ(steps.value(1), u"バックアップ中... comsys.mdb 1"_s);
+    EXPECT_FALSE(window().findChild<ui::BackupPanel*>());
+    ASSERT_EQ(host.shown.size(), 3U);
+    EXPECT_TRUE(host.shown[2].text.contains(u"comsys.mdb"_s)) << host.shown[2].text.toStdString();
+}
+
+TEST_F(MainWindowTest, DoesNotStartWhileARestoreIsAtWork) {
+    platform::ProgramLock restore(store::data_folder(tree.settings), u"rovena"_s);
+    ASSERT_TRUE(restore.take(std::chrono::milliseconds(0)));
+    EXPECT_EQ(program.start(), 1);
+    EXPECT_FALSE(program.running());
+    ASSERT_EQ(host.shown.size(), 1U);
+    EXPECT_TRUE(host.shown[0].text.contains(u"復元中"_s)) << host.shown[0].text.toStdString();
 }
 
 TEST_F(MainWindowTest, TheStateOfTheLinkShowsInTheBand) {
@@ -183,14 +210,4 @@ TEST_F(MainWindowTest, GivingUpOnTheShareEndsWithoutAnError) {
     host.share = [](const QString&, const QString&, const QString&) { return false; };
     EXPECT_EQ(program.start(), 0);
     EXPECT_FALSE(program.running());
-}
-
-TEST(PictureButton, SaysWhichPictureIsMissing) {
-    try {
-        ui::PictureButton(u"/nowhere/"_s, frame::endbotan);
-        FAIL();
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.file(), u"/nowhere/zen_end.BMP"_s);
-        EXPECT_TRUE(error.text().contains(error.file()));
-    }
 }

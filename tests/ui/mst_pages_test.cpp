@@ -13,6 +13,7 @@
 #include <QAbstractItemView>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 
@@ -92,6 +93,24 @@ TEST_F(MstKinsyuPage, WhatIsTypedAtOnceOnOpeningLandsUnseenInTheFirstRow) {
     EXPECT_FALSE(grid(*page, "hyou").viewport()->rect().intersects(QApplication::focusWidget()->geometry()));
     type(u"Enter"_s);
     EXPECT_EQ(categories().first(), u"1|ab"_s);
+}
+
+TEST_F(MstKinsyuPage, TheBoxFollowsItsCellThroughAScroll) {
+    store::Database::open(store::rovdata_path(company.settings), store::Kind::Rovdata)
+        .exec("with recursive n(i) as (select 4 union all select i + 1 from n where i < 80)"
+              " insert into kinsyu select i, 'category' from n");
+    const auto page = open<ui::mst_kinsyu_page>();
+    ui::GridView& hyou = grid(*page, "hyou");
+    support::click_cell(hyou, 4, 1);
+    type(u"Night"_s);
+    const QWidget* box = QApplication::focusWidget();
+    hyou.verticalScrollBar()->setValue(2);
+    EXPECT_EQ(box->geometry(), hyou.cell_rect({4, 1}));
+    hyou.verticalScrollBar()->setValue(hyou.verticalScrollBar()->maximum());
+    EXPECT_FALSE(hyou.viewport()->rect().intersects(box->geometry()));
+    hyou.verticalScrollBar()->setValue(0);
+    EXPECT_EQ(box->geometry(), hyou.cell_rect({4, 1}));
+    EXPECT_EQ(page->form().hyou(4, 1), u"Night"_s);
 }
 
 TEST_F(MstKinsyuPage, OneConversionOfTheInputMethodIsOneChange) {

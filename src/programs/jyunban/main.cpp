@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "exchange/places.h"
 #include "exchange/turn_server.h"
+#include "frame/exchange_files.h"
 #include "platform/paths.h"
 #include "platform/stop_signal.h"
 
@@ -47,7 +48,7 @@ std::optional<exchange::TurnServerOptions> options_of(const QCommandLineParser& 
     options.port = quint16(*port);
     options.limits.connections = *connections;
     options.limits.turn_patience = std::chrono::seconds(*seconds);
-    options.manager = parser.isSet(manager_option) ? parser.value(manager_option) : exchange::manager_file(*root);
+    options.manager = parser.isSet(manager_option) ? parser.value(manager_option) : frame::manager_file(*root);
     options.manager_arguments = {u"--root"_s, *root};
     if (parser.isSet(local_option))
         options.manager_arguments << u"--local"_s << parser.value(local_option);

@@ -1,4 +1,5 @@
 #include "install/install.h"
+#include "install/restore.h"
 #include "store/error.h"
 
 #include <QCoreApplication>
@@ -11,10 +12,22 @@ void print(std::FILE* stream, const QString& text) {
     std::fflush(stream);
 }
 
-int install_into(const install::Options& options) {
+void say(const QString& line) {
+    print(stdout, line + QLatin1Char('\n'));
+}
+
+void answer(const install::Request& request) {
+    if (!request.restore)
+        install::run(request.options, QCoreApplication::applicationDirPath(), say);
+    else if (request.restore->only_list)
+        install::list_backup(request.restore->folder, say);
+    else
+        install::restore_backup(*request.restore, QDateTime::currentDateTime(), say);
+}
+
+int status_of(const install::Request& request) {
     try {
-        install::run(options, QCoreApplication::applicationDirPath(),
-            [](const QString& line) { print(stdout, line + QLatin1Char('\n')); });
+        answer(request);
         return 0;
     } catch (const store::Error& error) {
         print(stderr, error.text() + QLatin1Char('\n'));
@@ -35,7 +48,7 @@ int main(int argc, char** argv) {
     }
     const install::Request request = install::read_arguments(arguments);
     if (request.problem.isEmpty())
-        return install_into(request.options);
+        return status_of(request);
     print(stderr, request.problem + QStringLiteral("\n\n") + install::usage());
     return 2;
 }

@@ -59,6 +59,7 @@ void see_screens(Tour& tour) {
 
 void leave_program(Tour& tour) {
     tour.boxes().await(u"終了しますか？"_s, u"はい"_s, u"leaving"_s);
+    tour.boxes().await(u"バックアップしますか？"_s, u"はい"_s, u"backup"_s);
     tour.clerk().press_button(u"終了"_s);
     demand(tour.boxes().answered(), u"nobody asked before the program ended"_s);
     demand(!tour.program().window().isVisible(), u"the main window is still there"_s);

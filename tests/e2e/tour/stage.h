@@ -33,6 +33,7 @@ void fill_masters(Tour& tour);   ///< types every master that attendance needs, 
 void enter_month(Tour& tour);    ///< types a month, saves it and reads it back
 void see_low_window(Tour& tour); ///< the month in a window of 1280x720
 void see_screens(Tour& tour);    ///< every master and the month, as they stand
-void leave_program(Tour& tour);  ///< ends the program
+void leave_program(Tour& tour);  ///< ends the program, with a backup
+void restore_elsewhere(Tour& tour); ///< puts that backup under a second root, and looks at the month there
 
 } // namespace tour

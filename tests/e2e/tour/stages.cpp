@@ -9,6 +9,7 @@ constexpr Stage table[] = {
     {u"masters", Company::New, usual_percent, fill_masters},
     {u"month", Company::New, usual_percent, enter_month},
     {u"leaving", Company::New, usual_percent, leave_program},
+    {u"restoring", Company::New, usual_percent, restore_elsewhere},
     {u"menus", Company::Sample, usual_percent, see_menus},
     {u"month", Company::Sample, usual_percent, enter_month},
     {u"low window", Company::Sample, usual_percent, see_low_window},

@@ -12,6 +12,10 @@ using e2e::demand;
 Tour::Tour(platform::Host& host, Boxes& boxes, Pictures& pictures, const QString& root)
     : m_host(host), m_boxes(boxes), m_pictures(pictures), m_root(root) {}
 
+Tour::Tour(const Tour& of, const QString& root) : Tour(of.m_host, of.m_boxes, of.m_pictures, root) {
+    company = of.company;
+}
+
 void Tour::start() {
     if (m_program)
         return;

@@ -32,6 +32,9 @@ public:
     /// Nothing runs yet. `root` is the folder of the install tree.
     Tour(platform::Host& host, Boxes& boxes, Pictures& pictures, const QString& root);
 
+    /// The same company under another root.
+    Tour(const Tour& of, const QString& root);
+
     KnownCompany company;
 
     /// Starts the program, unless it runs; the main frame in its usual size.
@@ -43,6 +46,7 @@ public:
     e2e::Clerk clerk() { return e2e::Clerk(m_program->window()); }
     const frame::Settings& settings() { return m_program->session().settings; }
     Boxes& boxes() { return m_boxes; }
+    const QString& root() const { return m_root; }
     const QDir& out() const { return m_pictures.folder(); }
 
     void resize_window(QSize size);

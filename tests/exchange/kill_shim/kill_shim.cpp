@@ -41,6 +41,30 @@ int ftruncate64(int file, off64_t size) noexcept {
     return next(file, size);
 }
 
+ssize_t write(int file, const void* data, size_t size) {
+    static const auto next = original<ssize_t (*)(int, const void*, size_t)>("write");
+    change();
+    return next(file, data, size);
+}
+
+int rename(const char* from, const char* to) noexcept {
+    static const auto next = original<int (*)(const char*, const char*)>("rename");
+    change();
+    return next(from, to);
+}
+
+int renameat2(int from_folder, const char* from, int to_folder, const char* to, unsigned flags) noexcept {
+    static const auto next = original<int (*)(int, const char*, int, const char*, unsigned)>("renameat2");
+    change();
+    return next(from_folder, from, to_folder, to, flags);
+}
+
+int link(const char* from, const char* to) noexcept {
+    static const auto next = original<int (*)(const char*, const char*)>("link");
+    change();
+    return next(from, to);
+}
+
 int unlink(const char* path) noexcept {
     static const auto next = original<int (*)(const char*)>("unlink");
     change();

@@ -1,0 +1,232 @@
+#include "frame/backup.h"
+
+#include "base/literals.h"
+#include "platform/paths.h"
+#include "platform/whole_file.h"
+#include "store/files.h"
+#include "store/held.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <optional>
+#include <vector>
+
+namespace frame {
+
+using namespace base;
+using store::Code;
+using store::Error;
+using store::Held;
+using store::Kind;
+
+namespace {
+
+const QString title = u"バックアップ"_s;
+
+/// A generation without this file is still one.
+enum class Need { Must, May };
+/// What happens to the live file once the copy is made.
+enum class Live { Compacted, Left };
+
+struct Source {
+    Kind kind;
+    QString (*path)(const Settings&);
+    Need need;
+    Live live;
+};
+
+/// The settings of the PC that has the shared data; there are none where that lies on a disk of the network.
+QString server_losys_path(const Settings& settings) {
+    return platform::portable(settings.server_root) + u'/' + settings.product_folder + u"/data/system/losys.mdb"_s;
+}
+
+constexpr Source sources[]{
+    {Kind::Rovdata, store::rovdata_path, Need::Must, Live::Compacted},
+    {Kind::Comsys, store::comsys_path, Need::Must, Live::Compacted},
+    {Kind::Allsystem, store::allsystem_path, Need::Must, Live::Compacted},
+    {Kind::Losys, server_losys_path, Need::May, Live::Left},
+};
+
+QString install_root(const Settings& settings) {
+    return platform::portable(settings.install_drive + platform::install_tail());
+}
+
+QString weekday(QDate day) {
+    return QString::number(day.dayOfWeek() % 7 + 1);
+}
+
+void make_folder(const QString& path) {
+    if (!QDir().mkpath(path))
+        throw Error(Code::ReadOnly, path, {}, {});
+}
+
+/// A copy under a passing name beside its place.
+class Copy {
+public:
+    explicit Copy(const QString& path) : m_path(path), m_file(path) { store::check_system(m_file.make(), path); }
+    const QString& path() const { return m_file.passing_path(); }
+    void place() {
+        store::check_system(m_file.place(platform::Durability::Disk, platform::Standing::GivesWay), m_path);
+    }
+
+private:
+    QString m_path;
+    platform::NewFile m_file;
+};
+
+class Steps {
+public:
+    Steps(platform::Host& host, const BackupProgress& progress, int of)
+        : m_host(host), m_progress(progress), m_of(of) {}
+
+    void next(const QString& what) {
+        if (m_progress)
+            m_progress(u"バックアップ中... "_s + what, m_done, m_of);
+        ++m_done;
+        m_host.yield();
+    }
+
+private:
+    platform::Host& m_host;
+    const BackupProgress& m_progress;
+    int m_of;
+    int m_done = 0;
+};
+
+/// One database on its way into the generation.
+struct Item {
+    const Source& source;
+    Held held;
+    QString file; ///< its name in the folder
+    std::unique_ptr<Copy> copy;
+};
+
+class Generation {
+public:
+    Generation(const Settings& settings, QString folder, std::chrono::milliseconds patience, Steps& steps)
+        : m_settings(settings), m_folder(std::move(folder)), m_patience(patience), m_steps(steps) {}
+
+    /// All databases are held from before the first copy, so that they belong together.
+    void make() {
+        make_folder(m_folder);
+        for (const Source& source : sources)
+            hold(source);
+        for (Item& item : m_items)
+            copy(item);
+        for (Item& item : m_items)
+            item.copy->place();
+        remove_what_is_no_part();
+    }
+
+    /// Gives the live files the compacted contents. Returns what kept some of them from it; these stand as they stood.
+    QStringList compact_live() {
+        QStringList troubles;
+        for (Item& item : m_items) {
+            if (item.source.live == Live::Left)
+                continue;
+            m_steps.next(item.file);
+            try {
+                item.held.take_over(m_folder + u'/' + item.file);
+            } catch (const Error& error) {
+                troubles << error.text();
+            }
+        }
+        return troubles;
+    }
+
+private:
+    void hold(const Source& source) {
+        const QString path = source.path(m_settings);
+        if (source.need == Need::May && !QFileInfo::exists(path))
+            return;
+        m_items.push_back({source, Held(path, source.kind, m_patience), QFileInfo(path).fileName(), {}});
+    }
+
+    void copy(Item& item) {
+        m_steps.next(item.file);
+        item.copy = std::make_unique<Copy>(m_folder + u'/' + item.file);
+        item.held.compact_into(item.copy->path());
+        store::check_copy(item.copy->path(), item.source.kind, item.held.rows());
+    }
+
+    void remove_what_is_no_part() {
+        QDir folder(m_folder);
+        QStringList others = folder.entryList(QDir::Files | QDir::Hidden | QDir::System);
+        for (const Item& item : m_items)
+            others.removeAll(item.file);
+        for (const QString& other : others)
+            folder.remove(other);
+    }
+
+    const Settings& m_settings;
+    QString m_folder;
+    std::chrono::milliseconds m_patience;
+    Steps& m_steps;
+    std::vector<Item> m_items;
+};
+
+void copy_settings_of_pc(const Settings& settings, const QString& folder, std::chrono::milliseconds patience) {
+    make_folder(folder);
+    const QString place = folder + u"/losys.mdb"_s;
+    platform::remove_leftovers(place);
+    Held held(
+        install_root(settings) + u'/' + settings.product_folder + u"/data/system/losys.mdb"_s, Kind::Losys, patience);
+    Copy copy(place);
+    held.copy_into(copy.path());
+    store::check_copy(copy.path(), Kind::Losys, held.rows());
+    copy.place();
+}
+
+/// Runs a part of the backup; what it throws is told under this heading.
+void told(platform::Host& host, const QString& heading, const std::function<void()>& part) {
+    QString trouble;
+    try {
+        return part();
+    } catch (const Error& error) {
+        trouble = error.text();
+    } catch (const std::exception& error) {
+        trouble = QString::fromUtf8(error.what());
+    }
+    host.tell(heading + u"\n\n"_s + trouble, title);
+}
+
+bool wanted(const Settings& settings, platform::Host& host) {
+    return (settings.use_class == 0 || settings.use_class == 1) &&
+           host.ask(u"バックアップしますか？"_s, title, platform::Buttons::YesNo) == platform::Answer::Yes;
+}
+
+} // namespace
+
+QString shared_backup_folder(const Settings& settings, QDate day) {
+    return install_root(settings) + u"/comdata/data/bk/"_s + weekday(day);
+}
+
+QString local_backup_folder(const Settings& settings, QDate day) {
+    return install_root(settings) + u'/' + settings.product_folder + u"/data/bk/"_s + weekday(day);
+}
+
+void バックアップ処理(const Settings& settings, platform::Host& host, const BackupProgress& progress,
+    std::chrono::milliseconds patience) {
+    const QDate today = host.now().date();
+    const bool shared = wanted(settings, host);
+    constexpr int steps_of_shared = 7; // four copies, three live files
+    Steps steps(host, progress, (shared ? steps_of_shared : 0) + 1);
+    QStringList left_as_they_were;
+    if (shared)
+        told(host, u"バックアップできませんでした。データベースはそのままです。"_s, [&] {
+            Generation generation(settings, shared_backup_folder(settings, today), patience, steps);
+            generation.make();
+            left_as_they_were = generation.compact_live();
+        });
+    if (!left_as_they_were.isEmpty())
+        host.tell(
+            u"バックアップはできましたが、データベースを圧縮できませんでした。データベースはそのままです。\n\n"_s +
+                left_as_they_were.join(u"\n\n"_s),
+            title);
+    told(host, u"このＰＣの設定をバックアップできませんでした。"_s, [&] {
+        steps.next(u"losys.mdb"_s);
+        copy_settings_of_pc(settings, local_backup_folder(settings, today), patience);
+    });
+}
+
+} // namespace frame

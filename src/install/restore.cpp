@@ -1,0 +1,269 @@
+#include "install/restore.h"
+
+#include "base/literals.h"
+#include "platform/paths.h"
+#include "platform/program_lock.h"
+#include "platform/whole_file.h"
+#include "store/files.h"
+#include "store/held.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+namespace install {
+
+using namespace base;
+using store::Code;
+using store::Database;
+using store::Error;
+using store::Kind;
+
+namespace {
+
+struct Place {
+    QStringView file;
+    Kind kind;
+    QString (*path)(const frame::Settings&);
+    bool shared;
+};
+
+constexpr Place places[]{
+    {u"rovdata.mdb", Kind::Rovdata, store::rovdata_path, true},
+    {u"comsys.mdb", Kind::Comsys, store::comsys_path, true},
+    {u"allsystem.mdb", Kind::Allsystem, store::allsystem_path, true},
+    {u"losys.mdb", Kind::Losys, store::losys_path, false},
+};
+
+[[noreturn]] void fail(const QString& text) {
+    throw std::runtime_error(text.toStdString());
+}
+
+/// One database of the folder that was looked through.
+struct Found {
+    const Place& place;
+    QString file;
+    store::RowCounts rows;
+};
+
+constexpr QStringView time_format = u"yyyy-MM-dd HH:mm";
+
+QString employees_and_months(Database& rovdata) {
+    store::Statement employees = rovdata.prepare("select count(*) from syain");
+    employees.step();
+    store::Statement months = rovdata.prepare(
+        "select count(distinct 出社日/100), min(出社日)/100, max(出社日)/100 from rovmei where 出社日 > 0");
+    months.step();
+    const store::Row row = months.row();
+    QString text = u"  employees %1, months %2"_s.arg(employees.row().number(0)).arg(row.number(0));
+    if (row.number(0) > 0)
+        text += u" (%1 to %2)"_s.arg(row.number(1)).arg(row.number(2));
+    return text;
+}
+
+Found look_at(const Place& place, const QString& file, const Say& say) {
+    Database database = store::open_checked(file, place.kind);
+    Found found{place, file, store::row_counts(database)};
+    say(u"%1  %2  in order"_s.arg(place.file, -13).arg(QFileInfo(file).lastModified().toString(time_format)));
+    if (place.kind == Kind::Rovdata)
+        say(employees_and_months(database));
+    for (const auto& [table, rows] : found.rows)
+        if (table != u"sqlite_master")
+            say(u"  %1 %2"_s.arg(table, -12).arg(rows));
+    return found;
+}
+
+/// The copies of one backup are made within moments of each other.
+void tell_if_mixed(const std::vector<Found>& found, const Say& say) {
+    constexpr qint64 most_seconds_apart = 3600;
+    for (const Found& one : found)
+        if (std::abs(QFileInfo(one.file).lastModified().secsTo(QFileInfo(found[0].file).lastModified())) >
+            most_seconds_apart)
+            return say(u"these databases don't come from one backup: see their times"_s);
+}
+
+void demand_a_backup(const std::vector<Found>& found, const QString& folder) {
+    const auto shared = std::ranges::count_if(found, [](const Found& one) { return one.place.shared; });
+    const auto all_shared = std::ranges::count_if(places, &Place::shared);
+    if (found.empty() || (shared != 0 && shared != all_shared))
+        fail(platform::native(folder) + (found.empty() ? u": no backup"_s : u": a database is missing"_s));
+}
+
+std::vector<Found> look_through(const QString& folder, const Say& say) {
+    std::vector<Found> found;
+    bool in_order = true;
+    for (const Place& place : places) {
+        const QString file = u"%1/%2"_s.arg(folder, place.file);
+        if (!QFileInfo::exists(file))
+            continue;
+        try {
+            found.push_back(look_at(place, file, say));
+        } catch (const Error& error) {
+            in_order = false;
+            say(u"%1  not in order: %2"_s.arg(place.file, -13).arg(error.text()));
+        }
+    }
+    if (!in_order)
+        fail(platform::native(folder) + u": the backup is not in order"_s);
+    demand_a_backup(found, folder);
+    tell_if_mixed(found, say);
+    return found;
+}
+
+/// Where the settings of the PC say that the shared data lies; empty if they say nothing or can't be read.
+QString server_root_of(const QString& losys) {
+    try {
+        Database database = Database::open(losys, Kind::Losys);
+        store::Statement root = database.prepare("select データ from losystem where 項目名='サーバーＰＣ'");
+        return root.step() ? root.row().text(0) : QString();
+    } catch (const Error&) {
+        return {};
+    }
+}
+
+void demand_data_here(const frame::Settings& settings) {
+    const QString root = server_root_of(store::losys_path(settings));
+    if (!root.isEmpty() && platform::portable(root) != platform::portable(settings.server_root))
+        fail(u"the data of this PC lies at %1: restore on the PC that has it"_s.arg(root));
+}
+
+/// Settings of another tree would send the program back there.
+void name_this_tree(const QString& losys, const frame::Settings& settings) {
+    Database database = Database::open(losys, Kind::Losys);
+    store::Transaction transaction(database);
+    store::Statement update = database.prepare("update losystem set データ=? where 項目名=?");
+    update.bind(settings.server_root, u"サーバーＰＣ"_s).run();
+    update.bind(settings.local_root, u"ローカルＰＣ"_s).run();
+    transaction.commit();
+}
+
+void copy_bytes(const QString& from, const QString& to) {
+    QFile source(from), target(to);
+    if (!source.open(QIODevice::ReadOnly))
+        throw Error(Code::Other, from, {}, source.errorString());
+    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw Error(Code::ReadOnly, to, {}, target.errorString());
+    while (!source.atEnd()) {
+        const QByteArray bytes = source.read(1 << 20);
+        if (bytes.isEmpty() || target.write(bytes) != bytes.size())
+            throw Error(bytes.isEmpty() ? Code::Other : Code::Full, to, {}, target.errorString());
+    }
+}
+
+/// Unreadable: there is nothing to hold, and most of all nothing to wait for.
+bool unreadable(Code code) {
+    return code != Code::Busy && code != Code::Replaced && code != Code::ReadOnly && code != Code::Newer;
+}
+
+/// One database on its way to its place.
+class Return {
+public:
+    Return(const Found& found, const frame::Settings& settings)
+        : m_path(found.place.path(settings)), m_kind(found.place.kind), m_copy(m_path) {
+        platform::remove_leftovers(m_path);
+        store::check_system(m_copy.make(), m_path);
+        copy_bytes(found.file, m_copy.passing_path());
+        store::check_copy(m_copy.passing_path(), m_kind, found.rows);
+        if (m_kind == Kind::Losys)
+            name_this_tree(m_copy.passing_path(), settings);
+    }
+
+    /// Opening the present file brings a change that was cut short to its end, and holding it shows that nobody uses
+    /// it.
+    void hold_present() {
+        try {
+            if (QFileInfo::exists(m_path))
+                m_present.emplace(m_path, m_kind);
+        } catch (const Error& error) {
+            if (!unreadable(error.code()))
+                throw;
+        }
+    }
+
+    void put_in_place(const QDateTime& now, const Say& say) {
+        if (!platform::open_files_can_move)
+            m_present.reset();
+        if (QFileInfo::exists(m_path) || QFileInfo::exists(journal_of(m_path)))
+            say(u"kept     "_s + platform::native(keep(now)));
+        store::check_system(m_copy.place(platform::Durability::Disk, platform::Standing::GivesWay), m_path);
+        say(u"restored "_s + platform::native(m_path));
+    }
+
+private:
+    static QString journal_of(const QString& path) { return path + u"-journal"_s; }
+
+    /// The present file gets a second name and loses its own to the copy, so that one of the two is always there. A
+    /// journal that stayed would be played into the copy.
+    QString keep(const QDateTime& now) const {
+        const QString kept = free_name(now);
+        QFile::rename(journal_of(m_path), journal_of(kept));
+        std::error_code failure;
+        std::filesystem::create_hard_link(
+            QFileInfo(m_path).filesystemFilePath(), QFileInfo(kept).filesystemFilePath(), failure);
+        if (failure && QFileInfo::exists(m_path) && !QFile::rename(m_path, kept))
+            throw Error(Code::ReadOnly, kept, {}, QString::fromLocal8Bit(failure.message()));
+        return kept;
+    }
+
+    QString free_name(QDateTime time) const {
+        const QFileInfo file(m_path);
+        for (;; time = time.addSecs(1)) {
+            const QString name =
+                u"%1/%2-%3.mdb"_s.arg(file.path(), file.completeBaseName(), time.toString(u"yyyyMMdd-HHmmss"_s));
+            if (!QFileInfo::exists(name))
+                return name;
+        }
+    }
+
+    QString m_path;
+    Kind m_kind;
+    platform::NewFile m_copy;
+    std::optional<store::Held> m_present;
+};
+
+/// As long as this stands neither the program nor the exchange manager starts on the data.
+class Alone {
+public:
+    explicit Alone(const frame::Settings& settings)
+        : m_program(store::data_folder(settings), store::desktop_program.toString()),
+          m_manager(store::exchange_folder(settings), u"jyusinkanri"_s) {
+        if (!m_program.take(std::chrono::milliseconds(0)))
+            fail(u"the program is open on this data, here or on another PC: end it first"_s);
+        if (!m_manager.take(std::chrono::seconds(5)))
+            fail(u"jyusinkanri is at work on this data: wait until it has ended"_s);
+    }
+
+private:
+    platform::ProgramLock m_program;
+    platform::ProgramLock m_manager;
+};
+
+} // namespace
+
+void list_backup(const QString& folder, const Say& say) {
+    look_through(folder, say);
+}
+
+void restore_backup(const Restore& restore, const QDateTime& now, const Say& say) {
+    Options options;
+    options.root = restore.root;
+    const frame::Settings settings = settings_of(options);
+    const std::vector<Found> found = look_through(restore.folder, say);
+    demand_data_here(settings);
+    make_folders(settings, /*shared=*/true);
+    const Alone alone(settings);
+    std::vector<std::unique_ptr<Return>> returns;
+    for (const Found& one : found)
+        returns.push_back(std::make_unique<Return>(one, settings));
+    for (const auto& one : returns)
+        one->hold_present();
+    for (const auto& one : returns)
+        one->put_in_place(now, say);
+}
+
+} // namespace install

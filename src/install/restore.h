@@ -1,0 +1,25 @@
+#pragma once
+
+// Going back to a backup: a folder of one weekday is looked through, checked, and its databases are put in the place of
+// the present ones, which stay beside them under a name with the time.
+
+#include "install/options.h"
+#include "install/tree.h"
+
+#include <QDateTime>
+
+namespace install {
+
+/// Says what the folder holds: of each database the time of the copy and the rows of every table, of the attendance the
+/// employees and months. Every database is read whole. Throws store::Error for one that isn't in order, and
+/// std::runtime_error for a folder that is no backup: one without databases, or with some of the shared ones only.
+void list_backup(const QString& folder, const Say& say);
+
+/// The same, and then puts the databases into the tree of the root, whose folders are made if they aren't there.
+/// Nothing is changed before all copies are beside their places and checked, and each place is filled with one step: a
+/// restore that is broken off leaves whole databases, and the next one completes it. The settings of the PC are made to
+/// name this tree as the place of the data. Throws std::runtime_error while the program runs on this data or the data
+/// of this PC lies elsewhere.
+void restore_backup(const Restore& restore, const QDateTime& now, const Say& say);
+
+} // namespace install

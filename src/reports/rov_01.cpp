@@ -1,0 +1,176 @@
+#include "reports/rov_01.h"
+
+#include "base/company_month.h"
+#include "base/era.h"
+#include "base/keys.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "frame/button.h"
+#include "reports/csv.h"
+#include "reports/print.h"
+
+#include <QFile>
+#include <QScopedValueRollback>
+
+namespace reports {
+
+using namespace base;
+
+namespace {
+
+constexpr int years_around = 3;
+constexpr int clicks_before_headings = 10;
+
+} // namespace
+
+rov_01::rov_01(frame::Session& session, frame::mainform& main_form, PrintShop& shop, Windows windows)
+    : m_session(session), m_mainform(main_form), m_shop(shop), m_windows(std::move(windows)) {}
+
+const ReportRow* rov_01::row() const {
+    return report_row(Val(chouno));
+}
+
+Panels rov_01::panels() const {
+    return row() ? row()->panels : Panels();
+}
+
+// Loading and showing.
+
+void rov_01::Form_Load() {
+    chouno = digits(m_mainform.report_no);
+    if (const ReportRow* report_of_number = row()) {
+        set_dates(report_of_number->ymd);
+        if (report_of_number->months)
+            fill_months();
+    }
+    帳票画面作成メイン();
+}
+
+void rov_01::帳票画面作成メイン() {
+    chouno = digits(m_mainform.report_no);
+    report.帳票番号 = int_val(chouno);
+    format();
+}
+
+void rov_01::format() {
+    if (row())
+        row()->format(report, m_session);
+}
+
+void rov_01::Form_Activate() {
+    初期フォーカス移動();
+    const QString picture =
+        frame::picture_folder(m_session.settings) + u"mida_chou_%1.bmp"_s.arg((u"000"_s + chouno).right(3));
+    if (QFile::exists(picture))
+        Image1 = picture;
+    to(Control::botabox);
+    if (panels().pic_tantou)
+        to(Control::tancd);
+    if (panels().Pic_yyyymm)
+        to(Control::yyyymm, year_box);
+    if (panels().pic_ymd_t1)
+        to(Control::ymd);
+}
+
+QString rov_01::shown(QDate date) const {
+    return 日付表示変換(digits(date_number(date)), m_session.settings, today());
+}
+
+void rov_01::set_dates(DateDefault dates) {
+    const QDate day = today();
+    const QDate first(day.year(), day.month(), 1);
+    if (dates == DateDefault::Today)
+        report.conditions.ymd = {shown(day), shown(day)};
+    if (dates == DateDefault::ThisMonth)
+        report.conditions.ymd = {shown(first), shown(first.addMonths(1).addDays(-1))};
+}
+
+void rov_01::fill_months() {
+    const QDate day = today();
+    for (int year = day.year() - years_around; year <= day.year() + years_around; ++year)
+        yyyymm[year_box].items << shown(QDate(year, 1, 1)).section(u'/', 0, 0);
+    for (int month = 1; month <= 12; ++month)
+        yyyymm[month_box].items << digits(month);
+    report.conditions.yyyymm = {yyyymm[year_box].items[years_around], yyyymm[month_box].items[day.month() - 1]};
+}
+
+// Buttons.
+
+/// Runs the work of a button, which begins with a sign of life.
+void rov_01::work(const std::function<void()>& of_the_button) {
+    if (busy)
+        return;
+    const QScopedValueRollback working(busy, true);
+    jyoulab.clear();
+    msg_tai.clear();
+    to(Control::karibotan);
+    m_session.host.yield();
+    if (row())
+        of_the_button();
+}
+
+void rov_01::botan_Click(int element) {
+    if (element == 0)
+        close_wanted = !busy;
+    else
+        work([&] { element == 1 ? extract() : print_sheet(); });
+}
+
+void rov_01::preview_Click() {
+    work([this] {
+        m_windows.preview(report);
+        to_after_print();
+    });
+}
+
+void rov_01::csvex_Click() {
+    work([this] { 帳票CSV出力(report, m_session, [this](const QString& text) { jyoulab = text; }); });
+}
+
+/// A month that is none keeps the sheet, and the keyboard goes to its box.
+void rov_01::extract() {
+    if (panels().Pic_yyyymm && !month_stands())
+        return;
+    const bool whole = run_tally();
+    msg_tai = whole ? QString() : u"中止しました"_s;
+    if (panels().Pic_yyyymm)
+        to(Control::yyyymm, year_box);
+    else if (panels().pic_ymd_t1)
+        to(Control::ymd);
+    else if (panels().pic_tantou)
+        to(Control::tancd);
+}
+
+/// False if the person cancelled, or an employee couldn't be printed: then the others aren't tried.
+bool rov_01::run_tally() {
+    const frame::WorkLine::Running running(m_mainform.work, u"集計中"_s);
+    const ContinuousPrinting jobs(m_shop);
+    Printed printed = Printed::Yes;
+    Work work{m_session,
+        [&](qint64 done, qint64 total) { return m_mainform.work.advance(done, total) && printed == Printed::Yes; },
+        [&] { printed = print(report, m_session, m_shop); }};
+    return row()->tally(report, work) == Outcome::Done && printed == Printed::Yes;
+}
+
+void rov_01::print_sheet() {
+    print(report, m_session, m_shop);
+    to_after_print();
+}
+
+void rov_01::to_after_print() {
+    to(row()->after_print);
+}
+
+void rov_01::Image1_Click() {
+    if (++m_image_clicks > clicks_before_headings)
+        pic_msg = true;
+}
+
+bool rov_01::botabox_KeyDown(int key_code) {
+    if (key_code != key::enter)
+        return false;
+    botan_Click(1);
+    return true;
+}
+
+} // namespace reports

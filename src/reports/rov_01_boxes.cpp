@@ -1,0 +1,154 @@
+#include "reports/rov_01.h"
+
+#include "base/company_month.h"
+#include "base/era.h"
+#include "base/keys.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "common/ken_mst.h"
+#include "store/numbering.h"
+
+#include <algorithm>
+
+namespace reports {
+
+using namespace base;
+
+namespace {
+
+constexpr int free_text_reports[] = {10, 11};
+
+bool is_digit_or_backspace(int character) {
+    return character == key::backspace || (character >= '0' && character <= '9');
+}
+
+} // namespace
+
+// What the person does in the boxes of the conditions. Employees first.
+
+void rov_01::tancd_Change(int element, const QString& text) {
+    report.conditions.tancd[element] = text;
+    report.conditions.systancd[element].clear();
+    report.conditions.ntancd[element].clear();
+}
+
+void rov_01::tancd_LostFocus(int element) {
+    Conditions& c = report.conditions;
+    if (!c.tancd[element].isEmpty() && c.systancd[element].isEmpty()) {
+        const auto found = store::マスター項目取得(
+            m_session.settings, u"syain"_s, u"社員番号"_s, c.tancd[element], {u"システム番号"_s, u"社員名"_s});
+        c.systancd[element] = found[0];
+        c.ntancd[element] = found[1];
+        if (found[0].isEmpty())
+            c.tancd[element].clear();
+    }
+    ntancd_enabled[element] = true;
+}
+
+bool rov_01::tancd_KeyDown(int element, int key_code) {
+    if (key_code == key::f1)
+        m_windows.search(common::search_employees, element);
+    else if (key_code == key::enter)
+        element == 0 ? to(Control::tancd, 1) : to(Control::toubotan);
+    else if (key_code == key::left && element == 1)
+        to(Control::tancd, 0);
+    else if (key_code == key::left && panels().pic_ymd_t1)
+        to(Control::ymd, 1);
+    else
+        return false;
+    return true;
+}
+
+void rov_01::ntancd_GotFocus(int element) {
+    ntancd_enabled[element] = false;
+    to(Control::tancd, element);
+}
+
+void rov_01::search_ended(int element, const QString& number) {
+    to(Control::tancd, element);
+    if (number.isEmpty())
+        return;
+    tancd_Change(element, number);
+    tancd_LostFocus(element);
+    ntancd_enabled[element] = false;
+}
+
+// Dates.
+
+bool rov_01::free_text_dates() const {
+    return std::ranges::find(free_text_reports, Val(chouno)) != std::end(free_text_reports);
+}
+
+void rov_01::ymd_GotFocus(int element) {
+    QString& text = report.conditions.ymd[element];
+    if (!free_text_dates())
+        text = 日付連結(text, m_session.settings.date_style == 1 ? YearForm::Era : YearForm::Western);
+}
+
+/// What makes no date leaves the box empty: a box without a date is seen, a "0" in it isn't understood.
+void rov_01::ymd_LostFocus(int element) {
+    if (free_text_dates())
+        return;
+    QString& text = report.conditions.ymd[element];
+    const auto date = m_mainform.date_entry.日付簡単入力(text, common::Blank::TakesLastDate, today());
+    text = date.value_or(0) == 0 ? QString() : 日付表示変換(digits(*date), m_session.settings, today());
+}
+
+bool rov_01::ymd_KeyDown(int element, int key_code, bool at_the_start) {
+    if (key_code == key::enter)
+        element == 0 ? to(Control::ymd, 1) : to(Control::tancd, 0);
+    else if (key_code == key::left && element == 1 && at_the_start)
+        to(Control::ymd, 0);
+    else
+        return false;
+    return true;
+}
+
+bool rov_01::ymd_KeyPress(int character) {
+    return is_digit_or_backspace(character);
+}
+
+// Year and month.
+
+void rov_01::yyyymm_Click(int element, int index) {
+    if (!panels().Pic_yyyymm || index < 0 || index >= yyyymm[element].items.size())
+        return;
+    report.conditions.yyyymm[element] = yyyymm[element].items[index];
+    yyyymm[element].remembered = report.conditions.yyyymm[element];
+    format();
+}
+
+void rov_01::yyyymm_GotFocus(int element) {
+    yyyymm[element].remembered = report.conditions.yyyymm[element];
+}
+
+void rov_01::yyyymm_LostFocus(int element) {
+    if (!month_stands() || yyyymm[element].remembered == report.conditions.yyyymm[element])
+        return;
+    yyyymm[element].remembered = report.conditions.yyyymm[element];
+    format();
+}
+
+/// Sends the keyboard back to the box that holds no year or month.
+bool rov_01::month_stands() {
+    const qint64 month = Val(report.conditions.yyyymm[month_box]);
+    const bool year_is_one = Val(report.conditions.yyyymm[year_box]) > 0;
+    if (!year_is_one)
+        to(Control::yyyymm, year_box);
+    else if (month < 1 || month > 12)
+        to(Control::yyyymm, month_box);
+    return year_is_one && month >= 1 && month <= 12;
+}
+
+bool rov_01::yyyymm_KeyDown(int element, int key_code) {
+    if (key_code != key::enter)
+        return false;
+    element == year_box ? to(Control::yyyymm, month_box) : to(Control::tancd, 0);
+    return true;
+}
+
+bool rov_01::yyyymm_KeyPress(int character) {
+    return character == key::minus || is_digit_or_backspace(character);
+}
+
+} // namespace reports

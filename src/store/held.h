@@ -1,0 +1,53 @@
+#pragma once
+
+// A database that stands still. As long as a Held lives, no other program writes to the file, on this PC or another;
+// they may read. From it the copies of a backup are made, and the compacted copy goes back into the file with nobody's
+// write fallen between. Copies are proved by opening them and by comparing them with their source.
+
+#include "store/database.h"
+
+#include <map>
+#include <optional>
+
+namespace store {
+
+/// How many rows each table holds; the definitions count as a table of their own (`sqlite_master`).
+using RowCounts = std::map<QString, qint64>;
+RowCounts row_counts(Database& database);
+
+/// Reads every page and index of the database and compares the rows with those expected: Code::Damaged if something is
+/// wrong, and whatever opening throws. Returns the database.
+Database open_checked(const QString& path, Kind kind);
+void check_copy(const QString& path, Kind kind, const RowCounts& expected);
+
+class Held {
+public:
+    /// Waits at most `patience` for the end of another program's write.
+    Held(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
+    Held(Held&&) noexcept;
+    Held& operator=(Held&&) = delete;
+    ~Held();
+
+    const QString& path() const { return m_database->path(); }
+    const RowCounts& rows() const { return m_rows; }
+
+    /// Copies everything into the empty file `target`, compacted; key, kind and version are the same. The target isn't
+    /// flushed and is nothing to look at if this throws.
+    void compact_into(const QString& target);
+
+    /// The same as the file stands, byte for byte.
+    void copy_into(const QString& target);
+
+    /// Takes the whole contents from the database at `copy`, in one transaction of the engine: whoever opens the file
+    /// after a kill or a power failure finds all of the old or all of the new. Waits for readers.
+    void take_over(const QString& copy);
+
+private:
+    Connection& connection() const;
+
+    Kind m_kind;
+    std::optional<Database> m_database;
+    RowCounts m_rows;
+};
+
+} // namespace store

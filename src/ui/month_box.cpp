@@ -1,0 +1,76 @@
+#include "ui/month_box.h"
+
+#include "frame/screen.h"
+#include "ui/cell_editor.h"
+#include "ui/colours.h"
+#include "ui/key_codes.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <utility>
+
+namespace ui {
+
+MonthBox::MonthBox(MonthActs acts, int width, QWidget* parent) : QComboBox(parent), m_acts(std::move(acts)) {
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    setCompleter(nullptr);
+    setFixedWidth(width);
+    setMinimumHeight(30);
+    setMaxVisibleItems(12);
+    lineEdit()->setAttribute(Qt::WA_InputMethodEnabled, false);
+    connect(this, &QComboBox::activated, this, [this](int index) { m_acts.Click(index); });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { m_acts.Change(text); });
+}
+
+void MonthBox::show_items(const QStringList& items, const QString& text) {
+    const QSignalBlocker quiet(this);
+    if (count() != items.size()) {
+        clear();
+        addItems(items);
+    }
+    if (currentText() == text && currentIndex() == items.indexOf(text))
+        return;
+    setCurrentIndex(static_cast<int>(items.indexOf(text)));
+    setEditText(text);
+}
+
+void MonthBox::keyPressEvent(QKeyEvent* event) {
+    const int code = key_code(event->key());
+    if (code != 0 && m_acts.KeyDown(code))
+        return;
+    const int character = code == 0 ? key_character(event->key(), event->text()) : 0;
+    if (character == 0 || m_acts.KeyPress(character))
+        QComboBox::keyPressEvent(event);
+}
+
+void MonthBox::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+void MonthBox::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    if (!leaves_control(event->reason()))
+        return;
+    tint(true);
+    m_acts.GotFocus();
+    lineEdit()->selectAll();
+}
+
+void MonthBox::focusOutEvent(QFocusEvent* event) {
+    QComboBox::focusOutEvent(event);
+    if (!leaves_control(event->reason()))
+        return;
+    tint(false);
+    m_acts.LostFocus();
+}
+
+void MonthBox::tint(bool lit) {
+    const base::Rgb back = frame::TextBox::lit_back;
+    QPalette own = lineEdit()->palette();
+    own.setColor(QPalette::Base, lit ? QColor(back.red, back.green, back.blue) : QColor::fromRgb(colours::ground));
+    lineEdit()->setPalette(own);
+}
+
+} // namespace ui

@@ -1,0 +1,222 @@
+// The report screen, its search and the error list over real widgets, where focus and keys are the point.
+
+#include "frame/error_list.h"
+#include "support/person.h"
+#include "ui/entry_company.h"
+#include "ui/errform_page.h"
+#include "ui/ken_mst_dialog.h"
+#include "ui/main_window.h"
+#include "ui/rov_01_page.h"
+#include "ui/work_bar.h"
+
+#include "support/fake_host.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using frame::Page;
+using support::press;
+using support::type;
+
+/// The main window with a report in view, on 2004/10/5.
+struct Rov01Page : testing::Test {
+    EntryCompany company;
+    support::FakeHost host;
+    store::SettingTables tables{company.settings};
+    frame::TurnLink link{company.settings, host};
+    frame::Session session{company.settings, host, tables, link};
+    std::optional<ui::MainWindow> window;
+
+    Rov01Page() {
+        store::Database::open(store::comsys_path(company.settings), store::Kind::Comsys)
+            .exec("insert into syain (システム番号, 社員番号, 社員名, フリガナ) values (1, 3, '山田 太郎', 'ヤマダ'),"
+                  " (2, 1, '佐藤 花子', 'サトウ'), (3, 2, '田中 次郎', 'タナカ')");
+        tables.設定書込(u"losystem"_s, u"プリンター１"_s, u"PDF"_s);
+    }
+    ui::rov_01_page& open(int report, QSize size = {1366, 768}) {
+        window.emplace(session);
+        window->resize(size);
+        window->show();
+        QApplication::setActiveWindow(&*window);
+        window->form().report_no = report;
+        window->pages().show(Page::rov_01);
+        QCoreApplication::processEvents();
+        return page();
+    }
+    ui::rov_01_page& page() { return *qobject_cast<ui::rov_01_page*>(window->pages().page(Page::rov_01)); }
+    static void click(QWidget* at) { QTest::mouseClick(at, Qt::LeftButton); }
+    ui::ken_mst_dialog& search_from(int element) {
+        page().conditions().tancd(element)->setFocus();
+        press(Qt::Key_F1);
+        QApplication::setActiveWindow(page().search());
+        return *page().search();
+    }
+};
+
+} // namespace
+
+TEST_F(Rov01Page, AReportIsExtractedByEnterAlone) {
+    const ui::rov_01_conditions& boxes = open(5).conditions();
+    EXPECT_TRUE(boxes.ymd(0)->hasFocus());
+    EXPECT_EQ(boxes.ymd(0)->selectedText(), u"20041001"_s);
+    EXPECT_EQ(boxes.ymd(0)->palette().color(QPalette::Base), QColor(240, 240, 255));
+    type(u"9x/03 Enter"_s);
+    EXPECT_EQ(boxes.ymd(0)->text(), u"2004/9/3"_s) << "what is no digit isn't taken";
+    EXPECT_TRUE(boxes.ymd(1)->hasFocus());
+    press(Qt::Key_Left);
+    EXPECT_TRUE(boxes.ymd(1)->hasFocus()) << "the text was selected";
+    QTest::keyClick(boxes.ymd(1), Qt::Key_Home);
+    press(Qt::Key_Left);
+    EXPECT_TRUE(boxes.ymd(0)->hasFocus());
+    type(u"Enter Enter 3 Enter"_s);
+    EXPECT_EQ(boxes.ntancd(0)->text(), u"山田 太郎"_s);
+    type(u"8 Enter"_s);
+    EXPECT_EQ(boxes.tancd(1)->text(), QString()) << "nobody has this number";
+    EXPECT_TRUE(page().botan(1)->isDown()) << "the button shows that Enter extracts now";
+    press(Qt::Key_Return);
+    EXPECT_TRUE(page().form().report.midasi[1].contains(u"2004/9/3"_s));
+    EXPECT_TRUE(boxes.ymd(0)->hasFocus());
+    EXPECT_FALSE(page().botan(1)->isDown());
+}
+
+TEST_F(Rov01Page, ANameSendsTheKeyboardToItsNumber) {
+    open(1);
+    click(page().conditions().ntancd(1));
+    EXPECT_TRUE(page().conditions().tancd(1)->hasFocus());
+    EXPECT_FALSE(page().conditions().ntancd(1)->isEnabled());
+    press(Qt::Key_Left);
+    EXPECT_TRUE(page().conditions().tancd(0)->hasFocus());
+    EXPECT_TRUE(page().conditions().ntancd(1)->isEnabled());
+}
+
+TEST_F(Rov01Page, AMonthThatIsNoneKeepsTheKeyboard) {
+    const ui::rov_01_conditions& boxes = open(4).conditions();
+    EXPECT_TRUE(boxes.yyyymm(0)->hasFocus());
+    type(u"Enter 13 Enter"_s);
+    EXPECT_TRUE(boxes.yyyymm(1)->hasFocus());
+    EXPECT_EQ(page().form().report.hyou(31, 0), u"31"_s);
+    QTest::keyClick(boxes.yyyymm(1), Qt::Key_A, Qt::ControlModifier);
+    type(u"a9 Enter"_s);
+    EXPECT_TRUE(boxes.tancd(0)->hasFocus());
+    EXPECT_EQ(page().form().report.hyou(31, 0), QString()) << "September";
+    boxes.yyyymm(1)->setFocus();
+    press(Qt::Key_Up);
+    EXPECT_EQ(page().form().report.hyou(31, 0), u"31"_s) << "August was chosen";
+}
+
+TEST_F(Rov01Page, TheSearchGivesTheEmployeeThatIsClicked) {
+    open(1);
+    ui::ken_mst_dialog& search = search_from(1);
+    EXPECT_EQ(window->form().mstkenflg, u"3"_s);
+    EXPECT_EQ(search.pos(), window->pos() + QPoint(66, 13));
+    support::click_cell(*search.hyou_go(), 2, 2);
+    support::click_cell(*search.hyou_go(), 0, 0);
+    EXPECT_EQ(search.kenatai(1)->text(), u"や"_s);
+    EXPECT_TRUE(search.hyou()->hasFocus());
+    support::click_cell(*search.hyou(), 1, 2);
+    EXPECT_EQ(page().conditions().tancd(1)->text(), u"3"_s);
+    EXPECT_EQ(page().conditions().ntancd(1)->text(), u"山田 太郎"_s);
+    EXPECT_EQ(window->form().mstkenflg, QString());
+    EXPECT_FALSE(search.isVisible());
+}
+
+TEST_F(Rov01Page, TheSearchIsWalkedByKeys) {
+    open(1);
+    ui::ken_mst_dialog& search = search_from(0);
+    EXPECT_TRUE(search.kenatai(0)->hasFocus());
+    type(u"Enter た Enter Enter"_s);
+    EXPECT_TRUE(search.hyou()->hasFocus());
+    EXPECT_EQ(search.form().hyou.Rows(), 2) << "タナカ";
+    press(Qt::Key_Up);
+    EXPECT_TRUE(search.kenatai(0)->hasFocus());
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(page().conditions().ntancd(0)->text(), u"田中 次郎"_s);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(page().conditions().tancd(0)->hasFocus());
+}
+
+TEST_F(Rov01Page, TheSearchGoesWithoutAChoiceOrWithItsScreen) {
+    open(1);
+    ui::ken_mst_dialog& search = search_from(0);
+    QTest::keyClick(&search, Qt::Key_Escape);
+    EXPECT_FALSE(search.isVisible());
+    EXPECT_EQ(page().conditions().tancd(0)->text(), QString());
+    QPointer<ui::ken_mst_dialog> next = &search_from(0);
+    window->form().midasi_Click(2);
+    EXPECT_TRUE(next.isNull());
+    EXPECT_EQ(window->form().mstkenflg, QString());
+}
+
+TEST_F(Rov01Page, WhileATallyRunsItsCancelButtonIsAllThatTakesInput) {
+    open(4);
+    auto* bar = window->findChild<ui::WorkBar*>();
+    EXPECT_FALSE(bar->isVisible());
+    int breaths = 0;
+    host.on_yield = [&] {
+        if (!bar->isVisible())
+            return;
+        ++breaths;
+        EXPECT_FALSE(page().isEnabled());
+        EXPECT_FALSE(window->close());
+        click(page().botan(0));
+        press(Qt::Key_Escape);
+    };
+    click(page().botan(1));
+    EXPECT_EQ(breaths, 1);
+    EXPECT_TRUE(window->isVisible() && page().isEnabled());
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_TRUE(host.shown.empty()) << "nobody was asked whether to end";
+    EXPECT_TRUE(page().conditions().yyyymm(0)->hasFocus());
+    EXPECT_EQ(page().form().msg_tai, u"中止しました"_s);
+}
+
+TEST_F(Rov01Page, TheHeadingsComeIntoSightWithTheEleventhClick) {
+    open(2);
+    for (int i = 0; i < 10; ++i)
+        click(page().Image1());
+    EXPECT_FALSE(page().pic_msg()->isVisible());
+    click(page().Image1());
+    EXPECT_TRUE(page().pic_msg()->isVisible());
+}
+
+TEST_F(Rov01Page, NothingIsCutOffAndTheScreenLeadsBackToItsMenu) {
+    for (const QSize size : {QSize(1280, 720), QSize(1366, 768)})
+        for (int report = 1; report <= 6; ++report) {
+            open(report, size);
+            click(page().botan(1));
+            for (const QWidget* part : page().findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+                EXPECT_TRUE(!part->isVisible() || page().rect().contains(part->geometry())) << report;
+            for (const QWidget* part : page().conditions().findChildren<QWidget*>())
+                EXPECT_TRUE(!part->isVisible() || part->parentWidget()->rect().contains(part->geometry())) << report;
+        }
+    click(page().botan(0));
+    EXPECT_FALSE(window->pages().is_open(Page::rov_01));
+    EXPECT_EQ(window->pages().currentWidget(), window->pages().page(Page::rov_00));
+}
+
+TEST_F(Rov01Page, TheErrorListShowsWhatIsThereEachTimeItIsOpened) {
+    open(1);
+    const QString path = frame::error_file_path(company.settings);
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    for (const int lines : {1, 2}) {
+        file.write("\"読めません\"\n");
+        file.flush();
+        window->pages().show(Page::errform);
+        auto* list = qobject_cast<ui::errform_page*>(window->pages().page(Page::errform));
+        ASSERT_TRUE(list);
+        EXPECT_EQ(list->form().hyou.Rows(), 1 + lines);
+        window->pages().show(Page::rov_00);
+    }
+    window->pages().show(Page::errform);
+    click(qobject_cast<ui::errform_page*>(window->pages().page(Page::errform))->botan(0));
+    EXPECT_FALSE(window->pages().is_open(Page::errform));
+}
