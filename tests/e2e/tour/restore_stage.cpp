@@ -5,7 +5,7 @@
 #include "frame/backup.h"
 #include "stage.h"
 
-#include <QFile>
+#include <QCoreApplication>
 #include <QProcess>
 
 namespace tour {
