@@ -116,7 +116,6 @@ protected:
         install(u"main"_s, {u"--use-class"_s, u"0"_s, u"--sample"_s, u"5"_s, u"1"_s, u"--until"_s, u"202609"_s});
         for (const auto& [name, use_class] : {std::pair(u"second"_s, u"1"_s), std::pair(u"third"_s, u"2"_s)})
             install(name, {u"--use-class"_s, use_class, u"--server-root"_s, settings().server_root});
-        give_every_day_a_kind();
         start_service(0);
     }
     void TearDown() override {
@@ -138,16 +137,6 @@ protected:
     void install(const QString& pc, const QStringList& options) {
         const QStringList always{drive(pc), u"--server-name"_s, u"127.0.0.1"_s, u"--assets"_s, bin + u"/../artwork"_s};
         ASSERT_EQ(QProcess::execute(bin + u"/rovena-install"_s, always + options), 0);
-    }
-
-    /// An employee who is opened again before the manager is through shows the state before the save. Days without a
-    /// kind would be posted as days off with the next save then, over what was typed.
-    void give_every_day_a_kind() const {
-        store::Database::open(store::rovdata_path(settings()), store::Kind::Rovdata)
-            .exec("with recursive days(day) as (select 20261001 union all select day + 1 from days where day < 20261031)"
-                  " insert into kyumei (社員システム番号, 年月日, システム番号, 休暇名, 休出)"
-                  " select syain.システム番号, day, kyutype.システム番号, 休暇名, 0 from syain, days, kyutype"
-                  " where kyutype.通常 = 1 and kyutype.休出 = 0");
     }
 
     void start_service(quint16 wanted) {
