@@ -137,8 +137,7 @@ void ent_rovena::report(const QString& text) {
 
 bool ent_rovena::saved_days_are_in(qint64 employee) {
     const QScopedValueRollback<bool> in_hand(waiting, true);
-    return 登録待ち(m_session, employee, [this] { report(u"保存したデーターの登録を待っています"_s); }) ==
-           Opening::Free;
+    return 登録待ち(m_session, employee, [this] { report(u"登録完了を待っています"_s); }) == Opening::Free;
 }
 
 /// A load that failed or was refused leaves nobody chosen: an empty sheet under a name could be saved over that month.

@@ -83,9 +83,10 @@ Opening 登録待ち(frame::Session& session, qint64 employee, const std::functi
     waiting();
     if (wait_for_days(session, employee))
         return Opening::Free;
-    const auto answer = session.host.ask(u"この社員の、登録した内容の保管がまだ終わっていません。\n"
-                                         "いま開くと、登録したばかりの日が前の内容で表示され、\n"
-                                         "次の登録で上書きされることがあります。\n\n"
+    const auto answer = session.host.ask(u"この社員の登録がまだ終わっていません。\n"
+                                         "いま開くと、登録したばかりの日は\n"
+                                         "前の内容で表示され、次の登録で\n"
+                                         "上書きされることがあります。\n\n"
                                          "それでも開きますか？"_s,
         u"登録待ち"_s, platform::Buttons::YesNo);
     return answer == platform::Answer::Yes ? Opening::Free : Opening::Refused;

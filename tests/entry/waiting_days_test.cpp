@@ -59,8 +59,7 @@ TEST_F(WaitingDays, AnEmployeeWhoseSaveIsStillPostedIsOpenedWhenItIsInTheTables)
         post(row);
         choose(1);
         EXPECT_EQ(form.sheet.hyou(5, 2), u"8:15"_s) << kind;
-        EXPECT_EQ(
-            reported, QStringList({u"保存したデーターの登録を待っています"_s, u"データー抽出中"_s, u"抽出終了"_s}));
+        EXPECT_EQ(reported, QStringList({u"登録完了を待っています"_s, u"データー抽出中"_s, u"抽出終了"_s}));
         EXPECT_EQ(waited(), 2000) << kind;
     }
     post(rows_of_yamada[0].second);
