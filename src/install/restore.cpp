@@ -175,10 +175,10 @@ public:
 
     /// Opening the present file brings a change that was cut short to its end, and holding it shows that nobody uses
     /// it.
-    void hold_present() {
+    void hold_present(std::chrono::milliseconds patience) {
         try {
             if (QFileInfo::exists(m_path))
-                m_present.emplace(m_path, m_kind);
+                m_present.emplace(m_path, m_kind, patience);
         } catch (const Error& error) {
             if (!unreadable(error.code()))
                 throw;
@@ -249,7 +249,7 @@ void list_backup(const QString& folder, const Say& say) {
     look_through(folder, say);
 }
 
-void restore_backup(const Restore& restore, const QDateTime& now, const Say& say) {
+void restore_backup(const Restore& restore, const QDateTime& now, const Say& say, std::chrono::milliseconds patience) {
     Options options;
     options.root = restore.root;
     const frame::Settings settings = settings_of(options);
@@ -261,7 +261,7 @@ void restore_backup(const Restore& restore, const QDateTime& now, const Say& say
     for (const Found& one : found)
         returns.push_back(std::make_unique<Return>(one, settings));
     for (const auto& one : returns)
-        one->hold_present();
+        one->hold_present(patience);
     for (const auto& one : returns)
         one->put_in_place(now, say);
 }

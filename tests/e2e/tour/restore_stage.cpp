@@ -6,7 +6,6 @@
 #include "stage.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QProcess>
 
 namespace tour {
