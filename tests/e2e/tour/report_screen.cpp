@@ -47,13 +47,16 @@ void ReportScreen::choose_month(QDate month) {
 }
 
 void ReportScreen::type_days(QDate from, QDate to) {
-    type_into(u"抽出日 開始"_s, from.toString(u"yyyyMMdd"_s));
-    type_into(u"抽出日 終了"_s, to.toString(u"yyyyMMdd"_s));
+    for (const QDate day : {from, to})
+        m_clerk.type_line(day.toString(u"yyyyMMdd"_s));
+    const auto& shown = report().conditions.ymd;
+    demand(shown == std::array{from.toString(u"yyyy/M/d"_s), to.toString(u"yyyy/M/d"_s)},
+        u"not the dates that were typed: %1, %2"_s.arg(shown[0], shown[1]));
 }
 
 void ReportScreen::type_employees(const QString& from, const QString& to) {
     type_into(first_employee.toString(), from);
-    type_into(last_employee.toString(), to);
+    m_clerk.type_line(to);
     demand(!report().conditions.ntancd[0].isEmpty() && !report().conditions.ntancd[1].isEmpty(),
         u"%1 or %2 is nobody's number"_s.arg(from, to));
 }

@@ -25,8 +25,9 @@ public:
     QString cell(base::Cell at) { return report().hyou(at.row, at.col); }
 
     void choose_month(QDate month);
-    /// Both dates; both employee numbers.
+    /// Both dates, on a screen on which nothing was done yet: the keyboard is in the first of them.
     void type_days(QDate from, QDate to);
+    /// Both numbers, which must be employees'.
     void type_employees(const QString& from, const QString& to);
     void tick(const QString& box) { m_clerk.tick(box); }
     /// Searches for the first employee by a kana of the reading and leaves the number in both boxes. Returns it.
