@@ -1,6 +1,7 @@
 #include "error_code.h"
 #include "platform/paths.h"
 #include "store/setup.h"
+#include "support/stored.h"
 #include "test_tree.h"
 
 using namespace base;
@@ -16,59 +17,38 @@ protected:
     SettingTables tables{tree.settings};
 
     QStringList register_rows() {
-        Database allsystem = Database::open(allsystem_path(tree.settings), Kind::Allsystem);
-        Statement statement = allsystem.prepare("select * from allsystem order by rowid");
-        QStringList rows;
-        while (statement.step())
-            rows << QStringList{statement.row().text(0), statement.row().text(1), statement.row().text(2),
-                statement.row().text(3)}
-                        .join(u'|');
-        return rows;
+        return support::rows_of(
+            allsystem_path(tree.settings), Kind::Allsystem, "select * from allsystem order by rowid");
     }
 
-    QString row_of(const QString& code, const QString& version) {
-        return QStringList{code, version, receiver_path(tree.settings), u"rovdata.mdb"_s}.join(u'|');
-    }
-
-    void register_product(const QString& code, const QString& version, const QString& receiver) {
-        Database allsystem = Database::open(allsystem_path(tree.settings), Kind::Allsystem);
-        allsystem.prepare("insert into allsystem values (?, ?, ?, 'other.mdb')").bind(code, version, receiver).run();
-    }
-
-    static QByteArray bytes_of(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QString row() const { return u"R240|03|%1|rovdata.mdb"_s.arg(receiver_path(tree.settings)); }
 };
 
 TEST_F(StartOnData, TheFirstStartRegistersTheProductAndTheSecondWritesNothing) {
     EXPECT_TRUE(初期セットアップ(tree.settings));
     EXPECT_EQ(register_rows(), QStringList()) << "a start that failed";
     初期セットアップ(tree.settings)->stand();
-    EXPECT_EQ(register_rows(), QStringList{row_of(u"R240"_s, u"03"_s)});
-    const QByteArray before = bytes_of(allsystem_path(tree.settings));
+    EXPECT_EQ(register_rows(), QStringList{row()});
+    const QByteArray before = support::bytes_of(allsystem_path(tree.settings));
     EXPECT_FALSE(初期セットアップ(tree.settings));
-    EXPECT_EQ(bytes_of(allsystem_path(tree.settings)), before);
+    EXPECT_EQ(support::bytes_of(allsystem_path(tree.settings)), before);
 }
 
 TEST_F(StartOnData, AMovedProgramIsFollowedByItsReceiver) {
     初期セットアップ(tree.settings)->stand();
     tree.settings.install_drive = u"/d"_s;
     EXPECT_FALSE(初期セットアップ(tree.settings));
-    EXPECT_EQ(register_rows(), QStringList{row_of(u"R240"_s, u"03"_s)});
+    EXPECT_EQ(register_rows(), QStringList{row()});
     EXPECT_TRUE(platform::portable(receiver_path(tree.settings)).startsWith(u"/d"_s));
 }
 
 TEST_F(StartOnData, TheFirstRowWithOurLetterIsOursAndOthersStayAsTheyAre) {
-    register_product(u"H100"_s, u"09"_s, u"h"_s);
-    register_product(u"R200"_s, u"01"_s, u"old"_s);
-    register_product(u"R240"_s, u"01"_s, u"old"_s);
+    Database::open(allsystem_path(tree.settings), Kind::Allsystem)
+        .exec("insert into allsystem values ('H100', '09', 'h', 'other.mdb'), ('R200', '01', 'old', 'other.mdb'),"
+              " ('R240', '01', 'old', 'other.mdb')");
     EXPECT_FALSE(初期セットアップ(tree.settings));
-    const QStringList rows = register_rows();
-    ASSERT_EQ(rows.size(), 3);
-    EXPECT_EQ(rows[0], u"H100|09|h|other.mdb"_s);
-    EXPECT_EQ(rows[1], row_of(u"R240"_s, u"03"_s).replace(u"rovdata.mdb"_s, u"other.mdb"_s)) << "its file stays";
-    EXPECT_EQ(rows[2], u"R240|01|old|other.mdb"_s);
+    const QString ours = row().replace(u"rovdata.mdb"_s, u"other.mdb"_s); // its file stays
+    EXPECT_EQ(register_rows(), QStringList({u"H100|09|h|other.mdb"_s, ours, u"R240|01|old|other.mdb"_s}));
 }
 
 TEST_F(StartOnData, TheStampIsStoredOnceAndKeepsTheOtherDatabasesClosed) {
