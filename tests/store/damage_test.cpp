@@ -113,25 +113,19 @@ TEST_F(FileAtRisk, AnErrorNeverTellsTheValues) {
 
 using support::AsNobody, support::SmallDisk, support::enterable, support::readable;
 
-TEST_F(FileAtRisk, AReadOnlyFileIsReadAndNotWrittenAndAClosedOneNotOpened) {
+TEST_F(FileAtRisk, AReadOnlyFileOrFolderIsReadAndNotWrittenAndAClosedFileNotOpened) {
     intact();
+    const QString closed = folder.filePath(u"closed.mdb"_s);
+    EXPECT_TRUE(QFile::copy(path, closed) && QFile::setPermissions(closed, QFile::WriteOwner));
     QFile::setPermissions(folder.path(), enterable);
-    QFile::setPermissions(path, readable);
-    QFile closed(folder.filePath(u"closed.mdb"_s));
-    EXPECT_TRUE(QFile::copy(path, closed.fileName()) && closed.setPermissions(QFile::WriteOwner));
-    const AsNobody nobody;
-    EXPECT_EQ(code_of([&] { Database::open(closed.fileName(), Kind::Comsys); }), Code::NoAccess);
-    read_all();
-    EXPECT_EQ(code_of([this] { write(); }), Code::ReadOnly);
-}
-
-TEST_F(FileAtRisk, InAReadOnlyFolderNothingIsWrittenOrMade) {
-    intact();
-    QFile::setPermissions(path, readable | QFile::WriteOther);
-    QFile::setPermissions(folder.path(), enterable);
-    const AsNobody nobody;
-    EXPECT_EQ(code_of([this] { write(); }), Code::ReadOnly);
-    EXPECT_EQ(code_of([this] { Database::create(folder.filePath(u"new.mdb"_s), Kind::Losys); }), Code::ReadOnly);
+    for (const auto permissions : {readable, readable | QFile::WriteOther}) {
+        QFile::setPermissions(path, permissions);
+        const AsNobody nobody;
+        EXPECT_EQ(code_of([this] { write(); }), Code::ReadOnly);
+        read_all();
+        EXPECT_EQ(code_of([&] { Database::open(closed, Kind::Comsys); }), Code::NoAccess);
+        EXPECT_EQ(code_of([this] { Database::create(folder.filePath(u"new.mdb"_s), Kind::Losys); }), Code::ReadOnly);
+    }
 }
 
 TEST_F(FileAtRisk, OnAFullDiskNothingIsHalfWritten) {

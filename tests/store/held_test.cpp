@@ -55,16 +55,6 @@ TEST_F(HeldDatabase, OthersReadAndDoNotWriteUntilItIsLetGo) {
     EXPECT_EQ(Child({u"write"_s, path}).line(), "done");
 }
 
-TEST_F(HeldDatabase, AReaderThatDoesNotEndKeepsTheFileAsItIs) {
-    Database reader = Database::open(path, Kind::Comsys);
-    const Transaction reading(reader, Transaction::Lock::Read);
-    number_from(reader, "select count(*) from syain");
-    Held held(path, Kind::Comsys, std::chrono::milliseconds(50));
-    held.compact_into(target);
-    EXPECT_EQ(code_of([&] { held.take_over(target); }), Code::Busy);
-    EXPECT_EQ(number_from(reader, "select count(*) from syain"), 300);
-}
-
 TEST_F(HeldDatabase, ACopyThatIsNotLikeItsSourceIsFound) {
     Held held(path, Kind::Comsys);
     held.copy_into(target);
