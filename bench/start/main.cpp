@@ -72,6 +72,9 @@ int open_page(ui::QtHost& host, const QString& folder) {
 } // namespace
 
 int main(int argc, char** argv) {
+    const bool of_program = argc > 2;
+    const std::jthread key =
+        of_program ? ui::derive_key_ahead(QString::fromLocal8Bit(argv[2])) : std::jthread(); // as main() does it
     ui::QtHost host;
     ui::Application application(argc, argv, host);
     ui::apply_style(application);

@@ -3,7 +3,12 @@
 #include "base/literals.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#ifdef Q_OS_WIN
+#include <array>
+#include <windows.h>
+#endif
 
 namespace platform {
 
@@ -20,6 +25,17 @@ constexpr bool windows = false;
 #endif
 
 } // namespace
+
+QString program_folder() {
+#ifdef Q_OS_WIN
+    std::array<wchar_t, 32768> path{};
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), DWORD(path.size()));
+    return QFileInfo(QString::fromWCharArray(path.data(), int(length))).path();
+#else
+    const QString program = QFile::symLinkTarget(u"/proc/self/exe"_s);
+    return program.isEmpty() ? QString() : QFileInfo(program).path();
+#endif
+}
 
 QString install_tail() {
     return (windows ? u":"_s : QString()) + native(QString::fromLatin1(tail_below_drive));

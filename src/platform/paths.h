@@ -11,6 +11,9 @@ namespace platform {
 /// without the colon and with "/" elsewhere.
 QString install_tail();
 
+/// The folder that this program runs from, also before there is an application object; empty where that can't be told.
+QString program_folder();
+
 /// What stands for the drive of a program that runs from `program_folder`: its first character on Windows; elsewhere
 /// the nearest folder upwards that holds the install tree, or `program_folder` itself if none does.
 QString install_drive(const QString& program_folder);

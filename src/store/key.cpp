@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QHash>
 #include <QMutex>
-#include <openssl/evp.h>
+#include <nettle/pbkdf2.h>
 #include <openssl/rand.h>
 #include <stdexcept>
 
@@ -16,11 +16,10 @@ constexpr int rounds = 64'000;
 constexpr int key_size = 32;
 
 QByteArray derive(const QByteArray& salt) {
+    const auto bytes = [](const auto& text) { return reinterpret_cast<const uint8_t*>(text.data()); };
     QByteArray key(key_size, '\0');
-    const auto* salt_bytes = reinterpret_cast<const unsigned char*>(salt.constData());
-    if (PKCS5_PBKDF2_HMAC_SHA1(password.data(), int(password.size()), salt_bytes, int(salt.size()), rounds, key_size,
-            reinterpret_cast<unsigned char*>(key.data())) != 1)
-        throw std::runtime_error("the key can't be derived");
+    pbkdf2_hmac_sha1(password.size(), bytes(password), rounds, size_t(salt.size()), bytes(salt), key_size,
+        reinterpret_cast<uint8_t*>(key.data()));
     return "x'" + key.toHex() + salt.toHex() + "'";
 }
 

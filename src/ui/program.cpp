@@ -39,6 +39,13 @@ void fit_to_screen(QWidget& window) {
         window.setWindowState(Qt::WindowMaximized);
 }
 
+/// The settings with the root of this PC that will be found unless it was set up otherwise.
+frame::Settings expected_settings(const QString& program_folder) {
+    frame::Settings expected;
+    expected.local_root = platform::install_drive(program_folder) + platform::install_tail();
+    return expected;
+}
+
 /// Qt keeps a font that it has found for the next text in it.
 void find_fonts_ahead() {
     for (const Lettering lettering : {Lettering::Heading, Lettering::Comment, Lettering::Mark}) {
@@ -58,6 +65,10 @@ void read_pictures_ahead(const frame::Settings& settings) {
 }
 
 } // namespace
+
+std::jthread derive_key_ahead(const QString& program_folder) {
+    return store::derive_ahead(store::losys_path(expected_settings(program_folder)));
+}
 
 Program::Program(platform::Host& host, QString program_folder, quint16 turn_port)
     : m_host(host), m_program_folder(std::move(program_folder)), m_tables(m_settings),
@@ -90,21 +101,12 @@ int Program::start() {
     }
 }
 
-/// The settings with the root of this PC that will be found unless it was set up otherwise.
-frame::Settings Program::expected_settings() const {
-    frame::Settings expected = m_settings;
-    expected.local_root = platform::install_drive(m_program_folder) + platform::install_tail();
-    return expected;
-}
-
 void Program::start_up(Splash& splash) {
     frame::stg stg(m_session, m_program_folder, [&] { splash.refresh(stg); });
-    // Start-up needs the key first of all, and it takes a while: this thread does meanwhile what needs no key.
-    const frame::Settings expected = expected_settings();
-    const std::jthread key = store::derive_ahead(store::losys_path(expected));
     splash.show();
+    // Start-up waits for the key; what needs no key is done before.
     find_fonts_ahead();
-    read_pictures_ahead(expected);
+    read_pictures_ahead(expected_settings(m_program_folder));
     stg.Form_Activate([this](frame::Start start) {
         take_place();
         show(start);

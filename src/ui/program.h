@@ -14,10 +14,15 @@
 
 #include <memory>
 #include <optional>
+#include <thread>
 
 namespace ui {
 
 class Splash;
+
+/// Begins to derive the key of the databases that the program in this folder will open, on a thread of its own. It
+/// takes as long as Qt's own start, so main() calls this first of all, before QApplication exists.
+[[nodiscard]] std::jthread derive_key_ahead(const QString& program_folder);
 
 class Program {
 public:
@@ -36,7 +41,6 @@ public:
 
 private:
     void start_up(Splash& splash);
-    frame::Settings expected_settings() const;
     void take_place();
     void back_up();
     void show(frame::Start start);

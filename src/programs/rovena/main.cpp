@@ -1,9 +1,11 @@
+#include "platform/paths.h"
 #include "ui/application.h"
 #include "ui/program.h"
 #include "ui/qt_host.h"
 #include "ui/style.h"
 
 int main(int argc, char** argv) {
+    const std::jthread key = ui::derive_key_ahead(platform::program_folder());
     ui::QtHost host;
     ui::Application application(argc, argv, host);
     ui::apply_style(application);
