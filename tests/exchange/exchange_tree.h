@@ -4,28 +4,16 @@
 // them.
 
 #include "base/literals.h"
-#include "store/database.h"
 #include "store/files.h"
+#include "support/stored.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
-#include <cstdio>
 
 namespace exchange {
 
 using namespace base;
-
-inline QByteArray content(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        ADD_FAILURE() << path.toStdString();
-}
+using support::bytes_of, support::put_bytes;
 
 /// Posted rows as text, the fields from ordinal 1 on parted by "|"; "-" is a Null.
 using Rows = QStringList;
@@ -44,14 +32,14 @@ public:
         settings.local_root = folder.filePath(u"pc"_s);
         QDir().mkpath(kept_folder());
         static const QByteArray tables = store::empty_database_image(store::Kind::Rovdata);
-        write(rovdata_path(), tables);
+        put_bytes(rovdata_path(), tables);
         for (int n = 1; n <= store::exchange_file_count; ++n)
             make_exchange_file(exchange_path(n));
     }
 
     static void make_exchange_file(const QString& path) {
         static const QByteArray empty = store::empty_database_image(store::Kind::Exchange);
-        write(path, empty);
+        put_bytes(path, empty);
     }
 
     QString rovdata_path() const { return store::rovdata_path(settings); }
@@ -81,18 +69,8 @@ public:
         transaction.commit();
     }
 
-    /// All rows of a query as lines, the fields parted by "|".
-    static QString lines(const QString& path, store::Kind kind, const char* query) {
-        store::Database database = store::Database::open(path, kind);
-        store::Statement statement = database.prepare(query);
-        QStringList result;
-        while (statement.step()) {
-            QStringList fields;
-            for (int i = 0; i < statement.row().columns(); ++i)
-                fields << statement.row().text(i);
-            result << fields.join(u'|');
-        }
-        return result.join(u'\n');
+    static std::string lines(const QString& path, store::Kind kind, const char* query) {
+        return support::rows_of(path, kind, query).join(u'\n').toStdString();
     }
 
     /// The four tables, each row behind the kind that brings it.
@@ -101,20 +79,17 @@ public:
             "select * from (select 51, * from rovmei order by 2,3) "
             "union all select * from (select 52, *, '', '', '' from kinjisyu order by 2,3,4) "
             "union all select * from (select 53, *, '', '' from kinnisu order by 2,3,5,4) "
-            "union all select * from (select 54, *, '', '' from kyumei order by 2,3)")
-            .toStdString();
+            "union all select * from (select 54, *, '', '' from kyumei order by 2,3)");
     }
 
     std::string left(const QString& path) const {
-        return lines(path, store::Kind::Exchange, R"(select "2","3","4","5","6","7" from jyusin order by rowid)")
-            .toStdString();
+        return lines(path, store::Kind::Exchange, R"(select "2","3","4","5","6","7" from jyusin order by rowid)");
     }
     std::string left(int number = 1) const { return left(exchange_path(number)); }
 
     std::string errors(const QString& path) const {
         return lines(
-            path, store::Kind::Exchange, R"(select "2","3","4","5","6","7","理由" from jyusin_error order by rowid)")
-            .toStdString();
+            path, store::Kind::Exchange, R"(select "2","3","4","5","6","7","理由" from jyusin_error order by rowid)");
     }
 
     QTemporaryDir folder;

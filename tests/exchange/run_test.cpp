@@ -20,6 +20,11 @@ std::string stored(int date, int kind = 3) {
 class Run : public testing::Test {
 protected:
     bool apply_all() { return ManagerRun(tree.settings, watch, 50ms).apply_all(); }
+    bool apply_while_another_writes(const QString& path, store::Kind kind) {
+        store::Database other = store::Database::open(path, kind);
+        const store::Transaction writing(other);
+        return apply_all();
+    }
 
     Tree tree;
     QStringList told;
@@ -39,20 +44,23 @@ protected:
 
 } // namespace
 
-TEST_F(Run, TheFilesAreAppliedInTheOrderOfTheirNumbers) {
-    tree.post({leave(20041001, 5)}, 20);
-    tree.post({leave(20041001, 4), leave(20041002, 4)}, 2);
-    tree.post({leave(20041001, 3), leave(20041002, 3), leave(20041003, 3)}, 1);
+TEST_F(Run, KeptRowsComeFirstTheOldestFirstAndThenTheFilesByTheirNumbers) {
+    const auto from = [](int first) {
+        Rows rows;
+        for (int day = first; day <= 5; ++day)
+            rows << leave(20041000 + day, first);
+        return rows;
+    };
+    tree.post(from(5), 20);
+    tree.post(from(4), 2);
+    tree.post(from(3), 1);
+    tree.keep(u"hanjyusin01-20041006-090000-000.mdb"_s, from(2));
+    tree.keep(u"hanjyusin02-20041005-090000-000.mdb"_s, from(1));
     EXPECT_TRUE(apply_all());
-    EXPECT_EQ(tree.tables(), stored(20041001, 5) + "\n" + stored(20041002, 4) + "\n" + stored(20041003, 3));
-}
-
-TEST_F(Run, KeptRowsComeBeforeNewerOnesTheOldestFirst) {
-    tree.keep(u"hanjyusin01-20041006-090000-000.mdb"_s, {leave(20041001, 2), leave(20041002, 2)});
-    tree.keep(u"hanjyusin02-20041005-090000-000.mdb"_s, {leave(20041001, 1), leave(20041002, 1), leave(20041003, 1)});
-    tree.post({leave(20041001, 3)});
-    EXPECT_TRUE(apply_all());
-    EXPECT_EQ(tree.tables(), stored(20041001, 3) + "\n" + stored(20041002, 2) + "\n" + stored(20041003, 1));
+    std::string expected = stored(20041001, 1);
+    for (int day = 2; day <= 5; ++day)
+        expected += "\n" + stored(20041000 + day, day);
+    EXPECT_EQ(tree.tables(), expected);
     EXPECT_TRUE(QDir(tree.kept_folder()).isEmpty());
 }
 
@@ -81,36 +89,29 @@ TEST_F(Run, RowsPostedBehindTheLastPassAreTakenBeforeTheManagerEnds) {
 TEST_F(Run, AFileAnotherPCIsWritingIsLeftForTheNextRun) {
     tree.post({leave(20041001)}, 1);
     tree.post({leave(20041002)}, 2);
-    {
-        store::Database other = store::Database::open(tree.exchange_path(1), store::Kind::Exchange);
-        const store::Transaction writing(other);
-        EXPECT_TRUE(apply_all());
-        EXPECT_EQ(told.size(), 1);
-    }
+    EXPECT_TRUE(apply_while_another_writes(tree.exchange_path(1), store::Kind::Exchange));
+    EXPECT_EQ(told.size(), 1);
     EXPECT_EQ(tree.tables(), stored(20041002));
     EXPECT_TRUE(apply_all());
     EXPECT_EQ(tree.tables(), stored(20041001) + "\n" + stored(20041002));
 }
 
-TEST_F(Run, NewerRowsWaitForAKeptFileThatAnotherIsWriting) {
-    tree.keep(u"hanjyusin01-20041005-090000-000.mdb"_s, {leave(20041001, 1)});
+TEST_F(Run, RowsWaitForAKeptFileOrTheTablesThatAnotherIsWriting) {
+    const QString kept = u"hanjyusin01-20041005-090000-000.mdb"_s;
+    tree.keep(kept, {leave(20041001, 1)});
     tree.post({leave(20041001, 2)});
-    {
-        store::Database other =
-            store::Database::open(tree.kept_path(u"hanjyusin01-20041005-090000-000.mdb"_s), store::Kind::Exchange);
-        const store::Transaction writing(other);
-        apply_all();
-        EXPECT_EQ(tree.tables(), "");
-    }
+    apply_while_another_writes(tree.kept_path(kept), store::Kind::Exchange);
+    EXPECT_FALSE(apply_while_another_writes(tree.rovdata_path(), store::Kind::Rovdata));
+    EXPECT_EQ(tree.tables(), "");
     EXPECT_TRUE(apply_all());
     EXPECT_EQ(tree.tables(), stored(20041001, 2));
 }
 
 TEST_F(Run, ADamagedFileIsToldAMissingOneNotAndTheOthersAreApplied) {
     QFile::remove(tree.exchange_path(1));
-    const QByteArray whole = content(tree.exchange_path(3));
+    const QByteArray whole = bytes_of(tree.exchange_path(3));
     for (const QByteArray& damage : {QByteArray(), whole.left(1000), QByteArray(whole.size(), 'x')}) {
-        write(tree.exchange_path(3), damage);
+        put_bytes(tree.exchange_path(3), damage);
         tree.post({leave(20041001)}, 4);
         told.clear();
         EXPECT_FALSE(apply_all());
@@ -120,8 +121,8 @@ TEST_F(Run, ADamagedFileIsToldAMissingOneNotAndTheOthersAreApplied) {
 }
 
 TEST_F(Run, AKeptFileThatCannotBeReadInWholeOrPartIsLeftAloneFromThenOn) {
-    write(tree.kept_path(u"hanjyusin01-1.mdb"_s), "noise");
-    write(tree.kept_path(u"hanjyusin01-2.mdb.kowareta"_s), "older noise");
+    put_bytes(tree.kept_path(u"hanjyusin01-1.mdb"_s), "noise");
+    put_bytes(tree.kept_path(u"hanjyusin01-2.mdb.kowareta"_s), "older noise");
     tree.keep(u"hanjyusin01-3.mdb"_s, {leave(20041001), u"99"_s});
     EXPECT_FALSE(apply_all());
     EXPECT_EQ(tree.tables(), stored(20041001));
@@ -133,28 +134,16 @@ TEST_F(Run, AKeptFileThatCannotBeReadInWholeOrPartIsLeftAloneFromThenOn) {
 }
 
 TEST_F(Run, WithoutTablesAllRowsStay) {
-    const QByteArray whole = content(tree.rovdata_path());
+    const QByteArray whole = bytes_of(tree.rovdata_path());
     tree.keep(u"hanjyusin01-1.mdb"_s, {leave(20041001, 1)});
     tree.post({leave(20041001, 2)});
-    for (const QByteArray& damage : {QByteArray(), QByteArray(whole.size(), 'x'), content(tree.exchange_path(20))}) {
-        write(tree.rovdata_path(), damage);
+    for (const QByteArray& damage : {QByteArray(), QByteArray(whole.size(), 'x'), bytes_of(tree.exchange_path(20))}) {
+        put_bytes(tree.rovdata_path(), damage);
         EXPECT_FALSE(apply_all());
     }
-    write(tree.rovdata_path(), whole);
+    put_bytes(tree.rovdata_path(), whole);
     EXPECT_TRUE(apply_all());
     EXPECT_EQ(tree.tables(), stored(20041001, 2));
-}
-
-TEST_F(Run, TablesThatAnotherProgramWritesLongerThanThePatienceAreLeftAlone) {
-    tree.post({leave(20041001)});
-    store::Database master = store::Database::open(tree.rovdata_path(), store::Kind::Rovdata);
-    {
-        const store::Transaction writing(master);
-        EXPECT_FALSE(apply_all());
-    }
-    EXPECT_NE(tree.left(), "");
-    EXPECT_TRUE(apply_all());
-    EXPECT_EQ(tree.tables(), stored(20041001));
 }
 
 TEST_F(Run, ItIsSeenAsRunningWhileItAppliesAndASecondOneLeavesTheRowsToTheFirst) {

@@ -62,37 +62,29 @@ private:
 
 } // namespace
 
-TEST(Turns, ATurnGoesThroughEveryMessageAndThenTheManagerRuns) {
-    Service service;
-    service.connects(1);
-    service.says_all(1, {"##192.168.0.7", "st", "so", "en"});
-    EXPECT_EQ(service.heard(1), "your st-1 so-1 en-1");
-    EXPECT_EQ(service.managers, 0);
-    EXPECT_EQ(service.turns.address(1), "192.168.0.7");
-    service.says(1, "eo");
-    EXPECT_EQ(service.heard(1), "your st-1 so-1 en-1 eo-1 (closed)");
-    EXPECT_EQ(service.managers, 1);
-}
-
-TEST(Turns, MessagesAreUnderstoodInPiecesAndJoined) {
-    const QList<QList<QByteArray>> ways{{"##10.0.0.1st", "so", "en", "eo"},
-        {"#", "#10.0", ".0.1", "s", "t", "s", "o", "e", "n", "e", "o"}, {"##", "fe80::1%eth0", "st", "soeneo"},
-        {"##keiri-pc", "st", "soen", "eo"}};
-    for (const auto& way : ways) {
+TEST(Turns, ATurnGoesThroughEveryMessageInPiecesJoinedOrRepeatedAndThenTheManagerRuns) {
+    struct Case {
+        QList<QByteArray> texts;
+        std::string heard;
+        QByteArray address;
+    };
+    const std::string plain = "your st-1 so-1 en-1";
+    for (const Case& c : {Case{{"##192.168.0.7", "st", "so", "en"}, plain, "192.168.0.7"},
+             {{"##10.0.0.1st", "so", "en"}, plain, "10.0.0.1"},
+             {{"#", "#10.0", ".0.1", "s", "t", "s", "o", "e", "n"}, plain, "10.0.0.1"},
+             {{"##", "fe80::1%eth0", "st", "soen"}, plain, "fe80::1%eth0"},
+             // A reply that came in pieces makes a client say its last message again.
+             {{"##keiri-pc", "st", "st", "so", "so", "en", "en"}, "your st-1 st-1 so-1 so-1 en-1 en-1", "keiri-pc"}}) {
         Service service;
         service.connects(1);
-        service.says_all(1, way);
-        EXPECT_EQ(service.heard(1), "your st-1 so-1 en-1 eo-1 (closed)") << way.join('|').constData();
+        service.says_all(1, c.texts);
+        EXPECT_EQ(service.heard(1), c.heard) << c.texts.join('|').constData();
+        EXPECT_EQ(service.managers, 0);
+        EXPECT_EQ(service.turns.address(1), c.address);
+        service.says(1, "eo");
+        EXPECT_EQ(service.heard(1), c.heard + " eo-1 (closed)");
+        EXPECT_EQ(service.managers, 1);
     }
-}
-
-// A reply that came in pieces makes a client say its last message again.
-TEST(Turns, TheLastMessageSaidAgainGetsTheSameAnswer) {
-    Service service;
-    service.connects(1);
-    service.says_all(1, {"##10.0.0.1", "st", "st", "so", "so", "en", "en", "eo"});
-    EXPECT_EQ(service.heard(1), "your st-1 st-1 so-1 so-1 en-1 en-1 eo-1 (closed)");
-    EXPECT_EQ(service.managers, 1);
 }
 
 TEST(Turns, GarbageClosesThatClientOnly) {
@@ -124,22 +116,15 @@ TEST(Turns, OneHoldsTheTurnAndTheOthersFollowAsTheyCame) {
     EXPECT_EQ(service.heard(3), "your");
 }
 
-TEST(Turns, AClientThatWaitsIsToldSoAfterAPauseAndOnce) {
+TEST(Turns, WhoWaitsIsToldSoAfterAPauseAndOnceAndIsNotOvertakenWhileItsNextQuestionIsOnTheWay) {
     Service service;
-    service.comes_and_asks(1);
-    service.comes_and_asks(2);
+    for (const ClientId client : {1, 2, 3})
+        service.comes_and_asks(client);
     service.says(2, "st");
     service.passes(499ms);
     EXPECT_EQ(service.heard(2), "your");
     service.passes(1ms);
     EXPECT_EQ(service.heard(2), "your stok");
-}
-
-TEST(Turns, TheFirstInTheRowIsNotOvertakenWhileItsNextQuestionIsOnTheWay) {
-    Service service;
-    for (const ClientId client : {1, 2, 3})
-        service.comes_and_asks(client);
-    service.passes(500ms);
     service.says(3, "st");
     service.goes(1);
     EXPECT_EQ(service.heard(3), "your stok");

@@ -2,22 +2,17 @@
 
 // Other programs on the same files: this test program started anew with a task of its own.
 
-#include "base/literals.h"
-
 #include <QCoreApplication>
 #include <QProcess>
 #include <QStringList>
 
-/// Runs one of the tasks: "number ROOT COUNT" draws numbers and prints them; "write PATH" adds a counter and prints
-/// "done" or the error's code; "die PATH" changes many rows, says "ready" in the middle of its commit and hangs.
-int child_main(const QStringList& task);
-
-/// A child that has been started; killed if it still runs when this goes.
+/// A child with one of the tasks: "number ROOT COUNT" draws numbers and prints them; "write PATH" adds a counter and
+/// prints "done" or the error's code; "die PATH" changes many rows, says "ready" in the middle of its commit and hangs.
+/// Killed if it still runs when this goes.
 class Child {
 public:
     explicit Child(const QStringList& task) {
-        using namespace base;
-        m_process.start(QCoreApplication::applicationFilePath(), QStringList{u"--child"_s} + task);
+        m_process.start(QCoreApplication::applicationFilePath(), QStringList{QStringLiteral("--child")} + task);
     }
     ~Child() { kill(); }
 

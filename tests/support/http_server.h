@@ -2,22 +2,13 @@
 
 // A web server of the tests, as polite or as rude as it is told to be.
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include "support/wait_until.h"
+
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <functional>
 #include <map>
 
 namespace support {
-
-/// Runs the event loop until it holds. False after ten seconds, which only a hanging program needs.
-inline bool wait_until(const std::function<bool()>& holds) {
-    QElapsedTimer time;
-    for (time.start(); !holds() && !time.hasExpired(10'000);)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
-    return holds();
-}
 
 class HttpServer {
 public:

@@ -7,8 +7,23 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace support {
+
+/// Brings a window into view and the keyboard to it.
+inline void bring_up(QWidget& window, QSize size) {
+    window.resize(size);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    QCoreApplication::processEvents();
+}
+
+/// Turns the wheel over a widget, towards the item before.
+inline void turn_wheel(QWidget& over) {
+    QWheelEvent wheel({5, 5}, over.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&over, &wheel);
+}
 
 /// Clicks into the middle of a cell of a grid, which must be in view.
 inline void click_cell(ui::GridView& grid, int row, int col) {

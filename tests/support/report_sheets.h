@@ -5,30 +5,18 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "reports/report.h"
-#include "store/files.h"
+#include "store/test_tree.h"
 #include "support/fake_host.h"
-
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace support {
 
 using namespace base;
 
 /// A PC whose printer is set, at nine o'clock on 2004-10-05.
-struct PrintingPc {
-    PrintingPc() {
-        settings.server_root = settings.local_root = folder.path();
-        const QString losys = store::losys_path(settings);
-        QDir().mkpath(QFileInfo(losys).path());
-        store::Database::create(losys, store::Kind::Losys);
-        set(u"プリンター１"_s, u"PDF"_s);
-    }
+struct PrintingPc : TestTree {
+    PrintingPc() { set(u"プリンター１"_s, u"PDF"_s); }
     void set(const QString& key, const QString& value) { tables.設定書込(u"losystem"_s, key, value); }
 
-    QTemporaryDir folder;
-    frame::Settings settings;
     FakeHost host;
     store::SettingTables tables{settings};
     frame::TurnLink link{settings, host};

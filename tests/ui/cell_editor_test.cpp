@@ -1,25 +1,23 @@
 #include "ui/cell_editor.h"
 
 #include "base/literals.h"
-#include "ui/grid_view.h"
+#include "support/person.h"
 
-#include <QApplication>
 #include <QClipboard>
-#include <QInputMethodEvent>
 #include <QPushButton>
-#include <QTest>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Qt::StringLiterals;
+using namespace base;
+using support::type;
 
 /// A form that takes digits only, and all characters where the input method is on.
 struct Editing : testing::Test {
     QWidget window;
-    base::Sheet sheet{30, 5};
-    base::CellEditor state;
+    Sheet sheet{30, 5};
+    CellEditor state;
     ui::GridView grid{sheet, ui::CursorStyle::Cell, &window};
     QPushButton other{&window};
     QList<int> moves;
@@ -29,7 +27,7 @@ struct Editing : testing::Test {
         {
             [this](int code) { return moves << code, code == 13; },
             [this](int character) { return pressed << character, stands(character); },
-            [this](const QString& text) { return filtered(text); },
+            [this](QString text) { return text.removeIf([this](QChar c) { return !stands(c.unicode()); }); },
             [this](const QString& text) { state.text = text; },
             [this] { ++left; },
         },
@@ -40,49 +38,28 @@ struct Editing : testing::Test {
         auto* column = new QVBoxLayout(&window);
         column->addWidget(&grid);
         column->addWidget(&other);
-        window.resize(500, 250);
-        window.show();
-        window.activateWindow();
-        QApplication::setActiveWindow(&window);
+        support::bring_up(window, {500, 250});
+        place({3, 2}, u"830"_s);
     }
     bool stands(int character) const {
-        return state.input_method == base::InputMethod::On || character == 8 || QChar::isDigit(uint(character));
+        return state.input_method == InputMethod::On || character == 8 || QChar::isDigit(uint(character));
     }
-    QString filtered(const QString& text) const {
-        QString kept;
-        for (const QChar character : text)
-            if (stands(character.unicode()))
-                kept += character;
-        return kept;
-    }
-    void place(base::Cell cell, const QString& text, base::InputMethod method = base::InputMethod::Off) {
+    void place(Cell cell, const QString& text, InputMethod method = InputMethod::Off) {
         state.place(cell, text, method);
         box.refresh();
-    }
-    void compose(const QString& text) {
-        QInputMethodEvent event;
-        event.setCommitString(text);
-        QApplication::sendEvent(&box, &event);
     }
     bool in_sight() const { return grid.viewport()->rect().intersects(box.geometry()); }
 };
 
-TEST_F(Editing, TheBoxLiesExactlyOverItsCellWithTheTextSelected) {
-    place({3, 2}, u"830"_s);
-    EXPECT_EQ(box.geometry(), grid.cell_rect({3, 2}));
+TEST_F(Editing, TypingReplacesTheSelectedText) {
     EXPECT_TRUE(box.hasFocus());
     EXPECT_EQ(box.selectedText(), u"830"_s);
-}
-
-TEST_F(Editing, TypingReplacesTheSelectedText) {
-    place({3, 2}, u"830"_s);
-    QTest::keyClicks(&box, u"9a15"_s);
+    type(u"9a15"_s);
     EXPECT_EQ(state.text, u"915"_s);
     EXPECT_EQ(pressed, (QList<int>{'9', 'a', '1', '5'}));
 }
 
 TEST_F(Editing, AKeyThatMovedTheCursorIsNotTheBoxsOwn) {
-    place({3, 2}, u"830"_s);
     QTest::keyClick(&box, Qt::Key_Enter, Qt::KeypadModifier);
     EXPECT_EQ(moves, QList{13});
     QTest::keyClick(&box, Qt::Key_Left, Qt::ShiftModifier);
@@ -90,7 +67,6 @@ TEST_F(Editing, AKeyThatMovedTheCursorIsNotTheBoxsOwn) {
 }
 
 TEST_F(Editing, TakingCharactersAwayIsAskedLikeTyping) {
-    place({3, 2}, u"830"_s);
     box.end(false);
     QTest::keyClick(&box, Qt::Key_Backspace);
     EXPECT_EQ(state.text, u"83"_s);
@@ -100,27 +76,23 @@ TEST_F(Editing, TakingCharactersAwayIsAskedLikeTyping) {
     EXPECT_EQ(pressed, (QList<int>{8, 8}));
 }
 
-TEST_F(Editing, OnlyWhatTheFormLetsStandIsPasted) {
-    place({3, 2}, u""_s);
+TEST_F(Editing, OnlyWhatTheFormLetsStandIsPastedOrComposed) {
     QApplication::clipboard()->setText(u"17時15分"_s);
     QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(state.text, u"1715"_s);
-}
 
-TEST_F(Editing, AnInputMethodWritesNamesAndIsOffForNumbers) {
     place({3, 2}, u""_s);
     EXPECT_FALSE(box.testAttribute(Qt::WA_InputMethodEnabled));
-    compose(u"８３０時"_s);
+    type(u"８３０時"_s);
     EXPECT_EQ(state.text, u"830"_s) << "full-width digits count as digits";
 
-    place({3, 3}, u""_s, base::InputMethod::On);
+    place({3, 3}, u""_s, InputMethod::On);
     EXPECT_TRUE(box.testAttribute(Qt::WA_InputMethodEnabled));
-    compose(u"出張：大阪３日"_s);
+    type(u"出張：大阪３日"_s);
     EXPECT_EQ(state.text, u"出張：大阪３日"_s);
 }
 
 TEST_F(Editing, GoingToAnotherControlIsToldAndAnotherWindowIsNot) {
-    place({3, 2}, u"830"_s);
     QFocusEvent to_window(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
     QApplication::sendEvent(&box, &to_window);
     EXPECT_EQ(left, 0);
@@ -129,7 +101,6 @@ TEST_F(Editing, GoingToAnotherControlIsToldAndAnotherWindowIsNot) {
 }
 
 TEST_F(Editing, OutOfSightTheBoxKeepsFocusAndText) {
-    place({3, 2}, u"830"_s);
     state.hide();
     box.refresh();
     EXPECT_FALSE(in_sight());
@@ -138,18 +109,16 @@ TEST_F(Editing, OutOfSightTheBoxKeepsFocusAndText) {
     EXPECT_EQ(box.text(), u"830"_s);
 }
 
-TEST_F(Editing, TheBoxFollowsItsCellWhenTheSheetScrolls) {
-    place({3, 2}, u"830"_s);
-    QTest::keyClicks(&box, u"9"_s);
-    sheet.setTopLeft(2, 1);
-    grid.refresh();
-    box.refresh();
+TEST_F(Editing, TheBoxLiesOverItsCellAndFollowsItWhenTheSheetScrolls) {
     EXPECT_EQ(box.geometry(), grid.cell_rect({3, 2}));
-    EXPECT_EQ(box.selectedText(), u""_s) << "what is being typed isn't selected again";
-    sheet.setTopLeft(10, 1);
-    grid.refresh();
-    box.refresh();
-    EXPECT_FALSE(in_sight());
+    type(u"9"_s);
+    for (const int top : {2, 10}) {
+        sheet.setTopLeft(top, 1);
+        grid.refresh();
+        box.refresh();
+        EXPECT_TRUE(top == 2 ? box.geometry() == grid.cell_rect({3, 2}) : !in_sight());
+        EXPECT_EQ(box.selectedText(), u""_s) << "what is being typed isn't selected again";
+    }
 }
 
 TEST_F(Editing, TheListLiesOverItsCellAndTheWheelChoosesNothing) {
@@ -158,9 +127,7 @@ TEST_F(Editing, TheListLiesOverItsCellAndTheWheelChoosesNothing) {
     list.lay_over({4, 3}, 1);
     EXPECT_EQ(list.geometry().center(), grid.cell_rect({4, 3}).center());
     EXPECT_EQ(list.width(), grid.cell_rect({4, 3}).width());
-    EXPECT_TRUE(list.isEnabled());
-    QWheelEvent wheel({5, 5}, list.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&list, &wheel);
+    support::turn_wheel(list);
     EXPECT_EQ(list.currentIndex(), 1);
     list.put_away();
     EXPECT_FALSE(list.isEnabled());

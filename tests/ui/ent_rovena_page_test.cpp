@@ -1,73 +1,42 @@
 #include "ui/ent_rovena_page.h"
 
-#include "support/fake_host.h"
 #include "support/person.h"
 #include "ui/entry_company.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
-#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Qt::StringLiterals;
-using support::type;
+using namespace base;
+using support::click_cell, support::press, support::type;
 
-constexpr int clock_in = 2, clock_out = 3, break_time = 4, work_time = 5, remark = 6, kind = 7, first_category = 8;
+constexpr int clock_in = 2, clock_out = 3, first_category = 8;
 
-struct EntryPage : testing::Test {
-    EntryCompany company;
-    support::FakeHost host;
-    store::SettingTables tables{company.settings};
-    frame::TurnLink link{company.settings, host};
-    frame::Session session{company.settings, host, tables, link};
+struct EntryPage : testing::Test, EntryCompany {
     ui::ent_rovena_page page{session};
     const entry::ent_rovena& form = page.form();
     const ui::ent_rovena_controls& controls = page.controls();
 
-    EntryPage() {
-        page.resize(1366, 716);
-        page.show();
-        page.activateWindow();
-        QApplication::setActiveWindow(&page);
-        QCoreApplication::processEvents();
-    }
-    void choose_employee(int row) { support::click_cell(*controls.hyou_syain, row, 1); }
-    void click_sheet(int row, int col) { support::click_cell(*controls.hyou, row, col); }
+    EntryPage() { support::bring_up(page, {1366, 716}); }
+    void choose_employee(int row = 1) { click_cell(*controls.hyou_syain, row, 1); }
+    void click_sheet(int row, int col) { click_cell(*controls.hyou, row, col); }
     const QString& cell(int row, int col) const { return form.sheet.hyou(row, col); }
     bool whole_in_view(const ui::GridView* grid, int row, int col) const {
         return grid->viewport()->rect().contains(grid->cell_rect({row, col})) && page.rect().contains(grid->geometry());
     }
 };
 
-TEST_F(EntryPage, AnEmployeeAndTwoClockTimesGiveTheHoursOfTheDay) {
-    choose_employee(1);
-    EXPECT_EQ(controls.syalab->text(), u"3:山田 太郎"_s);
-    EXPECT_EQ(controls.lab2->text(), u"普通社員"_s);
-    click_sheet(1, clock_in);
-    type(u"830 Enter 1915 Enter"_s);
-    EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
-    EXPECT_EQ(cell(1, clock_out), u"19:15"_s);
-    EXPECT_EQ(cell(1, break_time), u"1:00"_s);
-    EXPECT_EQ(cell(1, work_time), u"9:45"_s);
-    EXPECT_EQ(cell(1, first_category + 1), u"1:45"_s);
-    EXPECT_EQ(cell(32, work_time), u"9:45"_s);
-}
-
 TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
-    choose_employee(1);
+    choose_employee();
     // Windows of 1366 x 768 and 1280 x 720 less the top band of the frame.
     for (const QSize size : {QSize(1366, 708), QSize(1280, 660)}) {
-        page.resize(size);
-        QCoreApplication::processEvents();
-        EXPECT_TRUE(whole_in_view(controls.hyou, 0, 0));
-        EXPECT_TRUE(whole_in_view(controls.hyou, 31, first_category + 2));
-        EXPECT_TRUE(whole_in_view(controls.hyou, 32, first_category + 2));
+        support::bring_up(page, size);
+        for (const int row : {0, 31, 32})
+            EXPECT_TRUE(whole_in_view(controls.hyou, row, first_category + 2));
         EXPECT_FALSE(controls.hyou->verticalScrollBar()->isVisible());
         EXPECT_TRUE(whole_in_view(controls.hyou_day, 2, 7));
         EXPECT_TRUE(page.rect().contains(controls.left->geometry()));
@@ -75,15 +44,11 @@ TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
 }
 
 TEST_F(EntryPage, WithMoreCategoriesThanFitTheMonthIsStillInViewFromTopToBottom) {
-    auto database = store::Database::open(store::rovdata_path(company.settings), store::Kind::Rovdata);
-    auto category = database.prepare("insert into kinsyu values (?, '手当')");
-    auto band = database.prepare("insert into kintype values (1, '普通社員', ?, 0, 500, 505, ?, 0, 0, 0, 0, 0, 0, 0)");
-    for (int number = 4; number <= 10; ++number) {
-        category.bind(number).run();
-        band.bind(number, number).run();
-    }
+    rovdata().exec("with recursive n(i) as (select 4 union all select i + 1 from n where i < 10)"
+                   " insert into kintype select 1, '普通社員', i, 0, 500, 505, i, 0, 0, 0, 0, 0, 0, 0 from n;"
+                   "insert into kinsyu select 連番, '手当' from kintype where 連番 > 3");
     page.resize(1280, 660);
-    choose_employee(1);
+    choose_employee();
     QCoreApplication::processEvents();
     EXPECT_TRUE(controls.hyou->horizontalScrollBar()->isVisible());
     EXPECT_TRUE(whole_in_view(controls.hyou, 32, first_category));
@@ -92,7 +57,7 @@ TEST_F(EntryPage, WithMoreCategoriesThanFitTheMonthIsStillInViewFromTopToBottom)
 }
 
 TEST_F(EntryPage, OnALargeScreenTheSheetsGrow) {
-    choose_employee(1);
+    choose_employee();
     const int row = controls.hyou->cell_rect({1, 2}).height();
     page.resize(2400, 1300);
     EXPECT_GT(controls.hyou->cell_rect({1, 2}).height(), row);
@@ -101,9 +66,8 @@ TEST_F(EntryPage, OnALargeScreenTheSheetsGrow) {
 }
 
 TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
-    choose_employee(1);
-    page.resize(800, 400);
-    QCoreApplication::processEvents();
+    choose_employee();
+    support::bring_up(page, {800, 400});
     click_sheet(5, clock_in);
     type(u"830"_s);
     const auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
@@ -126,52 +90,10 @@ TEST_F(EntryPage, HowTheLoadStandsIsPaintedWhileItGoesOn) {
         }
     } painted;
     controls.msglab->installEventFilter(&painted);
-    choose_employee(1);
+    choose_employee();
     EXPECT_TRUE(painted.texts.contains(u"データー抽出中"_s));
     controls.msglab->removeEventFilter(&painted);
-}
-
-TEST_F(EntryPage, AKindOfDayIsChosenFromTheListOverItsCell) {
-    choose_employee(1);
-    click_sheet(4, kind);
-    auto* list = qobject_cast<QComboBox*>(QApplication::focusWidget());
-    ASSERT_TRUE(list);
-    EXPECT_EQ(list->itemText(2), u"有休"_s) << "the numbers behind the name aren't shown";
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Down);
-    EXPECT_EQ(cell(4, kind), u"有休"_s);
-    click_sheet(4, clock_in);
-    EXPECT_FALSE(list->isEnabled());
-}
-
-TEST_F(EntryPage, TheCountStripTakesTheKeysItself) {
-    choose_employee(1);
-    support::click_cell(*controls.hyou_day, 2, 0);
-    type(u"1250"_s);
-    EXPECT_EQ(form.sheet.hyou_day(2, 0), u"1,250"_s);
-    QTest::keyClick(controls.hyou_day, Qt::Key_Backspace);
-    EXPECT_EQ(form.sheet.hyou_day(2, 0), u"125"_s);
-    QTest::keyClick(controls.hyou_day, Qt::Key_Right);
-    type(u"7"_s);
-    EXPECT_EQ(form.sheet.hyou_day(2, 1), u"7"_s);
-    QTest::keyClick(controls.hyou_day, Qt::Key_Delete);
-    EXPECT_EQ(form.sheet.hyou_day(2, 1), QString());
-}
-
-TEST_F(EntryPage, WithoutAnEmployeeTheSheetOnlySaysSo) {
-    click_sheet(1, clock_in);
-    ASSERT_EQ(host.shown.size(), 1u);
-    EXPECT_EQ(host.shown[0].text, u"社員を選択してから入力してください"_s);
-    EXPECT_EQ(host.shown[0].title, u"社員未選択"_s);
-    EXPECT_FALSE(controls.hyou_day->isVisible());
-}
-
-TEST_F(EntryPage, AnotherMonthIsLoadedWhenItIsChosen) {
-    choose_employee(1);
-    controls.ym[1]->setFocus();
-    QTest::keyClick(controls.ym[1], Qt::Key_Up);
-    EXPECT_EQ(form.ym[1].text, u"9"_s);
-    EXPECT_EQ(cell(31, 0), QString()) << "September has no 31st";
+    EXPECT_EQ(controls.syalab->text() + controls.lab2->text(), u"3:山田 太郎普通社員"_s);
 }
 
 TEST_F(EntryPage, TheSelectorsTakeDigitsOnlyAndEnterMovesOn) {
@@ -181,38 +103,34 @@ TEST_F(EntryPage, TheSelectorsTakeDigitsOnlyAndEnterMovesOn) {
     EXPECT_EQ(form.ym[0].text, u"2005"_s);
     type(u"Enter"_s);
     EXPECT_TRUE(controls.ym[1]->hasFocus());
+    support::turn_wheel(*controls.ym[1]);
+    EXPECT_EQ(controls.ym[1]->currentText(), u"10"_s) << "the wheel chooses no month";
+    press(Qt::Key_Up);
+    EXPECT_EQ(form.ym[1].text, u"9"_s);
     type(u"Enter"_s);
     EXPECT_TRUE(controls.toubotan->hasFocus());
 }
 
 TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSight) {
-    choose_employee(1);
+    choose_employee();
     for (int i = 0; i < 20; ++i) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        press(Qt::Key_Tab);
         EXPECT_FALSE(controls.hyou->isAncestorOf(QApplication::focusWidget()));
         EXPECT_NE(QApplication::focusWidget(), controls.toubotan);
     }
 }
 
-TEST_F(EntryPage, TheWheelOverASelectorChoosesNoOtherMonth) {
-    QWheelEvent wheel(
-        {5, 5}, controls.ym[1]->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(controls.ym[1], &wheel);
-    EXPECT_EQ(controls.ym[1]->currentText(), u"10"_s);
-}
-
 TEST_F(EntryPage, TheOrderOfTheListIsKeptForTheNextTime) {
-    QTest::mouseClick(controls.sortlist->button(1), Qt::LeftButton);
+    for (const QButtonGroup* group : {controls.sortlist, controls.kyuflg})
+        QTest::mouseClick(group->button(1), Qt::LeftButton);
     EXPECT_EQ(form.hyou_syain(1, 1), u"佐藤 花子"_s);
-    QTest::mouseClick(controls.kyuflg->button(1), Qt::LeftButton);
     const ui::ent_rovena_page next(session);
-    EXPECT_TRUE(next.controls().sortlist->button(1)->isChecked());
-    EXPECT_TRUE(next.controls().kyuflg->button(1)->isChecked());
+    EXPECT_TRUE(next.controls().sortlist->button(1)->isChecked() && next.controls().kyuflg->button(1)->isChecked());
 }
 
 TEST_F(EntryPage, WhatStandsInTheBoxIsCommittedBeforeAButtonActs) {
     QSignalSpy closed(&page, &ui::ent_rovena_page::close_wanted);
-    choose_employee(1);
+    choose_employee();
     click_sheet(1, clock_in);
     type(u"830"_s);
     QTest::mouseClick(controls.botan[0], Qt::LeftButton);
@@ -221,13 +139,12 @@ TEST_F(EntryPage, WhatStandsInTheBoxIsCommittedBeforeAButtonActs) {
 }
 
 TEST_F(EntryPage, ThePageGoesWithACellInEdit) {
-    auto* other = new ui::ent_rovena_page(session);
-    other->show();
-    QApplication::setActiveWindow(other);
-    support::click_cell(*other->controls().hyou_syain, 1, 1);
-    support::click_cell(*other->controls().hyou, 1, clock_in);
+    auto other = std::make_unique<ui::ent_rovena_page>(session);
+    support::bring_up(*other, page.size());
+    click_cell(*other->controls().hyou_syain, 1, 1);
+    click_cell(*other->controls().hyou, 1, clock_in);
     type(u"830"_s);
-    delete other;
+    other.reset();
     EXPECT_TRUE(host.shown.empty());
 }
 

@@ -1,15 +1,13 @@
 #pragma once
 
-// A small company for the page of attendance entry: three employees, one work type for all weekdays, three kinds of
-// day.
+// A small company for the pages: three employees, one work type for all weekdays, three kinds of day.
 
 #include "ui/install_tree.h"
 
 /// Bands 8:30 to 17:30, 17:30 to 22:00 and 22:00 to 5:00; six hours of the first have a break of one hour.
-class EntryCompany : public InstallTree {
-public:
+struct EntryCompany : InstallTree {
     EntryCompany() {
-        auto database = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
+        auto database = rovdata();
         database.exec("insert into syain (システム番号, 社員番号, 社員名) values"
                       " (1, 3, '山田 太郎'), (2, 1, '佐藤 花子'), (3, 2, '田中 次郎');"
                       "insert into kinsyu values (1, '普通出勤'), (2, '普通残業'), (3, '深夜残業');"

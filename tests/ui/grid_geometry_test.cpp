@@ -70,12 +70,4 @@ TEST(GridGeometry, ShowingACellScrollsAsLittleAsPossible) {
     EXPECT_EQ(geometry.top_for(0), 10) << "the heading is always in view";
 }
 
-TEST(GridGeometry, OfTenThousandRowsOnlyThoseInViewAreMet) {
-    base::Sheet sheet(10'000, 5);
-    sheet.setFixed(1, 0);
-    sheet.setTopLeft(7'000, 0);
-    const ui::GridGeometry geometry(sheet, at_96_dpi, {300, 180});
-    EXPECT_EQ(indexes(geometry.rows()), (QList{0, 7000, 7001, 7002, 7003, 7004, 7005, 7006, 7007, 7008}));
-}
-
 } // namespace

@@ -3,8 +3,8 @@
 #include "base/literals.h"
 #include "frame/error_list.h"
 #include "frame/news.h"
-#include "support/fake_host.h"
 #include "support/http_server.h"
+#include "support/stored.h"
 #include "ui/install_tree.h"
 #include "ui/news_list.h"
 #include "ui/news_picture.h"
@@ -33,29 +33,16 @@ QByteArray picture(QSize size, const char* format) {
     return bytes;
 }
 
-QString put_file(const QString& path, const QByteArray& bytes) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        throw std::runtime_error(path.toStdString());
-    return path;
-}
-
 /// The program with a news server.
-class InfoPage : public ::testing::Test {
-protected:
+struct InfoPage : ::testing::Test, InstallTree {
     InfoPage() {
-        store::SettingTables tables(tree.settings);
         tables.設定書込(u"kihon"_s, u"情報サーバー"_s, server.host());
         tables.設定書込(u"losystem"_s, u"ネット情報"_s, u"1"_s);
     }
 
     ui::info_page& start() {
         EXPECT_EQ(program.start(), 0);
-        auto* page = qobject_cast<ui::info_page*>(program.window().pages().page(Page::info));
-        if (page == nullptr)
-            throw std::logic_error("the landing page isn't there");
-        return *page;
+        return dynamic_cast<ui::info_page&>(*program.window().pages().page(Page::info));
     }
 
     template <typename Control>
@@ -66,10 +53,8 @@ protected:
         throw std::out_of_range(text.toStdString());
     }
 
-    InstallTree tree;
     support::HttpServer server;
-    support::FakeHost host;
-    ui::Program program{host, tree.programs};
+    ui::Program program{host, programs};
 };
 
 } // namespace
@@ -86,7 +71,7 @@ TEST_F(InfoPage, IsThereAtTheStartAndAsksTheServerOnlyOnceItIsPainted) {
     ASSERT_TRUE(support::wait_until([&] { return page.hyou().rows().size() == 2 && server.asked.size() == 3; }));
     const auto rows = page.hyou().rows();
     ASSERT_TRUE(support::wait_until([&] { return rows[0]->has_picture(); }));
-    const QString cut = tree.programs + u"/data/trn/info/cut.png"_s;
+    const QString cut = programs + u"/data/trn/info/cut.png"_s;
     EXPECT_TRUE(support::wait_until([&] { return page.form().hyou(2, 0).isEmpty() && !QFile::exists(cut); }));
     EXPECT_FALSE(rows[1]->has_picture());
     EXPECT_EQ(control<QLabel>(*rows[0], u"news\n<b>plain</b>"_s).textFormat(), Qt::PlainText);
@@ -98,43 +83,30 @@ TEST_F(InfoPage, IsThereAtTheStartAndAsksTheServerOnlyOnceItIsPainted) {
     EXPECT_EQ(host.opened, QStringList({u"http://a.example/"_s, u"http://a.example/"_s}));
 }
 
-TEST_F(InfoPage, TheTickHidesTheNewsAndIsKept) {
+TEST_F(InfoPage, TheTickHidesTheNews) {
     ui::info_page& page = start();
-    QCheckBox& tick = control<QCheckBox>(page, u"インターネットから情報を受信する"_s);
-    QPushButton& osirase = control<QPushButton>(page, u"お知らせを表示"_s);
-    EXPECT_TRUE(tick.isChecked() && osirase.isVisible());
-    tick.click();
-    EXPECT_FALSE(osirase.isVisible());
-    EXPECT_EQ(store::SettingTables(tree.settings).設定読込(u"losystem"_s, u"ネット情報"_s), u"0"_s);
-    tick.click();
-    EXPECT_TRUE(osirase.isVisible());
-    EXPECT_TRUE(host.shown.empty());
+    auto& tick = control<QCheckBox>(page, u"インターネットから情報を受信する"_s);
+    const auto& osirase = control<QPushButton>(page, u"お知らせを表示"_s);
+    for (const bool ticked : {true, false, true}) {
+        tick.setChecked(ticked);
+        EXPECT_EQ(osirase.isVisible(), ticked);
+    }
 }
 
 TEST_F(InfoPage, ALineLeadsToTheMessagesOfTheExchangeSide) {
-    put_file(frame::error_file_path(tree.settings), "\"a\"\n\"b\"\n");
-    frame::Settings settings = tree.settings;
-    store::SettingTables tables(settings);
-    frame::TurnLink link(settings, host);
-    frame::Session session{settings, host, tables, link};
-    int shown = 0;
-    ui::info_page page(session, [&] { ++shown; });
-    page.resize(1280, 600);
-    page.show();
-    const QString text = u"取込エラーがあります（2件）"_s;
-    const auto stands = [&] {
-        const auto buttons = page.findChildren<QPushButton*>();
-        return std::ranges::any_of(buttons, [&](auto* b) { return b->text() == text && b->isVisible(); });
-    };
-    ASSERT_TRUE(support::wait_until(stands));
-    control<QPushButton>(page, text).click();
-    EXPECT_EQ(shown, 1);
+    QDir().mkpath(QFileInfo(frame::error_file_path(settings)).path());
+    support::put_bytes(frame::error_file_path(settings), "\"a\"\n\"b\"\n");
+    ui::info_page& page = start();
+    ASSERT_TRUE(support::wait_until([&] { return page.form().import_errors > 0; }));
+    QTest::mouseClick(&control<QPushButton>(page, u"取込エラーがあります（2件）"_s), Qt::LeftButton);
+    EXPECT_TRUE(program.window().pages().is_open(Page::errform));
 }
 
 TEST(NewsPicture, IsDecodedOnlyIfItIsOneOfFourKindsAndNoGiant) {
     const QTemporaryDir folder;
-    const auto read = [&](const QByteArray& bytes) {
-        return ui::read_news_picture(put_file(folder.filePath(u"a.png"_s), bytes), QSize(100, 100)).size();
+    const auto read = [path = folder.filePath(u"a.png"_s)](const QByteArray& bytes) {
+        support::put_bytes(path, bytes);
+        return ui::read_news_picture(path, QSize(100, 100)).size();
     };
     EXPECT_EQ(read(picture(QSize(400, 200), "PNG")), QSize(100, 50));
     EXPECT_EQ(read(picture(QSize(400, 200), "JPG")), QSize(100, 50)) << "whatever it is called";

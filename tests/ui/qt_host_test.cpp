@@ -3,7 +3,6 @@
 #include "base/literals.h"
 #include "platform/file_error.h"
 #include "store/error.h"
-#include "support/fake_host.h"
 #include "ui/application.h"
 #include "ui/install_tree.h"
 #include "ui/program.h"
@@ -19,59 +18,42 @@ using platform::Buttons;
 
 namespace {
 
-/// What the person does with the box that comes up.
-template <typename Act>
-Answer ask(Buttons buttons, Act act) {
-    QTimer::singleShot(0, [&] { act(*qobject_cast<QMessageBox*>(QApplication::activeModalWidget())); });
-    return ui::QtHost().ask(u"終了しますか？"_s, u"終了"_s, buttons);
-}
-
-auto press(const QString& text) {
-    return [text](QMessageBox& box) {
+/// The answer of a box that comes up when the person presses the button of that text or, without one, closes it.
+Answer ask(Buttons buttons, const QString& text = {}) {
+    QTimer::singleShot(0, [&] {
+        auto& box = *qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         for (QAbstractButton* button : box.buttons())
             if (button->text() == text)
                 return button->click();
-        box.reject();
-        ADD_FAILURE() << "no button " << text.toStdString();
-    };
+        EXPECT_EQ(text, QString());
+        box.close();
+    });
+    return ui::QtHost().ask(u"終了しますか？"_s, u"終了"_s, buttons);
 }
 
-/// An object whose every event ends in the exception.
+/// Sends an event to an object whose every event ends in the exception; what the person was told.
 template <typename Exception>
-class Failing : public QObject {
-public:
-    explicit Failing(Exception exception) : m_exception(std::move(exception)) {}
-    bool event(QEvent*) override { throw m_exception; }
-
-private:
-    Exception m_exception;
-};
-
-template <typename Exception>
-void send_to_failing(const Exception& exception) {
-    Failing<Exception> receiver(exception);
+std::vector<support::Shown> told(const Exception& exception) {
+    struct Failing : QObject {
+        explicit Failing(const Exception& of) : thrown(of) {}
+        bool event(QEvent*) override { throw thrown; }
+        const Exception& thrown;
+    } receiver(exception);
     QEvent event(QEvent::User);
     QCoreApplication::sendEvent(&receiver, &event);
-}
-
-support::FakeHost& host_of_application() {
-    return dynamic_cast<support::FakeHost&>(dynamic_cast<ui::Application&>(*qApp).host());
+    return std::exchange(dynamic_cast<support::FakeHost&>(dynamic_cast<ui::Application&>(*qApp).host()).shown, {});
 }
 
 } // namespace
 
-TEST(QtHost, BoxesSpeakJapaneseAndTellTheAnswer) {
-    EXPECT_EQ(ask(Buttons::YesNo, press(u"はい"_s)), Answer::Yes);
-    EXPECT_EQ(ask(Buttons::YesNo, press(u"いいえ"_s)), Answer::No);
-    EXPECT_EQ(ask(Buttons::OkCancel, press(u"OK"_s)), Answer::Ok);
-    EXPECT_EQ(ask(Buttons::OkCancel, press(u"キャンセル"_s)), Answer::Cancel);
-}
-
-TEST(QtHost, ClosingABoxByOtherMeansIsTheCautiousAnswer) {
-    const auto close = [](QMessageBox& box) { box.close(); };
-    EXPECT_EQ(ask(Buttons::YesNo, close), Answer::No);
-    EXPECT_EQ(ask(Buttons::OkCancel, close), Answer::Cancel);
-    EXPECT_EQ(ask(Buttons::Ok, close), Answer::Ok);
+TEST(QtHost, BoxesSpeakJapaneseAndClosingOneIsTheCautiousAnswer) {
+    EXPECT_EQ(ask(Buttons::YesNo, u"はい"_s), Answer::Yes);
+    EXPECT_EQ(ask(Buttons::YesNo, u"いいえ"_s), Answer::No);
+    EXPECT_EQ(ask(Buttons::YesNo), Answer::No);
+    EXPECT_EQ(ask(Buttons::OkCancel, u"OK"_s), Answer::Ok);
+    EXPECT_EQ(ask(Buttons::OkCancel, u"キャンセル"_s), Answer::Cancel);
+    EXPECT_EQ(ask(Buttons::OkCancel), Answer::Cancel);
+    EXPECT_EQ(ask(Buttons::Ok), Answer::Ok);
 }
 
 TEST(QtHost, ThePrinterOfPDFFilesComesLastAndOnce) {
@@ -88,8 +70,7 @@ TEST(QtHost, FiltersAreTakenAsTheDialogReadsThem) {
 
 TEST(QtHost, TheWindowStaysAsLongAsTheProgramWaits) {
     InstallTree tree;
-    support::FakeHost host;
-    ui::Program program(host, tree.programs);
+    ui::Program program(tree.host, tree.programs);
     ASSERT_EQ(program.start(), 0);
     QEventLoop events;
     QTimer::singleShot(0, [&] {
@@ -98,23 +79,16 @@ TEST(QtHost, TheWindowStaysAsLongAsTheProgramWaits) {
         events.quit();
     });
     events.exec();
-    EXPECT_TRUE(host.shown.empty()) << "not even asked";
+    EXPECT_TRUE(tree.host.shown.empty()) << "not even asked";
     EXPECT_TRUE(program.window().close());
 }
 
-TEST(Application, AnErrorOfTheStoreIsToldAndTheProgramGoesOn) {
-    support::FakeHost& host = host_of_application();
-    host.shown.clear();
+TEST(Application, AnErrorOfTheStoreIsToldAndAMissingFileOfTheInstallationEndsTheProgram) {
     const store::Error busy(store::Code::Busy, u"/srv/comsys.mdb"_s, {}, {});
-    send_to_failing(busy);
-    EXPECT_EQ(host.shown, std::vector({support::Shown{busy.text(), u"就業録"_s, Buttons::Ok}}));
-}
-
-TEST(Application, AMissingFileOfTheInstallationEndsIt) {
-    support::FakeHost& host = host_of_application();
-    host.shown.clear();
+    EXPECT_EQ(told(busy), std::vector({support::Shown{busy.text(), u"就業録"_s, Buttons::Ok}}));
     const platform::FileError missing(u"/srv/zen_end.BMP"_s);
-    QTimer::singleShot(0, [&] { send_to_failing(missing); });
+    QTimer::singleShot(0, [&] {
+        EXPECT_EQ(told(missing), std::vector({support::Shown{missing.text(), u"就業録"_s, Buttons::Ok}}));
+    });
     EXPECT_EQ(QApplication::exec(), 1);
-    EXPECT_EQ(host.shown, std::vector({support::Shown{missing.text(), u"就業録"_s, Buttons::Ok}}));
 }

@@ -20,54 +20,22 @@ void change() {
         ::raise(SIGKILL);
 }
 
-template <typename Function>
-Function original(const char* name) {
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
-}
-
 } // namespace
 
+#define BEFORE(result, name, parameters, arguments)                                                                    \
+    result name parameters {                                                                                           \
+        static const auto next = reinterpret_cast<result(*) parameters>(::dlsym(RTLD_NEXT, #name));                    \
+        change();                                                                                                      \
+        return next arguments;                                                                                         \
+    }
+
 extern "C" {
-
-ssize_t pwrite64(int file, const void* data, size_t size, off64_t place) {
-    static const auto next = original<ssize_t (*)(int, const void*, size_t, off64_t)>("pwrite64");
-    change();
-    return next(file, data, size, place);
-}
-
-int ftruncate64(int file, off64_t size) noexcept {
-    static const auto next = original<int (*)(int, off64_t)>("ftruncate64");
-    change();
-    return next(file, size);
-}
-
-ssize_t write(int file, const void* data, size_t size) {
-    static const auto next = original<ssize_t (*)(int, const void*, size_t)>("write");
-    change();
-    return next(file, data, size);
-}
-
-int rename(const char* from, const char* to) noexcept {
-    static const auto next = original<int (*)(const char*, const char*)>("rename");
-    change();
-    return next(from, to);
-}
-
-int renameat2(int from_folder, const char* from, int to_folder, const char* to, unsigned flags) noexcept {
-    static const auto next = original<int (*)(int, const char*, int, const char*, unsigned)>("renameat2");
-    change();
-    return next(from_folder, from, to_folder, to, flags);
-}
-
-int link(const char* from, const char* to) noexcept {
-    static const auto next = original<int (*)(const char*, const char*)>("link");
-    change();
-    return next(from, to);
-}
-
-int unlink(const char* path) noexcept {
-    static const auto next = original<int (*)(const char*)>("unlink");
-    change();
-    return next(path);
-}
+BEFORE(ssize_t, pwrite64, (int file, const void* data, size_t size, off64_t place), (file, data, size, place))
+BEFORE(int, ftruncate64, (int file, off64_t size) noexcept, (file, size))
+BEFORE(ssize_t, write, (int file, const void* data, size_t size), (file, data, size))
+BEFORE(int, rename, (const char* from, const char* to) noexcept, (from, to))
+BEFORE(int, renameat2, (int from_folder, const char* from, int to_folder, const char* to, unsigned flags) noexcept,
+    (from_folder, from, to_folder, to, flags))
+BEFORE(int, link, (const char* from, const char* to) noexcept, (from, to))
+BEFORE(int, unlink, (const char* path) noexcept, (path))
 }
