@@ -144,10 +144,18 @@ TEST_F(Rov01Page, TheSearchIsWalkedByKeys) {
 
 TEST_F(Rov01Page, TheSearchGoesWithoutAChoiceOrWithItsScreen) {
     open(1);
+    page().conditions().tancd(0)->setFocus();
+    type(u"3"_s);
     ui::ken_mst_dialog& search = search_from(0);
     QTest::keyClick(&search, Qt::Key_Escape);
     EXPECT_FALSE(search.isVisible());
-    EXPECT_EQ(page().conditions().tancd(0)->text(), QString());
+    EXPECT_EQ(page().conditions().tancd(0)->text(), u"3"_s);
+    store::Database::open(store::comsys_path(company.settings), store::Kind::Comsys)
+        .exec("insert into syain (システム番号, 社員名) values (0, '全体')");
+    ui::ken_mst_dialog& whole = search_from(0);
+    click(whole.botan(1));
+    support::click_cell(*whole.hyou(), 1, 2);
+    EXPECT_EQ(page().conditions().tancd(0)->text(), QString()) << "全体 is everybody";
     QPointer<ui::ken_mst_dialog> next = &search_from(0);
     window->form().midasi_Click(2);
     EXPECT_TRUE(next.isNull());
