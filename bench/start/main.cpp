@@ -11,11 +11,11 @@
 #include "ui/qt_host.h"
 #include "ui/style.h"
 
+#include <QFile>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QTimer>
 #include <cstdio>
-#include <sys/resource.h>
 
 using namespace base;
 
@@ -29,6 +29,14 @@ public:
         return false;
     }
 };
+
+/// In KiB. getrusage() won't do: it counts what the process was before it became this program.
+qint64 peak_memory() {
+    QFile status(u"/proc/self/status"_s);
+    status.open(QIODevice::ReadOnly);
+    const QByteArray text = status.readAll();
+    return text.mid(text.indexOf("VmHWM:") + 6).trimmed().split(' ').constFirst().toLongLong();
+}
 
 int empty_window(ui::Application&) {
     EndAtFirstPaint end;
@@ -63,9 +71,7 @@ int open_page(ui::QtHost& host, const QString& folder) {
     if (page->form().syainsyscd.isEmpty())
         return 1;
     page->grab();
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    std::printf("%ld\n", usage.ru_maxrss);
+    std::printf("%lld\n", peak_memory());
     return 0;
 }
 

@@ -50,7 +50,8 @@ int CompanyMonth::start_key() const {
 }
 
 int CompanyMonth::end_key() const {
-    return m_start_day == 1 ? month_key() * 100 + 31 : date_number(last());
+    constexpr int endDay = 31; // of a month that starts on the 1st, whatever its length
+    return m_start_day == 1 ? month_key() * 100 + endDay : date_number(last());
 }
 
 int CompanyMonth::posting_key(int row) const {

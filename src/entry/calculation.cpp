@@ -9,8 +9,8 @@ namespace entry {
 namespace {
 
 struct Stay {
-    minutes in;
-    minutes out;
+    minutes clockIn;
+    minutes clockOut;
 };
 
 bool starts_calculation(int column) {
@@ -49,9 +49,11 @@ minutes held_inside(const Band& band, minutes clock) {
 }
 
 minutes length_in(const Band& band, const Stay& stay) {
-    if (band.counts_from_inside && (stay.in < band.start || stay.in > band.end))
+    if (band.counts_from_inside && (stay.clockIn < band.start || stay.clockIn > band.end))
         return minutes(0);
-    return held_inside(band, stay.out) - held_inside(band, stay.in);
+    const minutes bandStart = held_inside(band, stay.clockIn);
+    const minutes bandEnd = held_inside(band, stay.clockOut);
+    return bandEnd - bandStart;
 }
 
 void cut_into_bands(MonthSheet& sheet, int r, const Stay& stay) {
@@ -98,10 +100,10 @@ minutes breaks_of_category(MonthSheet& sheet, int r, int column, minutes so_far)
 minutes break_of_day(MonthSheet& sheet, int r) {
     if (sheet.entry_cell.col == col::break_time)
         return minutes_of(sheet.hyou(r, col::break_time));
-    minutes total(0);
+    minutes breakTotal(0);
     for (int column = col::first_category; column < sheet.hyou.Cols(); ++column)
-        total = breaks_of_category(sheet, r, column, total);
-    return total;
+        breakTotal = breaks_of_category(sheet, r, column, breakTotal);
+    return breakTotal;
 }
 
 QString work_time_text(minutes work) {
@@ -137,8 +139,9 @@ void 出勤集計処理(MonthSheet& sheet, int r) {
         return;
     const Stay stay = stay_of(sheet, r);
     cut_into_bands(sheet, r, stay);
-    const minutes pause = break_of_day(sheet, r);
-    sheet.hyou(r, col::work_time) = work_time_text(stay.out - stay.in - pause);
+    const minutes breakTotal = break_of_day(sheet, r);
+    const minutes workMinutes = stay.clockOut - stay.clockIn - breakTotal;
+    sheet.hyou(r, col::work_time) = work_time_text(workMinutes);
     settle_kind(sheet, r);
     tally_month(sheet);
 }

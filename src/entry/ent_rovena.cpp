@@ -8,6 +8,7 @@
 #include "entry/layout.h"
 #include "entry/month_load.h"
 #include "entry/saving.h"
+#include "entry/waiting_days.h"
 #include "entry/work_type.h"
 #include "store/files.h"
 
@@ -108,8 +109,10 @@ void ent_rovena::社員選択処理() {
         return;
     書式設定();
     書式設定_日();
-    report(u"データー抽出中"_s);
     auto unloaded = qScopeGuard([this] { forget_employee(); });
+    if (!saved_days_are_in(employee))
+        return;
+    report(u"データー抽出中"_s);
     load_month(employee);
     unloaded.dismiss();
     trim_strip(sheet.hyou_day);
@@ -125,7 +128,12 @@ void ent_rovena::report(const QString& text) {
         msglab_changed();
 }
 
-/// A load that failed leaves nobody chosen: an empty sheet under a name could be saved over that month.
+bool ent_rovena::saved_days_are_in(qint64 employee) {
+    const QScopedValueRollback<bool> in_hand(waiting, true);
+    return 登録待ち(m_session, employee, [this] { report(u"登録完了を待っています"_s); }) == Opening::Free;
+}
+
+/// A load that failed or was refused leaves nobody chosen: an empty sheet under a name could be saved over that month.
 void ent_rovena::forget_employee() {
     for (QString* text : {&syainsyscd, &syalab, &kintypecd, &lab2, &msglab})
         text->clear();
@@ -147,7 +155,7 @@ void ent_rovena::load_month(qint64 employee) {
 }
 
 void ent_rovena::保存処理() {
-    if (saving)
+    if (saving || waiting)
         return;
     const QScopedValueRollback<bool> busy(saving, true);
     entry::保存処理(m_session, sheet, posted_employee(syalab, syainsyscd));
@@ -161,7 +169,7 @@ bool ent_rovena::employee_chosen() {
 }
 
 void ent_rovena::hyou_syain_Click(int row) {
-    if (row < hyou_syain.FixedRows() || row >= hyou_syain.Rows())
+    if (waiting || row < hyou_syain.FixedRows() || row >= hyou_syain.Rows())
         return;
     syainsyscd = hyou_syain(row, 2);
     syalab = hyou_syain(row, 0) + u':' + hyou_syain(row, 1);
@@ -181,7 +189,7 @@ void ent_rovena::kyuflg_Click(int element) {
 
 void ent_rovena::ym_Click(int element, int index) {
     Selector& selector = ym[element];
-    if (!selector.enabled || index < 0 || index >= selector.items.size())
+    if (waiting || !selector.enabled || index < 0 || index >= selector.items.size())
         return;
     selector.text = selector.items[index];
     社員選択処理();

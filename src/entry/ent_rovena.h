@@ -12,8 +12,8 @@
 // - a widget that loses or takes the focus reports it by the act named after it; acts that find nothing to do do
 //   nothing.
 // - `editors.focus` is a wish: move the keyboard there and clear it.
-// - while `saving` is true the interface may be given time inside botan_Click(1): take no input, don't destroy the
-//   form.
+// - while `saving` or `waiting` is true the interface may be given time inside botan_Click(1), hyou_syain_Click() or
+//   ym_Click(): take no input, don't destroy the form.
 
 #include "entry/editing.h"
 #include "entry/sheet.h"
@@ -61,6 +61,7 @@ public:
     std::function<void()> msglab_changed;
 
     bool saving = false;         ///< inside `保存処理`
+    bool waiting = false;        ///< inside the wait for saved days that aren't in the tables yet
     bool close_wanted = false;   ///< the person left the screen: the page closes itself
     bool hyou_day_shown = false; ///< the count strip comes into sight with the first employee
 
@@ -109,6 +110,7 @@ public:
 private:
     store::Database open_data() const;
     base::CompanyMonth month_chosen();
+    bool saved_days_are_in(qint64 employee);
     void load_month(qint64 employee);
     void report(const QString& text);
     bool employee_chosen();

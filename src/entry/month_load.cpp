@@ -19,7 +19,8 @@ struct KeyRange {
 };
 
 KeyRange days_and_total(const CompanyMonth& month) {
-    return {month.start_key(), std::max(month.end_key(), month.total_key())};
+    const int totalKey = month.total_key();
+    return {month.start_key(), std::max(month.end_key(), totalKey)};
 }
 
 /// A duration or clock field as cell text; an empty field stays empty.

@@ -10,7 +10,7 @@ namespace entry {
 
 namespace {
 
-constexpr int exchange_file = 1;
+const QString manager_title = u"jyusinkanri"_s;
 constexpr int most_fields = 15;
 
 /// Gives the turn up however the save ends.
@@ -29,19 +29,9 @@ private:
     frame::TurnLink& m_link;
 };
 
-bool is_main_pc(const frame::Settings& settings) {
-    return settings.use_class == 0;
-}
-
 bool manager_at_work(frame::Session& session) {
-    return common::ウィンドウ終了待ち(session.host, u"jyusinkanri"_s, store::exchange_folder(session.settings)) ==
+    return common::ウィンドウ終了待ち(session.host, manager_title, store::exchange_folder(session.settings)) ==
            common::Wait::StillRunning;
-}
-
-void start_manager(frame::Session& session) {
-    const QString root = platform::portable(session.settings.server_root);
-    session.host.start_program(
-        frame::manager_file(root), {u"--root"_s, root, u"--local"_s, platform::portable(session.settings.local_root)});
 }
 
 void bind_row(store::Statement& insert, const ExchangeRow& row) {
@@ -81,8 +71,18 @@ bool post_in_turn(frame::Session& session, const QList<ExchangeRow>& rows) {
 
 } // namespace
 
+bool manager_running(frame::Session& session) {
+    return session.host.program_running(manager_title, store::exchange_folder(session.settings));
+}
+
+void start_manager(frame::Session& session) {
+    const QString root = platform::portable(session.settings.server_root);
+    session.host.start_program(
+        frame::manager_file(root), {u"--root"_s, root, u"--local"_s, platform::portable(session.settings.local_root)});
+}
+
 void post_rows(const frame::Settings& settings, const QList<ExchangeRow>& rows) {
-    const QString path = store::exchange_path(settings, exchange_file);
+    const QString path = store::exchange_path(settings, posting_file);
     try {
         append(path, rows);
     } catch (const store::Error& error) {

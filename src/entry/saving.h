@@ -38,8 +38,18 @@ using ExchangeRow = QStringList;
 /// `stamp` is the time of the save, yyyymmddhhmmss.
 QList<ExchangeRow> rows_to_post(const MonthSheet& sheet, const PostedEmployee& employee, const QString& stamp);
 
+/// The exchange file that takes the saves.
+inline constexpr int posting_file = 1;
+
 /// Appends the rows to exchange file 01 in one transaction. A file that is remade at this moment is opened once more.
 void post_rows(const frame::Settings& settings, const QList<ExchangeRow>& rows);
+
+/// Starting the exchange manager is the main PC's work; an error in it is ignored.
+inline bool is_main_pc(const frame::Settings& settings) {
+    return settings.use_class == 0;
+}
+bool manager_running(frame::Session& session);
+void start_manager(frame::Session& session);
 
 /// The whole save: rows, turn, manager's absence, posting, turn given up, manager started. Without a changed day, or
 /// without an employee, nothing happens. Ends with a message and posts nothing if the turn isn't to be had or the

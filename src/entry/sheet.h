@@ -65,8 +65,8 @@ enum class BreakHandling {
 
 /// "Work of this length or more has this break"; threshold 0 is no rule.
 struct BreakRule {
-    base::minutes threshold{0}; ///< `休憩勤務時間`
-    base::minutes pause{0};     ///< `休憩時間`
+    base::minutes threshold{0}; ///< `休憩勤務時間n`
+    base::minutes pause{0};     ///< `休憩時間n`
 };
 
 /// One band of a weekday's schedule. An unused slot is all zero.

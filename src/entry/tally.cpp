@@ -72,7 +72,7 @@ void count_days(MonthSheet& sheet) {
 }
 
 /// Kind tags read as 0, so that only a bare category column can match.
-std::optional<int> strip_column(const MonthSheet& sheet, int category) {
+std::optional<int> column_of_category(const MonthSheet& sheet, int category) {
     for (int column = strip::first_kind; column < sheet.hyou_day.Cols(); ++column)
         if (Val(sheet.hyou_day(strip::tag, column)) == category)
             return column;
@@ -86,16 +86,20 @@ void sum_column(MonthSheet& sheet, int column) {
     sheet.hyou(row::total, column) = time_to_cell(minutes_to_time(sum));
 }
 
+void add_days(QString& count, int days) {
+    count = digits(Val(count) + days);
+}
+
 void count_category(MonthSheet& sheet, int column) {
     const int category = category_of(sheet, column);
-    const auto place = category == 0 ? std::nullopt : strip_column(sheet, category);
-    if (!place)
+    const auto stripColumn = category == 0 ? std::nullopt : column_of_category(sheet, category);
+    if (!stripColumn)
         return;
     int days = 0;
     for (int r = row::first_day; r <= row::last_day; ++r)
         days += sheet.hyou(r, column).isEmpty() ? 0 : 1;
     if (days > 0)
-        sheet.hyou_day(strip::count, *place) = digits(Val(sheet.hyou_day(strip::count, *place)) + days);
+        add_days(sheet.hyou_day(strip::count, *stripColumn), days);
 }
 
 } // namespace

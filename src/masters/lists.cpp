@@ -38,7 +38,7 @@ void fill_combo(ComboBox& combo, store::Statement query) {
 
 store::Statement work_types(store::Database& rovdata) {
     return rovdata.prepare("select 勤務タイプ名, システム番号 from kintype"
-                           " group by システム番号, 勤務タイプ名 order by システム番号, 勤務タイプ名");
+                           " group by システム番号,勤務タイプ名 order by システム番号 asc;");
 }
 
 void list_employees(Sheet& list, store::Database& rovdata, int key_col, EmployeeOrder order) {

@@ -1,7 +1,8 @@
 #pragma once
 
 // A lock that stands for a program's window title: who holds it is running, and it goes with the process, however that
-// ends. It is a file TITLE.lock in a folder both programs know, locked through the operating system.
+// ends. It is a file TITLE.lock in a folder both programs know, locked through the operating system. On Windows too it
+// takes the place of FindWindowA, which sees the windows of one person's desktop only.
 
 #include <QString>
 #include <chrono>

@@ -24,11 +24,11 @@ constexpr int first_kind = 2; ///< column of the strip
 
 // One range takes in the days and the total; an "or" would make the engine read all the employee's months.
 constexpr std::string_view days = "select 出社日, 出社時間, 退社時間, 休憩時間, 勤務時間, 備考 from rovmei"
-                                  " where 社員システム番号 = ? and 出社日 between ? and ? order by 出社日";
+                                  " where 社員システム番号 = ? and (? <= 出社日 and 出社日 <= ?) order by 出社日";
 constexpr std::string_view hours = "select 年月日, 勤務種類, 時間 from kinjisyu"
-                                   " where 社員システム番号 = ? and 年月日 between ? and ? order by 年月日";
+                                   " where 社員システム番号 = ? and (? <= 年月日 and 年月日 <= ?) order by 年月日";
 constexpr std::string_view leave = "select 年月日, 休暇名 from kyumei"
-                                   " where 社員システム番号 = ? and 年月日 between ? and ? order by 年月日";
+                                   " where 社員システム番号 = ? and (? <= 年月日 and 年月日 <= ?) order by 年月日";
 constexpr std::string_view counts =
     "select システム番号, 休暇残業, 日数１ from kinnisu where 社員システム番号 = ? and 年月 = ?";
 

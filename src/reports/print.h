@@ -2,8 +2,8 @@
 
 // Printing a finished sheet: the print procedure of each report. What is printed is the sheet as it stands.
 
-#include "reports/print_job.h"
 #include "reports/report.h"
+#include "reports/rovena_print.h"
 
 namespace reports {
 

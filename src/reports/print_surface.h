@@ -38,7 +38,7 @@ public:
 };
 
 struct PrintJob {
-    QString printer;                                 ///< device name
+    QString DeviceName;                              ///< the printer
     QString name;                                    ///< document name of the job
     Orientation orientation = Orientation::Portrait; ///< always A4
     QString report;                                  ///< title of the report, for the file name of the PDF printer

@@ -14,11 +14,11 @@ namespace {
 constexpr std::string_view next_employee = "select 社員システム番号 from rovmei where 社員システム番号 > ?"
                                            " order by 社員システム番号 limit 1";
 constexpr std::string_view days = "select 出社日, 休憩時間, 勤務時間, 出社時間, 退社時間, 備考 from rovmei"
-                                  " where 社員システム番号 = ? and 出社日 between ? and ? order by 出社日";
+                                  " where 社員システム番号 = ? and (? <= 出社日 and 出社日 <= ?) order by 出社日";
 constexpr std::string_view hours = "select 年月日, 勤務種類, 時間 from kinjisyu"
-                                   " where 社員システム番号 = ? and 年月日 between ? and ?";
+                                   " where 社員システム番号 = ? and (? <= 年月日 and 年月日 <= ?)";
 constexpr std::string_view leave = "select 年月日, 休暇名 from kyumei"
-                                   " where 社員システム番号 = ? and 年月日 between ? and ? order by 年月日";
+                                   " where 社員システム番号 = ? and (? <= 年月日 and 年月日 <= ?) order by 年月日";
 
 bool is_day(const store::Row& row) {
     return row.number(0) % 100 != total_row;

@@ -20,7 +20,7 @@ inline constexpr QStringView desktop_program = u"rovena";
 /// The folder of the data files of all products of the suite.
 QString data_folder(const frame::Settings& settings);
 
-/// The folder of the exchange files, and the path of file 1 to 20 in it.
+/// The folder of the exchange files, and the path of file 1 to 20 in it: hanjyusin01.mdb to hanjyusin20.mdb.
 QString exchange_folder(const frame::Settings& settings);
 QString exchange_path(const frame::Settings& settings, int number);
 inline constexpr int exchange_file_count = 20;

@@ -202,8 +202,11 @@ void ent_rovena_page::refresh() {
     follow_focus_wish();
 }
 
-/// In the middle of an act: no other event is let in.
+/// In the middle of an act: no other event is let in, except in the wait for saved days, which takes a while and shows
+/// all that the form says.
 void ent_rovena_page::report() {
+    if (m_form.waiting)
+        return refresh();
     m_controls.msglab->setText(m_form.msglab);
     m_controls.msglab->repaint();
 }

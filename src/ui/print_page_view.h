@@ -2,7 +2,7 @@
 
 // One page on the screen: the white paper with what will be printed on it, as large as the zoom says.
 
-#include "reports/print_job.h"
+#include "reports/rovena_print.h"
 
 #include <QWidget>
 

@@ -73,7 +73,7 @@ private:
 };
 
 std::unique_ptr<reports::PrintSurface> open_paper(const reports::PrintJob& job, platform::Host& host) {
-    const QPrinterInfo info = QPrinterInfo::printerInfo(job.printer);
+    const QPrinterInfo info = QPrinterInfo::printerInfo(job.DeviceName);
     if (info.isNull())
         return nullptr;
     auto printer = std::make_unique<QPrinter>(info, QPrinter::HighResolution);
@@ -103,7 +103,7 @@ QString print_folder(const frame::Settings& settings) {
 }
 
 std::unique_ptr<reports::PrintSurface> DesktopPrintShop::open(const reports::PrintJob& job) {
-    return job.printer == pdf_printer ? open_pdf(job) : open_paper(job, m_session.host);
+    return job.DeviceName == pdf_printer ? open_pdf(job) : open_paper(job, m_session.host);
 }
 
 std::unique_ptr<reports::PrintSurface> DesktopPrintShop::open_pdf(const reports::PrintJob& job) {

@@ -33,6 +33,7 @@ void take_over(const Company& company) {
                 taking.bind_at(value, posted.row().text(value));
         }
     }
+    exchange.exec("delete from jyusin");
 }
 
 class RoundTrip : public testing::TestWithParam<int> {

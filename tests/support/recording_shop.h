@@ -40,7 +40,7 @@ public:
     std::vector<RecordedJob> jobs;
 
     std::unique_ptr<reports::PrintSurface> open(const reports::PrintJob& job) override {
-        if (!printers.contains(job.printer))
+        if (!printers.contains(job.DeviceName))
             return nullptr;
         jobs.push_back({job, {}});
         return std::make_unique<Surface>(*this, jobs.size() - 1);

@@ -18,13 +18,13 @@ using namespace base;
 
 namespace {
 
-/// Boxes that open are answered at once and counted.
+/// Boxes that open are answered at once and counted. An employee whose days still wait to be applied isn't opened.
 class Desk : public ui::QtHost {
 public:
-    platform::Answer ask(const QString& text, const QString&, platform::Buttons) override {
+    platform::Answer ask(const QString& text, const QString&, platform::Buttons buttons) override {
         ++told;
         std::fprintf(stderr, "told: %s\n", qPrintable(text));
-        return platform::Answer::Ok;
+        return buttons == platform::Buttons::YesNo ? platform::Answer::No : platform::Answer::Ok;
     }
     int told = 0;
 };
@@ -45,7 +45,8 @@ public:
         : m_clerk(program.window()), m_place(place), m_random(unsigned(place.seed)) {}
 
     void save_some_days() {
-        open(some(0, 2) > 0 ? m_place.own_row : m_place.shared_row);
+        if (!open(some(0, 2) > 0 ? m_place.own_row : m_place.shared_row))
+            return;
         for (int day = some(1, 3); day > 0; --day)
             type_day(some(1, 31));
         const int told = desk().told;
@@ -56,10 +57,12 @@ public:
 private:
     int some(int first, int last) { return std::uniform_int_distribution(first, last)(m_random); }
 
-    void open(int employee_row) {
+    /// False if the employee wasn't opened.
+    bool open(int employee_row) {
         m_clerk.press_button(u"出勤入力"_s);
         m_clerk.choose_month(2026, 10);
-        m_clerk.choose_employee(employee_row);
+        support::click_cell(*m_clerk.entry().controls().hyou_syain, employee_row, 1);
+        return !m_clerk.entry().form().syainsyscd.isEmpty();
     }
 
     void type_day(int row) {

@@ -28,7 +28,7 @@ using namespace base;
 namespace {
 
 const QString bin = qEnvironmentVariable("ROVENA_BIN", u"."_s);
-constexpr int shared_row = 4; ///< row of the employee that every clerk works on
+constexpr int shared_row = 4; ///< row of the employee that every clerk works on, and its system number
 
 using Day = std::pair<qint64, qint64>; ///< employee and date
 
@@ -91,10 +91,11 @@ public:
         start();
     }
     bool end() {
-        const bool ended = m_process.waitForFinished(60'000) && m_process.exitStatus() == QProcess::NormalExit;
+        m_process.waitForFinished(60'000); // false as well of one that has gone already
+        const bool ended = m_process.state() == QProcess::NotRunning;
         listen();
         m_account.cut_off();
-        return ended && m_process.exitCode() == 0;
+        return ended && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
     }
     void wait_for_words(int milliseconds) { m_process.waitForReadyRead(milliseconds); }
     const Account& account() const { return m_account; }
@@ -116,7 +117,7 @@ protected:
         install(u"main"_s, {u"--use-class"_s, u"0"_s, u"--sample"_s, u"5"_s, u"1"_s, u"--until"_s, u"202609"_s});
         for (const auto& [name, use_class] : {std::pair(u"second"_s, u"1"_s), std::pair(u"third"_s, u"2"_s)})
             install(name, {u"--use-class"_s, use_class, u"--server-root"_s, settings().server_root});
-        give_every_day_a_kind();
+        give_shared_days_a_kind();
         start_service(0);
     }
     void TearDown() override {
@@ -140,14 +141,16 @@ protected:
         ASSERT_EQ(QProcess::execute(bin + u"/rovena-install"_s, always + options), 0);
     }
 
-    /// An employee who is opened again before the manager is through shows the state before the save. Days without a
-    /// kind would be posted as days off with the next save then, over what was typed.
-    void give_every_day_a_kind() const {
+    /// Days that stand empty are posted as days off with the first save. Two clerks who have the same empty month
+    /// before them at a time would do so to each other's days.
+    void give_shared_days_a_kind() const {
         store::Database::open(store::rovdata_path(settings()), store::Kind::Rovdata)
-            .exec("with recursive days(day) as (select 20261001 union all select day + 1 from days where day < 20261031)"
-                  " insert into kyumei (社員システム番号, 年月日, システム番号, 休暇名, 休出)"
-                  " select syain.システム番号, day, kyutype.システム番号, 休暇名, 0 from syain, days, kyutype"
-                  " where kyutype.通常 = 1 and kyutype.休出 = 0");
+            .prepare("with recursive days(day) as"
+                     " (select 20261001 union all select day + 1 from days where day < 20261031)"
+                     " insert into kyumei (社員システム番号, 年月日, システム番号, 休暇名, 休出)"
+                     " select ?, day, システム番号, 休暇名, 0 from days, kyutype where 通常 = 1 and 休出 = 0")
+            .bind(shared_row)
+            .run();
     }
 
     void start_service(quint16 wanted) {

@@ -63,6 +63,7 @@ void Clerk::tick(const QString& label) {
 }
 
 void Clerk::click_box(const QString& label) {
+    come_back();
     for (auto* box : m_window.pages().currentWidget()->findChildren<QLineEdit*>())
         if (box->accessibleName() == label)
             return QTest::mouseClick(box, Qt::LeftButton);

@@ -38,6 +38,8 @@ public:
     void click_box(const QString& label);
     /// Types a text where the keyboard is and presses Enter.
     void type_line(const QString& text);
+    /// Steps through a selector to the item by the arrow keys.
+    void step_to(QComboBox& selector, const QString& text);
     /// Opens the list that has the keyboard and steps through it to the item.
     void choose_item(const QString& text);
 
@@ -57,7 +59,6 @@ public:
 private:
     QWidget* keyboard();
     void come_back();
-    void step_to(QComboBox& selector, const QString& text);
 
     ui::MainWindow& m_window;
 };

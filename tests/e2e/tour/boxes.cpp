@@ -25,8 +25,9 @@ void Boxes::look() {
     if (!up)
         return;
     const auto* box = qobject_cast<QMessageBox*>(up);
-    if (!box || m_awaited.empty() || box->text() != m_awaited.front().text) {
-        m_unexpected << (box ? box->text() : up->windowTitle());
+    const QString text = box ? box->text() : up->windowTitle();
+    if (m_awaited.empty() || text != m_awaited.front().text) {
+        m_unexpected << text;
         m_pictures.take(*up, u"unexpected-box"_s);
         up->close();
         return;
@@ -34,7 +35,7 @@ void Boxes::look() {
     const Awaited awaited = m_awaited.front();
     m_awaited.pop_front();
     m_pictures.take(*up, awaited.picture_name);
-    for (QAbstractButton* button : box->buttons())
+    for (QAbstractButton* button : up->findChildren<QAbstractButton*>())
         if (button->text() == awaited.button)
             QTest::mouseClick(button, Qt::LeftButton);
 }

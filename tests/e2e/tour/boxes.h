@@ -1,7 +1,7 @@
 #pragma once
 
-// The message boxes that come up on the tour. One that is awaited is pictured and answered; any other is a fault: it is
-// closed, and what it said is kept.
+// The message boxes and dialogs that come up on the tour. One that is awaited is pictured and answered; any other is a
+// fault: it is closed, and what it said is kept.
 
 #include "pictures.h"
 
@@ -15,8 +15,8 @@ class Boxes {
 public:
     explicit Boxes(Pictures& pictures);
 
-    /// The next box, behind those that are awaited already, has this text; it is pictured under the name and the button
-    /// is pressed.
+    /// The next box, behind those that are awaited already, has this text, or a dialog this title; it is pictured under
+    /// the name and the button is pressed.
     void await(const QString& text, const QString& button, const QString& picture_name);
 
     /// Whether every awaited box has come.

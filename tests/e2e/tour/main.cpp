@@ -5,7 +5,6 @@
 #include "stage.h"
 #include "store/error.h"
 #include "ui/application.h"
-#include "ui/qt_host.h"
 #include "ui/style.h"
 
 #include <QCommandLineParser>
@@ -34,7 +33,7 @@ struct Roots {
     }
 };
 
-void walk_at(int percent, ui::QtHost& host, const Roots& roots, tour::Pictures& pictures) {
+void walk_at(int percent, tour::Host& host, const Roots& roots, tour::Pictures& pictures) {
     tour::Boxes boxes(pictures);
     std::optional<tour::Tour> tour;
     std::optional<tour::Company> company;
@@ -63,7 +62,7 @@ void walk_in_another_process(int percent, const Roots& roots, const tour::Pictur
     e2e::demand(process.waitForFinished(-1) && process.exitCode() == 0, u"the tour at %1 % failed"_s.arg(percent));
 }
 
-void walk(ui::QtHost& host, const QCommandLineParser& arguments) {
+void walk(tour::Host& host, const QCommandLineParser& arguments) {
     const auto root = [&](int i) { return QDir(arguments.positionalArguments().value(i)).absolutePath(); };
     const Roots roots{root(0), root(1)};
     const QDir out(arguments.value(out_option));
@@ -91,7 +90,7 @@ int failed(const QString& text) {
 } // namespace
 
 int main(int argc, char** argv) {
-    ui::QtHost host;
+    tour::Host host;
     ui::Application application(argc, argv, host);
     ui::apply_style(application);
     QCommandLineParser arguments;

@@ -90,6 +90,12 @@ void dump_tables(Tour& tour, const QString& name) {
     dump.write(e2e::dump_tables(tour.settings(), employee(tour), tour.entry_form().sheet.month).toUtf8());
 }
 
+void keep_typed(Tour& tour) {
+    const entry::ent_rovena& form = tour.entry_form();
+    const int row = tour.company.employee_row;
+    tour.company.typed = {form.hyou_syain(row, 0), form.hyou_syain(row, 1), totals_of(form.sheet.hyou)};
+}
+
 } // namespace
 
 void enter_month(Tour& tour) {
@@ -101,6 +107,7 @@ void enter_month(Tour& tour) {
     save(tour, typed);
     const entry::MonthSheet saved = tour.entry_form().sheet;
     read_back(tour, typed, saved);
+    keep_typed(tour);
     dump_tables(tour, u"tables-%1.txt"_s.arg(tour.company.name));
 }
 

@@ -27,13 +27,15 @@ struct Stage {
 
 std::span<const Stage> stages();
 
-void answer_wizard(Tour& tour);  ///< the first start, up to the main frame of the second one
-void see_menus(Tour& tour);      ///< the main frame and its menus
-void fill_masters(Tour& tour);   ///< types every master that attendance needs, and says in `tour.company` what it typed
-void enter_month(Tour& tour);    ///< types a month, saves it and reads it back
-void see_low_window(Tour& tour); ///< the month in a window of 1280x720
-void see_screens(Tour& tour);    ///< every master and the month, as they stand
-void leave_program(Tour& tour);  ///< ends the program, with a backup
+void answer_wizard(Tour& tour); ///< the first start, up to the main frame of the second one
+void see_menus(Tour& tour);     ///< the main frame and its menus
+void fill_masters(Tour& tour);  ///< types every master that attendance needs, and says in `tour.company` what it typed
+void enter_month(Tour& tour);   ///< types a month, saves it and reads it back
+void print_typed_month(Tour& tour); ///< prints that month
+void print_reports(Tour& tour);     ///< prints every report, and writes it to a file
+void see_low_window(Tour& tour);    ///< the month in a window of 1280x720
+void see_screens(Tour& tour);       ///< every master and the month, as they stand
+void leave_program(Tour& tour);     ///< ends the program, with a backup
 void restore_elsewhere(Tour& tour); ///< puts that backup under a second root, and looks at the month there
 
 } // namespace tour

@@ -9,7 +9,7 @@ namespace tour {
 using namespace base;
 using e2e::demand;
 
-Tour::Tour(platform::Host& host, Boxes& boxes, Pictures& pictures, const QString& root)
+Tour::Tour(Host& host, Boxes& boxes, Pictures& pictures, const QString& root)
     : m_host(host), m_boxes(boxes), m_pictures(pictures), m_root(root) {}
 
 Tour::Tour(const Tour& of, const QString& root) : Tour(of.m_host, of.m_boxes, of.m_pictures, root) {
@@ -48,6 +48,14 @@ void Tour::open_month() {
     at.press_button(u"出勤入力"_s);
     at.choose_month(month().year(), month().month());
     at.choose_employee(company.employee_row);
+}
+
+QMap<QString, QString> totals_of(const base::Sheet& hyou) {
+    QMap<QString, QString> totals;
+    for (int col = entry::col::break_time; col < hyou.Cols(); ++col)
+        if (const QString& total = hyou(entry::row::total, col); !total.isEmpty())
+            totals[hyou(entry::row::heading, col)] = total;
+    return totals;
 }
 
 void demand_none(const QStringList& faults, const QString& what) {

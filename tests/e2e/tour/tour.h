@@ -5,8 +5,10 @@
 #include "boxes.h"
 #include "e2e/road/clerk.h"
 #include "e2e/road/tables.h"
+#include "host.h"
 #include "ui/program.h"
 
+#include <QMap>
 #include <optional>
 
 namespace tour {
@@ -18,6 +20,13 @@ struct Figures {
     QStringList cells; ///< break, work time and the hours of each category, as the sheet shows them
 };
 
+/// The month that was typed, for what is made of it later.
+struct TypedMonth {
+    QString employee_number{};
+    QString employee_name{};
+    QMap<QString, QString> totals{}; ///< as totals_of() the sheet
+};
+
 /// What the stages know of the company and tell each other. The defaults are those of the made-up company.
 struct KnownCompany {
     QString name = QStringLiteral("sample"); ///< for files
@@ -25,12 +34,13 @@ struct KnownCompany {
     QString leave = QStringLiteral("有休");
     QString sunday_work = QStringLiteral("日曜出勤");
     QList<Figures> weekday_figures{}; ///< of days from Monday to Friday
+    TypedMonth typed{};
 };
 
 class Tour {
 public:
     /// Nothing runs yet. `root` is the folder of the install tree.
-    Tour(platform::Host& host, Boxes& boxes, Pictures& pictures, const QString& root);
+    Tour(Host& host, Boxes& boxes, Pictures& pictures, const QString& root);
 
     /// The same company under another root.
     Tour(const Tour& of, const QString& root);
@@ -46,6 +56,7 @@ public:
     e2e::Clerk clerk() { return e2e::Clerk(m_program->window()); }
     const frame::Settings& settings() { return m_program->session().settings; }
     Boxes& boxes() { return m_boxes; }
+    Host& host() { return m_host; }
     const QString& root() const { return m_root; }
     const QDir& out() const { return m_pictures.folder(); }
 
@@ -60,12 +71,16 @@ public:
     const entry::ent_rovena& entry_form() { return clerk().entry().form(); }
 
 private:
-    platform::Host& m_host;
+    Host& m_host;
     Boxes& m_boxes;
     Pictures& m_pictures;
     QString m_root;
     std::optional<ui::Program> m_program;
 };
+
+/// The totals of a month's sheet, of attendance entry or of its report: the times that aren't empty by the heading of
+/// their column.
+QMap<QString, QString> totals_of(const base::Sheet& hyou);
 
 /// Throws if there are faults, which are told behind `what`.
 void demand_none(const QStringList& faults, const QString& what);

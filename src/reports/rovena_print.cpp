@@ -1,4 +1,4 @@
-#include "reports/print_job.h"
+#include "reports/rovena_print.h"
 
 #include "base/literals.h"
 #include "base/numbers.h"

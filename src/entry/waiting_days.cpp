@@ -1,0 +1,95 @@
+#include "entry/waiting_days.h"
+
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "entry/saving.h"
+#include "frame/exchange_files.h"
+#include "store/files.h"
+
+#include <QDir>
+#include <algorithm>
+
+namespace entry {
+
+using namespace base;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto step = 100ms;
+constexpr auto longest_wait = 15s;
+constexpr auto start_again = 5s; ///< a manager that was started is up, or has been killed, by then
+
+/// A file that is busy is looked at again with the next step, so there is no use in standing still for it.
+constexpr auto patience = 20ms;
+
+/// The employee stands in ordinal 6 of kind "51" and in ordinal 3 of the others; a field is named its ordinal + 1.
+constexpr std::string_view row_of_employee =
+    R"(select 1 from jyusin where (case "2" when '51' then "7" else "4" end) = ? limit 1)";
+
+bool holds_row(const QString& path, const QString& employee) {
+    try {
+        auto exchange = store::Database::open(path, store::Kind::Exchange, patience);
+        return exchange.prepare(row_of_employee).bind(employee).step();
+    } catch (const store::Error& error) {
+        return error.code() == store::Code::Busy;
+    }
+}
+
+/// Starts the manager on the PC whose work that is, and again if it ends with rows left.
+class ManagerStart {
+public:
+    explicit ManagerStart(frame::Session& session) : m_session(session), m_next(session.host.now()) {}
+
+    void see_to_it() {
+        const QDateTime now = m_session.host.now();
+        if (now < m_next || !is_main_pc(m_session.settings) || manager_running(m_session))
+            return;
+        start_manager(m_session);
+        m_next = now.addDuration(start_again);
+    }
+
+private:
+    frame::Session& m_session;
+    QDateTime m_next;
+};
+
+bool wait_for_days(frame::Session& session, qint64 employee) {
+    ManagerStart manager(session);
+    const QDateTime limit = session.host.now().addDuration(longest_wait);
+    while (session.host.now() < limit) {
+        manager.see_to_it();
+        session.host.wait(step);
+        if (!days_wait(session.settings, employee))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+bool days_wait(const frame::Settings& settings, qint64 employee) {
+    const QString number = digits(employee);
+    if (holds_row(store::exchange_path(settings, posting_file), number))
+        return true;
+    const QDir kept(frame::kept_folder(settings), u"*.mdb"_s, QDir::NoSort, QDir::Files);
+    return std::ranges::any_of(
+        kept.entryList(), [&](const QString& name) { return holds_row(kept.filePath(name), number); });
+}
+
+Opening 登録待ち(frame::Session& session, qint64 employee, const std::function<void()>& waiting) {
+    if (!days_wait(session.settings, employee))
+        return Opening::Free;
+    waiting();
+    if (wait_for_days(session, employee))
+        return Opening::Free;
+    const auto answer = session.host.ask(u"この社員の登録がまだ終わっていません。\n"
+                                         "いま開くと、登録したばかりの日は\n"
+                                         "前の内容で表示され、次の登録で\n"
+                                         "上書きされることがあります。\n\n"
+                                         "それでも開きますか？"_s,
+        u"登録待ち"_s, platform::Buttons::YesNo);
+    return answer == platform::Answer::Yes ? Opening::Free : Opening::Refused;
+}
+
+} // namespace entry

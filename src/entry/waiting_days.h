@@ -1,0 +1,30 @@
+#pragma once
+
+// Saved days that aren't in the tables yet. A save only posts; until the exchange manager has applied it, the tables
+// hold the state before. An employee who is opened in between would show that state: days that stand empty in it get
+// their standard kind with the next calculation, and the next save posts them as empty over what was saved. So opening
+// an employee waits for that employee's posted rows first; those of others delay nobody.
+//
+// The rows alone tell: the manager lets them leave their file only after the tables hold them (see exchange/apply.h),
+// so that a manager still at work needs no wait of its own. They move one way, from exchange file 01 to a kept file and
+// into the tables, and are looked for in this order: none is missed between two looks.
+
+#include "frame/session.h"
+
+#include <functional>
+
+namespace entry {
+
+/// Whether posted rows of the employee may still wait. A file that another program holds at the moment may hold some; a
+/// file that isn't there or can't be read holds none that the manager would take.
+/// Costs the opening of one file and the reading of the rows that wait in it.
+bool days_wait(const frame::Settings& settings, qint64 employee);
+
+enum class Opening { Free, Refused };
+
+/// Waits until no row of the employee waits, with the interface running, for at most 15 seconds; then the person is
+/// asked whether to open the employee all the same. On the main PC the manager is started if it isn't running.
+/// `waiting` is called once, when the wait begins.
+Opening 登録待ち(frame::Session& session, qint64 employee, const std::function<void()>& waiting);
+
+} // namespace entry

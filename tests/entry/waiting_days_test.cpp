@@ -1,0 +1,157 @@
+#include "entry/company.h"
+#include "frame/exchange_files.h"
+
+#include <gtest/gtest.h>
+
+using namespace entry;
+using platform::Answer;
+
+namespace {
+
+/// One row of every kind, as a save of employee 1 posts it.
+const std::pair<const char*, std::string_view> rows_of_yamada[] = {
+    {"51", R"(insert into jyusin ("2","3","4","7","10") values ('51','0','2','1','20041005'))"},
+    {"52", R"(insert into jyusin ("2","3","4","5") values ('52','20041005','1','2'))"},
+    {"53", R"(insert into jyusin ("2","3","4","5") values ('53','200410','1','2'))"},
+    {"54", R"(insert into jyusin ("2","3","4","5") values ('54','20041005','1','2'))"},
+};
+
+class WaitingDays : public testing::Test {
+protected:
+    WaitingDays() {
+        form.Form_Load();
+        form.msglab_changed = [this] { reported << form.msglab; };
+        company.host.on_yield = [this] {
+            EXPECT_TRUE(form.waiting);
+            if (company.host.clock >= applied_at)
+                apply();
+        };
+    }
+
+    void choose(int row) { form.hyou_syain_Click(row); }
+
+    store::Database exchange() const {
+        return store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange);
+    }
+    void post(std::string_view row) const { exchange().exec(row); }
+
+    /// The manager's work, as far as the screen can tell.
+    void apply() const {
+        company.exec("delete from rovmei; insert into rovmei values (1, 20041005, 815, 1730, 0, 915, '')");
+        exchange().exec("delete from jyusin");
+        QDir(frame::kept_folder(company.tree.settings)).removeRecursively();
+    }
+    qint64 waited() const { return opened.msecsTo(company.host.clock); }
+
+    Company company;
+    ent_rovena form{company.session};
+    QStringList reported;
+    QDateTime opened = company.host.clock;
+    QDateTime applied_at = opened.addSecs(2);
+};
+
+} // namespace
+
+TEST_F(WaitingDays, AnEmployeeWhoseSaveIsStillPostedIsOpenedWhenItIsInTheTables) {
+    for (const auto& [kind, row] : rows_of_yamada) {
+        applied_at = (opened = company.host.clock).addSecs(2);
+        reported.clear();
+        post(row);
+        choose(1);
+        EXPECT_EQ(form.sheet.hyou(5, 2), u"8:15"_s) << kind;
+        EXPECT_EQ(reported, QStringList({u"登録完了を待っています"_s, u"データー抽出中"_s, u"抽出終了"_s}));
+        EXPECT_EQ(waited(), 2000) << kind;
+    }
+    post(rows_of_yamada[0].second);
+    applied_at = company.host.clock.addSecs(2);
+    form.ym_Click(0, 1);
+    EXPECT_EQ(form.sheet.hyou(5, 2), u"8:15"_s) << "another month comes the same way";
+    EXPECT_TRUE(company.host.shown.empty());
+}
+
+TEST_F(WaitingDays, RowsOfAFileThatWasRemadeCountToo) {
+    post(rows_of_yamada[0].second);
+    frame::交換ファイル作成(company.tree.settings, opened);
+    choose(1);
+    EXPECT_EQ(form.sheet.hyou(5, 2), u"8:15"_s);
+    EXPECT_EQ(waited(), 2000);
+}
+
+TEST_F(WaitingDays, NothingElseDelays) {
+    const auto opens_at_once = [this](const char* why) {
+        choose(2);
+        EXPECT_EQ(waited(), 0) << why;
+        EXPECT_EQ(form.msglab, u"抽出終了"_s) << why;
+    };
+    for (const auto& [kind, row] : rows_of_yamada)
+        post(row);
+    post(R"(insert into jyusin ("2","3","4","7","10") values ('51','0','2','11','20041002'))");
+    opens_at_once("rows of others, with the employee's number in other fields");
+    company.host.running.insert(u"jyusinkanri"_s);
+    opens_at_once("a manager at work for others");
+    const QString kept = frame::kept_folder(company.tree.settings);
+    QDir().mkpath(kept);
+    QFile::rename(store::exchange_path(company.tree.settings, 1), kept + u"/hanjyusin01.mdb.kowareta"_s);
+    opens_at_once("no exchange file, and one put aside for a person to look at");
+    QFile torn(store::exchange_path(company.tree.settings, 1));
+    ASSERT_TRUE(torn.open(QIODevice::WriteOnly) && torn.write("torn") == 4);
+    torn.close();
+    opens_at_once("a file that the manager can't read either");
+    EXPECT_TRUE(company.host.started.isEmpty());
+}
+
+TEST_F(WaitingDays, AFileHeldByAnotherProgramIsLookedAtAgain) {
+    std::optional<store::Database> other = exchange();
+    std::optional<store::Transaction> writing(std::in_place, *other, store::Transaction::Lock::Exclusive);
+    company.host.on_yield = [&] { writing.reset(); };
+    choose(2);
+    EXPECT_EQ(waited(), 100);
+    EXPECT_EQ(form.msglab, u"抽出終了"_s);
+}
+
+TEST_F(WaitingDays, After15SecondsThePersonDecides) {
+    post(rows_of_yamada[0].second);
+    applied_at = opened.addDays(1);
+    company.host.answers = {Answer::No, Answer::Yes};
+    choose(1);
+    EXPECT_EQ(waited(), 15'000);
+    EXPECT_EQ(form.syainsyscd + form.syalab + form.msglab, u""_s) << "nobody is chosen";
+    choose(1);
+    EXPECT_EQ(form.syalab + form.msglab, u"20:山田:太郎抽出終了"_s);
+    ASSERT_EQ(company.host.shown.size(), 2u);
+    EXPECT_EQ(company.host.shown[0].title, u"登録待ち"_s);
+    EXPECT_EQ(company.host.shown[0].buttons, platform::Buttons::YesNo);
+}
+
+TEST_F(WaitingDays, TheMainPcStartsAManagerThatIsntRunningAndAgainIfItEndsWithRowsLeft) {
+    struct Case {
+        int use_class;
+        bool running;
+        qsizetype started;
+    };
+    for (const Case& c : {Case{0, false, 3}, Case{0, true, 0}, Case{1, false, 0}, Case{2, false, 0}}) {
+        company.tree.settings.use_class = c.use_class;
+        company.host.running = c.running ? std::set{u"jyusinkanri"_s} : std::set<QString>{};
+        company.host.started.clear();
+        post(rows_of_yamada[0].second);
+        applied_at = company.host.clock.addSecs(12);
+        choose(1);
+        EXPECT_EQ(company.host.started.size(), c.started) << c.use_class << c.running;
+        EXPECT_EQ(company.host.started.filter(u"/comdata/exe/exe/jyusinkanri"_s).size(), c.started);
+    }
+}
+
+TEST_F(WaitingDays, WhileAnEmployeeIsWaitedForNoOtherIsChosenAndNothingSaved) {
+    post(rows_of_yamada[0].second);
+    company.host.on_yield = [this] {
+        form.hyou_syain_Click(2);
+        form.ym_Click(1, 0);
+        form.sheet.mark(3) = u"1"_s;
+        form.botan_Click(1);
+        EXPECT_EQ(company.posted().size(), 1);
+        form.sheet.mark(3).clear();
+        apply();
+    };
+    choose(1);
+    EXPECT_EQ(form.syainsyscd + form.ym[1].text + form.sheet.hyou(5, 2), u"1108:15"_s);
+}
