@@ -36,6 +36,14 @@ std::optional<int> shown_era(const frame::Settings& settings, QDate today) {
 
 } // namespace
 
+bool era_years(const frame::Settings& settings, QDate today) {
+    return shown_era(settings, today).has_value();
+}
+
+QString shown_year(QDate day, const frame::Settings& settings, QDate today) {
+    return digits(split(date_number(day), settings, shown_era(settings, today)).year);
+}
+
 std::optional<int> era_of(const frame::Settings& settings, QDate today) {
     const int day = date_number(today);
     for (int i = 0; i < frame::era_count; ++i)
@@ -84,7 +92,7 @@ QString 日付連結(const QString& text, YearForm form) {
 
 int western_date_number(const QString& text, const frame::Settings& settings, QDate today) {
     return int_val(
-        shown_era(settings, today) ? 和暦西暦変換(text, settings, today) : 日付連結(text, YearForm::Western));
+        era_years(settings, today) ? 和暦西暦変換(text, settings, today) : 日付連結(text, YearForm::Western));
 }
 
 } // namespace base

@@ -15,6 +15,12 @@ namespace base {
 /// Index in the era table of the era in force on the day; nothing if none is.
 std::optional<int> era_of(const frame::Settings& settings, QDate today);
 
+/// Whether dates are shown and typed in era years: `date_style` 1 on a day with an era in force.
+bool era_years(const frame::Settings& settings, QDate today);
+
+/// The year of a day as the lists of years show it. Where no era is in force it is the Western one.
+QString shown_year(QDate day, const frame::Settings& settings, QDate today);
+
 /// A date typed in era years to a Western date; called for `date_style` 1 only. Empty and "0" come back unchanged.
 ///   和暦西暦変換(u"161003", ...) // "20041003"      和暦西暦変換(u"16/10/3", ...) // "20041003"
 QString 和暦西暦変換(const QString& text, const frame::Settings& settings, QDate today);

@@ -44,9 +44,9 @@ QDate DateEntry::full_date(const QString& digits, QDate today) const {
 }
 
 std::optional<QDate> DateEntry::read(const QString& typed, QDate today) const {
-    const bool era_years = m_settings.date_style == 1;
-    const QString digits = 日付連結(typed, era_years ? YearForm::Era : YearForm::Western);
-    const qsizetype full = era_years ? 6 : 8;
+    const bool eras = era_years(m_settings, today);
+    const QString digits = 日付連結(typed, eras ? YearForm::Era : YearForm::Western);
+    const qsizetype full = eras ? 6 : 8;
     const qsizetype count = digits.size();
     if (count == full || count == full - 1)
         return full_date(digits, today);

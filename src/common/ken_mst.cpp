@@ -102,11 +102,11 @@ void ken_mst::書式設定_五十音() {
         hyou_go.setColWidth(col, col < kana_a_line ? kana_col_width : 0);
         hyou_go.setColAlignment(col, Alignment::Center);
         for (int row = 1; row < hyou_go.Rows(); ++row) {
-            hyou_go(row, col) = page.head(line_of({row, col}));
+            hyou_go(row, col) = page.head({row, col});
             hyou_go.setBack(row, col, head_back);
         }
     }
-    open_line(0);
+    open_line({1, 0});
 }
 
 void ken_mst::抽出処理() {
@@ -178,6 +178,7 @@ void ken_mst::hyou_Click(int row) {
     if (row < hyou.FixedRows() || row >= hyou.Rows())
         return;
     search_result = Trim(hyou(row, number_col));
+    chosen = true;
     end();
 }
 
@@ -190,7 +191,7 @@ bool ken_mst::hyou_KeyDown(int key_code) {
 
 void ken_mst::hyou_go_Click(Cell cell) {
     if (cell.row > 0)
-        return open_line(line_of(cell));
+        return open_line(cell);
     const QString kana = hyou_go(0, cell.col);
     if (kana.isEmpty())
         return;
@@ -199,12 +200,12 @@ void ken_mst::hyou_go_Click(Cell cell) {
 }
 
 /// A head without a line leaves the open one as it is.
-void ken_mst::open_line(int line) {
+void ken_mst::open_line(Cell head) {
     const SyllabaryPage& page = syllabary()[m_page];
-    if (page.head(line).isEmpty())
+    if (page.head(head).isEmpty())
         return;
     for (int col = 0; col < kana_a_line; ++col)
-        hyou_go(0, col) = page.kana(line, col);
+        hyou_go(0, col) = page.kana(head, col);
 }
 
 void ken_mst::mojikirikae_Click() {

@@ -60,7 +60,8 @@ public:
     std::array<QString, 4> kenatai;
     base::Sheet hyou;
     base::Sheet hyou_go{3, 6}; ///< row 0 the kana of the open line, rows 1 and 2 the heads
-    QString search_result;     ///< the number chosen
+    QString search_result;     ///< the number chosen; that of the whole company is empty
+    bool chosen = false;
     bool ended = false;
     std::optional<Wish> focus;
 
@@ -81,7 +82,7 @@ public:
     void botan_Click(int element); ///< 0 closes without a choice, 1 searches
 
 private:
-    void open_line(int line);
+    void open_line(base::Cell head);
     void end();
     bool to_next_box(int element);
     bool to_list();

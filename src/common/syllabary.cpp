@@ -6,8 +6,8 @@ namespace {
 
 constexpr QChar no_kana = u'　';
 
-constexpr QStringView plain[] = {u"あいうえお", u"かきくけこ", u"さしすせそ", u"たちつてと", u"なにぬねの",
-    u"はひふへほ", u"まみむめも", u"やゆよ　　", u"らりるれろ", u"わをんー・"};
+constexpr QStringView plain[] = {u"あいうえおはひふへほ", u"かきくけこまみむめも", u"さしすせそやゆよ　　",
+    u"たちつてとらりるれろ", u"なにぬねのわをんー・", u"　　　　　"};
 constexpr QStringView voiced[] = {u"がぎぐげご", u"ざじずぜぞ", u"だぢづでど", u"ばびぶべぼ"};
 constexpr QStringView half_voiced[] = {u"ぱぴぷぺぽ"};
 constexpr QStringView small[] = {u"ぁぃぅぇぉ", u"ヵ　　ヶ　", u"　　っ　　", u"ゃゅょ　　", u"ゎ　　　　"};
@@ -21,25 +21,21 @@ constexpr SyllabaryPage pages[] = {
 
 } // namespace
 
-QString SyllabaryPage::kana(int line, int place) const {
-    if (line < 0 || line >= std::ssize(lines) || lines[line][place] == no_kana)
-        return {};
-    return lines[line][place];
+QString SyllabaryPage::kana(base::Cell head, int place) const {
+    const QStringView column = head.col < std::ssize(columns) ? columns[head.col] : QStringView();
+    const int at = (head.row - 1) * kana_a_line + place;
+    return at < column.size() && column[at] != no_kana ? QString(column[at]) : QString();
 }
 
-QString SyllabaryPage::head(int line) const {
+QString SyllabaryPage::head(base::Cell head) const {
     QString first;
     for (int place = 0; first.isEmpty() && place < kana_a_line; ++place)
-        first = kana(line, place);
+        first = kana(head, place);
     return first;
 }
 
 std::span<const SyllabaryPage> syllabary() {
     return pages;
-}
-
-int line_of(base::Cell head) {
-    return head.col < heads_a_row ? (head.row - 1) * heads_a_row + head.col : -1;
 }
 
 } // namespace common

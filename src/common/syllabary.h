@@ -1,7 +1,7 @@
 #pragma once
 
-// The pages of kana from which the first ones of a reading are picked: up to ten lines of five kana a page, each behind
-// a head. On the grid five heads stand in a row, two rows below the open line.
+// The pages of kana from which the first ones of a reading are picked: lines of five kana, each behind a head. On the
+// grid the open line is row 0, and the heads stand in rows 1 and 2.
 
 #include "base/sheet.h"
 
@@ -11,24 +11,22 @@
 namespace common {
 
 inline constexpr int kana_a_line = 5;
-inline constexpr int heads_a_row = 5;
 inline constexpr int kana_row_height = 450; ///< twips
 inline constexpr int kana_col_width = 600;
 
 struct SyllabaryPage {
     QStringView name;
-    std::span<const QStringView> lines; ///< five characters each; an ideographic space is no kana
+    /// A text a column: the line behind the head in row 1, then that behind the head in row 2. An ideographic space is
+    /// no kana.
+    std::span<const QStringView> columns;
 
-    /// The kana at a place of a line; empty where there is none.
-    QString kana(int line, int place) const;
-    /// The first kana of a line; empty where the page has no such line.
-    QString head(int line) const;
+    /// The kana at a place of the line behind a head; empty where there is none.
+    QString kana(base::Cell head, int place) const;
+    /// The first kana of the line; empty where the page has no such line.
+    QString head(base::Cell head) const;
 };
 
 /// In the order in which they follow each other.
 std::span<const SyllabaryPage> syllabary();
-
-/// The line whose head stands in a cell of rows 1 and 2; -1 for the last column, which has none.
-int line_of(base::Cell head);
 
 } // namespace common

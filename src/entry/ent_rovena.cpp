@@ -31,13 +31,6 @@ int element_of(const QString& setting) {
     return Val(setting) == 0 ? 0 : 1;
 }
 
-/// The year as the person sees it, of a day under the display setting.
-/// The Western year where no era is in force.
-QString shown_year(QDate day, const frame::Settings& settings, QDate today) {
-    const QString shown = 日付表示変換(digits(date_number(day)), settings, today);
-    return digits(shown.contains(u'/') ? Val(shown.section(u'/', 0, 0)) : day.year());
-}
-
 } // namespace
 
 store::Database ent_rovena::open_data() const {

@@ -126,18 +126,34 @@ QString server_root_of(const QString& losys) {
     }
 }
 
-void demand_data_here(const frame::Settings& settings) {
+/// That place, if it is another one than this tree.
+QString other_place_of_data(const frame::Settings& settings) {
     const QString root = server_root_of(store::losys_path(settings));
-    if (!root.isEmpty() && platform::portable(root) != platform::portable(settings.server_root))
-        fail(u"the data of this PC lies at %1: restore on the PC that has it"_s.arg(root));
+    return platform::portable(root) == platform::portable(settings.server_root) ? QString() : root;
 }
 
-/// Settings of another tree would send the program back there.
-void name_this_tree(const QString& losys, const frame::Settings& settings) {
+bool has_shared(const std::vector<Found>& found) {
+    return std::ranges::any_of(found, [](const Found& one) { return one.place.shared; });
+}
+
+enum class Data { Here, Elsewhere };
+
+/// Settings alone go back on every PC, also on one that works on the data of another.
+Data place_of_data(const std::vector<Found>& found, const frame::Settings& settings) {
+    const QString other = other_place_of_data(settings);
+    if (has_shared(found) && !other.isEmpty())
+        fail(u"the data of this PC lies at %1: restore on the PC that has it"_s.arg(other));
+    const bool here = has_shared(found) || (other.isEmpty() && QFileInfo::exists(store::rovdata_path(settings)));
+    return here ? Data::Here : Data::Elsewhere;
+}
+
+/// Settings of another tree would send the program back there. Data that lies elsewhere stays where it is.
+void name_this_tree(const QString& losys, const frame::Settings& settings, Data data) {
     Database database = Database::open(losys, Kind::Losys);
     store::Transaction transaction(database);
     store::Statement update = database.prepare("update losystem set データ=? where 項目名=?");
-    update.bind(settings.server_root, u"サーバーＰＣ"_s).run();
+    if (data == Data::Here)
+        update.bind(settings.server_root, u"サーバーＰＣ"_s).run();
     update.bind(settings.local_root, u"ローカルＰＣ"_s).run();
     transaction.commit();
 }
@@ -163,14 +179,14 @@ bool unreadable(Code code) {
 /// One database on its way to its place.
 class Return {
 public:
-    Return(const Found& found, const frame::Settings& settings)
+    Return(const Found& found, const frame::Settings& settings, Data data)
         : m_path(found.place.path(settings)), m_kind(found.place.kind), m_copy(m_path) {
         platform::remove_leftovers(m_path);
         store::check_system(m_copy.make(), m_path);
         copy_bytes(found.file, m_copy.passing_path());
         store::check_copy(m_copy.passing_path(), m_kind, found.rows);
         if (m_kind == Kind::Losys)
-            name_this_tree(m_copy.passing_path(), settings);
+            name_this_tree(m_copy.passing_path(), settings, data);
     }
 
     /// Opening the present file brings a change that was cut short to its end, and holding it shows that nobody uses
@@ -254,12 +270,14 @@ void restore_backup(const Restore& restore, const QDateTime& now, const Say& say
     options.root = restore.root;
     const frame::Settings settings = settings_of(options);
     const std::vector<Found> found = look_through(restore.folder, say);
-    demand_data_here(settings);
-    make_folders(settings, /*shared=*/true);
-    const Alone alone(settings);
+    const Data data = place_of_data(found, settings);
+    make_folders(settings, has_shared(found));
+    std::optional<Alone> alone;
+    if (data == Data::Here)
+        alone.emplace(settings);
     std::vector<std::unique_ptr<Return>> returns;
     for (const Found& one : found)
-        returns.push_back(std::make_unique<Return>(one, settings));
+        returns.push_back(std::make_unique<Return>(one, settings, data));
     for (const auto& one : returns)
         one->hold_present(patience);
     for (const auto& one : returns)

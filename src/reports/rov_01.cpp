@@ -88,7 +88,7 @@ void rov_01::set_dates(DateDefault dates) {
 void rov_01::fill_months() {
     const QDate day = today();
     for (int year = day.year() - years_around; year <= day.year() + years_around; ++year)
-        yyyymm[year_box].items << shown(QDate(year, 1, 1)).section(u'/', 0, 0);
+        yyyymm[year_box].items << shown_year(QDate(year, 1, 1), m_session.settings, day);
     for (int month = 1; month <= 12; ++month)
         yyyymm[month_box].items << digits(month);
     report.conditions.yyyymm = {yyyymm[year_box].items[years_around], yyyymm[month_box].items[day.month() - 1]};

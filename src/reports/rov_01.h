@@ -30,7 +30,7 @@ public:
 
     /// What the form asks of the page that shows it.
     struct Windows {
-        /// Opens the search; its end, with a number or without one, is told to search_ended().
+        /// Opens the search; its end is told to search_ended().
         std::function<void(int mode, int element)> search;
         /// Shows the pages of the report as its sheet stands, until the person closes them.
         std::function<void(const Report& report)> preview;
@@ -80,7 +80,8 @@ public:
     void tancd_LostFocus(int element);
     bool tancd_KeyDown(int element, int key_code); ///< true if the key moved the keyboard or opened the search
     void ntancd_GotFocus(int element);
-    void search_ended(int element, const QString& number);
+    /// Without a choice the box stays as it is. The row that stands for the whole company has an empty number.
+    void search_ended(int element, const std::optional<QString>& number);
 
     void ymd_Change(int element, const QString& text) { report.conditions.ymd[element] = text; }
     void ymd_GotFocus(int element);

@@ -64,11 +64,11 @@ void rov_01::ntancd_GotFocus(int element) {
     to(Control::tancd, element);
 }
 
-void rov_01::search_ended(int element, const QString& number) {
+void rov_01::search_ended(int element, const std::optional<QString>& number) {
     to(Control::tancd, element);
-    if (number.isEmpty())
+    if (!number)
         return;
-    tancd_Change(element, number);
+    tancd_Change(element, *number);
     tancd_LostFocus(element);
     ntancd_enabled[element] = false;
 }
@@ -82,7 +82,7 @@ bool rov_01::free_text_dates() const {
 void rov_01::ymd_GotFocus(int element) {
     QString& text = report.conditions.ymd[element];
     if (!free_text_dates())
-        text = 日付連結(text, m_session.settings.date_style == 1 ? YearForm::Era : YearForm::Western);
+        text = 日付連結(text, era_years(m_session.settings, today()) ? YearForm::Era : YearForm::Western);
 }
 
 /// What makes no date leaves the box empty: a box without a date is seen, a "0" in it isn't understood.

@@ -184,7 +184,7 @@ void ken_mst_dialog::done(int result) {
     if (!m_form.ended)
         m_form.botan_Click(0);
     QDialog::done(result);
-    Q_EMIT ended(m_form.search_result);
+    Q_EMIT ended(m_form.chosen ? std::optional(m_form.search_result) : std::nullopt);
     deleteLater();
 }
 

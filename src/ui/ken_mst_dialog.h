@@ -30,8 +30,8 @@ public:
     PictureButton* botan(int element) const { return m_botan[element]; }
 
 Q_SIGNALS:
-    /// The window closes: a number was chosen, or none and the text is empty.
-    void ended(const QString& number);
+    /// The window closes: with the number of the row that was chosen, or without a choice.
+    void ended(const std::optional<QString>& number);
 
 public:
     void done(int result) override;

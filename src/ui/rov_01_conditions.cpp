@@ -25,7 +25,15 @@ constexpr int name_width = 150;
 constexpr int month_widths[] = {84, 66};
 constexpr QStringView date_help = u"■簡単入力１：2004年10月3日→ 1003(入力している日が同じ年の場合)\n"
                                   "■簡単入力２：2004年10月3日→ 3 (今日から10日先は今月それより大きい数字は先月)";
+constexpr QStringView employee_help = u"■1人分：社員番号の左右に同じ番号　　"
+                                      "■何人分も：「連続印刷」に印を付け、最初と最後の番号(左右とも空なら全員)";
 constexpr QStringView month_units[] = {u"年", u"月"};
+
+QStringView help_of(const reports::Panels& panels) {
+    if (panels.pic_ymd_t1)
+        return date_help;
+    return panels.print_flg ? employee_help : QStringView();
+}
 
 QLabel* caption(QStringView text, QWidget* parent) {
     auto* label = new QLabel(text.toString(), parent);
@@ -38,15 +46,14 @@ QLabel* caption(QStringView text, QWidget* parent) {
 
 // The order in which the controls are made is that of the Tab key.
 rov_01_conditions::rov_01_conditions(rov_01& form, Act act, QWidget* parent)
-    : QWidget(parent), m_form(form), m_act(std::move(act)), m_date_help(master_note(this)), m_botabox(make_stop()) {
-    m_date_help->setText(date_help.toString());
+    : QWidget(parent), m_form(form), m_act(std::move(act)), m_help(master_note(this)), m_botabox(make_stop()) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(gap);
     auto* row = new QHBoxLayout;
     row->setSpacing(panel_gap);
     column->addLayout(row);
-    column->addWidget(m_date_help);
+    column->addWidget(m_help);
     setMinimumHeight(1); // of a report without conditions: the stop stays in sight of the keyboard
     make_months();
     make_dates();
@@ -186,7 +193,8 @@ void rov_01_conditions::refresh() {
     const reports::Conditions& conditions = m_form.report.conditions;
     m_Pic_yyyymm->setVisible(panels.Pic_yyyymm);
     m_pic_ymd_t1->setVisible(panels.pic_ymd_t1);
-    m_date_help->setVisible(panels.pic_ymd_t1);
+    m_help->setText(help_of(panels).toString());
+    m_help->setVisible(!m_help->text().isEmpty());
     m_pic_tantou->setVisible(panels.pic_tantou);
     m_print_zero->setVisible(panels.print_zero);
     m_print_flg->setVisible(panels.print_flg);

@@ -51,7 +51,7 @@ private:
 
     reports::rov_01& m_form;
     Act m_act;
-    QLabel* m_date_help;
+    QLabel* m_help; ///< how the boxes are filled in
     QWidget* m_Pic_yyyymm = nullptr;
     QWidget* m_pic_ymd_t1 = nullptr;
     QWidget* m_pic_tantou = nullptr;

@@ -118,7 +118,7 @@ reports::rov_01::Windows rov_01_page::windows() {
 void rov_01_page::open_search(int mode, int element) {
     close_search();
     m_search = マスター検索呼出(mode, m_session.settings, m_mainform.mstkenflg, this);
-    connect(m_search, &ken_mst_dialog::ended, this, [this, element](const QString& number) {
+    connect(m_search, &ken_mst_dialog::ended, this, [this, element](const std::optional<QString>& number) {
         window()->activateWindow();
         act([&] { m_form.search_ended(element, number); });
     });

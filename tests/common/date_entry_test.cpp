@@ -38,8 +38,9 @@ const QDate oct5(2004, 10, 5);
 TEST(DateEntry, AFullDateOrMonthAndDayCountAsTyped) {
     expect_dates(with(0, 10), {{u"20041003"_s, oct5, 20041003}, {u"1003"_s, oct5, 20041003}, {u"103"_s, oct5, 20040103},
                                   {u" 1231 "_s, oct5, 20041231}, {u"2004/10/3"_s, oct5, 20041003}});
-    expect_dates(with(1, 10), {{u"161003"_s, oct5, 20041003}, {u"91003"_s, oct5, 19971003}, {u"1003"_s, oct5, 20041003},
-                                  {u"16/10/3"_s, oct5, 20041003}});
+    expect_dates(
+        with(1, 10), {{u"19861003"_s, QDate(1986, 10, 5), 19861003}, {u"161003"_s, oct5, 20041003},
+                         {u"91003"_s, oct5, 19971003}, {u"1003"_s, oct5, 20041003}, {u"16/10/3"_s, oct5, 20041003}});
 }
 
 TEST(DateEntry, WhatMakesNoDateGivesZero) {

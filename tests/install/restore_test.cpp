@@ -136,6 +136,25 @@ TEST_F(RestoredCompany, ComesBackAfterADamagedFileAndAJournalThatIsNotItsOwn) {
     EXPECT_EQ(QFileInfo(kept + u"-journal"_s).size(), 20'000);
 }
 
+TEST_F(RestoredCompany, GivesItsSettingsBackToAPcThatWorksOnTheDataOfAnother) {
+    const auto place_of_data = [this] {
+        Database losys = Database::open(losys_path(settings), Kind::Losys);
+        return rows_of(losys, u"select データ from losystem where 項目名='サーバーＰＣ'"_s);
+    };
+    for (const auto& [kind, path] : shared_files)
+        QFile::remove(path(settings));
+    SettingTables(settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, u"//main/qn"_s);
+    settings.use_class = 2;
+    support::FakeHost host;
+    frame::バックアップ処理(settings, host);
+    backup = frame::local_backup_folder(settings, host.clock.date());
+    for (const QString& present : {u"//main/qn"_s, QString()}) {
+        SettingTables(settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, present);
+        restore(u"first"_s);
+        EXPECT_EQ(place_of_data(), QStringList{u"//main/qn"_s});
+    }
+}
+
 TEST_F(RestoredCompany, IsNotTouchedWhereAProgramIsOpenOrTheBackupIsNotInOrder) {
     change();
     const QStringList changed = rows_in(settings);

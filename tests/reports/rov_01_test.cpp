@@ -138,6 +138,15 @@ TEST_F(Rov01, TheYearsAroundThisOneAreOfferedAsTheyAreShown) {
     EXPECT_EQ(open(5).report.conditions.ymd[0], u"16/10/1"_s);
 }
 
+TEST_F(Rov01, WithoutAnEraInForceMonthsAndDatesAreWestern) {
+    show_eras();
+    tree.settings.era_end[0] = 20041004;
+    EXPECT_EQ(open(4).yyyymm[0].items.join(u' '), u"2001 2002 2003 2004 2005 2006 2007"_s);
+    EXPECT_EQ(form->report.hyou(31, 0), u"31"_s) << "the days of October";
+    leave_date(0, u"20040923"_s);
+    EXPECT_EQ(form->report.conditions.ymd[0], u"20040923"_s);
+}
+
 TEST_F(Rov01, AnEmployeeNumberBringsItsNameAndAnotherOneTakesItAway) {
     const Conditions& c = open(1).report.conditions;
     type_employee(0, u"10"_s);
@@ -164,8 +173,10 @@ TEST_F(Rov01, F1FindsAnEmployee) {
     EXPECT_EQ(c.tancd[1], u"100"_s);
     EXPECT_EQ(c.systancd[1], u"4"_s);
     EXPECT_EQ(c.ntancd[1], u"木村"_s);
-    form->search_ended(1, QString());
+    form->search_ended(1, std::nullopt);
     EXPECT_EQ(c.tancd[1], u"100"_s) << "closed without a choice";
+    form->search_ended(1, QString());
+    EXPECT_EQ(c.tancd[1] + c.systancd[1] + c.ntancd[1], QString()) << "the whole company";
 }
 
 TEST_F(Rov01, KeysMoveFromBoxToBox) {
