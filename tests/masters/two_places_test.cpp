@@ -64,7 +64,7 @@ TEST_F(WorkTypesInTwoPlaces, ATypeIsThatOfTheLastOneWhole) {
 }
 
 TEST_F(EmployeesInTwoPlaces, AChangeOfOneThatWasDeletedMeanwhileBringsItBackInEveryCopy) {
-    allsystem().exec("insert into allsystem (個別dataファイル) values ('rovdata.mdb')");
+    list_file(u"rovdata.mdb"_s);
     rovdata().exec("insert into syain values (4, 12, '山田', 'ヤマダ', '営業', '', '')");
     open_both();
     here.hyou_Click(1);
@@ -72,8 +72,8 @@ TEST_F(EmployeesInTwoPlaces, AChangeOfOneThatWasDeletedMeanwhileBringsItBackInEv
     there.botan_Click(2);
     here.botan_Click(1);
     constexpr std::string_view all = "select システム番号, 社員名, 第１グループ from syain";
-    EXPECT_EQ(rows(rovdata(), all), QStringList({u"4|山田|営業"_s}));
-    EXPECT_EQ(rows(comsys(), all), QStringList({u"4|山田|営業"_s}));
+    EXPECT_EQ(rows(rovdata(), all), QStringList{u"4|山田|営業"_s});
+    EXPECT_EQ(rows(comsys(), all), QStringList{u"4|山田|営業"_s});
 }
 
 } // namespace masters

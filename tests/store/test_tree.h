@@ -13,8 +13,10 @@
 
 class TestTree {
 public:
-    explicit TestTree(const QString& place = QDir::tempPath()) : folder(place + QStringLiteral("/store-XXXXXX")) {
-        settings.server_root = settings.local_root = folder.path();
+    /// The roots are the folder itself or lie in it under the name.
+    explicit TestTree(const QString& place = QDir::tempPath(), const QString& root = {})
+        : folder(place + QStringLiteral("/store-XXXXXX")) {
+        settings.server_root = settings.local_root = root.isEmpty() ? folder.path() : folder.filePath(root);
         make(store::comsys_path(settings), store::Kind::Comsys);
         make(store::allsystem_path(settings), store::Kind::Allsystem);
         make(store::rovdata_path(settings), store::Kind::Rovdata);
@@ -34,4 +36,13 @@ private:
 inline qint64 number_from(store::Database& database, std::string_view sql) {
     store::Statement statement = database.prepare(sql);
     return statement.step() ? statement.row().number(0) : -1;
+}
+
+/// Employees 1 to the last one.
+inline void add_employees(store::Database& database, int last) {
+    store::Transaction transaction(database);
+    auto add = database.prepare("insert into syain values (?, ?, '社員', 'シャイン', '', '', '')");
+    for (int i = 1; i <= last; ++i)
+        add.bind(i, i).run();
+    transaction.commit();
 }
