@@ -5,8 +5,6 @@
 
 namespace masters {
 
-namespace {
-
 constexpr int every_day = 7, monday_to_saturday = 8, monday_to_friday = 9;
 
 class WorkTypes : public Company {
@@ -61,8 +59,6 @@ protected:
         return cells;
     }
 };
-
-} // namespace
 
 TEST_F(WorkTypes, TypedTimesAreReadByPlaceAndImpossibleOnesEmptied) {
     form.Form_Load();
@@ -226,13 +222,14 @@ TEST_F(WorkTypes, RegisteringTwiceMakesTwoTypesAndEachFormOfANameIsListed) {
     EXPECT_EQ(column(form.hyoulist, 1), QStringList({u"1"_s, u"2"_s, u"2"_s}));
 }
 
-TEST_F(WorkTypes, ADeletedTypeComesBackUnderItsNumberWhenRegistered) {
+TEST_F(WorkTypes, ASaveReplacesTheTypeWholeAndBringsADeletedOneBackUnderItsNumber) {
     add_band(top, u"普通"_s, 1, 1, 830, 1715);
     rovdata().prepare("insert into syainkinmu values (3, ?)").bind(top).run();
     open_the_first_type();
     form.botan_Click(2);
     EXPECT_EQ(stored(), QStringList());
     EXPECT_EQ(rows(rovdata(), "select 勤務タイプ from syainkinmu"), QStringList({u"2147483647"_s}));
+    add_band(top, u"普通２"_s, 1, 5, 900, 1000); // on another PC meanwhile
     form.botan_Click(1);
     EXPECT_EQ(stored(), QStringList({u"2147483647|普通|1|1|830|1715|1|0"_s}));
 }

@@ -5,8 +5,6 @@
 
 namespace masters {
 
-namespace {
-
 class Categories : public Company {
 protected:
     mst_kinsyu form{session};
@@ -24,8 +22,6 @@ protected:
 
     QStringList stored() { return rows(rovdata(), "select システム番号, 種類名 from kinsyu order by rowid"); }
 };
-
-} // namespace
 
 TEST_F(Categories, TypingAtOnceLandsInRowOneUnseen) {
     add_category(5, u" 残業 "_s);
@@ -81,6 +77,15 @@ TEST_F(Categories, ADeleteAsksAndReadsTheListAfresh) {
     form.botan_Click(2);
     EXPECT_EQ(stored(), QStringList({u"1|早朝"_s}));
     EXPECT_EQ(rows(rovdata(), "select 時間種類 from kintype"), QStringList({u"2"_s})) << "uses of the number stand";
+}
+
+TEST_F(Categories, OneDeletedOnAnotherPcComesBackUnderItsNumberWhenItIsRenamed) {
+    add_category(1, u"早朝"_s);
+    open();
+    type(u"A"_s);
+    rovdata().exec("delete from kinsyu");
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"1|早朝A"_s}));
 }
 
 TEST_F(Categories, ANameCanBeEmptiedAndARowNeverSavedGoesWithADelete) {

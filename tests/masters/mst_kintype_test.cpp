@@ -4,8 +4,6 @@
 
 namespace masters {
 
-namespace {
-
 class Assignments : public Company {
 protected:
     mst_kintype form{session};
@@ -25,8 +23,6 @@ protected:
 
     QStringList stored() { return rows(rovdata(), "select * from syainkinmu order by rowid"); }
 };
-
-} // namespace
 
 TEST_F(Assignments, AChoiceIsSavedAtOnceAndReplacesEveryRowOfTheEmployee) {
     for (const auto& [employee, type] : {std::pair(1, top), {2, 7}, {1, 7}, {55, 7}, {3, 99}})

@@ -5,8 +5,6 @@
 
 namespace masters {
 
-namespace {
-
 class Employees : public Company {
 protected:
     mst_syain form{session};
@@ -20,15 +18,13 @@ protected:
     }
 
     QStringList stored(store::Database database) {
-        return rows(database, "select システム番号, 社員番号, 社員名, フリガナ from syain order by rowid");
+        return rows(std::move(database), "select システム番号, 社員番号, 社員名, フリガナ from syain order by rowid");
     }
     void expect_in_every_copy(const QStringList& employees) {
         EXPECT_EQ(stored(comsys()), employees);
         EXPECT_EQ(stored(rovdata()), employees);
     }
 };
-
-} // namespace
 
 TEST_F(Employees, TheListStandsInTheOrderChosenOnlyAfterTheNextReading) {
     add_employee(2, u"100"_s, u"あ"_s);

@@ -2,6 +2,7 @@
 
 #include "base/keys.h"
 #include "reports/company.h"
+#include "support/fake_pages.h"
 #include "support/recording_shop.h"
 
 #include <QDir>
@@ -9,20 +10,9 @@
 
 namespace reports {
 
-namespace {
-
-class NoPages : public frame::Pages {
-public:
-    bool has(frame::Page) const override { return false; }
-    void show(frame::Page) override {}
-    void close(frame::Page) override {}
-    bool is_open(frame::Page) const override { return false; }
-    void unload_frame() override {}
-};
-
 /// The report screen over the small company, on 2004/10/5.
 struct Rov01 : Company {
-    NoPages pages;
+    support::FakePages pages;
     frame::mainform frame{session, pages};
     support::RecordingShop shop;
     std::optional<std::pair<int, int>> searched; ///< mode and element
@@ -31,8 +21,8 @@ struct Rov01 : Company {
 
     Rov01() {
         store::Database::open(store::comsys_path(tree.settings), store::Kind::Comsys)
-            .exec("insert into syain (システム番号, 社員番号, 社員名) values (1, 9, '山田'), (2, 10, '田中'), (4, 100, "
-                  "'木村')");
+            .exec("insert into syain (システム番号, 社員番号, 社員名) values"
+                  " (1, 9, '山田'), (2, 10, '田中'), (4, 100, '木村')");
         tables.設定書込(u"losystem"_s, u"プリンター１"_s, u"PDF"_s);
     }
     rov_01& open(int number) {
@@ -47,12 +37,6 @@ struct Rov01 : Company {
         return *form;
     }
     std::optional<Wish> wish() { return std::exchange(form->focus, std::nullopt); }
-    void show_eras() {
-        tree.settings.date_style = 1;
-        tree.settings.era_start[0] = 19890108;
-        tree.settings.era_end[0] = 99999999;
-        tree.settings.era_offset[0] = 1988;
-    }
     void type_employee(int element, const QString& number) {
         form->tancd_GotFocus(element);
         form->tancd_Change(element, number);
@@ -75,8 +59,6 @@ struct Rov01 : Company {
 };
 
 constexpr Wish first_employee{Control::tancd, 0}, extract_stop{Control::botabox, 0}, no_box{Control::karibotan, 0};
-
-} // namespace
 
 TEST_F(Rov01, EachReportHasItsConditionsAndItsFirstBox) {
     const struct {
@@ -160,12 +142,10 @@ TEST_F(Rov01, F1FindsAnEmployee) {
     const Conditions& c = open(1).report.conditions;
     EXPECT_TRUE(form->tancd_KeyDown(1, key::f1));
     EXPECT_EQ(searched, std::pair(3, 1));
-    form->search_ended(1, u"100"_s);
-    EXPECT_EQ(c.tancd[1], u"100"_s);
-    EXPECT_EQ(c.systancd[1], u"4"_s);
-    EXPECT_EQ(c.ntancd[1], u"木村"_s);
-    form->search_ended(1, QString());
-    EXPECT_EQ(c.tancd[1], u"100"_s) << "closed without a choice";
+    for (const QString& found : {u"100"_s, QString()}) { // the second is closed without a choice
+        form->search_ended(1, found);
+        EXPECT_EQ(c.tancd[1] + u'|' + c.systancd[1] + u'|' + c.ntancd[1], u"100|4|木村"_s);
+    }
 }
 
 TEST_F(Rov01, KeysMoveFromBoxToBox) {
@@ -209,8 +189,14 @@ TEST_F(Rov01, ADateIsTypedInDigitsAndShownAsADate) {
     EXPECT_EQ(form->report.conditions.ymd[1], u"161031"_s);
 }
 
-TEST_F(Rov01, AMonthChosenOrTypedShowsItsDays) {
+TEST_F(Rov01, AnotherMonthChosenOrTypedShowsItsDays) {
+    work_in_october(1);
     const Sheet& days = open(4).report.hyou;
+    for (const int element : {0, 1})
+        type_employee(element, u"9"_s);
+    form->botan_Click(1);
+    leave_month(0, u"2004"_s);
+    EXPECT_EQ(days(1, 2), u"8:30"_s) << "a month left as it was keeps what was extracted";
     form->yyyymm_Click(1, 8);
     EXPECT_EQ(days(30, 0) + u'|' + days(31, 0), u"30|"_s);
     leave_month(1, u"8"_s);
@@ -228,40 +214,21 @@ TEST_F(Rov01, AMonthChosenOrTypedShowsItsDays) {
     EXPECT_EQ(wish(), (Wish{Control::yyyymm, 0}));
 }
 
-TEST_F(Rov01, AMonthLeftAsItWasKeepsWhatWasExtracted) {
-    work_in_october(1);
-    open(4);
-    for (const int element : {0, 1})
-        type_employee(element, u"9"_s);
-    form->botan_Click(1);
-    EXPECT_EQ(form->report.hyou(1, 2), u"8:30"_s);
-    leave_month(0, u"2004"_s);
-    EXPECT_EQ(form->report.hyou(1, 2), u"8:30"_s);
-    const auto extracted = rows(form->report.hyou, 0);
-    form->botan_Click(1);
-    EXPECT_EQ(rows(form->report.hyou, 0), extracted);
-}
-
-TEST_F(Rov01, TheEleventhClickOnThePictureShowsTheHeadings) {
-    open(1);
-    for (int click = 0; click < 10; ++click)
-        form->Image1_Click();
-    EXPECT_FALSE(form->pic_msg);
-    form->Image1_Click();
-    EXPECT_TRUE(form->pic_msg);
-    EXPECT_FALSE(open(1).pic_msg);
-}
-
-TEST_F(Rov01, TheHeadingPictureIsThatOfTheReportIfItIsThere) {
+TEST_F(Rov01, TheHeadingPictureShowsTheHeadingsOnTheEleventhClick) {
     EXPECT_EQ(open(3).Image1, QString());
     const QString picture = frame::picture_folder(tree.settings) + u"mida_chou_003.bmp"_s;
     QDir().mkpath(QFileInfo(picture).path());
     QFile(picture).open(QIODevice::WriteOnly);
-    EXPECT_EQ(open(3).Image1, picture);
     EXPECT_EQ(open(4).Image1, QString());
+    EXPECT_EQ(open(3).Image1, picture);
+    for (int click = 1; click <= 11; ++click) {
+        form->Image1_Click();
+        EXPECT_EQ(form->pic_msg, click == 11) << click;
+    }
+    EXPECT_FALSE(open(3).pic_msg);
 }
 
-TEST_F(Rov01, TheKeyboardStopsExtractByEnter) {
+TEST_F(Rov01, TheKeyboardExtractsByEnterAndTheSheetIsWrittenAsAFile) {
     open(2);
     form->botabox_GotFocus();
     EXPECT_TRUE(form->extract_lit);
@@ -270,9 +237,15 @@ TEST_F(Rov01, TheKeyboardStopsExtractByEnter) {
     EXPECT_EQ(form->report.hyou(1, 1), u"普通"_s);
     form->botabox_LostFocus();
     EXPECT_FALSE(form->extract_lit);
+    host.paths = {tree.folder.filePath(u"list.csv"_s)};
+    form->csvex_Click();
+    EXPECT_EQ(form->jyoulab, u"出力終了"_s);
+    EXPECT_TRUE(QFile::exists(tree.folder.filePath(u"list.csv"_s)));
+    form->botan_Click(2);
+    EXPECT_EQ(form->jyoulab, QString());
 }
 
-TEST_F(Rov01, CancellingContinuousPrintingLeavesTheLastEmployeeWhole) {
+TEST_F(Rov01, CancellingContinuousPrintingStopsItAndTakesNoOtherInput) {
     work_in_october(2);
     open(4);
     form->print_zero_Click(true);
@@ -293,27 +266,12 @@ TEST_F(Rov01, CancellingContinuousPrintingLeavesTheLastEmployeeWhole) {
     form->botan_Click(1);
     EXPECT_EQ(shop.jobs.size(), 3U);
     EXPECT_EQ(form->msg_tai, QString());
-}
+    EXPECT_TRUE(host.shown.empty());
 
-TEST_F(Rov01, APrinterThatIsGoneIsToldOnceAndNobodyElseIsPrinted) {
     shop.printers.clear();
-    open(4);
-    form->print_zero_Click(true);
-    form->print_flg_Click(true);
     form->botan_Click(1);
-    EXPECT_EQ(host.shown.size(), 1U);
+    EXPECT_EQ(host.shown.size(), 1U) << "a printer that is gone is told once";
     EXPECT_EQ(form->msg_tai, u"中止しました"_s);
-}
-
-TEST_F(Rov01, TheSheetIsWrittenAsAFile) {
-    open(2);
-    form->botan_Click(1);
-    host.paths = {tree.folder.filePath(u"list.csv"_s)};
-    form->csvex_Click();
-    EXPECT_EQ(form->jyoulab, u"出力終了"_s);
-    EXPECT_TRUE(QFile::exists(tree.folder.filePath(u"list.csv"_s)));
-    form->botan_Click(2);
-    EXPECT_EQ(form->jyoulab, QString());
 }
 
 } // namespace reports
