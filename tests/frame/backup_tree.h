@@ -4,18 +4,13 @@
 
 #include "frame/drive_tree.h"
 #include "store/held.h"
+#include "support/killed.h"
 
 #include <array>
 
-/// What is tested is the order of the changes, and memory spares the waiting for the disk.
-inline QString fast_place() {
-    const QString memory = QStringLiteral("/dev/shm");
-    return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
-}
-
 class BackupTree : public DriveTree {
 public:
-    BackupTree() : DriveTree(fast_place()) {
+    BackupTree() : DriveTree(support::fast_place()) {
         for (const Live& live : live_files(settings)) {
             Database database = Database::open(live.path, live.kind);
             if (!database.has_table(QStringLiteral("syain")))

@@ -14,11 +14,6 @@
 
 namespace install {
 
-static QString place() {
-    const QString memory = u"/dev/shm"_s;
-    return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
-}
-
 /// A made-up company that has been backed up once.
 class RestoredCompany : public testing::Test {
 protected:
@@ -64,7 +59,7 @@ protected:
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
 
-    QTemporaryDir folder{place() + u"/restore-XXXXXX"_s};
+    QTemporaryDir folder{support::fast_place() + u"/restore-XXXXXX"_s};
     frame::Settings settings = make_company(folder.filePath(u"first"_s), {4, 2, 202611});
     QString backup;
     QStringList rows, said;
