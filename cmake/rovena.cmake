@@ -31,12 +31,15 @@ function(rovena_library name)
 endfunction()
 
 # rovena_test(NAME LINKS target...): the sources of the current directory as one GoogleTest program NAME_test.
-# The fakes that tests share lie in tests/support.
+# The fakes that tests share lie in tests/support, and so does the main of a directory that has none of its own.
 function(rovena_test name)
   cmake_parse_arguments(ARG "" "" "LINKS;DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   if(NOT sources)
     return()
+  endif()
+  if(NOT EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/main.cpp)
+    list(APPEND sources ${PROJECT_SOURCE_DIR}/tests/support/main.cpp)
   endif()
   add_executable(${name}_test ${sources})
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)

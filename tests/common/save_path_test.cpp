@@ -2,60 +2,47 @@
 
 #include "base/literals.h"
 #include "platform/paths.h"
-#include "store/files.h"
+#include "store/test_tree.h"
 #include "support/fake_host.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace base;
 
-namespace {
-
 class SavePath : public ::testing::Test {
 protected:
-    SavePath() {
-        settings.local_root = settings.server_root = dir.path();
-        settings.install_drive = dir.path();
-        QDir().mkpath(QFileInfo(store::losys_path(settings)).path());
-        store::Database::create(store::losys_path(settings), store::Kind::Losys);
-    }
-
-    QString ask(const QString& report) { return common::CSV保存先取得(settings, host, tables, report); }
+    QString ask(const QString& report) { return common::CSV保存先取得(tree.settings, host, tables, report); }
     QString stored(const QString& key) { return tables.設定読込(u"losystem"_s, key); }
 
-    QTemporaryDir dir;
-    frame::Settings settings;
-    store::SettingTables tables{settings};
+    TestTree tree;
+    const QString folder = tree.folder.path();
+    store::SettingTables tables{tree.settings};
+    const QString drive = platform::drive_root(tree.settings.install_drive);
     support::FakeHost host;
 };
 
-} // namespace
-
 TEST_F(SavePath, TheFolderOfTheLastFileOfThisReportIsProposedAgain) {
-    const QString first = dir.path() + u"/a.csv"_s;
+    const QString first = folder + u"/a.csv"_s;
     host.paths = {first, std::nullopt, std::nullopt};
     EXPECT_EQ(ask(u"4"_s), first);
-    EXPECT_EQ(host.dialogs[0].folder, platform::drive_root(dir.path())) << "nothing is remembered yet";
+    EXPECT_EQ(host.dialogs[0].folder, drive) << "nothing is remembered yet";
     EXPECT_EQ(host.dialogs[0].title, u"ファイルを選択して下さい。"_s);
     EXPECT_EQ(host.dialogs[0].filter, u"CSV(*.csv)|*.csv"_s);
-    EXPECT_EQ(stored(u"H_ph_exp_4"_s), platform::native(dir.path()));
+    EXPECT_EQ(stored(u"H_ph_exp_4"_s), platform::native(folder));
 
     EXPECT_EQ(ask(u"4"_s), QString()) << "cancelled";
-    EXPECT_EQ(host.dialogs[1].folder, platform::native(dir.path()));
+    EXPECT_EQ(host.dialogs[1].folder, platform::native(folder));
     ask(u"5"_s);
-    EXPECT_EQ(host.dialogs[2].folder, platform::drive_root(dir.path())) << "another report has a folder of its own";
+    EXPECT_EQ(host.dialogs[2].folder, drive) << "another report has a folder of its own";
 }
 
 TEST_F(SavePath, AFolderThatIsGoneGivesWayToTheDrive) {
-    tables.設定書込(u"losystem"_s, u"H_ph_exp_1"_s, dir.path() + u"/gone"_s);
-    tables.設定書込(u"losystem"_s, u"H_ph_exp_2"_s, dir.path() + u'/');
+    tables.設定書込(u"losystem"_s, u"H_ph_exp_1"_s, folder + u"/gone"_s);
+    tables.設定書込(u"losystem"_s, u"H_ph_exp_2"_s, folder + u'/');
     ask(u"1"_s);
     ask(u"2"_s);
-    EXPECT_EQ(host.dialogs[0].folder, platform::drive_root(dir.path()));
-    EXPECT_EQ(host.dialogs[1].folder, dir.path()) << "a separator at the end goes";
+    EXPECT_EQ(host.dialogs[0].folder, drive);
+    EXPECT_EQ(host.dialogs[1].folder, folder) << "a separator at the end goes";
 }
 
 TEST_F(SavePath, TheDialogIsGivenItsTitleAndAPlainExtension) {

@@ -1,13 +1,11 @@
 #include "frame/backup.h"
 
 #include "backup_tree.h"
-#include "platform/paths.h"
-#include "store/files.h"
-#include "store/held.h"
 #include "support/disk.h"
 #include "support/fake_host.h"
+#include "support/killed.h"
+#include "support/stored.h"
 
-#include <QDir>
 #include <QProcess>
 #include <gtest/gtest.h>
 
@@ -16,8 +14,6 @@ using namespace std::chrono_literals;
 using platform::Answer;
 using store::Database;
 using store::Kind;
-
-namespace {
 
 const QStringList all_files{u"allsystem.mdb"_s, u"comsys.mdb"_s, u"losys.mdb"_s, u"rovdata.mdb"_s};
 
@@ -46,11 +42,6 @@ protected:
             EXPECT_EQ(tree.saved(live), saved) << live.path.toStdString();
     }
 
-    void write(const QString& path, const QByteArray& bytes) const {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-
     void open_to_all() const {
         QFile::setPermissions(tree.folder.path(), support::enterable);
         for (const auto& live : live_files) {
@@ -62,13 +53,7 @@ protected:
 
     std::unique_ptr<QProcess> child(const QStringList& task, int kill_before_change = 0) const {
         auto process = std::make_unique<QProcess>();
-        auto environment = QProcessEnvironment::systemEnvironment();
-        if (kill_before_change > 0) {
-            environment.insert(u"LD_PRELOAD"_s, qEnvironmentVariable("ROVENA_BIN") + u"/kill_shim.so"_s);
-            environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0:verify_asan_link_order=0"_s);
-            environment.insert(u"KILL_BEFORE_CHANGE"_s, QString::number(kill_before_change));
-        }
-        process->setProcessEnvironment(environment);
+        process->setProcessEnvironment(support::killed_before_change(kill_before_change));
         process->start(QCoreApplication::applicationFilePath(), QStringList{u"--child"_s} + task);
         EXPECT_TRUE(process->waitForStarted());
         return process;
@@ -79,8 +64,6 @@ protected:
     support::FakeHost host;
     const support::Shown question{u"バックアップしますか？"_s, u"バックアップ"_s, platform::Buttons::YesNo};
 };
-
-} // namespace
 
 TEST_F(Backup, YesKeepsAGenerationAndCompactsTheLiveFiles) {
     const qint64 before = QFileInfo(live_files[0].path).size();
@@ -119,7 +102,7 @@ TEST_F(Backup, TheSharedDataIsLeftAloneOnNoAndOnAPcThatMayNot) {
 
 TEST_F(Backup, TheSameWeekdayAWeekLaterTakesThePlaceOfTheFolder) {
     run();
-    write(shared() + u"/old.mdb"_s, "of another version");
+    support::put_bytes(shared() + u"/old.mdb"_s, "of another version");
     tree.save(live_files[0], 2);
     host.clock = host.clock.addDays(7);
     run();
@@ -141,8 +124,6 @@ TEST_F(Backup, WithDataOnAShareItStillGoesToThisPcsOwnDrive) {
     EXPECT_EQ(files(own + u"/comdata/data/bk/3"_s), all_files);
     EXPECT_EQ(files(own + u"/rovena100/data/bk/3"_s), QStringList{u"losys.mdb"_s});
 }
-
-// What goes wrong: a clear text, the live files as they were, the last generation still there, and the program ends.
 
 TEST_F(Backup, AWholeOldGenerationStaysWhenANewOneCannotBeMade) {
     run();
@@ -193,7 +174,7 @@ TEST_F(Backup, AFullDiskAndAReadOnlyFolderAreToldAndChangeNothing) {
         const support::SmallDisk disk(shared());
         if (!disk.mounted)
             GTEST_SKIP() << "a disk of its own needs the administrator";
-        write(shared() + u"/rest"_s, QByteArray(100'000, 'x'));
+        support::put_bytes(shared() + u"/rest"_s, QByteArray(100'000, 'x'));
         run();
         EXPECT_EQ(files(shared()), QStringList{u"rest"_s}) << "nothing half made stays";
     }

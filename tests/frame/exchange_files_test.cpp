@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "store/database.h"
 #include "store/files.h"
+#include "support/stored.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -13,8 +14,6 @@ using namespace std::chrono_literals;
 using store::Code;
 using store::Database;
 using store::Kind;
-
-namespace {
 
 class ExchangeFiles : public ::testing::Test {
 protected:
@@ -29,34 +28,15 @@ protected:
         database.prepare("insert into jyusin (\"1\") values (?)").bind(text).run();
     }
     static QStringList rows(const QString& file) {
-        Database database = open(file);
-        store::Statement statement = database.prepare("select \"1\" from jyusin");
-        QStringList texts;
-        while (statement.step())
-            texts << statement.row().text(0);
-        return texts;
+        return support::rows_of(file, Kind::Exchange, "select \"1\" from jyusin");
     }
     QStringList kept() const { return QDir(frame::kept_folder(settings)).entryList(QDir::Files, QDir::Name); }
     QString kept_path(const QString& name) const { return frame::kept_folder(settings) + u'/' + name; }
-
-    void overwrite(int number, const QByteArray& bytes) {
-        QFile file(path(number));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
-    QByteArray bytes_of(int number) const {
-        QFile file(path(number));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
 
     QTemporaryDir dir;
     frame::Settings settings;
     const QDateTime start{QDate(2004, 10, 5), QTime(9, 0, 1, 7)};
 };
-
-} // namespace
 
 TEST_F(ExchangeFiles, TwentyFilesStandReadyAndEmpty) {
     remake();
@@ -71,16 +51,15 @@ TEST_F(ExchangeFiles, TwentyFilesStandReadyAndEmpty) {
     file.exec("insert into jyusin (\"1\", \"49\") values ('', '')");
 }
 
-TEST_F(ExchangeFiles, RowsThatNobodyTookAreKept) {
+TEST_F(ExchangeFiles, RowsThatNobodyTookOrThatCouldNotBeAppliedAreKept) {
     remake();
     post(path(1), u"51"_s);
-    post(path(7), u"52"_s);
+    open(path(7)).exec("insert into jyusin_error (\"1\", 理由) values ('99', 'x')");
     remake();
     EXPECT_TRUE(rows(path(1)).isEmpty());
     EXPECT_EQ(
         kept(), QStringList({u"hanjyusin01-20041005-090001-007.mdb"_s, u"hanjyusin07-20041005-090001-007.mdb"_s}));
     EXPECT_EQ(rows(kept_path(kept()[0])), QStringList(u"51"_s));
-    EXPECT_EQ(rows(kept_path(kept()[1])), QStringList(u"52"_s));
 
     post(path(1), u"54"_s);
     remake();
@@ -93,39 +72,29 @@ TEST_F(ExchangeFiles, AFileThatWasUsedIsRemadeSmallAndOneThatIsAsNewStays) {
     const qint64 size = QFileInfo(path(1)).size();
     open(path(1)).exec("begin; insert into jyusin (\"1\") values (hex(zeroblob(100000))); delete from jyusin; commit");
     open(path(2)).exec("create table other (x)");
-    const QByteArray third = bytes_of(3);
+    const QByteArray third = support::bytes_of(path(3));
     ASSERT_GT(QFileInfo(path(1)).size(), size);
     remake();
     EXPECT_EQ(QFileInfo(path(1)).size(), size);
     EXPECT_FALSE(open(path(2)).has_table(u"other"_s));
-    EXPECT_EQ(bytes_of(3), third);
+    EXPECT_EQ(support::bytes_of(path(3)), third);
     EXPECT_TRUE(kept().isEmpty());
-}
-
-TEST_F(ExchangeFiles, RowsThatCouldNotBeAppliedAreKeptToo) {
-    remake();
-    open(path(1)).exec("insert into jyusin_error (\"1\", 理由) values ('99', 'x')");
-    remake();
-    EXPECT_EQ(kept().size(), 1);
 }
 
 TEST_F(ExchangeFiles, AFileThatCannotBeReadIsMovedAsideWhole) {
     remake();
     const QByteArray noise(5000, 'x');
-    overwrite(3, noise);
-    overwrite(4, "plain");
-    overwrite(5, {});
-    QFile(path(3) + u"-journal"_s).open(QIODevice::WriteOnly);
+    support::put_bytes(path(3), noise);
+    support::put_bytes(path(3) + u"-journal"_s, {});
+    support::put_bytes(path(4), "plain");
+    support::put_bytes(path(5), {});
     remake();
     for (int number = 3; number <= 5; ++number)
         EXPECT_TRUE(rows(path(number)).isEmpty()) << number;
-    EXPECT_EQ(kept(), QStringList({u"hanjyusin03-20041005-090001-007.mdb.kowareta"_s,
-                          u"hanjyusin03-20041005-090001-007.mdb.kowareta-journal"_s,
-                          u"hanjyusin04-20041005-090001-007.mdb.kowareta"_s}))
+    const QString moved = u"hanjyusin03-20041005-090001-007.mdb.kowareta"_s;
+    EXPECT_EQ(kept(), QStringList({moved, moved + u"-journal"_s, u"hanjyusin04-20041005-090001-007.mdb.kowareta"_s}))
         << "a file of no bytes holds nothing to keep";
-    QFile moved(kept_path(kept()[0]));
-    ASSERT_TRUE(moved.open(QIODevice::ReadOnly));
-    EXPECT_EQ(moved.readAll(), noise);
+    EXPECT_EQ(support::bytes_of(kept_path(moved)), noise);
     EXPECT_FALSE(QFile::exists(path(3) + u"-journal"_s));
 }
 

@@ -1,22 +1,17 @@
 #include "frame/info.h"
 
 #include "base/literals.h"
+#include "frame/drive_tree.h"
 #include "frame/http_fetch.h"
 #include "frame/news.h"
-#include "store/files.h"
 #include "support/fake_host.h"
 #include "support/http_server.h"
+#include "support/stored.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace base;
 using namespace std::chrono_literals;
-
-namespace {
 
 const QString news_place = u"/mr/info/intinfrov.dat"_s;
 const QByteArray png = "\x89PNG\r\n\x1a\nrest";
@@ -45,37 +40,31 @@ private:
 class Info : public ::testing::Test {
 protected:
     Info() {
-        settings.install_drive = drive.path();
-        settings.server_root = settings.local_root = root;
         settings.net_info = 1;
         settings.info_server = server.host();
-        for (const auto& [path, kind] : {std::pair(store::rovdata_path(settings), store::Kind::Rovdata),
-                 {store::losys_path(settings), store::Kind::Losys}}) {
-            QDir().mkpath(QFileInfo(path).path());
-            store::Database::create(path, kind);
-        }
     }
 
-    /// A visit to the page, up to the end of what it fetches.
-    frame::info& visit(frame::FetchTimes times = {}) {
+    frame::info& begin_visit(frame::FetchTimes times = {}) {
         form = std::make_unique<frame::info>(frame::Session{settings, host, tables, link}, fetch, times);
         form->Form_Load();
         form->Shown();
+        return *form;
+    }
+    /// A visit to the page, up to the end of what it fetches.
+    frame::info& visit(frame::FetchTimes times = {}) {
+        begin_visit(times);
         EXPECT_TRUE(support::wait_until([&] { return !fetch.busy(); }));
         return *form;
     }
     void put_file(const QString& name, const QByteArray& bytes) {
         QDir().mkpath(folder);
-        QFile file(folder + name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        support::put_bytes(folder + name, bytes);
     }
 
-    QTemporaryDir drive;
-    const QString root = drive.path() + u"/Program Files/meridan/qn"_s;
-    const QString folder = root + u"/rovena100/data/trn/info/"_s;
+    DriveTree tree;
+    frame::Settings& settings = tree.settings;
+    const QString folder = settings.local_root + u"/rovena100/data/trn/info/"_s;
     const QString news_file = folder + u"intinfrov.dat"_s;
-    frame::Settings settings;
     support::FakeHost host;
     store::SettingTables tables{settings};
     frame::TurnLink link{settings, host};
@@ -83,8 +72,6 @@ protected:
     WatchedFetch fetch;
     std::unique_ptr<frame::info> form;
 };
-
-} // namespace
 
 TEST_F(Info, ShowsTheNewsWithItsPicturesAndReadsItAgainOnTheNextVisit) {
     server.put(news_place, "1 お知らせ.png\r\n2 first\r\n2 second\r\n3 http://a.example/\r\n1\r\n2 plain\r\n");
@@ -157,9 +144,8 @@ TEST_F(Info, ARudeServerLeavesNoNewsAndNobodyIsTold) {
 TEST_F(Info, TakesAnAnswerThatComesInPiecesOrByAWayOnTheSameServer) {
     server.pieces[news_place] = {"HTTP/1.1 302 Found\r\nLocation: /moved\r\nContent-Length: 0\r\n\r\n"};
     server.pieces[u"/moved"_s] = {"HTTP/1.1 20", "0 OK\r\n\r", "\n1\n2 ne", "ws\n"};
-    const Sheet& hyou = visit().hyou;
-    ASSERT_EQ(hyou.Rows(), 1);
-    EXPECT_EQ(hyou(0, frame::news_text), u"news"_s);
+    EXPECT_EQ(visit().hyou.Rows(), 1);
+    EXPECT_EQ(form->hyou(0, frame::news_text), u"news"_s);
 }
 
 TEST_F(Info, APictureThatDoesNotComeTakesNothingElseAway) {
@@ -186,9 +172,7 @@ TEST_F(Info, NoFurtherPictureIsAskedForWhenTheWholeTimeIsOver) {
     put_file(u"intinfrov.dat"_s, "1 a.png\n1 b.png\n");
     server.put(u"/mr/info/a.png"_s, png);
     server.put(u"/mr/info/b.png"_s, png);
-    form = std::make_unique<frame::info>(frame::Session{settings, host, tables, link}, fetch);
-    form->Form_Load();
-    form->Shown();
+    begin_visit();
     host.clock = host.clock.addSecs(11);
     EXPECT_TRUE(support::wait_until([&] { return !fetch.busy(); }));
     EXPECT_EQ(server.asked, QStringList{u"/mr/info/a.png"_s});
@@ -204,12 +188,11 @@ TEST_F(Info, OpensOnlyLinksOfTheWebAndTheMakersPage) {
         QStringList({u"https://a.example/?q=%E5%87%BA%E5%8B%A4"_s, u"http://%1/mr/"_s.arg(server.host())}));
 }
 
-TEST_F(Info, TheTickIsKeptAndTakingItAwayEndsTheFetch) {
+TEST_F(Info, TheTickIsKeptAndTakingItAwayOrLeavingEndsTheFetch) {
     settings.net_info = 0;
     visit();
     form->intjyuflg_Click(true);
     EXPECT_TRUE(form->pic_info && form->osirase);
-    EXPECT_EQ(settings.net_info, 1);
     EXPECT_EQ(tables.設定読込(u"losystem"_s, u"ネット情報"_s), u"1"_s);
     EXPECT_FALSE(fetch.busy()) << "the button fetches, not the tick";
     server.pieces[news_place] = {};
@@ -219,14 +202,10 @@ TEST_F(Info, TheTickIsKeptAndTakingItAwayEndsTheFetch) {
     EXPECT_FALSE(form->pic_info || fetch.busy());
     EXPECT_EQ(settings.net_info, 0);
     EXPECT_EQ(tables.設定読込(u"losystem"_s, u"ネット情報"_s), u"0"_s);
-}
 
-TEST_F(Info, LeavingThePageEndsTheFetch) {
-    server.pieces[news_place] = {};
-    form = std::make_unique<frame::info>(frame::Session{settings, host, tables, link}, fetch);
-    form->Form_Load();
-    form->Shown();
-    EXPECT_TRUE(support::wait_until([&] { return !server.asked.isEmpty(); }));
+    settings.net_info = 1;
+    begin_visit();
+    EXPECT_TRUE(fetch.busy());
     form.reset();
     EXPECT_FALSE(fetch.busy());
 }

@@ -4,34 +4,13 @@
 #include "frame/help.h"
 #include "frame/menus.h"
 #include "support/fake_host.h"
+#include "support/fake_pages.h"
 
 #include <gtest/gtest.h>
 
 using namespace base;
 using frame::Page;
 using platform::Answer;
-
-namespace {
-
-/// Pages that remember what was done to them.
-class FakePages : public frame::Pages {
-public:
-    bool has(Page page) const override { return !absent.contains(page); }
-    void show(Page page) override {
-        if (has(page))
-            open.insert(page);
-    }
-    void close(Page page) override {
-        closed.push_back(page);
-        open.erase(page);
-    }
-    bool is_open(Page page) const override { return open.contains(page); }
-    void unload_frame() override { ++unloads; }
-
-    std::set<Page> open, absent;
-    std::vector<Page> closed;
-    int unloads = 0;
-};
 
 class MainForm : public ::testing::Test {
 protected:
@@ -41,49 +20,31 @@ protected:
     support::FakeHost host;
     store::SettingTables tables{settings};
     frame::TurnLink link{settings, host};
-    FakePages pages;
+    support::FakePages pages;
     int backups = 0;
     frame::mainform form{{settings, host, tables, link}, pages, [this] {
                              EXPECT_TRUE(pages.open.empty()) << "backup comes last";
                              ++backups;
                          }};
-    const support::Shown question{u"終了しますか？"_s, u"終了"_s, platform::Buttons::YesNo};
 };
 
-} // namespace
-
-TEST_F(MainForm, LoadsWithTheLandingPageUnlessItIsATailoredInstallation) {
-    form.Form_Load();
-    EXPECT_EQ(form.gamenno, u"0"_s);
-    EXPECT_TRUE(pages.is_open(Page::info));
-    pages.open.clear();
-    settings.special_soft = 1;
-    form.Form_Load();
-    EXPECT_TRUE(pages.open.empty());
-}
-
-TEST_F(MainForm, ATopButtonClosesWhatIsOpenAndShowsItsPage) {
+TEST_F(MainForm, ATopButtonClosesWhatIsOpenButTheLeaveMasterAndShowsItsPage) {
     form.Form_Load();
     form.midasi_Click(1);
     EXPECT_EQ(pages.open, std::set{Page::ent_rovena});
+    pages.show(Page::mst_kyuka);
     form.flab = u"登録しました"_s;
     form.midasi_Click(2);
-    EXPECT_EQ(pages.open, std::set{Page::rov_00});
+    EXPECT_EQ(pages.open, (std::set{Page::rov_00, Page::mst_kyuka})) << "the leave master stays open under it";
     EXPECT_EQ(form.gamenno, u"2"_s);
     EXPECT_EQ(form.flab, QString());
     pages.closed.clear();
     form.midasi_Click(3);
-    EXPECT_EQ(pages.open, std::set{Page::mst_00});
+    EXPECT_TRUE(pages.is_open(Page::mst_00));
     EXPECT_EQ(form.gamenno, u"2"_s);
     EXPECT_EQ(pages.closed, (std::vector{Page::ent_rovena, Page::rov_00, Page::rov_01, Page::mst_00, Page::mst_syain,
                                 Page::mst_kinjikan, Page::mst_kinsyu, Page::mst_kintype, Page::mst_kihon, Page::info}));
     EXPECT_TRUE(host.shown.empty()) << "nothing is asked";
-}
-
-TEST_F(MainForm, TheLeaveMasterStaysOpenUnderTheNextPage) {
-    pages.show(Page::mst_kyuka);
-    form.midasi_Click(1);
-    EXPECT_EQ(pages.open, (std::set{Page::ent_rovena, Page::mst_kyuka}));
 }
 
 TEST_F(MainForm, TheExitButtonAsksOnceAndTheBackupComesLast) {
@@ -97,7 +58,7 @@ TEST_F(MainForm, TheExitButtonAsksOnceAndTheBackupComesLast) {
     EXPECT_EQ(pages.unloads, 1);
     pages.closed.clear();
     EXPECT_TRUE(form.Form_QueryUnload());
-    EXPECT_EQ(host.shown, std::vector({question, question})) << "one question a click, none on closing";
+    EXPECT_EQ(host.shown.size(), 2U) << "one question a click, none on closing";
     EXPECT_EQ(pages.closed,
         (std::vector{Page::errform, Page::ent_rovena, Page::rov_00, Page::rov_01, Page::mst_00, Page::mst_syain,
             Page::mst_kinjikan, Page::mst_kinsyu, Page::mst_kintype, Page::mst_kyuka, Page::info}));
@@ -106,27 +67,18 @@ TEST_F(MainForm, TheExitButtonAsksOnceAndTheBackupComesLast) {
 
 TEST_F(MainForm, TheCloseBoxAsksAndNoLeavesEverythingAsItWas) {
     form.midasi_Click(1);
-    pages.closed.clear();
-    host.answers = {Answer::No, Answer::Yes};
-    EXPECT_FALSE(form.Form_QueryUnload());
-    EXPECT_EQ(pages.open, std::set{Page::ent_rovena});
-    EXPECT_TRUE(pages.closed.empty());
-    EXPECT_EQ(backups, 0);
-
-    EXPECT_TRUE(form.Form_QueryUnload());
-    EXPECT_EQ(host.shown, std::vector({question, question}));
-    EXPECT_EQ(backups, 1);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        const bool leaves = answer == Answer::Yes;
+        host.answers = {answer};
+        EXPECT_EQ(form.Form_QueryUnload(), leaves);
+        EXPECT_EQ(host.shown.back(), (support::Shown{u"終了しますか？"_s, u"終了"_s, platform::Buttons::YesNo}));
+        EXPECT_EQ(pages.is_open(Page::ent_rovena), !leaves);
+        EXPECT_EQ(backups, int(leaves));
+    }
+    EXPECT_EQ(host.shown.size(), 2U);
 }
 
-TEST_F(MainForm, AReportButtonTellsItsNumberAndGivesWayToTheReportScreen) {
-    frame::rov_00 menu(form, pages);
-    pages.show(Page::rov_00);
-    menu.botan_Click(4);
-    EXPECT_EQ(form.report_no, 4);
-    EXPECT_EQ(pages.open, std::set{Page::rov_01});
-}
-
-TEST_F(MainForm, AMasterButtonGivesWayToItsMaster) {
+TEST_F(MainForm, AMenuButtonGivesWayToItsPageIfItIsThere) {
     const Page masters[]{
         Page::mst_syain, Page::mst_kinsyu, Page::mst_kinjikan, Page::mst_kintype, Page::mst_kihon, Page::mst_kyuka};
     for (int index = 0; index < 6; ++index) {
@@ -134,26 +86,36 @@ TEST_F(MainForm, AMasterButtonGivesWayToItsMaster) {
         frame::mst_00(form, pages).botan_Click(index);
         EXPECT_EQ(pages.open, std::set{masters[index]}) << index;
     }
-}
-
-TEST_F(MainForm, AButtonWhosePageIsNotThereLeavesTheMenu) {
+    const auto report = [this](int number) {
+        pages.open = {Page::rov_00};
+        frame::rov_00(form, pages).botan_Click(number);
+        return pages.open;
+    };
+    EXPECT_EQ(report(4), std::set{Page::rov_01});
+    EXPECT_EQ(form.report_no, 4);
     pages.absent = {Page::rov_01, Page::mst_syain};
-    pages.open = {Page::rov_00};
-    frame::rov_00(form, pages).botan_Click(1);
-    EXPECT_EQ(pages.open, std::set{Page::rov_00});
+    EXPECT_EQ(report(1), std::set{Page::rov_00});
     pages.open = {Page::mst_00};
     frame::mst_00(form, pages).botan_Click(0);
     EXPECT_EQ(pages.open, std::set{Page::mst_00});
 }
 
-TEST_F(MainForm, LeavingAMenuBringsTheLandingPageBack) {
-    pages.open = {Page::rov_00};
-    frame::rov_00(form, pages).endbotan_Click();
-    EXPECT_EQ(pages.open, std::set{Page::info});
+TEST_F(MainForm, TheLandingPageStandsAtTheStartAndAfterAMenuUnlessItIsATailoredInstallation) {
+    const auto stands = [this](const std::set<Page>& expected) {
+        pages.open.clear();
+        form.Form_Load();
+        EXPECT_EQ(form.gamenno, u"0"_s);
+        EXPECT_EQ(pages.open, expected);
+        pages.open = {Page::rov_00};
+        frame::rov_00(form, pages).endbotan_Click();
+        EXPECT_EQ(pages.open, expected);
+        pages.open = {Page::mst_00};
+        frame::mst_00(form, pages).endbotan_Click();
+        EXPECT_EQ(pages.open, expected);
+    };
+    stands({Page::info});
     settings.special_soft = 1;
-    pages.open = {Page::mst_00};
-    frame::mst_00(form, pages).endbotan_Click();
-    EXPECT_TRUE(pages.open.empty());
+    stands({});
 }
 
 TEST(MenuBand, StandsAtTheFootOfThePageButNeverAboveItsPlace) {
@@ -162,28 +124,24 @@ TEST(MenuBand, StandsAtTheFootOfThePageButNeverAboveItsPlace) {
     EXPECT_EQ(frame::pic_bota_top(5000, 900), 4605);
 }
 
-TEST_F(MainForm, HelpOpensThePageOfTheScreen) {
+TEST_F(MainForm, HelpOpensThePageOfTheScreenAtAnAddressThatABrowserReads) {
     const QString folder = u"file://localhost/srv/qn/rovena100/help/"_s;
     const std::tuple<QString, int, QString> cases[]{{u"ent_rovena"_s, 0, u"002-0.htm"_s},
         {u"rov_01"_s, 4, u"003-1-05.htm"_s}, {u"rov_01"_s, 5, u"003-1-06.htm"_s}, {u"rov_01"_s, 6, u"003-1-04.htm"_s},
         {u"rov_01"_s, 7, u"index.html"_s}, {u"errform"_s, 0, u"index.html"_s}};
+    QStringList expected;
     for (const auto& [name, report, page] : cases) {
-        host.opened.clear();
         frame::ヘルプ表示(settings, host, name, report);
-        EXPECT_EQ(host.opened, QStringList(folder + page)) << name.toStdString() << report;
+        expected << folder + page;
     }
-    host.opened.clear();
-    frame::ヘルプ表示(settings, host, QString());
-    EXPECT_TRUE(host.opened.isEmpty());
+    frame::ヘルプ表示(settings, host, QString()); // opens none
     form.midasi_Click(4);
-    EXPECT_EQ(host.opened, QStringList(folder + u"index.html"_s));
-}
-
-TEST_F(MainForm, AHelpAddressIsOneThatABrowserReads) {
-    settings.local_root = u"C:\\Program Files\\meridan\\qn"_s;
-    EXPECT_EQ(frame::help_address(settings, u"index.html"_s),
-        u"file://localhost/C:/Program Files/meridan/qn/rovena100/help/index.html"_s);
-    settings.local_root = u"/home/clerk/Program Files/meridan/qn"_s;
-    EXPECT_EQ(frame::help_address(settings, u"index.html"_s),
-        u"file://localhost/home/clerk/Program%20Files/meridan/qn/rovena100/help/index.html"_s);
+    expected << folder + u"index.html"_s;
+    for (const auto& [root, address] : {std::pair(u"C:\\Program Files\\q"_s, u"C:/Program Files/q"_s),
+             {u"/home/clerk/Program Files/q"_s, u"home/clerk/Program%20Files/q"_s}}) {
+        settings.local_root = root;
+        form.midasi_Click(4);
+        expected << u"file://localhost/"_s + address + u"/rovena100/help/index.html"_s;
+    }
+    EXPECT_EQ(host.opened, expected);
 }

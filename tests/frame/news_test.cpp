@@ -44,28 +44,29 @@ TEST(News, IsBounded) {
     EXPECT_EQ(wordy[0].text.count(u'\n'), frame::most_news_lines - 1);
 }
 
-TEST(News, APictureHasABareName) {
-    for (const QString& name : {u"a.png"_s, u"お知らせ 1.JPG"_s, u"x.y.gif"_s, u"console.bmp"_s})
-        EXPECT_TRUE(frame::is_picture_name(name)) << name.toStdString();
-    for (const QString& name : {QString(), u"../a.png"_s, u"a/b.png"_s, u"..\\a.png"_s, u"C:a.png"_s, u".a.png"_s,
-             u"a..png"_s, u"a.png\n"_s, u"a\u202egnp.png"_s, u"a.svg"_s, u"intinfrov.dat"_s, u"nul.png"_s,
-             u"COM1.x.bmp"_s, u"a?.png"_s, QString(100, u'a') + u".png"_s})
-        EXPECT_FALSE(frame::is_picture_name(name)) << name.toStdString();
-}
-
-TEST(News, OnlyAddressesOfTheWebAreOpened) {
-    for (const QString& text : {u"http://a.example/x?y=1#z"_s, u"https://a.example"_s, u"HTTP://a.example/"_s})
-        EXPECT_TRUE(frame::web_address(text)) << text.toStdString();
-    for (const QString& text : {QString(), u"javascript:alert(1)"_s, u"file:///etc/passwd"_s, u"http:///x"_s,
-             u"//a.example/"_s, u"a.example"_s, u"http://bank.example@evil.example/"_s, u"mailto:a@b"_s})
-        EXPECT_FALSE(frame::web_address(text)) << text.toStdString();
-}
-
-TEST(News, TheServerIsAHostWithoutMore) {
-    for (const QString& text : {u" news.example "_s, u"news.example:8080"_s, u"http://news.example/"_s, u"10.0.0.1"_s})
-        EXPECT_TRUE(frame::news_server(text)) << text.toStdString();
+TEST(News, NamesAndAddressesAreTakenOnlyWhereTheyAreHarmless) {
+    const struct {
+        std::function<bool(const QString&)> takes;
+        QStringList taken, refused;
+    } kinds[]{
+        {frame::is_picture_name, {u"a.png"_s, u"お知らせ 1.JPG"_s, u"x.y.gif"_s, u"console.bmp"_s},
+            {QString(), u"../a.png"_s, u"a/b.png"_s, u"..\\a.png"_s, u"C:a.png"_s, u".a.png"_s, u"a..png"_s,
+                u"a.png\n"_s, u"a\u202egnp.png"_s, u"a.svg"_s, u"intinfrov.dat"_s, u"nul.png"_s, u"COM1.x.bmp"_s,
+                u"a?.png"_s, QString(100, u'a') + u".png"_s}},
+        {[](const QString& text) { return frame::web_address(text).has_value(); },
+            {u"http://a.example/x?y=1#z"_s, u"https://a.example"_s, u"HTTP://a.example/"_s},
+            {QString(), u"javascript:alert(1)"_s, u"file:///etc/passwd"_s, u"http:///x"_s, u"//a.example/"_s,
+                u"a.example"_s, u"http://bank.example@evil.example/"_s, u"mailto:a@b"_s}},
+        {[](const QString& text) { return frame::news_server(text).has_value(); },
+            {u" news.example "_s, u"news.example:8080"_s, u"http://news.example/"_s, u"10.0.0.1"_s},
+            {QString(), u" "_s, u"ftp://news.example"_s, u"news.example/other"_s, u"news.example?x"_s,
+                u"user@news.example"_s, u"file:///etc"_s}},
+    };
+    for (const auto& kind : kinds) {
+        for (const QString& text : kind.taken)
+            EXPECT_TRUE(kind.takes(text)) << text.toStdString();
+        for (const QString& text : kind.refused)
+            EXPECT_FALSE(kind.takes(text)) << text.toStdString();
+    }
     EXPECT_EQ(frame::news_server(u"news.example:8080"_s)->toString(), u"http://news.example:8080/"_s);
-    for (const QString& text : {QString(), u" "_s, u"ftp://news.example"_s, u"news.example/other"_s,
-             u"news.example?x"_s, u"user@news.example"_s, u"file:///etc"_s})
-        EXPECT_FALSE(frame::news_server(text)) << text.toStdString();
 }

@@ -1,13 +1,10 @@
 #include "frame/startup.h"
 
 #include "base/literals.h"
-#include "platform/paths.h"
-#include "store/files.h"
+#include "base/numbers.h"
+#include "frame/drive_tree.h"
 #include "support/fake_host.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace base;
@@ -15,28 +12,15 @@ using frame::Start;
 using store::Database;
 using store::Kind;
 
-namespace {
-
-/// An install tree with new databases, and one start of the program in it.
+/// One start of the program in a new tree.
 class StartUp : public ::testing::Test {
 protected:
-    StartUp() {
-        found.install_drive = drive.path();
-        found.server_root = found.local_root = root;
-        for (const auto& [path, kind] :
-            {std::pair(store::comsys_path(found), Kind::Comsys), {store::allsystem_path(found), Kind::Allsystem},
-                {store::rovdata_path(found), Kind::Rovdata}, {store::losys_path(found), Kind::Losys}}) {
-            QDir().mkpath(QFileInfo(path).path());
-            Database::create(path, kind);
-        }
-    }
-
     /// A new process: settings that nobody has read yet.
     Start start(const std::function<void(Start)>& show = {}) {
         settings = {};
         store::SettingTables tables(settings);
         frame::TurnLink link(settings, host);
-        frame::stg form({settings, host, tables, link}, root + u"/rovena100"_s, [&] { labels << form_label(form); });
+        frame::stg form({settings, host, tables, link}, root + u"/rovena100"_s, [&] { labels << form.Label1; });
         const Start result = form.Form_Activate(show);
         image_visible = form.Image1_Visible;
         return result;
@@ -49,11 +33,9 @@ protected:
         return store::SettingTables(found).設定読込(table, key);
     }
 
-    static QString form_label(const frame::stg& form) { return form.Label1; }
-
-    QTemporaryDir drive;
-    const QString root = drive.path() + u"/Program Files/meridan/qn"_s;
-    frame::Settings found; ///< where the tree lies, to prepare it
+    DriveTree tree;
+    frame::Settings& found = tree.settings; ///< to prepare the tree
+    const QString root = found.local_root;
     frame::Settings settings;
     support::FakeHost host;
     QStringList labels;
@@ -62,13 +44,16 @@ protected:
 
 const QString share = u"\\\\main\\rovena"_s;
 
-} // namespace
-
 TEST_F(StartUp, TheFirstStartLeadsToTheWizardAndEveryLaterOneToTheMainFrame) {
     const QString folder = store::exchange_folder(found);
     ASSERT_TRUE(QFile(folder).open(QIODevice::WriteOnly)) << "in the way";
     EXPECT_THROW(start(), store::Error);
     QFile::remove(folder);
+    for (const QString& path : {store::losys_path(found), store::comsys_path(found), store::allsystem_path(found)}) {
+        ASSERT_TRUE(QFile::rename(path, path + u".away"_s));
+        EXPECT_THROW(start(), store::Error) << path.toStdString();
+        ASSERT_TRUE(QFile::rename(path + u".away"_s, path));
+    }
     EXPECT_THROW(start([](Start) { throw std::runtime_error("no picture"); }), std::runtime_error);
     EXPECT_EQ(start(), Start::fir_start) << "a start that failed isn't the first";
     EXPECT_EQ(start(), Start::mainform);
@@ -77,13 +62,14 @@ TEST_F(StartUp, TheFirstStartLeadsToTheWizardAndEveryLaterOneToTheMainFrame) {
     EXPECT_TRUE(host.shown.empty());
 }
 
-TEST_F(StartUp, EmptyRootsBecomeTheDefaultAndAreStored) {
+TEST_F(StartUp, EmptyRootsBecomeTheDefaultAreStoredAndNotConnectedOnADrive) {
+    host.share = [](const QString&, const QString&, const QString&) -> bool { throw std::logic_error("no share"); };
     start();
-    EXPECT_EQ(settings.install_drive, drive.path());
-    EXPECT_EQ(settings.server_root, platform::native(root));
-    EXPECT_EQ(settings.local_root, platform::native(root));
-    EXPECT_EQ(stored(u"losystem"_s, u"サーバーＰＣ"_s), platform::native(root));
-    EXPECT_EQ(stored(u"losystem"_s, u"ローカルＰＣ"_s), platform::native(root));
+    EXPECT_EQ(settings.install_drive, tree.folder.path());
+    const QString native = platform::native(root);
+    for (const QString& path : {settings.server_root, settings.local_root, stored(u"losystem"_s, u"サーバーＰＣ"_s),
+             stored(u"losystem"_s, u"ローカルＰＣ"_s)})
+        EXPECT_EQ(path, native);
 }
 
 TEST_F(StartUp, SettingsAreReadFromBothTables) {
@@ -113,42 +99,33 @@ TEST_F(StartUp, AFirstDayThatNoMonthHasCountsAsTheFirst) {
 }
 
 TEST_F(StartUp, TheNewestEraComesFirstAndSixAreTaken) {
-    {
-        Database comsys = Database::open(store::comsys_path(found), Kind::Comsys);
-        comsys.exec("delete from waseihen;"
-                    "insert into waseihen (元号名, 開始日, 終了日, 差年) values ('昭和', 19261225, 19890107, 1925);"
-                    "insert into waseihen (元号名, 開始日, 終了日, 差年) values ('平成', 19890108, 99999999, 1988)");
-    }
-    start();
+    const auto change = [this](std::string_view sql) {
+        Database::open(store::comsys_path(found), Kind::Comsys).exec(sql);
+        start();
+    };
+    change("delete from waseihen; insert into waseihen (元号名, 開始日, 終了日, 差年) values"
+           " ('昭和', 19261225, 19890107, 1925), ('平成', 19890108, 99999999, 1988)");
     EXPECT_EQ(settings.era_name[0], u"平成"_s);
     EXPECT_EQ(settings.era_start[0], 19890108);
     EXPECT_EQ(settings.era_end[0], 99999999);
     EXPECT_EQ(settings.era_offset[0], 1988);
     EXPECT_EQ(settings.era_name[1], u"昭和"_s);
     EXPECT_EQ(settings.era_start[2], 0) << "fewer than six rows leave the rest empty";
-
-    Database::open(store::comsys_path(found), Kind::Comsys)
-        .exec("insert into waseihen (元号名) values ('a'), ('b'), ('c'), ('d'), ('e'), ('f')");
-    start();
+    change("insert into waseihen (元号名) values ('a'), ('b'), ('c'), ('d'), ('e'), ('f')");
     EXPECT_EQ(settings.era_name[0], u"f"_s);
     EXPECT_EQ(settings.era_name[5], u"a"_s);
 }
 
-TEST_F(StartUp, OnlyAPCOfClassTwoLeavesTheExchangeFilesAlone) {
-    set(u"losystem"_s, u"使用区分"_s, u"2"_s);
-    start();
-    EXPECT_FALSE(QFileInfo::exists(store::exchange_path(found, 1)));
-    set(u"losystem"_s, u"使用区分"_s, u"1"_s);
-    start();
-    EXPECT_TRUE(QFileInfo::exists(store::exchange_path(found, 1)));
-    EXPECT_TRUE(QFileInfo::exists(store::exchange_path(found, 20)));
-}
-
-TEST_F(StartUp, TheNewsOfTheLastRunGoes) {
+TEST_F(StartUp, OnlyAPCOfClassTwoLeavesTheExchangeFilesAloneAndTheNewsOfTheLastRunGoes) {
     const QString news = root + u"/rovena100/data/trn/info/intinfrov.dat"_s;
     QDir().mkpath(QFileInfo(news).path());
     ASSERT_TRUE(QFile(news).open(QIODevice::WriteOnly));
-    start();
+    for (const int use_class : {2, 1}) {
+        set(u"losystem"_s, u"使用区分"_s, digits(use_class));
+        start();
+        for (const int number : {1, 20})
+            EXPECT_EQ(QFileInfo::exists(store::exchange_path(found, number)), use_class != 2) << number;
+    }
     EXPECT_FALSE(QFileInfo::exists(news));
 }
 
@@ -190,23 +167,4 @@ TEST_F(StartUp, AShareOutOfReachAsksForTheAccountUntilThePersonGivesUp) {
     EXPECT_EQ(host.prompts.first(2),
         QStringList({u"windowsアカウントを入力してください"_s, u"Windowsパスワードトを入力してください"_s}));
     EXPECT_EQ(stored(u"losystem"_s, u"winユーザー名"_s), QString()) << "what was typed isn't stored";
-}
-
-TEST_F(StartUp, ARootOnADriveIsNotConnected) {
-    host.share = [](const QString&, const QString&, const QString&) -> bool { throw std::logic_error("no share"); };
-    EXPECT_NO_THROW(start());
-}
-
-TEST_F(StartUp, AMissingFileEndsTheStartWithItsError) {
-    for (const QString& path : {store::losys_path(found), store::comsys_path(found), store::allsystem_path(found)}) {
-        ASSERT_TRUE(QFile::rename(path, path + u".away"_s));
-        try {
-            start();
-            ADD_FAILURE() << path.toStdString();
-        } catch (const store::Error& error) {
-            EXPECT_EQ(error.code(), store::Code::Missing);
-            EXPECT_TRUE(error.text().contains(path)) << error.text().toStdString();
-        }
-        ASSERT_TRUE(QFile::rename(path + u".away"_s, path));
-    }
 }

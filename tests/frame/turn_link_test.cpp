@@ -12,8 +12,6 @@ using namespace base;
 using frame::LinkState;
 using frame::TurnLink;
 
-namespace {
-
 /// A service with a script: each message of the client is answered with the next reply, piece by piece.
 class Service {
 public:
@@ -79,6 +77,12 @@ protected:
         host.yield();
     }
 
+    void expect_hung_up() {
+        for (int i = 0; i < 5; ++i)
+            host.yield();
+        EXPECT_TRUE(service->disconnected);
+    }
+
     double seconds() const { return double(start.msecsTo(host.clock)) / 1000; }
 
     frame::Settings settings;
@@ -91,61 +95,52 @@ protected:
         u"サーバーにアクセスできません。もう一度登録処理してください"_s, u"サーバー未接続"_s, platform::Buttons::Ok};
 };
 
-const QByteArray greeting = "##127.0.0.1";
-
-} // namespace
+const QByteArrayList greeting{"##127.0.0.1"};
 
 TEST_F(TurnLinkTest, ATurnIsAskedForTakenAndGivenBack) {
-    serve({{"your"}, {"stok"}, {"stok"}, {"st-1"}, {"so-1"}, {"en-1"}, {"eo-1"}});
-    take_turn();
-    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "st", "st", "so"}));
-    EXPECT_EQ(link->link_state(), LinkState::Held);
-    EXPECT_FALSE(link->link_failed());
-    EXPECT_EQ(marks, QStringList({u"●"_s, u"◎"_s}));
-
-    link->サーバー接続終了();
-    EXPECT_EQ(service->heard.sliced(5), QByteArrayList({"en", "eo"}));
-    EXPECT_EQ(link->link_state(), LinkState::Idle);
-    EXPECT_FALSE(link->link_failed());
-    EXPECT_EQ(marks.sliced(2), QStringList({u"○"_s, QString()}));
-    for (int i = 0; i < 5; ++i)
-        host.yield();
-    EXPECT_TRUE(service->disconnected);
-    EXPECT_TRUE(host.shown.empty());
+    const struct {
+        const char* how;
+        std::deque<Service::Pieces> replies;
+        QByteArrayList asked;
+    } cases[]{
+        {"after a wait", {{"your"}, {"stok"}, {"stok"}, {"st-1"}, {"so-1"}}, {"st", "st", "st", "so"}},
+        {"only four characters count", {{"your turn comes"}, {"st-1 please"}, {"so-1!"}}, {"st", "so"}},
+        {"in pieces", {{"yo", "u", "r"}, {"s", "t-1"}, {"so-", "1"}}, {"st", "so"}},
+        {"an unknown reply repeats the message", {{"your"}, {"so-1"}, {"st-1"}, {"????"}, {"so-1"}},
+            {"st", "st", "so", "so"}},
+    };
+    for (const auto& [how, replies, asked] : cases) {
+        SCOPED_TRACE(how);
+        marks.clear();
+        auto script = replies;
+        script.insert(script.end(), {{"en-1"}, {"eo-1"}});
+        serve(script);
+        take_turn();
+        EXPECT_EQ(service->heard, greeting + asked);
+        EXPECT_EQ(link->link_state(), LinkState::Held);
+        EXPECT_EQ(marks, QStringList({u"●"_s, u"◎"_s}));
+        link->サーバー接続終了();
+        EXPECT_EQ(service->heard, greeting + asked + QByteArrayList({"en", "eo"}));
+        EXPECT_EQ(link->link_state(), LinkState::Idle);
+        EXPECT_FALSE(link->link_failed());
+        EXPECT_EQ(marks.sliced(2), QStringList({u"○"_s, QString()}));
+        expect_hung_up();
+        EXPECT_TRUE(host.shown.empty());
+    }
 }
 
-TEST_F(TurnLinkTest, OnlyTheFirstFourCharactersOfAReplyCount) {
-    serve({{"your turn comes"}, {"st-1 please"}, {"so-1!"}});
-    take_turn();
-    EXPECT_EQ(link->link_state(), LinkState::Held);
-    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "so"}));
-}
-
-TEST_F(TurnLinkTest, AReplyThatComesInPiecesIsReadWhenFourCharactersAreThere) {
-    serve({{"yo", "u", "r"}, {"s", "t-1"}, {"so-", "1"}});
-    take_turn();
-    EXPECT_EQ(link->link_state(), LinkState::Held);
-    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "so"}));
-}
-
-TEST_F(TurnLinkTest, AnUnknownReplyRepeatsTheMessageOfTheState) {
-    serve({{"your"}, {"so-1"}, {"st-1"}, {"????"}, {"so-1"}});
-    take_turn();
-    EXPECT_EQ(link->link_state(), LinkState::Held);
-    EXPECT_EQ(service->heard, QByteArrayList({greeting, "st", "st", "so", "so"}));
-}
-
-TEST_F(TurnLinkTest, AServiceSilentForTenSecondsFailsTheLink) {
-    serve({{"your"}});
+TEST_F(TurnLinkTest, AServiceSilentForTenSecondsFailsTheLinkUntilTheNextTurnIsTaken) {
+    serve({{"your"}, {}, {"your"}, {"st-1"}, {"so-1"}});
     take_turn();
     EXPECT_GE(seconds(), 10);
     EXPECT_LT(seconds(), 10.1);
     EXPECT_TRUE(link->link_failed());
     EXPECT_EQ(host.shown, std::vector{unreachable});
     EXPECT_NE(link->link_state(), LinkState::Held);
-    for (int i = 0; i < 5; ++i)
-        host.yield();
-    EXPECT_TRUE(service->disconnected) << "a turn granted later would be held by nobody";
+    expect_hung_up(); // a turn granted later would be held by nobody
+    take_turn();
+    EXPECT_FALSE(link->link_failed());
+    EXPECT_EQ(link->link_state(), LinkState::Held);
 }
 
 TEST_F(TurnLinkTest, ARefusedConnectionFailsTheLinkWithoutTheWait) {
@@ -168,29 +163,14 @@ TEST_F(TurnLinkTest, ASilentReleaseFailsInSilence) {
     EXPECT_EQ(marks.last(), QString());
 }
 
-TEST_F(TurnLinkTest, AFailureIsForgottenWhenTheNextTurnIsTaken) {
-    serve({{}, {"your"}, {"st-1"}, {"so-1"}});
-    take_turn();
-    ASSERT_TRUE(link->link_failed());
-    take_turn();
-    EXPECT_FALSE(link->link_failed());
-    EXPECT_EQ(link->link_state(), LinkState::Held);
-}
-
-TEST_F(TurnLinkTest, TheMainPCTakesNoTurn) {
+TEST_F(TurnLinkTest, TheMainPCTakesNoTurnAndOneThatIsNotHeldIsNotGivenBack) {
     serve({{"your"}});
+    link->サーバー接続終了();
     settings.use_class = 0;
     take_turn();
-    link->サーバー接続終了();
     EXPECT_EQ(link->link_state(), LinkState::Idle);
     EXPECT_FALSE(link->link_failed());
     EXPECT_TRUE(service->heard.isEmpty());
-    EXPECT_TRUE(marks.isEmpty());
-}
-
-TEST_F(TurnLinkTest, ATurnThatIsNotHeldIsNotGivenBack) {
-    serve({{"your"}});
-    link->サーバー接続終了();
     EXPECT_TRUE(marks.isEmpty());
     EXPECT_EQ(seconds(), 0);
 }

@@ -1,64 +1,38 @@
 #include "install/restore.h"
 
-#include "dump.h"
 #include "frame/backup.h"
-#include "install/install.h"
+#include "install/company.h"
 #include "platform/program_lock.h"
-#include "store/files.h"
 #include "store/held.h"
 #include "store/setting_tables.h"
 #include "support/fake_host.h"
+#include "support/killed.h"
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
-using namespace base;
-using namespace store;
-
-namespace {
-
-constexpr std::array<std::pair<Kind, QString (*)(const frame::Settings&)>, 3> shared_files{{
-    {Kind::Rovdata, rovdata_path},
-    {Kind::Comsys, comsys_path},
-    {Kind::Allsystem, allsystem_path},
-}};
-
-QString place() {
-    const QString memory = u"/dev/shm"_s;
-    return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
-}
+namespace install {
 
 /// A made-up company that has been backed up once.
 class RestoredCompany : public testing::Test {
 protected:
     RestoredCompany() {
-        install::Options options;
-        options.root = folder.filePath(u"first"_s);
-        options.sample = install::Sample{4, 2, 202611};
-        install::run(options, folder.path(), [](const QString&) {});
-        settings = settings_of(options);
-        SettingTables(settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, settings.server_root);
+        show_root(settings.server_root);
         support::FakeHost host;
         frame::バックアップ処理(settings, host);
         backup = frame::shared_backup_folder(settings, host.clock.date());
-        rows = rows_in(settings);
+        rows = all_rows(settings);
     }
 
-    static QStringList rows_in(const frame::Settings& tree) {
-        QStringList all;
-        for (const auto& [kind, path] : shared_files)
-            all << all_rows(path(tree), kind);
-        return all;
-    }
+    void show_root(const QString& root) { SettingTables(settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, root); }
 
     frame::Settings restore(const QString& root) {
         said.clear();
-        install::restore_backup(
+        restore_backup(
             {backup, folder.filePath(root)}, time, [this](const QString& line) { said << line; },
             std::chrono::milliseconds(50));
-        install::Options options;
+        Options options;
         options.root = folder.filePath(root);
         return settings_of(options);
     }
@@ -79,42 +53,33 @@ protected:
 
     int run(const QStringList& arguments, int kill_before_change = 0) const {
         QProcess process;
-        auto environment = QProcessEnvironment::systemEnvironment();
-        if (kill_before_change > 0) {
-            environment.insert(u"LD_PRELOAD"_s, qEnvironmentVariable("ROVENA_BIN") + u"/kill_shim.so"_s);
-            environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0:verify_asan_link_order=0"_s);
-            environment.insert(u"KILL_BEFORE_CHANGE"_s, QString::number(kill_before_change));
-        }
-        process.setProcessEnvironment(environment);
+        process.setProcessEnvironment(support::killed_before_change(kill_before_change));
         process.start(qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s, QStringList{u"restore"_s} + arguments);
         EXPECT_TRUE(process.waitForFinished(60'000));
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
 
-    QTemporaryDir folder{place() + u"/restore-XXXXXX"_s};
-    frame::Settings settings;
+    QTemporaryDir folder{support::fast_place() + u"/restore-XXXXXX"_s};
+    frame::Settings settings = make_company(folder.filePath(u"first"_s), {4, 2, 202611});
     QString backup;
     QStringList rows, said;
     const QDateTime time{QDate(2026, 11, 24), QTime(21, 34, 5)};
 };
 
-} // namespace
-
 TEST_F(RestoredCompany, IsTheSameUnderASecondRootAndItsProgramLooksThere) {
     const frame::Settings second = restore(u"second"_s);
-    EXPECT_TRUE(rows_in(second) == rows);
+    EXPECT_TRUE(all_rows(second) == rows);
     EXPECT_TRUE(said.contains(u"  employees 4, months 2 (202610 to 202611)"_s)) << said.join(u'\n').toStdString();
     EXPECT_TRUE(said.contains(u"  kinsyu       5"_s));
-    Database losys = Database::open(losys_path(second), Kind::Losys);
-    EXPECT_EQ(
-        rows_of(losys, u"select データ from losystem where 項目名='サーバーＰＣ'"_s), QStringList{second.server_root});
+    EXPECT_EQ(rows_of(losys_path(second), Kind::Losys, "select データ from losystem where 項目名='サーバーＰＣ'"),
+        QStringList{second.server_root});
 }
 
 TEST_F(RestoredCompany, KeepsThePresentFilesBeside) {
     change();
     const QStringList changed = all_rows(rovdata_path(settings), Kind::Rovdata);
     restore(u"first"_s);
-    EXPECT_TRUE(rows_in(settings) == rows);
+    EXPECT_TRUE(all_rows(settings) == rows);
     EXPECT_EQ(all_rows(data_folder(settings) + u"/rovdata-20261124-213405.mdb"_s, Kind::Rovdata), changed);
     change();
     restore(u"first"_s);
@@ -123,12 +88,10 @@ TEST_F(RestoredCompany, KeepsThePresentFilesBeside) {
 
 TEST_F(RestoredCompany, ComesBackAfterADamagedFileAndAJournalThatIsNotItsOwn) {
     const QString path = comsys_path(settings);
-    for (const auto& [name, size] : {std::pair(path, 700), {path + u"-journal"_s, 20'000}}) {
-        QFile file(name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray(size, 'x')) == size);
-    }
+    support::put_bytes(path, QByteArray(700, 'x'));
+    support::put_bytes(path + u"-journal"_s, QByteArray(20'000, 'x'));
     restore(u"first"_s);
-    EXPECT_TRUE(rows_in(settings) == rows);
+    EXPECT_TRUE(all_rows(settings) == rows);
     EXPECT_FALSE(QFileInfo::exists(path + u"-journal"_s));
     QString kept = path;
     kept.replace(u".mdb"_s, u"-20261124-213405.mdb"_s);
@@ -138,8 +101,7 @@ TEST_F(RestoredCompany, ComesBackAfterADamagedFileAndAJournalThatIsNotItsOwn) {
 
 TEST_F(RestoredCompany, GivesItsSettingsBackToAPcThatWorksOnTheDataOfAnother) {
     const auto place_of_data = [this] {
-        Database losys = Database::open(losys_path(settings), Kind::Losys);
-        return rows_of(losys, u"select データ from losystem where 項目名='サーバーＰＣ'"_s);
+        return rows_of(losys_path(settings), Kind::Losys, "select データ from losystem where 項目名='サーバーＰＣ'");
     };
     for (const auto& [kind, path] : shared_files)
         QFile::remove(path(settings));
@@ -157,7 +119,7 @@ TEST_F(RestoredCompany, GivesItsSettingsBackToAPcThatWorksOnTheDataOfAnother) {
 
 TEST_F(RestoredCompany, IsNotTouchedWhereAProgramIsOpenOrTheBackupIsNotInOrder) {
     change();
-    const QStringList changed = rows_in(settings);
+    const QStringList changed = all_rows(settings);
     {
         platform::ProgramLock program(data_folder(settings), u"rovena"_s);
         ASSERT_TRUE(program.share(std::chrono::milliseconds(0)));
@@ -168,9 +130,9 @@ TEST_F(RestoredCompany, IsNotTouchedWhereAProgramIsOpenOrTheBackupIsNotInOrder) 
         const Transaction writing(writer);
         EXPECT_TRUE(refusal().contains(u"書き込み中"_s));
     }
-    SettingTables(settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, u"//main/qn"_s);
+    show_root(u"//main/qn"_s);
     EXPECT_TRUE(refusal().contains(u"//main/qn"_s));
-    SettingTables(settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, settings.server_root);
+    show_root(settings.server_root);
 
     QFile damaged(backup + u"/comsys.mdb"_s);
     ASSERT_TRUE(damaged.open(QIODevice::ReadWrite) && damaged.seek(4096 * 3 + 9) && damaged.write("x") == 1);
@@ -179,29 +141,29 @@ TEST_F(RestoredCompany, IsNotTouchedWhereAProgramIsOpenOrTheBackupIsNotInOrder) 
     EXPECT_EQ(run({backup, u"--list"_s}), 1);
     QFile::remove(damaged.fileName());
     EXPECT_TRUE(refusal().contains(u"is missing"_s));
-    EXPECT_TRUE(rows_in(settings) == changed);
+    EXPECT_TRUE(all_rows(settings) == changed);
     EXPECT_EQ(run({folder.path(), u"--list"_s}), 1) << "no backup";
     EXPECT_EQ(QDir(data_folder(settings)).entryList({u"rovdata*"_s}), QStringList{u"rovdata.mdb"_s});
 }
 
 TEST_F(RestoredCompany, ListingChangesNothing) {
     change();
-    const QStringList changed = rows_in(settings);
+    const QStringList changed = all_rows(settings);
     EXPECT_EQ(run({backup, u"--list"_s}), 0);
     EXPECT_EQ(run({backup, u"--list"_s, folder.filePath(u"first"_s)}), 0);
-    EXPECT_TRUE(rows_in(settings) == changed);
+    EXPECT_TRUE(all_rows(settings) == changed);
     EXPECT_EQ(run({backup}), 2) << "no root";
 }
 
 // Each restore is killed one change of a file later than the one before.
 TEST_F(RestoredCompany, IsWholeAfterARestoreThatIsKilledAtAnyChangeOfAFile) {
     change();
-    std::array<QStringList, shared_files.size()> changed;
-    for (size_t i = 0; i < shared_files.size(); ++i)
-        changed[i] = all_rows(shared_files[i].second(settings), shared_files[i].first);
+    std::array<QStringList, std::size(shared_files)> changed;
+    for (size_t i = 0; i < changed.size(); ++i)
+        changed[i] = all_rows(shared_files[i].path(settings), shared_files[i].kind);
     int kills = 0, status = -1;
     for (; (status = run({backup, folder.filePath(u"first"_s)}, kills + 1)) == -1; ++kills) {
-        for (size_t i = 0; i < shared_files.size(); ++i) {
+        for (size_t i = 0; i < changed.size(); ++i) {
             const auto& [kind, path] = shared_files[i];
             open_checked(path(settings), kind);
             const QStringList now = all_rows(path(settings), kind);
@@ -211,5 +173,7 @@ TEST_F(RestoredCompany, IsWholeAfterARestoreThatIsKilledAtAnyChangeOfAFile) {
     }
     EXPECT_EQ(status, 0);
     EXPECT_GE(kills, 20);
-    EXPECT_TRUE(rows_in(settings) == rows);
+    EXPECT_TRUE(all_rows(settings) == rows);
 }
+
+} // namespace install

@@ -1,31 +1,22 @@
-#include "dump.h"
 #include "entry/calculation.h"
 #include "entry/day_kinds.h"
 #include "entry/layout.h"
 #include "entry/month_load.h"
 #include "entry/work_type.h"
-#include "install/install.h"
-#include "store/files.h"
+#include "install/company.h"
 #include "store/numbering.h"
 #include "store/setup.h"
 
 #include <QTemporaryDir>
 
-using namespace base;
-using namespace store;
-
-namespace {
+namespace install {
 
 class SampleCompany : public testing::Test {
 protected:
     QTemporaryDir folder;
 
-    frame::Settings make(const QString& name, const install::Sample& sample) {
-        install::Options options;
-        options.root = folder.filePath(name);
-        options.sample = sample;
-        install::run(options, folder.path(), [](const QString&) {});
-        return settings_of(options);
+    frame::Settings make(const QString& name, const Sample& sample) {
+        return make_company(folder.filePath(name), sample);
     }
 
     static entry::MonthSheet load(Database& rovdata, qint64 employee, const CompanyMonth& month) {
@@ -52,26 +43,24 @@ protected:
 TEST_F(SampleCompany, IsTheSameForTheSameArguments) {
     const frame::Settings first = make(u"a"_s, {9, 2, 202602});
     const frame::Settings second = make(u"b"_s, {9, 2, 202602});
-    EXPECT_EQ(all_rows(comsys_path(first), Kind::Comsys), all_rows(comsys_path(second), Kind::Comsys));
-    EXPECT_EQ(all_rows(rovdata_path(first), Kind::Rovdata), all_rows(rovdata_path(second), Kind::Rovdata));
-
-    const frame::Settings larger = make(u"c"_s, {12, 5, 202602});
-    Database small = Database::open(rovdata_path(first), Kind::Rovdata);
-    Database large = Database::open(rovdata_path(larger), Kind::Rovdata);
-    const QString month = u"select * from rovmei where 社員システム番号=5 and 出社日>20260200 order by 出社日"_s;
-    EXPECT_EQ(rows_of(small, month).size(), 29);
-    EXPECT_EQ(rows_of(small, month), rows_of(large, month)) << "a month doesn't depend on the company's size";
+    for (const auto& [kind, path] : std::span(shared_files).first(2))
+        EXPECT_TRUE(all_rows(path(first), kind) == all_rows(path(second), kind));
+    const auto month = [](const frame::Settings& tree) {
+        return rows_of(rovdata_path(tree), Kind::Rovdata,
+            "select * from rovmei where 社員システム番号=5 and 出社日>20260200 order by 出社日");
+    };
+    EXPECT_EQ(month(first).size(), 29);
+    EXPECT_EQ(month(first), month(make(u"c"_s, {12, 5, 202602}))) << "it doesn't depend on the company's size";
 }
 
 TEST_F(SampleCompany, IsAtWorkAndItsNumbersGoOnWhereTheyStand) {
     frame::Settings settings = make(u"a"_s, {12, 1, 202611});
-    SettingTables tables(settings);
     EXPECT_FALSE(初期セットアップ(settings)) << "no wizard";
-    EXPECT_EQ(tables.設定読込(u"rov_kihon"_s, u"sokdataバージョン"_s), table_stamp);
+    EXPECT_EQ(SettingTables(settings).設定読込(u"rov_kihon"_s, u"sokdataバージョン"_s), table_stamp);
     EXPECT_EQ(採番(settings, u"社員番号"_s), 13);
     EXPECT_EQ(採番(settings, u"勤務種類"_s), 6);
-    Database rovdata = Database::open(rovdata_path(settings), Kind::Rovdata);
-    EXPECT_EQ(rows_of(rovdata, u"select count(*), count(distinct 社員番号), min(システム番号) from syain"_s),
+    EXPECT_EQ(rows_of(rovdata_path(settings), Kind::Rovdata,
+                  "select count(*), count(distinct 社員番号), min(システム番号) from syain"),
         QStringList{u"12|12|1"_s});
 }
 
@@ -95,4 +84,4 @@ TEST_F(SampleCompany, HasAttendanceThatCalculatesToItselfOnTheEntrySheet) {
         }
 }
 
-} // namespace
+} // namespace install

@@ -22,6 +22,11 @@ using platform::Answer;
 using platform::Buttons;
 using support::Shown;
 
+constexpr int top = 2147483647; ///< the last number that a record can have
+
+/// A name that a careless screen would damage.
+inline const QString odd_name = u"　O'Neil \"x\"; --😀"_s;
+
 class Company : public ::testing::Test {
 protected:
     TestTree tree;
@@ -51,6 +56,15 @@ protected:
         return found;
     }
 
+    /// What fails while the company's masters are out of reach.
+    template <typename Act>
+    void fails_without_rovdata(Act act) {
+        const QString path = store::rovdata_path(tree.settings), away = tree.folder.filePath(u"away"_s);
+        QFile::rename(path, away);
+        EXPECT_THROW(act(), store::Error);
+        QFile::rename(away, path);
+    }
+
     /// The last number that a counter has given out; 0 if it hasn't begun.
     int counter(const QString& name) {
         auto database = comsys();
@@ -58,8 +72,9 @@ protected:
         return query.bind(name).step() ? query.row().integer(0) : 0;
     }
 
-    void set_counter(const QString& name, int last) {
-        comsys().prepare("insert into bangou (番号名称, 番号) values (?, ?)").bind(name, last).run();
+    /// Lets the file take part in what is saved everywhere.
+    void list_file(const QString& name) {
+        allsystem().prepare("insert into allsystem (個別dataファイル) values (?)").bind(name).run();
     }
 
     void add_category(int number, const QString& name) {

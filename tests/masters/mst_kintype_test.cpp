@@ -4,8 +4,6 @@
 
 namespace masters {
 
-namespace {
-
 class Assignments : public Company {
 protected:
     mst_kintype form{session};
@@ -16,7 +14,7 @@ protected:
         add_employee(3, u""_s, u"番号なし"_s);
         add_band(7, u"普通社員"_s, 1, 1, 830, 1715);
         add_band(7, u"普通社員"_s, 2, 1, 830, 1715);
-        add_band(8, u"Ｂパート"_s, 1, 1, 1300, 1700);
+        add_band(top, u"Ｂパート"_s, 1, 1, 1300, 1700);
     }
 
     void assign(int employee, int type) {
@@ -26,25 +24,18 @@ protected:
     QStringList stored() { return rows(rovdata(), "select * from syainkinmu order by rowid"); }
 };
 
-} // namespace
-
-TEST_F(Assignments, EmployeesStandByNumberAndThoseWithoutOneAreLeftOut) {
-    assign(1, 8);
-    form.Form_Load();
-    EXPECT_EQ(column(form.hyou, mst_kintype::number_col), QStringList({u"3"_s, u"20"_s}));
-    EXPECT_EQ(column(form.hyou, mst_kintype::name_col), QStringList({u"田中"_s, u"山田"_s}));
-    EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u""_s, u"Ｂパート"_s}));
-}
-
 TEST_F(Assignments, AChoiceIsSavedAtOnceAndReplacesEveryRowOfTheEmployee) {
-    assign(1, 7);
-    assign(2, 7);
-    assign(1, 7);
+    for (const auto& [employee, type] : {std::pair(1, top), {2, 7}, {1, 7}, {55, 7}, {3, 99}})
+        assign(employee, type);
     form.Form_Load();
+    EXPECT_EQ(column(form.hyou, mst_kintype::number_col), QStringList({u"3"_s, u"20"_s})) << "those with a number";
+    EXPECT_EQ(column(form.hyou, mst_kintype::name_col), QStringList({u"田中"_s, u"山田"_s}));
+    EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u"普通社員"_s, u"普通社員"_s}))
+        << "of two rows the later one";
     form.hyou_Click({2, mst_kintype::type_name_col});
     EXPECT_EQ(form.atai_com.index, 0);
     form.atai_com_Click(1);
-    EXPECT_EQ(stored(), QStringList({u"2|7"_s, u"1|8"_s}));
+    EXPECT_EQ(stored(), QStringList({u"2|7"_s, u"55|7"_s, u"3|99"_s, u"1|2147483647"_s}));
     EXPECT_EQ(form.hyou(2, mst_kintype::type_name_col), u"Ｂパート"_s);
 }
 
@@ -60,20 +51,13 @@ TEST_F(Assignments, AChoiceCountsOnlyWhileTheListIsShownOverACell) {
     EXPECT_EQ(stored(), QStringList());
 }
 
-TEST_F(Assignments, ATypeWithoutRowsReadsAsNoAssignmentAndItsRowStays) {
-    assign(1, 99);
-    assign(55, 7);
-    form.Form_Load();
-    EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u""_s, u""_s}));
-    EXPECT_EQ(stored(), QStringList({u"1|99"_s, u"55|7"_s}));
-}
-
-TEST_F(Assignments, OfTwoRowsTheLaterOneIsShownAndOfTwoNamesTheFirst) {
+TEST_F(Assignments, ATypeWithoutRowsReadsAsNoneAndOfTwoNamesTheFirstIsShown) {
     add_band(7, u"普通社員２"_s, 3, 1, 830, 1715);
-    assign(1, 8);
+    assign(2, 99);
     assign(1, 7);
     form.Form_Load();
-    EXPECT_EQ(form.hyou(2, mst_kintype::type_name_col), u"普通社員"_s);
+    EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u""_s, u"普通社員"_s}));
+    EXPECT_EQ(stored(), QStringList({u"2|99"_s, u"1|7"_s})) << "the row of the type stays";
 }
 
 } // namespace masters

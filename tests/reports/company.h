@@ -2,17 +2,9 @@
 
 // A small company in real files, and a report over it.
 
-#include "base/literals.h"
 #include "base/numbers.h"
+#include "masters/company.h"
 #include "reports/report.h"
-#include "store/test_tree.h"
-#include "support/fake_host.h"
-
-#include <gtest/gtest.h>
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace reports {
 
@@ -31,21 +23,21 @@ inline constexpr std::string_view masters = R"(
         (6, '消', 1, 1, 900, 1700, 99, 0, 0, 0, 0, 0, 0, 0);
 )";
 
-struct Company : ::testing::Test {
-    TestTree tree;
-    support::FakeHost host;
-    store::SettingTables tables{tree.settings};
-    frame::TurnLink link{tree.settings, host};
-    frame::Session session{tree.settings, host, tables, link};
+struct Company : masters::Company {
     Work work{session, {}, {}};
     Report report;
 
     Company() { exec(masters); }
 
-    void exec(std::string_view sql) const {
-        store::Database::open(store::rovdata_path(tree.settings), store::Kind::Rovdata).exec(sql);
-    }
+    void exec(std::string_view sql) { rovdata().exec(sql); }
     void sort_by_number() { tables.設定書込(u"losystem"_s, u"社員MLソート"_s, u"1"_s); }
+    void show_eras() {
+        tree.settings.date_style = 1;
+        tree.settings.era_start[0] = 19890108;
+        tree.settings.era_end[0] = 99999999;
+        tree.settings.era_name[0] = u"平成"_s;
+        tree.settings.era_offset[0] = 1988;
+    }
     void choose_employees(const QString& first, const QString& last) { report.conditions.systancd = {first, last}; }
 
     /// A row's cells joined by "|".

@@ -1,7 +1,7 @@
 #include "reports/company.h"
 #include "reports/csv.h"
-
-#include <QFile>
+#include "support/report_sheets.h"
+#include "support/stored.h"
 
 namespace reports {
 
@@ -12,34 +12,23 @@ struct Csv : Company {
     Csv() {
         report.帳票番号 = 5;
         report.midasi = {u"表,題"_s, u"小"_s};
-        report.hyou = base::Sheet(3, 3);
+        report.hyou = support::sheet_of({{u"名", u"隠", u"計"}, {u"", u"x", u"12"}, {u"a\nb", u"y", u"1,234,5"}});
         report.hyou.setColWidth(1, 0);
         report.hyou.setRowHeight(1, 0);
-        const QString cells[][3] = {
-            {u"名"_s, u"隠"_s, u"計"_s}, {u""_s, u"x"_s, u"12"_s}, {u"a\nb"_s, u"y"_s, u"1,234,5"_s}};
-        for (int r = 0; r < 3; ++r)
-            for (int c = 0; c < 3; ++c)
-                report.hyou(r, c) = cells[r][c];
     }
 
     void write() {
         host.paths = {path};
         帳票CSV出力(report, session, [this](const QString& text) { statuses << text; });
     }
-    QByteArray written() const {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-    }
 };
 
 const QByteArray expected = "\x95\x5c,\x91\xe8\r\n\x8f\xac\r\n\r\n\r\n\r\n\x96\xbc,\x8cv\r\n,12\r\na\nb,12345\r\n";
 
 TEST_F(Csv, HoldsHeadingsAndAllRowsWithoutHiddenColumnsAndCommas) {
-    QFile old(path);
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write(QByteArray(1000, 'x')) == 1000);
-    old.close();
+    support::put_bytes(path, QByteArray(1000, 'x'));
     write();
-    EXPECT_EQ(written(), expected);
+    EXPECT_EQ(support::bytes_of(path), expected);
     EXPECT_EQ(statuses, (QStringList{u"出力開始"_s, u"出力終了"_s}));
     EXPECT_TRUE(host.shown.empty());
     EXPECT_EQ(tables.設定読込(u"losystem"_s, u"H_ph_exp_5"_s), tree.folder.path());
@@ -50,9 +39,9 @@ TEST_F(Csv, SaysNothingWhenCancelledAndNamesAFileThatCantBeWritten) {
     EXPECT_TRUE(statuses.isEmpty());
     QDir().mkpath(path + u"/held"_s);
     write();
-    ASSERT_EQ(host.shown.size(), 1U);
-    EXPECT_EQ(host.shown[0].text, u"このファイルは使用中です。一度閉じてから再度データー出力をしてください"_s);
-    EXPECT_EQ(host.shown[0].title, u"書き込みエラー"_s);
+    EXPECT_EQ(host.shown,
+        (std::vector<support::Shown>{{u"このファイルは使用中です。一度閉じてから再度データー出力をしてください"_s,
+            u"書き込みエラー"_s, platform::Buttons::Ok}}));
     EXPECT_EQ(statuses, QStringList{u"出力開始"_s});
 }
 
@@ -60,7 +49,7 @@ TEST_F(Csv, NamesTheCellsInWhichACharacterWasReplaced) {
     report.hyou(2, 0) = u"𠮷田"_s;
     report.hyou(2, 1) = u"한"_s;
     write();
-    EXPECT_TRUE(written().contains("\r\n?\x93\x63,12345\r\n"));
+    EXPECT_TRUE(support::bytes_of(path).contains("\r\n?\x93\x63,12345\r\n"));
     ASSERT_EQ(host.shown.size(), 1U);
     EXPECT_TRUE(host.shown[0].text.contains(u"2行 名「𠮷田」"_s)) << host.shown[0].text.toStdString();
     EXPECT_FALSE(host.shown[0].text.contains(u"한"_s)) << "hidden";

@@ -3,14 +3,9 @@
 #include "frame/error_list.h"
 #include "reports/company.h"
 #include "support/recording_shop.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "support/stored.h"
 
 namespace reports {
-
-namespace {
 
 struct Errform : Company {
     support::RecordingShop shop;
@@ -19,19 +14,17 @@ struct Errform : Company {
     QStringList shown(const QByteArray& file) {
         const QString path = frame::error_file_path(tree.settings);
         QDir().mkpath(QFileInfo(path).path());
-        QFile out(path);
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(file);
-        out.close();
+        support::put_bytes(path, file);
         form.Form_Load();
         return rows(form.hyou, 0);
     }
 };
 
-} // namespace
-
 TEST_F(Errform, EachLineIsARowWithoutItsQuotes) {
     const QString heading = u"エラー内容"_s;
+    form.Form_Load();
+    EXPECT_EQ(rows(form.hyou, 0), QStringList{heading}) << "without a file";
+    EXPECT_TRUE(host.shown.empty());
     const std::pair<QByteArray, QStringList> cases[] = {
         {"\"2004/10/05 9:00 一件目\"\n\"二件目\"\r\n", {heading, u"2004/10/05 9:00 一件目"_s, u"二件目"_s}},
         {" \"終わり\" ", {heading, u"終わり"_s}},
@@ -40,12 +33,6 @@ TEST_F(Errform, EachLineIsARowWithoutItsQuotes) {
     };
     for (const auto& [file, expected] : cases)
         EXPECT_EQ(shown(file), expected) << file.toStdString();
-}
-
-TEST_F(Errform, WithoutAFileTheHeadingStandsAlone) {
-    form.Form_Load();
-    EXPECT_EQ(rows(form.hyou, 0), QStringList{u"エラー内容"_s});
-    EXPECT_TRUE(host.shown.empty());
 }
 
 TEST_F(Errform, TheListIsPrintedOrLeft) {

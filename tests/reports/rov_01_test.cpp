@@ -2,6 +2,7 @@
 
 #include "base/keys.h"
 #include "reports/company.h"
+#include "support/fake_pages.h"
 #include "support/recording_shop.h"
 
 #include <QDir>
@@ -9,20 +10,9 @@
 
 namespace reports {
 
-namespace {
-
-class NoPages : public frame::Pages {
-public:
-    bool has(frame::Page) const override { return false; }
-    void show(frame::Page) override {}
-    void close(frame::Page) override {}
-    bool is_open(frame::Page) const override { return false; }
-    void unload_frame() override {}
-};
-
 /// The report screen over the small company, on 2004/10/5.
 struct Rov01 : Company {
-    NoPages pages;
+    support::FakePages pages;
     frame::mainform frame{session, pages};
     support::RecordingShop shop;
     std::optional<std::pair<int, int>> searched; ///< mode and element
@@ -31,8 +21,8 @@ struct Rov01 : Company {
 
     Rov01() {
         store::Database::open(store::comsys_path(tree.settings), store::Kind::Comsys)
-            .exec("insert into syain (システム番号, 社員番号, 社員名) values (1, 9, '山田'), (2, 10, '田中'), (4, 100, "
-                  "'木村')");
+            .exec("insert into syain (システム番号, 社員番号, 社員名) values"
+                  " (1, 9, '山田'), (2, 10, '田中'), (4, 100, '木村')");
         tables.設定書込(u"losystem"_s, u"プリンター１"_s, u"PDF"_s);
     }
     rov_01& open(int number) {
@@ -47,12 +37,6 @@ struct Rov01 : Company {
         return *form;
     }
     std::optional<Wish> wish() { return std::exchange(form->focus, std::nullopt); }
-    void show_eras() {
-        tree.settings.date_style = 1;
-        tree.settings.era_start[0] = 19890108;
-        tree.settings.era_end[0] = 99999999;
-        tree.settings.era_offset[0] = 1988;
-    }
     void type_employee(int element, const QString& number) {
         form->tancd_GotFocus(element);
         form->tancd_Change(element, number);
@@ -74,9 +58,7 @@ struct Rov01 : Company {
     }
 };
 
-constexpr Wish first_employee{Control::tancd, 0}, extract_stop{Control::botabox, 0}, no_box{Control::karibotan, 0};
-
-} // namespace
+constexpr Wish extract_stop{Control::botabox, 0};
 
 TEST_F(Rov01, EachReportHasItsConditionsAndItsFirstBox) {
     const struct {
@@ -84,17 +66,16 @@ TEST_F(Rov01, EachReportHasItsConditionsAndItsFirstBox) {
         QString title;
         Panels panels;
         std::array<QString, 2> ymd;
-        Wish first, after_extract, after_print;
+        Wish first;
     } cases[] = {
-        {1, u"社員一覧表"_s, {.pic_tantou = true}, {u"2004/10/1"_s, u"2004/10/31"_s}, first_employee, first_employee,
-            first_employee},
-        {2, u"勤務種類一覧表"_s, {}, {u"2004/10/5"_s, u"2004/10/5"_s}, extract_stop, no_box, no_box},
-        {3, u"勤務タイプ一覧表"_s, {}, {u"2004/10/5"_s, u"2004/10/5"_s}, extract_stop, no_box, no_box},
+        {1, u"社員一覧表"_s, {.pic_tantou = true}, {u"2004/10/1"_s, u"2004/10/31"_s}, {Control::tancd, 0}},
+        {2, u"勤務種類一覧表"_s, {}, {u"2004/10/5"_s, u"2004/10/5"_s}, extract_stop},
+        {3, u"勤務タイプ一覧表"_s, {}, {u"2004/10/5"_s, u"2004/10/5"_s}, extract_stop},
         {4, u"出勤明細一覧表"_s, {.Pic_yyyymm = true, .pic_tantou = true, .print_zero = true, .print_flg = true}, {},
-            {Control::yyyymm, 0}, {Control::yyyymm, 0}, {Control::yyyymm, 0}},
+            {Control::yyyymm, 0}},
         {5, u"勤務時間一覧表"_s, {.pic_ymd_t1 = true, .pic_tantou = true}, {u"2004/10/1"_s, u"2004/10/31"_s},
-            {Control::ymd, 0}, {Control::ymd, 0}, {Control::ymd, 0}},
-        {6, u"休暇出勤一覧表"_s, {}, {}, extract_stop, no_box, no_box},
+            {Control::ymd, 0}},
+        {6, u"休暇出勤一覧表"_s, {}, {}, extract_stop},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.number);
@@ -103,15 +84,16 @@ TEST_F(Rov01, EachReportHasItsConditionsAndItsFirstBox) {
         EXPECT_EQ(screen.panels(), c.panels);
         EXPECT_EQ(screen.report.conditions.ymd, c.ymd);
         EXPECT_EQ(wish(), c.first);
+        const Wish afterwards = c.first == extract_stop ? Wish{Control::karibotan, 0} : c.first;
         screen.botan_Click(1);
-        EXPECT_EQ(wish(), c.after_extract);
+        EXPECT_EQ(wish(), afterwards);
         EXPECT_GT(screen.report.hyou.Rows(), 1);
         const size_t jobs = shop.jobs.size();
         screen.botan_Click(2);
-        EXPECT_EQ(wish(), c.after_print);
+        EXPECT_EQ(wish(), afterwards);
         EXPECT_EQ(shop.jobs.size(), jobs + 1);
         screen.preview_Click();
-        EXPECT_EQ(wish(), c.after_print);
+        EXPECT_EQ(wish(), afterwards);
     }
     EXPECT_EQ(previews, 6);
 }
@@ -220,8 +202,14 @@ TEST_F(Rov01, ADateIsTypedInDigitsAndShownAsADate) {
     EXPECT_EQ(form->report.conditions.ymd[1], u"161031"_s);
 }
 
-TEST_F(Rov01, AMonthChosenOrTypedShowsItsDays) {
+TEST_F(Rov01, AnotherMonthChosenOrTypedShowsItsDays) {
+    work_in_october(1);
     const Sheet& days = open(4).report.hyou;
+    for (const int element : {0, 1})
+        type_employee(element, u"9"_s);
+    form->botan_Click(1);
+    leave_month(0, u"2004"_s);
+    EXPECT_EQ(days(1, 2), u"8:30"_s) << "a month left as it was keeps what was extracted";
     form->yyyymm_Click(1, 8);
     EXPECT_EQ(days(30, 0) + u'|' + days(31, 0), u"30|"_s);
     leave_month(1, u"8"_s);
@@ -239,40 +227,21 @@ TEST_F(Rov01, AMonthChosenOrTypedShowsItsDays) {
     EXPECT_EQ(wish(), (Wish{Control::yyyymm, 0}));
 }
 
-TEST_F(Rov01, AMonthLeftAsItWasKeepsWhatWasExtracted) {
-    work_in_october(1);
-    open(4);
-    for (const int element : {0, 1})
-        type_employee(element, u"9"_s);
-    form->botan_Click(1);
-    EXPECT_EQ(form->report.hyou(1, 2), u"8:30"_s);
-    leave_month(0, u"2004"_s);
-    EXPECT_EQ(form->report.hyou(1, 2), u"8:30"_s);
-    const auto extracted = rows(form->report.hyou, 0);
-    form->botan_Click(1);
-    EXPECT_EQ(rows(form->report.hyou, 0), extracted);
-}
-
-TEST_F(Rov01, TheEleventhClickOnThePictureShowsTheHeadings) {
-    open(1);
-    for (int click = 0; click < 10; ++click)
-        form->Image1_Click();
-    EXPECT_FALSE(form->pic_msg);
-    form->Image1_Click();
-    EXPECT_TRUE(form->pic_msg);
-    EXPECT_FALSE(open(1).pic_msg);
-}
-
-TEST_F(Rov01, TheHeadingPictureIsThatOfTheReportIfItIsThere) {
+TEST_F(Rov01, TheHeadingPictureShowsTheHeadingsOnTheEleventhClick) {
     EXPECT_EQ(open(3).Image1, QString());
     const QString picture = frame::picture_folder(tree.settings) + u"mida_chou_003.bmp"_s;
     QDir().mkpath(QFileInfo(picture).path());
     QFile(picture).open(QIODevice::WriteOnly);
-    EXPECT_EQ(open(3).Image1, picture);
     EXPECT_EQ(open(4).Image1, QString());
+    EXPECT_EQ(open(3).Image1, picture);
+    for (int click = 1; click <= 11; ++click) {
+        form->Image1_Click();
+        EXPECT_EQ(form->pic_msg, click == 11) << click;
+    }
+    EXPECT_FALSE(open(3).pic_msg);
 }
 
-TEST_F(Rov01, TheKeyboardStopsExtractByEnter) {
+TEST_F(Rov01, TheKeyboardExtractsByEnterAndTheSheetIsWrittenAsAFile) {
     open(2);
     form->botabox_GotFocus();
     EXPECT_TRUE(form->extract_lit);
@@ -281,9 +250,15 @@ TEST_F(Rov01, TheKeyboardStopsExtractByEnter) {
     EXPECT_EQ(form->report.hyou(1, 1), u"普通"_s);
     form->botabox_LostFocus();
     EXPECT_FALSE(form->extract_lit);
+    host.paths = {tree.folder.filePath(u"list.csv"_s)};
+    form->csvex_Click();
+    EXPECT_EQ(form->jyoulab, u"出力終了"_s);
+    EXPECT_TRUE(QFile::exists(tree.folder.filePath(u"list.csv"_s)));
+    form->botan_Click(2);
+    EXPECT_EQ(form->jyoulab, QString());
 }
 
-TEST_F(Rov01, CancellingContinuousPrintingLeavesTheLastEmployeeWhole) {
+TEST_F(Rov01, CancellingContinuousPrintingStopsItAndTakesNoOtherInput) {
     work_in_october(2);
     open(4);
     form->print_zero_Click(true);
@@ -304,27 +279,12 @@ TEST_F(Rov01, CancellingContinuousPrintingLeavesTheLastEmployeeWhole) {
     form->botan_Click(1);
     EXPECT_EQ(shop.jobs.size(), 3U);
     EXPECT_EQ(form->msg_tai, QString());
-}
+    EXPECT_TRUE(host.shown.empty());
 
-TEST_F(Rov01, APrinterThatIsGoneIsToldOnceAndNobodyElseIsPrinted) {
     shop.printers.clear();
-    open(4);
-    form->print_zero_Click(true);
-    form->print_flg_Click(true);
     form->botan_Click(1);
-    EXPECT_EQ(host.shown.size(), 1U);
+    EXPECT_EQ(host.shown.size(), 1U) << "a printer that is gone is told once";
     EXPECT_EQ(form->msg_tai, u"中止しました"_s);
-}
-
-TEST_F(Rov01, TheSheetIsWrittenAsAFile) {
-    open(2);
-    form->botan_Click(1);
-    host.paths = {tree.folder.filePath(u"list.csv"_s)};
-    form->csvex_Click();
-    EXPECT_EQ(form->jyoulab, u"出力終了"_s);
-    EXPECT_TRUE(QFile::exists(tree.folder.filePath(u"list.csv"_s)));
-    form->botan_Click(2);
-    EXPECT_EQ(form->jyoulab, QString());
 }
 
 } // namespace reports

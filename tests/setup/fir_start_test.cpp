@@ -9,8 +9,6 @@
 
 namespace setup {
 
-namespace {
-
 class FirstStart : public Company {
 protected:
     QTemporaryDir programs;
@@ -39,8 +37,6 @@ protected:
                rows("select * from kintype") + rows("select * from syainkinmu") + rows("select * from kyutype");
     }
 };
-
-} // namespace
 
 TEST_F(FirstStart, SeedsACompleteWorkingRuleForTheCompanyWideStaff) {
     add_staff();
@@ -72,17 +68,16 @@ TEST_F(FirstStart, ASecondUseGivesNewNumbers) {
 
 TEST_F(FirstStart, WithoutACompanyWideStaffTheMastersAreStillComplete) {
     add_masters();
-    loaded().botan_Click();
-    EXPECT_EQ(rows("select * from syain") + rows("select * from syainkinmu"), QStringList());
-    EXPECT_EQ(rows("select count(*) from kintype"), QStringList{u"21"_s});
-}
-
-TEST_F(FirstStart, AStaffThatIsNotThereLeavesTheEmployeesAndTheyGetTheType) {
-    add_masters();
-    auto database = rovdata();
-    plant(database, Seed{std::nullopt, {8, 9, 10}, 3, {1, 2, 3, 4, 5, 6}}, Bands{});
+    {
+        auto database = rovdata();
+        plant(database, Seed{std::nullopt, {8, 9, 10}, 3, {1, 2, 3, 4, 5, 6}}, Bands{});
+    }
     EXPECT_EQ(rows("select システム番号, 社員名 from syain") + rows("select * from syainkinmu"),
-        QStringList({u"1|旧"_s, u"1|3"_s}));
+        QStringList({u"1|旧"_s, u"1|3"_s}))
+        << "a staff that isn't there leaves the employees";
+    loaded().botan_Click();
+    EXPECT_EQ(rows("select * from syain") + rows("select * from syainkinmu"), QStringList()) << "an empty one doesn't";
+    EXPECT_EQ(rows("select count(*) from kintype"), QStringList{u"21"_s});
 }
 
 TEST_F(FirstStart, AFailureLeavesTheMastersAsTheyWereAndTheWindowOpen) {
@@ -125,22 +120,19 @@ TEST_F(FirstStart, TheFirstDayIsHeldWithinAMonthAndThePrinterIsThisPcs) {
 }
 
 TEST_F(FirstStart, ABoxShowsDigitsInHandAndTimeWhenLeft) {
-    struct Case {
-        QString typed, left;
-        int stored;
-    };
-    for (const Case& c : {Case{u"830"_s, u"8:30"_s, 830}, {u"8:30"_s, u"8:30"_s, 830}, {u"5"_s, u"0:05"_s, 5},
-             {u"2530"_s, u"25:30"_s, 2530}, {u""_s, u""_s, 0}, {u"あ"_s, u"0:0あ"_s, 0}}) {
+    const std::tuple<QString, QString, int> cases[]{{u"830"_s, u"8:30"_s, 830}, {u"8:30"_s, u"8:30"_s, 830},
+        {u"5"_s, u"0:05"_s, 5}, {u"2530"_s, u"25:30"_s, 2530}, {u""_s, u""_s, 0}, {u"あ"_s, u"0:0あ"_s, 0}};
+    for (const auto& [typed, left, minutes] : cases) {
         fir_start form = loaded();
         const TimePlace place{TimeBox::st_time, 1};
         form.time_GotFocus(place);
         EXPECT_EQ(form.text(place), u"800"_s);
-        form.time_Change(place, c.typed);
+        form.time_Change(place, typed);
         form.time_LostFocus(place);
-        EXPECT_EQ(form.text(place), c.left);
+        EXPECT_EQ(form.text(place), left);
         form.botan_Click();
-        EXPECT_EQ(rows("select distinct 開始時間 from kintype where 連番=2"), QStringList{QString::number(c.stored)})
-            << c.typed.toStdString();
+        EXPECT_EQ(rows("select distinct 開始時間 from kintype where 連番=2"), QStringList{QString::number(minutes)})
+            << typed.toStdString();
     }
 }
 

@@ -131,7 +131,7 @@ TEST_F(Rov01Page, TheSearchIsWalkedByKeysAndGoesWithItsScreen) {
 
     QTest::keyClick(&search_from(1), Qt::Key_Escape);
     EXPECT_EQ(page().conditions().tancd(1)->text(), QString()) << "left without a choice";
-    store::Database::open(store::comsys_path(company.settings), store::Kind::Comsys)
+    store::Database::open(store::comsys_path(settings), store::Kind::Comsys)
         .exec("insert into syain (システム番号, 社員名) values (0, '全体')");
     ui::ken_mst_dialog& whole = search_from(0);
     click(whole.botan(1));
