@@ -189,9 +189,22 @@ TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSight) {
     choose_employee(1);
     for (int i = 0; i < 20; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        EXPECT_FALSE(controls.hyou->isAncestorOf(QApplication::focusWidget()));
+        EXPECT_FALSE(controls.hyou->viewport()->isAncestorOf(QApplication::focusWidget()));
         EXPECT_NE(QApplication::focusWidget(), controls.toubotan);
     }
+}
+
+TEST_F(EntryPage, ADayIsTypedWithTheKeyboardAlone) {
+    choose_employee(1);
+    controls.hyou_syain->setFocus();
+    const auto tab = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); };
+    tab();
+    ASSERT_TRUE(controls.hyou->hasFocus()) << "not the counts, which take digits too";
+    type(u"8 30 Enter 1715"_s);
+    EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
+    tab();
+    EXPECT_EQ(cell(1, clock_out), u"17:15"_s);
+    EXPECT_TRUE(controls.hyou_day->hasFocus());
 }
 
 TEST_F(EntryPage, TheWheelOverASelectorChoosesNoOtherMonth) {
