@@ -88,7 +88,6 @@ ent_rovena_controls::ent_rovena_controls(QWidget& page, entry::ent_rovena& form,
       kyuflg(radio_group(*left, entry::ent_rovena::kyuflg_captions)),
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
       imghelp(new PictureButton(pictures, help_button, left)), toubotan(new QWidget(left)) {
-    hyou->setFocusPolicy(Qt::ClickFocus);
     syalab->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
     toubotan->setFocusPolicy(Qt::ClickFocus);
@@ -119,7 +118,7 @@ void ent_rovena_controls::fill_left_column() {
 }
 
 void ent_rovena_controls::order_by_tab() {
-    QWidget* const order[] = {ym[0], ym[1], sortlist->button(0), sortlist->button(1), hyou_syain, hyou_day,
+    QWidget* const order[] = {ym[0], ym[1], sortlist->button(0), sortlist->button(1), hyou_syain, hyou, hyou_day,
         kyuflg->button(0), kyuflg->button(1), botan[1], botan[0], imghelp};
     for (std::size_t i = 1; i < std::size(order); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);

@@ -45,6 +45,9 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     setWindowTitle(entry::ent_rovena::caption.toString());
     for (const QString& item : m_form.editors.kyucom.items)
         m_kyucom->addItem(entry::kind_parts(item).name);
+    // Out of a cell Tab goes where it would go from the sheet.
+    setTabOrder(m_controls.hyou, m_atai);
+    setTabOrder(m_atai, m_kyucom);
     connect_selectors();
     connect_lists();
     connect_sheet();
@@ -107,6 +110,15 @@ void ent_rovena_page::connect_sheet() {
     const auto clicked = [this, &hyou] { act([&] { m_form.hyou_Click({hyou.Row(), hyou.Col()}); }); };
     connect(m_controls.hyou, &GridView::cell_clicked, this, clicked);
     connect(m_controls.hyou, &GridView::edge_clicked, this, clicked);
+    connect(m_controls.hyou, &GridView::key_pressed, this, [this, clicked](int key, const QString& text) {
+        if (key_character(key, text) == 0)
+            return;
+        clicked();
+        if (m_atai->hasFocus()) {
+            QKeyEvent typed(QEvent::KeyPress, key, Qt::NoModifier, text);
+            QCoreApplication::sendEvent(m_atai, &typed);
+        }
+    });
     connect(m_controls.hyou, &GridView::scrolled, this, [this, &hyou] {
         m_form.hyou_Scroll(
             hyou.TopRow(), hyou.LeftCol(), m_controls.hyou->view_width(), m_controls.hyou->view_height());

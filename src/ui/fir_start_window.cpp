@@ -87,14 +87,14 @@ fir_start_window::fir_start_window(frame::Session& session, const QString& progr
     m_form.Form_Load();
     setWindowTitle(Form::caption.toString());
     setWindowIcon(QIcon(frame::program_icon_path(session.settings)));
+    auto* work = new QVBoxLayout;
+    work->setContentsMargins(margin, air, margin, air);
+    work->setSpacing(air);
+    work->addWidget(make_times()); // made in the order that Tab goes through them
     auto* below = new QHBoxLayout;
     below->setSpacing(margin);
     below->addWidget(make_first_day(), 1);
     below->addWidget(make_printer(), 1);
-    auto* work = new QVBoxLayout;
-    work->setContentsMargins(margin, air, margin, air);
-    work->setSpacing(air);
-    work->addWidget(make_times());
     work->addLayout(below);
     work->addLayout(make_foot());
     auto* column = new QVBoxLayout(this);

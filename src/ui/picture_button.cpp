@@ -16,9 +16,11 @@ constexpr int focus_radius = 6;
 
 void draw_focus(QPainter& painter, QRect button) {
     painter.setRenderHint(QPainter::Antialiasing);
+    const QRect ring = button.adjusted(focus_inset, focus_inset, -focus_inset, -focus_inset);
+    painter.setPen(QPen(QColor::fromRgb(colours::ground), 1.5)); // seen on the dark buttons, the dots on the light ones
+    painter.drawRoundedRect(ring, focus_radius, focus_radius);
     painter.setPen(QPen(QColor::fromRgb(colours::accent), 1.5, Qt::DotLine));
-    painter.drawRoundedRect(
-        button.adjusted(focus_inset, focus_inset, -focus_inset, -focus_inset), focus_radius, focus_radius);
+    painter.drawRoundedRect(ring, focus_radius, focus_radius);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -20,6 +21,7 @@ using namespace base;
 namespace {
 
 constexpr QSize usual_size(900, 760);
+constexpr QSize frame_around(16, 56);  ///< what the desktop puts around a window, its title among it
 constexpr QSize ground_around(16, 16); ///< stays in view beside a page that is shown whole
 constexpr double zoom_step = 1.25;
 constexpr double smallest_zoom = 0.25;
@@ -31,7 +33,7 @@ public:
         const reports::Pages& pages, reports::Offset offset, reports::Orientation orientation, QWidget* parent)
         : QDialog(parent), m_count(int(pages.size())), m_view(new PrintPageView(pages, offset, orientation)) {
         setWindowTitle(u"印刷プレビュー"_s);
-        resize(usual_size);
+        resize(usual_size.boundedTo(screen()->availableSize() - frame_around));
         m_scroll->setWidget(m_view);
         m_scroll->setAlignment(Qt::AlignCenter);
         m_scroll->setBackgroundRole(QPalette::Mid);

@@ -105,7 +105,10 @@ std::optional<QString> QtHost::save_path(const platform::SaveDialog& record) {
 }
 
 bool QtHost::open_document(const QString& address) {
-    return QDesktopServices::openUrl(QUrl::fromUserInput(address));
+    QUrl url = QUrl::fromUserInput(address);
+    if (url.scheme() == u"file"_s && url.host() == u"localhost"_s)
+        url.setHost({}); // several desktops take "file://localhost/..." for the name of a file and open nothing
+    return QDesktopServices::openUrl(url);
 }
 
 bool QtHost::start_program(const QString& file, const QStringList& arguments) {

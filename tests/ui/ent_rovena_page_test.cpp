@@ -115,9 +115,21 @@ TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSight) {
     choose_employee();
     for (int i = 0; i < 20; ++i) {
         press(Qt::Key_Tab);
-        EXPECT_FALSE(controls.hyou->isAncestorOf(QApplication::focusWidget()));
+        EXPECT_FALSE(controls.hyou->viewport()->isAncestorOf(QApplication::focusWidget()));
         EXPECT_NE(QApplication::focusWidget(), controls.toubotan);
     }
+}
+
+TEST_F(EntryPage, ADayIsTypedWithTheKeyboardAlone) {
+    choose_employee();
+    controls.hyou_syain->setFocus();
+    press(Qt::Key_Tab);
+    ASSERT_TRUE(controls.hyou->hasFocus()) << "not the counts, which take digits too";
+    type(u"8 30 Enter 1715"_s);
+    EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(cell(1, clock_out), u"17:15"_s);
+    EXPECT_TRUE(controls.hyou_day->hasFocus());
 }
 
 TEST_F(EntryPage, TheOrderOfTheListIsKeptForTheNextTime) {

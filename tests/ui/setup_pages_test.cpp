@@ -33,6 +33,15 @@ struct BasicSettings : testing::Test, InstallTree {};
 
 } // namespace
 
+TEST_F(FirstStart, TabGoesThroughTheScreenFromTopToBottom) {
+    box(TimeBox::kyu_time, 2).setFocus();
+    for (const QWidget* next : {static_cast<QWidget*>(window().first_day()), window().findChild<QWidget*>(u"prconb"_s),
+             static_cast<QWidget*>(window().botan())}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), next);
+    }
+}
+
 TEST_F(FirstStart, AWindowThatIsClosedLeadsToTheMainFrameAllTheSame) {
     EXPECT_TRUE(window().close());
     ui::Program second(host, programs);
