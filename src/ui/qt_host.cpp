@@ -97,6 +97,9 @@ std::optional<QString> QtHost::save_path(const platform::SaveDialog& record) {
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setDefaultSuffix(record.extension);
     dialog.setNameFilters(name_filters(record.filter));
+    dialog.setLabelText(QFileDialog::LookIn, u"場所"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"ファイル名"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"種類"_s);
     dialog.setLabelText(QFileDialog::Accept, u"保存"_s);
     dialog.setLabelText(QFileDialog::Reject, cancel.text.toString());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
