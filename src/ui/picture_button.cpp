@@ -3,6 +3,7 @@
 #include "platform/file_error.h"
 #include "ui/colours.h"
 
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -39,7 +40,9 @@ PictureButton::PictureButton(const QString& folder, const frame::Button& button,
 }
 
 PictureButton::PictureButton(const QString& folder, const QString& up, const QString& pressed, QWidget* parent)
-    : QAbstractButton(parent), m_up(load_picture(folder + up)), m_pressed(load_picture(folder + pressed)) {
+    : QAbstractButton(parent), m_up(load_picture(folder + up)), m_pressed_path(folder + pressed) {
+    if (!QFileInfo(m_pressed_path).isFile())
+        throw platform::FileError(m_pressed_path);
     setFocusPolicy(Qt::TabFocus);
     setFixedSize(sizeHint());
 }
@@ -48,11 +51,18 @@ QSize PictureButton::sizeHint() const {
     return m_up.deviceIndependentSize().toSize();
 }
 
+/// A picture that was taken away meanwhile is no reason to end the program.
+const QPixmap& PictureButton::pressed_picture() {
+    if (m_pressed.isNull() && m_pressed.load(m_pressed_path))
+        m_pressed.setDevicePixelRatio(pixels_a_point);
+    return m_pressed.isNull() ? m_up : m_pressed;
+}
+
 void PictureButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(isEnabled() ? 1 : 0.45);
-    painter.drawPixmap(rect(), isDown() ? m_pressed : m_up);
+    painter.drawPixmap(rect(), isDown() ? pressed_picture() : m_up);
     if (hasFocus() && m_reached_by_key)
         draw_focus(painter, rect());
 }

@@ -14,7 +14,8 @@ namespace ui {
 class PictureButton : public QAbstractButton {
     Q_OBJECT
 public:
-    /// `folder` ends in "/". Throws platform::FileError if a picture isn't there.
+    /// `folder` ends in "/". Throws platform::FileError if a picture isn't there. The pressed one is read when the
+    /// button is first pressed: most never are.
     PictureButton(const QString& folder, const frame::Button& button, QWidget* parent = nullptr);
     PictureButton(const QString& folder, const QString& up, const QString& pressed, QWidget* parent = nullptr);
 
@@ -27,9 +28,12 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    const QPixmap& pressed_picture();
+
     bool m_reached_by_key = false; ///< the focus shows only where a person looks for it
     QPixmap m_up;
-    QPixmap m_pressed;
+    QString m_pressed_path;
+    QPixmap m_pressed; ///< null until it was needed
 };
 
 /// A picture that is drawn at twice its size on the screen. Throws platform::FileError if it isn't there.

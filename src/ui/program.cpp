@@ -60,8 +60,7 @@ void read_pictures_ahead(const frame::Settings& settings) {
     const QPixmap splash(frame::splash_path(settings));
     const QString folder = frame::picture_folder(settings);
     for (const frame::Button& button : frame::midasi_buttons())
-        for (const QStringView picture : {button.up, button.pressed})
-            const QPixmap read(folder + picture.toString());
+        const QPixmap read(folder + button.up.toString());
 }
 
 } // namespace
