@@ -10,10 +10,12 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QTimer>
+#include <QTranslator>
 #include <QUrl>
 #include <array>
 #include <span>
@@ -57,6 +59,14 @@ Box box_for(Buttons buttons) {
     Q_UNREACHABLE();
 }
 
+/// Qt's own file dialog has texts of its own. They are read when it first opens: the start needs none of them. Where
+/// the desktop has no translation of Qt, they stay English.
+void speak_japanese() {
+    static QTranslator texts;
+    if (texts.isEmpty() && texts.load(u"qtbase_ja"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&texts);
+}
+
 } // namespace
 
 Answer QtHost::ask(const QString& text, const QString& title, Buttons buttons) {
@@ -92,6 +102,7 @@ QStringList name_filters(const QString& filter) {
 }
 
 std::optional<QString> QtHost::save_path(const platform::SaveDialog& record) {
+    speak_japanese();
     QFileDialog dialog(QApplication::activeWindow(), record.title, platform::portable(record.folder));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
