@@ -69,14 +69,6 @@ void add_strip_column(Sheet& hyou_day, const QString& name, const QString& key) 
     hyou_day(detail::strip_key, col) = key;
 }
 
-QHash<qint64, QString> category_names(store::Database& rovdata) {
-    QHash<qint64, QString> names;
-    auto query = rovdata.prepare("select システム番号, 種類名 from kinsyu");
-    while (query.step())
-        names.insert(query.row().number(0), Trim(query.row().text(1)));
-    return names;
-}
-
 } // namespace
 
 DetailReader::DetailReader(const frame::Session& session, const CompanyMonth& month)

@@ -3,6 +3,7 @@
 #include "base/era.h"
 #include "base/literals.h"
 #include "base/numbers.h"
+#include "base/text.h"
 #include "base/time.h"
 #include "store/files.h"
 
@@ -73,6 +74,14 @@ void sort_employees(Sheet& hyou, const frame::Session& session, int key_col, int
 
 store::Database open_rovdata(const frame::Session& session) {
     return store::Database::open(store::rovdata_path(session.settings), store::Kind::Rovdata);
+}
+
+QHash<qint64, QString> category_names(store::Database& rovdata) {
+    QHash<qint64, QString> names;
+    auto query = rovdata.prepare("select システム番号, 種類名 from kinsyu");
+    while (query.step())
+        names.insert(query.row().number(0), Trim(query.row().text(1)));
+    return names;
 }
 
 QString without_zero(const QString& time_text) {

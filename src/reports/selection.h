@@ -48,6 +48,9 @@ void sort_employees(base::Sheet& hyou, const frame::Session& session, int key_co
 
 store::Database open_rovdata(const frame::Session& session);
 
+/// The names of the work categories by system number, looked up once a tally.
+QHash<qint64, QString> category_names(store::Database& rovdata);
+
 /// What "0:00" shows as in a report: nothing.
 QString without_zero(const QString& time_text);
 

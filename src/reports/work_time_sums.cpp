@@ -35,14 +35,6 @@ OneDay day_of(const store::Row& row) {
     return day;
 }
 
-QHash<qint64, QString> category_names(store::Database& rovdata) {
-    QHash<qint64, QString> names;
-    auto query = rovdata.prepare("select システム番号, 種類名 from kinsyu");
-    while (query.step())
-        names.insert(query.row().number(0), Trim(query.row().text(1)));
-    return names;
-}
-
 } // namespace
 
 WorkTimeReader::WorkTimeReader(store::Database& rovdata, const EmployeeRange& employees, const DateRange& dates)

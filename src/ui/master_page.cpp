@@ -4,6 +4,7 @@
 #include "frame/help.h"
 #include "ui/colours.h"
 #include "ui/grid_view.h"
+#include "ui/page_parts.h"
 #include "ui/style.h"
 
 #include <QFrame>
@@ -31,22 +32,12 @@ constexpr frame::Button botan_buttons[] = {
 constexpr int order_at_foot[] = {1, 2, 0};
 constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
 
-QFrame* rule(QWidget* parent) {
-    auto* line = new QFrame(parent);
-    line->setFixedHeight(2);
-    line->setAutoFillBackground(true);
-    line->setPalette(QPalette(QColor::fromRgb(colours::accent)));
-    return line;
-}
-
 } // namespace
 
 MasterPage::MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent)
     : QWidget(parent), m_session(session), m_name(name), m_buttons(buttons), m_toubotan(new QWidget(this)),
       m_body(new QHBoxLayout) {
     setWindowTitle(name.caption.toString());
-    auto* heading = new QLabel(name.caption.toString(), this);
-    letter(*heading, Lettering::Heading);
     m_toubotan->setObjectName("toubotan");
     m_toubotan->setFocusPolicy(Qt::ClickFocus);
     m_toubotan->setFixedSize(1, 1);
@@ -55,8 +46,8 @@ MasterPage::MasterPage(frame::Session& session, MasterName name, MasterButtons b
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(page_margin, gap, page_margin, gap);
     column->setSpacing(gap);
-    column->addWidget(heading);
-    column->addWidget(rule(this));
+    column->addWidget(page_heading(name.caption, this));
+    column->addWidget(page_rule(this));
     column->addLayout(m_body, 1);
 }
 

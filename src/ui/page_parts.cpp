@@ -13,15 +13,15 @@ namespace {
 constexpr int page_margin = 12;
 constexpr int gap = 8;
 
-QFrame* rule(QWidget* parent) {
+} // namespace
+
+QWidget* page_rule(QWidget* parent) {
     auto* line = new QFrame(parent);
     line->setFixedHeight(2);
     line->setAutoFillBackground(true);
     line->setPalette(QPalette(QColor::fromRgb(colours::accent)));
     return line;
 }
-
-} // namespace
 
 PageParts lay_parts(QWidget& page) {
     const PageParts parts{new QHBoxLayout, new QVBoxLayout, new QHBoxLayout};
@@ -32,7 +32,7 @@ PageParts lay_parts(QWidget& page) {
     column->setContentsMargins(page_margin, gap, page_margin, gap);
     column->setSpacing(gap);
     column->addLayout(parts.head);
-    column->addWidget(rule(&page));
+    column->addWidget(page_rule(&page));
     column->addLayout(parts.body, 1);
     column->addLayout(parts.foot);
     return parts;

@@ -17,6 +17,9 @@ struct PageParts {
 /// Lays the parts into a page that has no layout yet.
 PageParts lay_parts(QWidget& page);
 
+/// The line below the heading.
+QWidget* page_rule(QWidget* parent);
+
 /// The title of a page as a heading.
 QWidget* page_heading(QStringView caption, QWidget* parent);
 
