@@ -115,11 +115,12 @@ Held::Held(Held&& other) noexcept
     : m_kind(other.m_kind), m_database(std::exchange(other.m_database, std::nullopt)), m_rows(std::move(other.m_rows)) {
 }
 
-/// While its locks stay, the engine empties its journal instead of removing it; a last transaction without them clears up.
+/// While its locks stay, the engine empties its journal instead of removing it; a last transaction without them clears
+/// up.
 Held::~Held() {
     if (m_database)
-        sqlite3_exec(
-            connection().engine, "pragma main.locking_mode=normal; begin immediate; rollback", nullptr, nullptr, nullptr);
+        sqlite3_exec(connection().engine, "pragma main.locking_mode=normal; begin immediate; rollback", nullptr,
+            nullptr, nullptr);
 }
 
 Connection& Held::connection() const {

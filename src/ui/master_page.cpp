@@ -7,7 +7,6 @@
 #include "ui/page_parts.h"
 #include "ui/style.h"
 
-#include <QFrame>
 #include <QScopeGuard>
 #include <QShowEvent>
 #include <QVBoxLayout>
