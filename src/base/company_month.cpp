@@ -6,13 +6,9 @@ namespace base {
 
 namespace {
 
-int row_from_start(int day, int days_in_first_month, int first_day) {
-    return day >= first_day ? day - first_day + 1 : day + days_in_first_month - first_day + 1;
-}
-
-QDate start_of(int year, int month, int start_day) {
-    const QDate calendar_month(year, month, 1);
-    return calendar_month.addDays(std::min(start_day, calendar_month.daysInMonth()) - 1);
+QDate start_of(QDate calendar_month, int start_day) {
+    const bool exists = start_day <= calendar_month.daysInMonth();
+    return exists ? calendar_month.addDays(start_day - 1) : calendar_month.addMonths(1);
 }
 
 } // namespace
@@ -24,14 +20,13 @@ int valid_first_day(qint64 day) {
 int period_row(int day, int days_in_first_month, int month_start_day) {
     if (month_start_day == 1 || day == total_row)
         return day;
-    return row_from_start(day, days_in_first_month, month_start_day);
+    return day >= month_start_day ? day - month_start_day + 1 : day + days_in_first_month - month_start_day + 1;
 }
 
-CompanyMonth::CompanyMonth(int year, int month, int month_start_day) : m_start_day(valid_first_day(month_start_day)) {
-    m_first = start_of(year, month, m_start_day);
-    const QDate next = QDate(year, month, 1).addMonths(1);
-    m_length = static_cast<int>(m_first.daysTo(start_of(next.year(), next.month(), m_start_day)));
-}
+CompanyMonth::CompanyMonth(int year, int month, int month_start_day)
+    : m_calendar_month(year, month, 1), m_start_day(valid_first_day(month_start_day)),
+      m_first(start_of(m_calendar_month, m_start_day)),
+      m_length(static_cast<int>(m_first.daysTo(start_of(m_calendar_month.addMonths(1), m_start_day)))) {}
 
 CompanyMonth CompanyMonth::of(QDate day, int month_start_day) {
     const CompanyMonth same(day.year(), day.month(), month_start_day);
@@ -46,7 +41,7 @@ QDate CompanyMonth::day(int row) const {
 }
 
 int CompanyMonth::start_key() const {
-    return date_number(m_first);
+    return month_key() * 100 + m_start_day;
 }
 
 int CompanyMonth::end_key() const {
@@ -58,7 +53,7 @@ int CompanyMonth::posting_key(int row) const {
     if (row == total_row)
         return total_key();
     const QDate date = day(row);
-    const bool crosses_the_year = date.isValid() && date.year() != m_first.year();
+    const bool crosses_the_year = date.isValid() && date.year() != m_calendar_month.year();
     return crosses_the_year ? date.day() + 8800 : date_number(date);
 }
 
@@ -68,8 +63,9 @@ std::optional<int> CompanyMonth::row_of_key(int key) const {
         return total_row;
     if (key < start_key() || key > end_key() || day < 1 || day > 31)
         return std::nullopt;
-    const int days_in_first_month = m_first.daysInMonth();
-    return key / 100 == month_key() ? day - m_first.day() + 1 : day + days_in_first_month - m_first.day() + 1;
+    // Without its start day, the first calendar month counts as if it ended on the day before it.
+    const int days_in_first_month = std::max(m_calendar_month.daysInMonth(), m_start_day - 1);
+    return period_row(day, days_in_first_month, m_start_day);
 }
 
 int date_number(QDate date) {

@@ -4,18 +4,32 @@
 
 using namespace base;
 
-TEST(CompanyMonth, EveryDayFrom1999To2040LiesInExactlyOneRowOfOneMonth) {
+TEST(CompanyMonth, EveryDayOf400YearsLiesInExactlyOneRowOfOneMonth) {
+    constexpr int first_year = 2000;
     for (int start = 1; start <= 31; ++start) {
-        QDate expected = CompanyMonth(1999, 1, start).first();
-        for (int n = 0; n < 42 * 12; ++n) {
-            const CompanyMonth month(1999 + n / 12, n % 12 + 1, start);
+        QDate expected = CompanyMonth(first_year, 1, start).first();
+        int end_key_before = 0;
+        for (int n = 0; n < 400 * 12; ++n) {
+            const QDate calendar(first_year + n / 12, n % 12 + 1, 1);
+            const CompanyMonth month(calendar.year(), calendar.month(), start);
+            const bool exists = start <= calendar.daysInMonth();
             ASSERT_EQ(month.first(), expected) << "start day " << start;
-            ASSERT_GE(month.length(), 28);
-            ASSERT_LE(month.length(), 31);
+            ASSERT_EQ(month.first(), exists ? calendar.addDays(start - 1) : calendar.addMonths(1));
+            ASSERT_EQ(month.month_key(), calendar.year() * 100 + calendar.month());
+            ASSERT_TRUE(28 <= month.length() && month.length() <= 31);
+            ASSERT_GT(month.start_key(), end_key_before) << "no key is of two months";
+            ASSERT_LE(month.start_key(), date_number(month.first()));
+            ASSERT_GE(end_key_before = month.end_key(), date_number(month.last()));
+            for (const QDate day : {month.first(), month.last()})
+                ASSERT_EQ(CompanyMonth::of(day, start).month_key(), month.month_key());
+            int agreeing = 0;
             for (int row = 1; row <= month.length(); ++row) {
-                ASSERT_EQ(month.row_of_key(date_number(month.day(row))), row);
-                ASSERT_EQ(CompanyMonth::of(month.day(row), start).month_key(), month.month_key());
+                const QDate day = month.day(row);
+                const int key = date_number(day), posted = month.posting_key(row);
+                const bool turned = n % 12 == 11 && day.month() == 1;
+                agreeing += month.row_of_key(key) == row && posted == (turned ? 8800 + day.day() : key);
             }
+            ASSERT_EQ(agreeing, month.length()) << month.month_key() << ", start day " << start;
             expected = month.last().addDays(1);
         }
     }
@@ -30,12 +44,23 @@ TEST(CompanyMonth, RowsFollowTheDayWhereTheFirstDayExists) {
     EXPECT_EQ(period_row(32, 31, 21), 32);
 }
 
-TEST(CompanyMonth, AMonthWithoutItsFirstDayStartsOnItsLastDay) {
-    const CompanyMonth february(2005, 2, 31);
-    EXPECT_EQ(february.first(), QDate(2005, 2, 28));
-    EXPECT_EQ(february.last(), QDate(2005, 3, 30));
-    EXPECT_EQ(february.row_of_key(20050328), 29) << "the 28th comes twice in this month";
-    EXPECT_EQ(CompanyMonth(2004, 2, 30).first(), QDate(2004, 2, 29));
+TEST(CompanyMonth, AMonthWithoutItsFirstDayStartsOnTheFirstOfTheNext) {
+    const struct {
+        int month;
+        QDate first, last;
+    } months[] = {{1, {2005, 1, 31}, {2005, 2, 28}}, {2, {2005, 3, 1}, {2005, 3, 30}},
+        {3, {2005, 3, 31}, {2005, 4, 30}}, {4, {2005, 5, 1}, {2005, 5, 30}}, {5, {2005, 5, 31}, {2005, 6, 30}}};
+    for (const auto& [month, first, last] : months) {
+        EXPECT_EQ(CompanyMonth(2005, month, 31).first(), first) << month;
+        EXPECT_EQ(CompanyMonth(2005, month, 31).last(), last) << month;
+    }
+    const CompanyMonth april(2005, 4, 31);
+    EXPECT_EQ(april.total_key(), 20050432) << "it keeps its own name";
+    EXPECT_EQ(april.row_of_key(20050432), total_row);
+    EXPECT_TRUE(april.start_key() <= april.total_key() && april.total_key() <= april.end_key());
+    EXPECT_EQ(april.row_of_key(20050430), std::nullopt);
+    EXPECT_EQ(CompanyMonth(2005, 2, 29).row_of_key(20050328), 28);
+    EXPECT_EQ(CompanyMonth(2004, 12, 31).posting_key(31), 8830);
 }
 
 TEST(CompanyMonth, PostingKeysAreDatesUntilTheYearTurns) {

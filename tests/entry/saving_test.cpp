@@ -103,7 +103,8 @@ TEST(ExchangeRows, DaysArePostedUnderTheirDateAndJanuaryOfACrossedYearUnderItsBa
         int month, start_day, row, key;
     };
     const Case cases[] = {{3, 1, 1, 20040301}, {3, 1, 31, 20040331}, {3, 21, 11, 20040331}, {3, 21, 16, 20040405},
-        {12, 21, 11, 20041231}, {12, 21, 16, 8805}, {2, 31, 1, 20040229}, {4, 31, 1, 20040430}, {4, 31, 2, 20040501}};
+        {12, 21, 11, 20041231}, {12, 21, 16, 8805}, {2, 31, 1, 20040301}, {3, 31, 31, 20040430}, {4, 31, 1, 20040501},
+        {11, 31, 30, 20041230}, {12, 31, 31, 8830}};
     for (const Case& c : cases) {
         MonthSheet sheet = month_sheet({}, c.month, c.start_day);
         sheet.mark(c.row) = u"1"_s;

@@ -91,6 +91,22 @@ TEST_F(AttendanceDetail, AMonthFromThe16thCrossesTheCalendarMonth) {
     EXPECT_EQ(cell(21, 7), u""_s) << "the leave of the 5th of October lies in the month before";
 }
 
+TEST_F(AttendanceDetail, AMonthWithoutItsFirstDayIsReadFromTheFirstOfTheNext) {
+    tree.settings.month_start_day = 31;
+    report.conditions.yyyymm = {u"2004"_s, u"4"_s};
+    exec("insert into rovmei values (2, 20040430, 100, 100, 1, 1, ''), (2, 20040501, 200, 200, 1, 1, ''),"
+         " (2, 20040530, 300, 300, 1, 1, ''), (2, 20040531, 400, 400, 1, 1, ''), (2, 20040432, 0, 0, 0, 700, '');"
+         "insert into kinjisyu values (2, 20040501, 11, 1), (2, 20040432, 11, 700);"
+         "insert into kyumei values (2, 20040501, 2, '公休', '0')");
+    choose_employees(u"2"_s, u"2"_s);
+    集計_出勤明細表(report, work);
+    EXPECT_EQ(row(report.hyou, 1), u"1|土|2:00|2:00|0:01|0:01||公休|0:01"_s);
+    EXPECT_EQ(row(report.hyou, 30), u"30|日|3:00|3:00|0:01|0:01|||"_s);
+    EXPECT_EQ(row(report.hyou, 31), u"||||||||"_s);
+    EXPECT_EQ(row(report.hyou, total_row), u"合計|||||7:00|||7:00"_s);
+    EXPECT_EQ(report.midasi[0], u"出勤明細一覧表  2004年 4月"_s);
+}
+
 TEST_F(AttendanceDetail, AShortMonthLeavesItsLastRowsEmptyAndNoMonthAllOfThem) {
     report.conditions.yyyymm = {u"2004"_s, u"2"_s};
     書式設定_出勤明細一覧(report, session);
