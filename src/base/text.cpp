@@ -51,6 +51,13 @@ int byte_length(QStringView text) {
     return bytes;
 }
 
+QString left_bytes(QStringView text, int bytes) {
+    qsizetype size = text.size();
+    while (byte_length(text.first(size)) > bytes)
+        --size;
+    return whole_left(text, int(size));
+}
+
 QString field_text(QStringView text) {
     constexpr int field_room = 255;
     return whole_left(text, field_room);

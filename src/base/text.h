@@ -29,6 +29,9 @@ QString whole_left(QStringView text, int length);
 ///   byte_length(u"8:30") // 4      byte_length(u"公休") // 4      byte_length(u"ｶﾅ") // 2
 int byte_length(QStringView text);
 
+/// As much of the text's beginning as has so many bytes in the Japanese code page: left_bytes(u"残業", 3) // "残"
+QString left_bytes(QStringView text, int bytes);
+
 /// The text as a field of the tables can hold it: at most 255 characters.
 QString field_text(QStringView text);
 

@@ -16,6 +16,7 @@ struct Step {
 constexpr Step steps[]{{2.1, 12}, {1.95, 11}, {1.8, 10}, {1.7, 9}, {1.6, 8}, {1.3, 7}, {1.1, 6}, {0.9, 5}};
 constexpr double plenty = 2.8;
 constexpr double smallest = 4;
+constexpr double mm_of_a_point = 25.4 / 72;
 
 } // namespace
 
@@ -28,6 +29,11 @@ double 文字サイズ決定(double 幅, double 位置, QStringView 文字列, d
         return 標準サイズ;
     const auto step = std::ranges::find_if(steps, [&](const Step& s) { return room >= s.room; });
     return step == std::end(steps) ? smallest : step->size;
+}
+
+QString cut_to_room(QStringView 文字列, double 幅) {
+    constexpr double half_width_of_smallest = smallest / 2 * mm_of_a_point;
+    return base::left_bytes(文字列, int(幅 / half_width_of_smallest));
 }
 
 double centred_inset(double 幅, QStringView 文字列) {

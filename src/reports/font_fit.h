@@ -3,7 +3,7 @@
 // How large a text is printed so that it fits its column. Widths are reckoned in half-width characters: a full-width
 // one is two of them.
 
-#include <QStringView>
+#include <QString>
 
 namespace reports {
 
@@ -14,6 +14,9 @@ inline constexpr double half_width = 1.65;  ///< mm that centring reckons for a 
 /// The size for a text that begins `位置` mm right of the left edge of a column of `幅` mm. 0 for an empty text.
 /// `標準サイズ` is what a text with plenty of room gets; it may be smaller than what one with less room gets.
 double 文字サイズ決定(double 幅, double 位置, QStringView 文字列, double 標準サイズ);
+
+/// The beginning of the text that `幅` mm have room for in the smallest letters there are.
+QString cut_to_room(QStringView 文字列, double 幅);
 
 /// The left inset that centres the text in a column of `幅` mm; below 0 for a text that is wider.
 double centred_inset(double 幅, QStringView 文字列);

@@ -41,21 +41,13 @@ void add_heading(Page& page, const Report& report, QDate today, int number) {
     add_text(page, digits(number) + u"　ページ"_s, heading_size, 16, 183);
 }
 
-/// As much of the text as has room for so many half-width characters.
-QString first_line(const QString& text, int room) {
-    qsizetype size = text.size();
-    while (byte_length(QStringView(text).first(size)) > room)
-        --size;
-    return whole_left(text, int(size));
-}
-
 /// The messages below the heading row; what is too long for one line goes on in the next.
 QStringList message_lines(const Sheet& hyou, int room) {
     QStringList lines;
     for (int row = 1; row < hyou.Rows(); ++row) {
         QString message = Trim(hyou(row, 0));
         do {
-            lines << first_line(message, room);
+            lines << left_bytes(message, room);
             message.remove(0, lines.back().size());
         } while (!message.isEmpty());
     }

@@ -38,7 +38,12 @@ void add_text(Page& page, const QString& text, double size, double y, double x);
 /// Puts a text of the person's on the page, in letters small enough for the column.
 void add_fitted(Page& page, const QString& text, double y, double left, double width, double inset);
 
-/// Puts a cell on the page by the rule of its column, which begins at `left`.
+/// Puts a text into the middle of its column, in letters of this size or, where the column is too narrow for them, in
+/// letters small enough.
+void add_centred(Page& page, const QString& text, double size, double y, double left, double width);
+
+/// Puts a cell on the page by the rule of its column, which begins at `left`. A figure that is longer than the column
+/// keeps of a cell stands whole, in letters small enough.
 void add_cell(Page& page, const 印刷項目& column, const QString& cell, double y, double left);
 
 void add_rectangle(Page& page, double left, double top, double right, double bottom, int width);

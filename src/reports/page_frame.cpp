@@ -11,16 +11,11 @@ using namespace base;
 
 namespace {
 
-/// A heading that the column is too narrow for would run into the next one, so it is made smaller as cells are.
+/// A heading that the column is too narrow for would run into the next one, so it is made smaller as cells are, and cut
+/// where the smallest letters have no room.
 void add_heading(Page& page, const PlacedColumn& column, double y) {
     const double width = column.item.項目幅;
-    const QString& text = column.item.項目名;
-    const double inset = centred_inset(width, text);
-    if (inset >= 0)
-        return add_text(page, text, heading_size, y, column.left + inset);
-    const double size = 文字サイズ決定(width, 0, text, heading_size);
-    const double small_width = width - (width - 2 * inset) * size / heading_size;
-    add_text(page, text, size, y, column.left + small_width / 2);
+    add_centred(page, cut_to_room(column.item.項目名, width), heading_size, y, column.left, width);
 }
 
 bool has_line(const PageConstants& table, const PlacedColumns& columns, int col, LineRoom room) {

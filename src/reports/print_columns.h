@@ -19,7 +19,7 @@ enum class CellKind : char16_t {
 struct 印刷項目 {
     QString 項目名; ///< heading above the column
     CellKind 項目種別 = CellKind::None;
-    int 項目桁数 = 0;                     ///< characters kept of a cell; 0: the column isn't printed
+    int 項目桁数 = 0;                     ///< characters kept of a text; 0: the column isn't printed
     QString 項目書式;                     ///< "####": a whole number, 0 as blank; empty or "@": the cell as it stands
     double 項目幅 = 0;                    ///< mm; 0: the column takes no room
     std::optional<double> 項目位置 = 0.0; ///< left inset of the cell's text in mm; nothing: centred in the column

@@ -82,7 +82,9 @@ void add_further_frame(Page& page, const WorkTimeSheet& sheet, const Slots& cols
     for (const int col : std::span(cols).subspan(identity.size())) {
         const PlacedColumn& column = sheet.column(col);
         const double inset = column.item.項目位置.value_or(0);
-        add_fitted(page, column.item.項目名, sheet.table.heading_y() + 1, column.left, column.item.項目幅, inset);
+        const double width = column.item.項目幅;
+        const QString heading = cut_to_room(column.item.項目名, width - inset);
+        add_fitted(page, heading, sheet.table.heading_y() + 1, column.left, width, inset);
     }
     for (int i = 1; i <= further_columns; ++i)
         add_vertical_line(page, sheet.table, first_line + i * pitch);

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "reports/font_fit.h"
+#include "reports/page_layouts.h"
 #include "support/recording_shop.h"
 #include "support/report_sheets.h"
 
@@ -60,9 +61,17 @@ TEST_F(Print, PagesAreAsTheyWereAgreed) {
     detail.hyou(1, 6) = u"とても長い備考を書いた日"_s;
     reports::Report list = work_time_list(32, 2);
     list.hyou(0, 20) = u"深夜残業休日手当"_s;
+    reports::Report company = work_time_list(11, 4);
+    company.hyou(0, 10) = u"Overtime on a public holiday"_s;
+    for (int row = 2; const QStringView figures :
+         {u"|999:59", u"99|1000:00", u"100|12345:30", u"12345|160000:00", u"総数|八十時間と三十分"}) {
+        company.hyou(row, 0) = figures.split(u'|')[0].toString();
+        company.hyou(row++, 7) = figures.split(u'|')[1].toString();
+    }
     const std::pair<QStringView, reports::Report> cases[]{{u"1_employees", employees},
         {u"2_work_categories", work_category_list()}, {u"3_work_types", work_type_list()},
-        {u"4_attendance_detail", detail}, {u"5_work_time_list", list}, {u"6_leave", leave_list()}};
+        {u"4_attendance_detail", detail}, {u"5_work_time_list", list}, {u"5_long_figures", company},
+        {u"6_leave", leave_list()}};
     for (const auto& [name, report] : cases)
         expect_golden(name.toString(), told(printed(report)));
 
@@ -100,6 +109,25 @@ TEST_F(Print, WorkCategoriesThatDontFitGoOnToASecondSheet) {
         EXPECT_FALSE(has(printed_pages.back(), category_name(last + 1))) << cols;
         EXPECT_TRUE(has(printed_pages.back(), u"(%1/%1ページ)"_s.arg(sheets)));
     }
+}
+
+TEST_F(Print, AHeadingStaysInItsColumnHoweverLongTheNameIs) {
+    constexpr double mm_of_a_point = 25.4 / 72;
+    for (const QStringView letter : {u"W", u"残"})
+        for (int length = 1; length <= 30; ++length) {
+            reports::Report list = work_time_list(18, 0);
+            const QString name = letter.toString().repeated(length);
+            list.hyou(0, 10) = list.hyou(0, 17) = name;
+            int headings = 0;
+            for (const reports::Page& page : reports::pages_of(list, {2004, 10, 5}))
+                for (const auto& [y, x, size, text] : page.texts)
+                    if (text.startsWith(letter)) {
+                        const double left = ++headings == 1 ? 184 : 83; // of column 10, of column 17 on its sheet
+                        EXPECT_GE(x, left);
+                        EXPECT_LE(x + byte_length(text) * size / 2 * mm_of_a_point, left + 14) << length;
+                    }
+            EXPECT_EQ(headings, 2) << length;
+        }
 }
 
 TEST_F(Print, DayBoxesGoOnInRowsOfNine) {
