@@ -29,6 +29,7 @@ void errform::表書式設定_エラーリスト() {
 
 void errform::Form_Load() {
     表書式設定_エラーリスト();
+    msg_tai.clear();
     QFile file(frame::error_file_path(m_session.settings));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return;
@@ -45,7 +46,12 @@ void errform::botan_Click(int element) {
     if (element == 0)
         close_wanted = true;
     else
-        帳票印刷_エラーリスト(hyou, {m_session, m_shop});
+        print_list();
+}
+
+void errform::print_list() {
+    const Printed printed = 帳票印刷_エラーリスト(hyou, {m_session, m_shop});
+    msg_tai = printed == Printed::Nothing ? no_pages.toString() : file_line(m_shop);
 }
 
 } // namespace reports

@@ -15,6 +15,7 @@ public:
     errform(frame::Session& session, PrintShop& shop) : m_session(session), m_shop(shop) {}
 
     base::Sheet hyou;
+    QString msg_tai; ///< how the last print ended
     bool close_wanted = false;
 
     void 表書式設定_エラーリスト();
@@ -24,6 +25,8 @@ public:
     void botan_Click(int element); ///< 0 leaves the screen, 1 prints the list
 
 private:
+    void print_list();
+
     frame::Session& m_session;
     PrintShop& m_shop;
 };

@@ -46,6 +46,11 @@ Printed print(const Report& report, frame::Session& session, PrintShop& shop) {
     return of_report ? of_report->procedure(report, {session, shop}) : Printed::Yes;
 }
 
+QString file_line(PrintShop& shop) {
+    const QString file = shop.take_file();
+    return file.isEmpty() ? file : u"ＰＤＦファイル："_s + file;
+}
+
 Layout layout_of(const Report& report) {
     const ReportPrint* of_report = print_of(report);
     return of_report ? of_report->layout : Layout::Lists;

@@ -11,6 +11,13 @@ namespace reports {
 /// message box and nothing is printed. A number other than 1 to 6 prints nothing.
 Printed print(const Report& report, frame::Session& session, PrintShop& shop);
 
+/// What is said where there is nothing to print.
+inline constexpr QStringView no_pages = u"印刷するページがありません。";
+
+/// Where the file lies that the shop has put out, for the line beside the buttons. It is said once; empty if there is
+/// none.
+QString file_line(PrintShop& shop);
+
 /// The layout of the report's pages; that of the lists for a number other than 1 to 6.
 Layout layout_of(const Report& report);
 

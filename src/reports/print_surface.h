@@ -55,6 +55,10 @@ public:
     /// at the end. A printer with paper isn't touched by it. Use ContinuousPrinting.
     virtual void begin_gathering() {}
     virtual void end_gathering() {}
+
+    /// The file that was put out last, in the platform's form; told once. Empty if there is none, as of a printer with
+    /// paper.
+    virtual QString take_file() { return {}; }
 };
 
 /// While it lives, many jobs follow each other; what was ended before it goes is put out, whatever made it go.

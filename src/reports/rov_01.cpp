@@ -10,6 +10,7 @@
 #include "reports/print.h"
 
 #include <QFile>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace reports {
@@ -83,6 +84,7 @@ void rov_01::set_dates(DateDefault dates) {
         report.conditions.ymd = {shown(day), shown(day)};
     if (dates == DateDefault::ThisMonth)
         report.conditions.ymd = {shown(first), shown(first.addMonths(1).addDays(-1))};
+    m_accepted_ymd = report.conditions.ymd;
 }
 
 void rov_01::fill_months() {
@@ -105,8 +107,14 @@ void rov_01::work(const std::function<void()>& of_the_button) {
     msg_tai.clear();
     to(Control::karibotan);
     m_session.host.yield();
+    const auto say_file = qScopeGuard([this] { say(file_line(m_shop)); });
     if (row())
         of_the_button();
+}
+
+/// Puts a word behind what `msg_tai` says.
+void rov_01::say(const QString& word) {
+    msg_tai += (msg_tai.isEmpty() || word.isEmpty() ? QString() : u"　"_s) + word;
 }
 
 void rov_01::botan_Click(int element) {
@@ -131,8 +139,7 @@ void rov_01::csvex_Click() {
 void rov_01::extract() {
     if (panels().Pic_yyyymm && !month_stands())
         return;
-    const bool whole = run_tally();
-    msg_tai = whole ? QString() : u"中止しました"_s;
+    say(run_tally());
     if (panels().Pic_yyyymm)
         to(Control::yyyymm, year_box);
     else if (panels().pic_ymd_t1)
@@ -141,19 +148,24 @@ void rov_01::extract() {
         to(Control::tancd);
 }
 
-/// False if the person cancelled, or an employee couldn't be printed: then the others aren't tried.
-bool rov_01::run_tally() {
+/// What there is to say of it. It ends early if the person cancels, and if an employee couldn't be printed: then the
+/// others aren't tried.
+QString rov_01::run_tally() {
     const frame::WorkLine::Running running(m_mainform.work, u"集計中"_s);
     const ContinuousPrinting jobs(m_shop);
-    Printed printed = Printed::Yes;
+    std::optional<Printed> printed; // of the last employee
+    const auto all_printed = [&] { return printed.value_or(Printed::Yes) == Printed::Yes; };
     Work work{m_session,
-        [&](qint64 done, qint64 total) { return m_mainform.work.advance(done, total) && printed == Printed::Yes; },
+        [&](qint64 done, qint64 total) { return m_mainform.work.advance(done, total) && all_printed(); },
         [&] { printed = print(report, m_session, m_shop); }};
-    return row()->tally(report, work) == Outcome::Done && printed == Printed::Yes;
+    if (row()->tally(report, work) == Outcome::Cancelled || !all_printed())
+        return u"中止しました"_s;
+    return report.conditions.print_flg && !printed ? no_pages.toString() : QString();
 }
 
 void rov_01::print_sheet() {
-    print(report, m_session, m_shop);
+    if (print(report, m_session, m_shop) == Printed::Nothing)
+        say(no_pages.toString());
     to_after_print();
 }
 

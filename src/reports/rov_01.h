@@ -49,7 +49,7 @@ public:
     bool pic_msg = false;      ///< whether the headings are in sight
     bool extract_lit = false;  ///< the extract button shows its "_b" picture
     QString jyoulab;           ///< how the text file stands
-    QString msg_tai;           ///< how the last extract or print ended
+    QString msg_tai;           ///< how the last extract or print ended, and where its file lies
     std::optional<Wish> focus; ///< where the keyboard should go next
     bool close_wanted = false;
     bool busy = false;
@@ -111,8 +111,9 @@ private:
     void to(Control control, int element = 0) { focus = Wish{control, element}; }
 
     void work(const std::function<void()>& of_the_button);
+    void say(const QString& word);
     void extract();
-    bool run_tally();
+    QString run_tally();
     void print_sheet();
     void to_after_print();
 
@@ -121,6 +122,7 @@ private:
     PrintShop& m_shop;
     Windows m_windows;
     int m_image_clicks = 0;
+    std::array<QString, 2> m_accepted_ymd; ///< the dates that `ymd` took last, as they are shown
 };
 
 } // namespace reports

@@ -85,13 +85,15 @@ void rov_01::ymd_GotFocus(int element) {
         text = 日付連結(text, era_years(m_session.settings, today()) ? YearForm::Era : YearForm::Western);
 }
 
-/// What makes no date leaves the box empty: a box without a date is seen, a "0" in it isn't understood.
+/// What makes no date puts back what the box held: an empty box would open the range without a word.
 void rov_01::ymd_LostFocus(int element) {
     if (free_text_dates())
         return;
     QString& text = report.conditions.ymd[element];
     const auto date = m_mainform.date_entry.日付簡単入力(text, common::Blank::TakesLastDate, today());
-    text = date.value_or(0) == 0 ? QString() : 日付表示変換(digits(*date), m_session.settings, today());
+    if (date.value_or(0) != 0)
+        m_accepted_ymd[element] = 日付表示変換(digits(*date), m_session.settings, today());
+    text = m_accepted_ymd[element];
 }
 
 bool rov_01::ymd_KeyDown(int element, int key_code, bool at_the_start) {

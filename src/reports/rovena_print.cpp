@@ -58,7 +58,10 @@ Printed print_pages(
     }
     const Offset offset = print_offset(surface->margin(), setting);
     place.session.host.yield();
-    for (const Page& page : make(place.session.host.now().date())) {
+    const Pages pages = make(place.session.host.now().date());
+    if (pages.empty())
+        return Printed::Nothing;
+    for (const Page& page : pages) {
         surface->new_page();
         paint(page, offset, *surface);
     }

@@ -10,6 +10,7 @@ namespace reports {
 
 enum class Printed {
     Yes,
+    Nothing,   ///< there is no page, so nothing was put out
     NoPrinter, ///< no printer of the name that is set; the person has been told
     Failed,    ///< the printer or the file failed; the person has been told
 };

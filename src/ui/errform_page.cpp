@@ -21,7 +21,7 @@ constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help
 
 errform_page::errform_page(frame::Session& session, QWidget* parent)
     : QWidget(parent), m_session(session), m_shop(session), m_form(session, m_shop),
-      m_hyou(master_grid(m_form.hyou, CursorStyle::Row, "hyou", this)) {
+      m_hyou(master_grid(m_form.hyou, CursorStyle::Row, "hyou", this)), m_msg_tai(long_note("msg_tai", this)) {
     setWindowTitle(reports::errform::caption.toString());
     const PageParts parts = lay_parts(*this);
     parts.head->addWidget(page_heading(reports::errform::caption, this));
@@ -32,7 +32,7 @@ errform_page::errform_page(frame::Session& session, QWidget* parent)
     }
     parts.foot->addWidget(
         make_button(help_button, [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"errform"_s); }));
-    parts.foot->addStretch();
+    parts.foot->addWidget(m_msg_tai, 1);
 }
 
 // The list refers to the form, so it goes before it.
@@ -48,6 +48,7 @@ PictureButton* errform_page::make_button(const frame::Button& button, std::funct
 
 void errform_page::press(int element) {
     m_form.botan_Click(element);
+    show_long_note(*m_msg_tai, m_form.msg_tai);
     if (m_form.close_wanted)
         Q_EMIT close_wanted();
 }
@@ -58,6 +59,7 @@ void errform_page::showEvent(QShowEvent* event) {
     if (event->spontaneous())
         return;
     m_form.Form_Load();
+    show_long_note(*m_msg_tai, m_form.msg_tai);
     m_hyou->refresh();
     m_hyou->setFocus();
 }

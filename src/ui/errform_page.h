@@ -7,6 +7,8 @@
 #include "ui/picture_button.h"
 #include "ui/print_shop.h"
 
+class QLabel;
+
 namespace ui {
 
 class errform_page : public QWidget {
@@ -34,6 +36,7 @@ private:
     DesktopPrintShop m_shop;
     reports::errform m_form;
     GridView* m_hyou;
+    QLabel* m_msg_tai;
     std::array<PictureButton*, 2> m_botan{};
 };
 

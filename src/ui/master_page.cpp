@@ -185,4 +185,20 @@ QLabel* master_note(QWidget* parent) {
     return label;
 }
 
+QLabel* long_note(const char* name, QWidget* parent) {
+    QLabel* label = master_note(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    return label;
+}
+
+void show_long_note(QLabel& note, QString text) {
+    constexpr QChar may_break_here = u'\u200b';
+    for (const QChar separator : {u'/', u'\\'})
+        text.replace(separator, QString(separator) + may_break_here);
+    note.setText(text);
+}
+
 } // namespace ui

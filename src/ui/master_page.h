@@ -94,5 +94,8 @@ void hold_width(GridView& grid);
 QLabel* master_label(QStringView text, QWidget* parent);
 /// A text that tells how things stand.
 QLabel* master_note(QWidget* parent);
+/// The same for a text as long as a path: it takes the room that its row has left, and goes on in a further line.
+QLabel* long_note(const char* name, QWidget* parent);
+void show_long_note(QLabel& note, QString text);
 
 } // namespace ui

@@ -121,7 +121,7 @@ private:
 bool preview(const reports::Report& report, frame::Session& session, reports::PrintShop& shop, QWidget* parent) {
     const reports::Pages pages = reports::pages_of(report, session.host.now().date());
     if (pages.empty()) {
-        session.host.tell(u"印刷するページがありません。"_s, u"印刷プレビュー"_s);
+        session.host.tell(reports::no_pages.toString(), u"印刷プレビュー"_s);
         return false;
     }
     const reports::Layout layout = reports::layout_of(report);

@@ -135,8 +135,8 @@ bool DesktopPrintShop::put_out(PdfFile& file) {
             u"ＰＤＦファイルを書き込めません。\n%1\n%2"_s.arg(reason(written.failure), path), trouble_title.toString());
         return false;
     }
-    if (!host.open_document(path))
-        host.tell(u"ＰＤＦファイルを作成しました。\n"_s + path, u"印刷"_s);
+    m_file = path;
+    host.open_document(path); // a desktop without a viewer often says that it opened it: the screen says where it lies
     return true;
 }
 

@@ -6,6 +6,8 @@
 #include "frame/session.h"
 #include "reports/print_surface.h"
 
+#include <utility>
+
 namespace ui {
 
 class PdfFile;
@@ -17,6 +19,7 @@ public:
     std::unique_ptr<reports::PrintSurface> open(const reports::PrintJob& job) override;
     void begin_gathering() override;
     void end_gathering() override;
+    QString take_file() override { return std::exchange(m_file, {}); }
 
 private:
     std::unique_ptr<reports::PrintSurface> open_pdf(const reports::PrintJob& job);
@@ -25,6 +28,7 @@ private:
     frame::Session& m_session;
     bool m_gathering = false;
     std::shared_ptr<PdfFile> m_gathered; ///< none before the first job
+    QString m_file;                      ///< the one put out last, until it was told
 };
 
 /// Where the PDF files of this PC lie, with "/".

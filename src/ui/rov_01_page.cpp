@@ -38,7 +38,8 @@ rov_01_page::rov_01_page(frame::Session& session, frame::mainform& main_form, QW
       m_Image1(new QLabel(this)), m_chulab(master_note(this)), m_pic_msg(new QWidget(this)),
       m_hyou(master_grid(m_form.report.hyou, CursorStyle::Row, "hyou", this)),
       m_hyou_day(master_grid(m_form.report.hyou_day, CursorStyle::Cell, "hyou_day", this)),
-      m_karibotan(new KeyStop({}, Qt::ClickFocus, this)), m_jyoulab(master_note(this)), m_msg_tai(master_note(this)) {
+      m_karibotan(new KeyStop({}, Qt::ClickFocus, this)), m_jyoulab(master_note(this)),
+      m_msg_tai(long_note("msg_tai", this)) {
     setWindowTitle(reports::rov_01::caption.toString());
     m_form.Form_Load();
     const PageParts parts = lay_parts(*this);
@@ -98,8 +99,7 @@ void rov_01_page::make_foot(QHBoxLayout* foot) {
         [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"rov_01"_s, m_form.report.帳票番号); }));
     foot->addWidget(m_karibotan);
     foot->addWidget(m_jyoulab);
-    foot->addWidget(m_msg_tai);
-    foot->addStretch();
+    foot->addWidget(m_msg_tai, 1);
 }
 
 PictureButton* rov_01_page::make_button(const frame::Button& button, std::function<void()> on_press) {
@@ -199,7 +199,7 @@ void rov_01_page::show_texts() {
     for (size_t i = 0; i < m_midasi.size(); ++i)
         m_midasi[i]->setText(m_form.report.midasi[i]);
     m_jyoulab->setText(m_form.jyoulab);
-    m_msg_tai->setText(m_form.msg_tai);
+    show_long_note(*m_msg_tai, m_form.msg_tai);
 }
 
 void rov_01_page::fit_sheets() {

@@ -41,6 +41,9 @@ TEST_F(Errform, TheListIsPrintedOrLeft) {
     form.botan_Click(1);
     ASSERT_EQ(shop.jobs.size(), 1U);
     EXPECT_FALSE(shop.jobs[0].pages.empty() || shop.jobs[0].pages[0].texts.filter(u"一件目"_s).isEmpty());
+    shown("");
+    form.botan_Click(1);
+    EXPECT_EQ(form.msg_tai, u"印刷するページがありません。"_s);
     EXPECT_FALSE(form.close_wanted);
     form.botan_Click(0);
     EXPECT_TRUE(form.close_wanted);

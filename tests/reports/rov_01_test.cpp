@@ -190,10 +190,12 @@ TEST_F(Rov01, ADateIsTypedInDigitsAndShownAsADate) {
     form->ymd_GotFocus(0);
     EXPECT_EQ(c.ymd[0], u"20041001"_s);
     for (const auto& [typed, shown] : {std::pair(u"20040923"_s, u"2004/9/23"_s), {u"1103"_s, u"2004/11/3"_s},
-             {u"1399"_s, QString()}, {QString(), u"2004/11/3"_s}}) {
+             {u"1399"_s, u"2004/11/3"_s}, {QString(), u"2004/11/3"_s}}) {
         leave_date(0, typed);
         EXPECT_EQ(c.ymd[0], shown) << typed.toStdString();
     }
+    leave_date(1, u"1332"_s);
+    EXPECT_EQ(c.ymd[1], u"2004/10/31"_s) << "a slip puts back what the box held, not what another one took";
     open(5);
     leave_date(1, QString());
     EXPECT_EQ(form->report.conditions.ymd[1], u"2004/11/3"_s) << "the last date counts on the next screen too";
@@ -285,6 +287,26 @@ TEST_F(Rov01, CancellingContinuousPrintingStopsItAndTakesNoOtherInput) {
     form->botan_Click(1);
     EXPECT_EQ(host.shown.size(), 1U) << "a printer that is gone is told once";
     EXPECT_EQ(form->msg_tai, u"中止しました"_s);
+}
+
+TEST_F(Rov01, PrintingNothingSaysSo) {
+    const QString nothing = u"印刷するページがありません。"_s;
+    open(1).botan_Click(2);
+    EXPECT_EQ(form->msg_tai, QString()) << "the form's empty row is printed";
+    exec("delete from syain");
+    form->botan_Click(1);
+    form->botan_Click(2);
+    EXPECT_EQ(form->msg_tai, nothing);
+
+    exec("insert into syain (システム番号, 社員番号, 社員名) values (1, 9, '山田')");
+    open(4).botan_Click(1);
+    EXPECT_EQ(form->msg_tai, QString()) << "nothing was to be printed";
+    form->print_flg_Click(true);
+    form->botan_Click(1);
+    EXPECT_EQ(form->msg_tai, nothing) << "nobody has worked in October";
+    form->print_zero_Click(true);
+    form->botan_Click(1);
+    EXPECT_EQ(form->msg_tai, QString());
 }
 
 } // namespace reports

@@ -186,6 +186,12 @@ TEST_F(Rov01Page, NothingIsCutOffAndTheScreenLeadsBackToItsMenu) {
         for (int report = 1; report <= 6; ++report) {
             open(report, size);
             click(page().botan(1));
+            click(page().botan(2));
+            const auto* line = page().findChild<QLabel*>(u"msg_tai"_s);
+            ASSERT_NE(line, nullptr);
+            const QString said = QString(line->text()).remove(u'\u200b');
+            EXPECT_EQ(said, u"ＰＤＦファイル："_s + host.opened.last()) << "where the file lies";
+            QCoreApplication::processEvents();
             for (const QWidget* part : page().findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
                 EXPECT_TRUE(!part->isVisible() || page().rect().contains(part->geometry())) << report;
             for (const QWidget* part : page().conditions().findChildren<QWidget*>())
@@ -205,6 +211,9 @@ TEST_F(Rov01Page, TheErrorListShowsWhatIsThereEachTimeItIsOpened) {
         window->pages().show(Page::errform);
         const auto& list = dynamic_cast<ui::errform_page&>(*window->pages().page(Page::errform));
         EXPECT_EQ(list.form().hyou.Rows(), 1 + lines);
+        EXPECT_EQ(list.findChild<QLabel*>(u"msg_tai"_s)->text(), QString());
+        click(list.botan(1));
+        EXPECT_TRUE(list.findChild<QLabel*>(u"msg_tai"_s)->text().contains(u"エラーリスト_"_s));
         click(list.botan(0));
         EXPECT_FALSE(window->pages().is_open(Page::errform));
     }
