@@ -31,6 +31,8 @@ void make_database(const File& file, const Options& options, const frame::Settin
     const QString path = file.path(settings);
     if (QFileInfo::exists(path))
         return say(u"kept   "_s + platform::native(path));
+    if (const QString journal = store::put_away_journal(path); !journal.isEmpty())
+        say(u"put away "_s + platform::native(journal));
     store::Database::create(path, file.kind, [&](store::Database& database) { deliver(database, file.kind, options); });
     say(u"made   "_s + platform::native(path));
 }

@@ -204,36 +204,24 @@ public:
     void put_in_place(const QDateTime& now, const Say& say) {
         if (!platform::open_files_can_move)
             m_present.reset();
-        if (QFileInfo::exists(m_path) || QFileInfo::exists(journal_of(m_path)))
+        if (QFileInfo::exists(m_path) || QFileInfo::exists(store::journal_of(m_path)))
             say(u"kept     "_s + platform::native(keep(now)));
         store::check_system(m_copy.place(platform::Durability::Disk, platform::Standing::GivesWay), m_path);
         say(u"restored "_s + platform::native(m_path));
     }
 
 private:
-    static QString journal_of(const QString& path) { return path + u"-journal"_s; }
-
     /// The present file gets a second name and loses its own to the copy, so that one of the two is always there. A
     /// journal that stayed would be played into the copy.
     QString keep(const QDateTime& now) const {
-        const QString kept = free_name(now);
-        QFile::rename(journal_of(m_path), journal_of(kept));
+        const QString kept = store::kept_name(m_path, now);
+        QFile::rename(store::journal_of(m_path), store::journal_of(kept));
         std::error_code failure;
         std::filesystem::create_hard_link(
             QFileInfo(m_path).filesystemFilePath(), QFileInfo(kept).filesystemFilePath(), failure);
         if (failure && QFileInfo::exists(m_path) && !QFile::rename(m_path, kept))
             throw Error(Code::ReadOnly, kept, {}, QString::fromLocal8Bit(failure.message()));
         return kept;
-    }
-
-    QString free_name(QDateTime time) const {
-        const QFileInfo file(m_path);
-        for (;; time = time.addSecs(1)) {
-            const QString name =
-                u"%1/%2-%3.mdb"_s.arg(file.path(), file.completeBaseName(), time.toString(u"yyyyMMdd-HHmmss"_s));
-            if (!QFileInfo::exists(name))
-                return name;
-        }
     }
 
     QString m_path;

@@ -1,5 +1,6 @@
 #include "platform/whole_file.h"
 #include "store/connection.h"
+#include "store/files.h"
 #include "store/key.h"
 #include "store/schema.h"
 
@@ -28,6 +29,15 @@ std::unique_ptr<Connection> define(const QString& path, Kind kind) {
 
 } // namespace
 
+QString put_away_journal(const QString& path) {
+    if (QFile::exists(path) || !QFile::exists(journal_of(path)))
+        return {};
+    const QString kept = journal_of(kept_name(path, QDateTime::currentDateTime()));
+    if (!QFile::rename(journal_of(path), kept))
+        throw Error(Code::ReadOnly, journal_of(path), {}, {});
+    return kept;
+}
+
 QByteArray empty_database_image(Kind kind) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"new.mdb"_s);
@@ -48,6 +58,7 @@ Database Database::create(const QString& path, Kind kind, const std::function<vo
         if (fill)
             fill(database);
     }
+    put_away_journal(path);
     check_system(beside.place(platform::Durability::Disk), path);
     return open(path, kind);
 }

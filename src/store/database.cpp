@@ -52,6 +52,26 @@ void prove_key(Connection& connection) {
         connection.fail(first_read, result);
 }
 
+/// The file open and its key proved. The first read also undoes what a killed writer left half done. Where that had
+/// torn the first bytes, the key was that of these, and only the second try judges the file.
+std::unique_ptr<Connection> proved(const QString& path, std::chrono::milliseconds patience, bool first_try = true) {
+    auto connection = std::make_unique<Connection>(path);
+    connection->patience = patience;
+    connection->open(SQLITE_OPEN_READWRITE);
+    const QByteArray salt = salt_of(*connection);
+    connection->unlock(key_for(salt));
+    // One transaction around all that is asked here: each would lock and look at the file anew, over the network.
+    connection->exec("begin");
+    try {
+        prove_key(*connection);
+    } catch (const Error& error) {
+        if (!first_try || error.code() != Code::WrongKey || salt_of(*connection) == salt)
+            throw;
+        return proved(path, patience, false);
+    }
+    return connection;
+}
+
 qint64 number_of(Database& database, std::string_view sql) {
     Statement statement = database.prepare(sql);
     return statement.step() ? statement.row().number(0) : 0;
@@ -90,14 +110,7 @@ Database::~Database() = default;
 Database Database::open(const QString& path, Kind kind, std::chrono::milliseconds patience) {
     if (!QFileInfo::exists(path))
         throw Error(Code::Missing, path, {}, {});
-    auto connection = std::make_unique<Connection>(path);
-    connection->patience = patience;
-    connection->open(SQLITE_OPEN_READWRITE);
-    connection->unlock(key_for(salt_of(*connection)));
-    // One transaction around all that is asked here: each would lock and look at the file anew, over the network.
-    connection->exec("begin");
-    prove_key(*connection);
-    Database database(std::move(connection));
+    Database database(proved(path, patience));
     check_kind(database, kind);
     database.exec(settled);
     return database;

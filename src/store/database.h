@@ -32,12 +32,13 @@ struct Connection;
 
 class Database {
 public:
-    /// Opens an existing database; never makes one. Proves the key with a read.
+    /// Opens an existing database; never makes one. Undoes what a killed writer left half done, then proves the key
+    /// with a read.
     static Database open(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
 
     /// Makes a new, keyed database of the kind, with that kind's tables and indexes, and opens it.
     /// A file that exists stands as it is and throws Code::Exists. The database is there whole or not at all, with the
-    /// rows that `fill` puts into it.
+    /// rows that `fill` puts into it. A journal that waits for the file is put away first (put_away_journal).
     static Database create(const QString& path, Kind kind, const std::function<void(Database&)>& fill = {});
 
     Database(Database&&) noexcept;
@@ -61,6 +62,11 @@ private:
     explicit Database(std::unique_ptr<Connection> connection);
     std::unique_ptr<Connection> m_connection;
 };
+
+/// Puts the journal of a database that isn't there under another name (kept_name, its journal), and returns that; empty
+/// where the database is there or has no journal. The engine would play it into the next file of the name.
+/// Code::ReadOnly if the journal can't be renamed.
+QString put_away_journal(const QString& path);
 
 /// A new database of the kind as bytes, to be written as often as needed: one key serves all copies, since they share
 /// the salt.

@@ -3,6 +3,8 @@
 #include "base/literals.h"
 #include "platform/paths.h"
 
+#include <QFileInfo>
+
 namespace store {
 
 using namespace base;
@@ -41,6 +43,20 @@ QString exchange_folder(const frame::Settings& settings) {
 
 QString exchange_path(const frame::Settings& settings, int number) {
     return exchange_folder(settings) + u"/hanjyusin%1.mdb"_s.arg(number, 2, 10, QLatin1Char('0'));
+}
+
+QString journal_of(const QString& database) {
+    return database + u"-journal"_s;
+}
+
+QString kept_name(const QString& database, QDateTime time) {
+    const QFileInfo file(database);
+    for (;; time = time.addSecs(1)) {
+        const QString name =
+            u"%1/%2-%3.mdb"_s.arg(file.path(), file.completeBaseName(), time.toString(u"yyyyMMdd-HHmmss"_s));
+        if (!QFileInfo::exists(name) && !QFileInfo::exists(journal_of(name)))
+            return name;
+    }
 }
 
 } // namespace store

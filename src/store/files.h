@@ -4,6 +4,7 @@
 
 #include "frame/settings.h"
 
+#include <QDateTime>
 #include <QString>
 
 namespace store {
@@ -24,5 +25,12 @@ QString data_folder(const frame::Settings& settings);
 QString exchange_folder(const frame::Settings& settings);
 QString exchange_path(const frame::Settings& settings, int number);
 inline constexpr int exchange_file_count = 20;
+
+/// The engine's journal of a database: what a write that was cut short has to be undone with.
+QString journal_of(const QString& database);
+
+/// The name beside a database under which it is put away: its own with the time, NAME-YYYYMMDD-HHMMSS.mdb. Neither this
+/// name nor that of its journal is in use.
+QString kept_name(const QString& database, QDateTime time);
 
 } // namespace store

@@ -45,6 +45,7 @@ int die_while_writing(const QString& path) {
     Database database = Database::open(path, Kind::Comsys);
     database.exec("pragma cache_size=2");
     Transaction transaction(database);
+    database.exec("pragma user_version=1"); // changes the first page
     database.exec("update syain set フリガナ='half done'");
     say(u"ready"_s);
     std::this_thread::sleep_for(std::chrono::minutes(5));

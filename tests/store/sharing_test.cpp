@@ -2,6 +2,7 @@
 #include "error_code.h"
 #include "store/database.h"
 #include "store/numbering.h"
+#include "support/stored.h"
 #include "test_tree.h"
 
 #include <QSet>
@@ -66,19 +67,42 @@ TEST_F(SharedDatabase, AnExclusiveTransactionKeepsReadersOut) {
     EXPECT_EQ(code_of([&] { number_from(reader, "select count(*) from bangou"); }), Code::Busy);
 }
 
+/// Leaves the file in the middle of a commit, as a power failure does: the first pages may be torn.
+void leave_half_done(const QString& path, qint64 torn_bytes) {
+    Child writer({u"die"_s, path});
+    ASSERT_EQ(writer.line(), "ready");
+    writer.kill();
+    ASSERT_GT(QFileInfo(path + u"-journal"_s).size(), 0) << "pages must have reached the file";
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write(QByteArray(torn_bytes, 'x')) == torn_bytes);
+}
+
 TEST_F(SharedDatabase, WhatAKilledWriterLeftHalfDoneIsUndoneByTheNextOpening) {
     {
         Database database = open();
         add_employees(database, 3000);
     }
-    Child writer({u"die"_s, path});
-    ASSERT_EQ(writer.line(), "ready");
-    writer.kill();
-    ASSERT_GT(QFileInfo(path + u"-journal"_s).size(), 0) << "pages must have reached the file";
+    for (const qint64 torn_bytes : {0, 7, 5000}) {
+        leave_half_done(path, torn_bytes);
+        Database database = open();
+        EXPECT_EQ(number_from(database, "select count(*) from syain where フリガナ='シャイン'"), 3000);
+        EXPECT_FALSE(QFileInfo::exists(path + u"-journal"_s));
+    }
+}
 
-    Database database = open();
-    EXPECT_EQ(number_from(database, "select count(*) from syain where フリガナ='シャイン'"), 3000);
-    EXPECT_FALSE(QFileInfo::exists(path + u"-journal"_s));
+TEST_F(SharedDatabase, AJournalWithoutItsFileIsNotPlayedIntoANewOne) {
+    {
+        Database database = open();
+        add_employees(database, 3000);
+    }
+    leave_half_done(path, 0);
+    const QByteArray journal = support::bytes_of(path + u"-journal"_s);
+    ASSERT_TRUE(QFile::remove(path));
+    Database database = Database::create(path, Kind::Comsys);
+    EXPECT_EQ(number_from(database, "select count(*) from syain"), 0);
+    const QStringList kept = QDir(QFileInfo(path).path()).entryList({u"comsys-*.mdb-journal"_s});
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(support::bytes_of(QFileInfo(path).path() + u'/' + kept.first()), journal);
 }
 
 TEST_F(SharedDatabase, AFileReplacedWhileItStandsOpenIsNotWritten) {
