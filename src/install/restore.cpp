@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "platform/paths.h"
 #include "platform/program_lock.h"
+#include "platform/rights.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
 #include "store/held.h"
@@ -176,6 +177,13 @@ bool unreadable(Code code) {
     return code != Code::Busy && code != Code::Replaced && code != Code::ReadOnly && code != Code::Newer;
 }
 
+/// Who restores may be one of several people of the company.
+void demand_same_people(const QString& present, const QString& copy) {
+    if (QFileInfo::exists(present) && !platform::same_people_write(present, copy))
+        fail(u"%1 belongs to %2 (%3): who restores it has to be that person, of that group, or the administrator"_s.arg(
+            platform::native(present), QFileInfo(present).owner(), QFileInfo(present).group()));
+}
+
 /// One database on its way to its place.
 class Return {
 public:
@@ -183,6 +191,7 @@ public:
         : m_path(found.place.path(settings)), m_kind(found.place.kind), m_copy(m_path) {
         platform::remove_leftovers(m_path);
         store::check_system(m_copy.make(), m_path);
+        demand_same_people(m_path, m_copy.passing_path());
         copy_bytes(found.file, m_copy.passing_path());
         store::check_copy(m_copy.passing_path(), m_kind, found.rows);
         if (m_kind == Kind::Losys)

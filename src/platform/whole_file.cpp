@@ -1,6 +1,7 @@
 #include "platform/whole_file.h"
 
 #include "base/literals.h"
+#include "platform/rights.h"
 
 #include <QDir>
 #include <QFile>
@@ -104,7 +105,10 @@ NewFile::~NewFile() {
 std::error_code NewFile::make() {
     QFile file(m_passing);
     m_made = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-    return m_made ? std::error_code() : failure_of_file();
+    if (!m_made)
+        return failure_of_file();
+    take_rights(file.handle(), m_path);
+    return {};
 }
 
 std::error_code NewFile::place(Durability durability, Standing standing) {

@@ -26,7 +26,8 @@ public:
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
-    /// Makes the empty file under its passing name. No error means that it stands.
+    /// Makes the empty file under its passing name; where a file stands at the place, with its owner, group and mode
+    /// (rights.h). No error means that it stands.
     std::error_code make();
 
     const QString& passing_path() const { return m_passing; }

@@ -2,7 +2,12 @@
 #include "store/setup.h"
 
 #include <QDir>
+#include <QDirIterator>
+#include <QProcess>
 #include <QTemporaryDir>
+#ifdef Q_OS_LINUX
+#include <sys/stat.h>
+#endif
 
 namespace install {
 
@@ -10,6 +15,7 @@ class InstallTree : public testing::Test {
 protected:
     QTemporaryDir folder;
     QStringList said;
+    const QString bin = qEnvironmentVariable("ROVENA_BIN");
 
     Options options() const {
         Options made;
@@ -93,6 +99,24 @@ TEST_F(InstallTree, GivesAnotherPcItsOwnPartOnly) {
         (QStringList{u"winユーザー名|clerk"_s, u"サーバーＰＣ|//main/qn"_s, u"ネット情報|0"_s, u"プリンター１|LBP"_s,
             u"使用区分|1"_s}));
 }
+
+#ifdef Q_OS_LINUX
+
+TEST_F(InstallTree, BelongsToTheGroupThatItsFolderIsHandedDownTo) {
+    const QString root = options().root;
+    ASSERT_TRUE(QDir().mkpath(root) && chmod(QFile::encodeName(root).constData(), 02770) == 0);
+    ASSERT_EQ(
+        QProcess::execute(u"sh"_s, {u"-c"_s, u"umask 022; exec \"$0\" \"$1\""_s, bin + u"/rovena-install"_s, root}), 0);
+    QDirIterator all(
+        root, {u"*.mdb"_s}, QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        const QFile::Permissions permissions = all.nextFileInfo().permissions();
+        EXPECT_TRUE(permissions.testFlag(QFile::WriteGroup)) << all.filePath().toStdString();
+        EXPECT_FALSE(permissions.testAnyFlags(QFile::ReadOther | QFile::WriteOther)) << all.filePath().toStdString();
+    }
+}
+
+#endif
 
 TEST_F(InstallTree, BringsProgramsAndAssetsUpToDateOnEachRun) {
     write(u"bin/rovena"_s, "old");

@@ -5,12 +5,16 @@
 #include "platform/program_lock.h"
 #include "store/held.h"
 #include "store/setting_tables.h"
+#include "support/disk.h"
 #include "support/fake_host.h"
 #include "support/killed.h"
 
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
+#ifdef Q_OS_LINUX
+#include <sys/stat.h>
+#endif
 
 namespace install {
 
@@ -154,6 +158,37 @@ TEST_F(RestoredCompany, ListingChangesNothing) {
     EXPECT_TRUE(all_rows(settings) == changed);
     EXPECT_EQ(run({backup}), 2) << "no root";
 }
+
+#ifdef Q_OS_LINUX
+
+TEST_F(RestoredCompany, BelongsToWhomThePresentFilesBelongedTo) {
+    const QByteArray path = QFile::encodeName(comsys_path(settings));
+    const bool administrator = geteuid() == 0;
+    const uid_t owner = administrator ? 1234 : geteuid();
+    const gid_t group = administrator ? 2345 : getegid();
+    ASSERT_TRUE(chown(path.constData(), owner, group) == 0 && chmod(path.constData(), 0660) == 0);
+    restore(u"first"_s);
+    struct stat now {};
+    ASSERT_EQ(stat(path.constData(), &now), 0);
+    EXPECT_EQ(now.st_uid, owner);
+    EXPECT_EQ(now.st_gid, group);
+    EXPECT_EQ(now.st_mode & 0777, 0660U);
+}
+
+TEST_F(RestoredCompany, IsNotTakenFromItsPeopleByAnother) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "files of another person need the administrator";
+    ASSERT_EQ(QProcess::execute(u"chmod"_s, {u"-R"_s, u"a+rwX"_s, folder.path()}), 0);
+    QFile::setPermissions(comsys_path(settings), QFile::ReadOwner | QFile::WriteOwner);
+    const QStringList before = all_rows(settings);
+    {
+        const support::AsNobody nobody;
+        EXPECT_TRUE(refusal().contains(u"belongs to"_s)) << refusal().toStdString();
+    }
+    EXPECT_TRUE(all_rows(settings) == before);
+}
+
+#endif
 
 // Each restore is killed one change of a file later than the one before.
 TEST_F(RestoredCompany, IsWholeAfterARestoreThatIsKilledAtAnyChangeOfAFile) {

@@ -6,6 +6,7 @@
 #include "exchange/places.h"
 #include "exchange/run.h"
 #include "platform/paths.h"
+#include "platform/rights.h"
 #include "progress_window.h"
 
 #include <QApplication>
@@ -70,6 +71,7 @@ int main(int argc, char** argv) {
         std::fputs("jyusinkanri: 共有データのフォルダが見つかりません (--help)\n", stderr);
         return 1;
     }
+    platform::make_files_for(settings->server_root);
     std::unique_ptr<ProgressWindow> window;
     if (qobject_cast<QApplication*>(application.get())) {
         window = std::make_unique<ProgressWindow>();

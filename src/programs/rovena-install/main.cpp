@@ -1,5 +1,7 @@
 #include "install/install.h"
 #include "install/restore.h"
+#include "platform/paths.h"
+#include "platform/rights.h"
 #include "store/error.h"
 
 #include <QCoreApplication>
@@ -16,7 +18,15 @@ void say(const QString& line) {
     print(stdout, line + QLatin1Char('\n'));
 }
 
+/// The folder of the tree that is worked on; empty if none is.
+QString tree_of(const install::Request& request) {
+    const QString root = request.restore ? request.restore->root : request.options.root;
+    return root.isEmpty() ? root : platform::drive_at(root) + platform::install_tail();
+}
+
 void answer(const install::Request& request) {
+    if (const QString tree = tree_of(request); !tree.isEmpty())
+        platform::make_files_for(tree);
     if (!request.restore)
         install::run(request.options, QCoreApplication::applicationDirPath(), say);
     else if (request.restore->only_list)

@@ -1,10 +1,12 @@
 #include "platform/paths.h"
+#include "platform/rights.h"
 #include "ui/application.h"
 #include "ui/program.h"
 #include "ui/qt_host.h"
 #include "ui/style.h"
 
 int main(int argc, char** argv) {
+    platform::make_files_for(platform::program_folder());
     const std::jthread key = ui::derive_key_ahead(platform::program_folder());
     ui::QtHost host;
     ui::Application application(argc, argv, host);
