@@ -32,9 +32,11 @@ void check_clock_cells(MonthSheet& sheet, int r) {
     blank_impossible_clock(sheet.hyou(r, col::clock_out));
 }
 
-bool is_day(const MonthSheet& sheet, int r) {
-    const qint64 day = Val(sheet.hyou(r, col::day));
-    return r >= row::first_day && r <= row::last_day && day >= 1 && day <= 31;
+/// A day without clock times keeps no break of the times that it had; one that is typed by hand stands.
+void blank_break_without_clock(MonthSheet& sheet, int r) {
+    const bool no_clock = sheet.hyou(r, col::clock_in).isEmpty() && sheet.hyou(r, col::clock_out).isEmpty();
+    if (no_clock && sheet.entry_cell.col != col::break_time)
+        sheet.hyou(r, col::break_time).clear();
 }
 
 Stay stay_of(const MonthSheet& sheet, int r) {
@@ -137,6 +139,7 @@ void 出勤集計処理(MonthSheet& sheet, int r) {
     check_clock_cells(sheet, r);
     if (!is_day(sheet, r))
         return;
+    blank_break_without_clock(sheet, r);
     const Stay stay = stay_of(sheet, r);
     cut_into_bands(sheet, r, stay);
     const minutes breakTotal = break_of_day(sheet, r);

@@ -10,7 +10,8 @@ namespace entry {
 
 /// Calculates the day of a sheet row, then the month.
 /// Reads which cell was edited from `entry_cell`: only columns 2 to 4 start a calculation, and a break typed by hand
-/// (column 4) stands instead of the break rules. Clock cells of 24:00 and beyond or with minutes above 59 are blanked.
+/// (column 4) stands instead of the break rules. Clock cells of 24:00 and beyond or with minutes above 59 are blanked,
+/// and so is the break when both are blank.
 /// A row that is no day of the month changes nothing else, and the month isn't summed.
 ///
 ///   bands 8:30-17:30 (from 6:00 0:45 break, from 8:00 1:00) and 17:30-22:00, clock 8:15 to 19:00

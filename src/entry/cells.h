@@ -21,6 +21,9 @@ std::optional<int> category_column(const MonthSheet& sheet, int category);
 /// The weekday of a day row, 0 Sunday to 6 Saturday, from the character in its column 1.
 int weekday_of(const MonthSheet& sheet, int r);
 
+/// Whether a sheet row stands for a day of the month: not so the total, and the rows past the month's end.
+bool is_day(const MonthSheet& sheet, int r);
+
 /// The figure of a count cell: typed figures may carry group commas, and a negative one a sign.
 qint64 count_of(const QString& cell);
 

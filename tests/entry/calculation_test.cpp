@@ -163,6 +163,19 @@ TEST(DayCalculation, ABreakStandsButDoesNotCountWhenNoCategoryHasWork) {
     EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"3:00"_s, u""_s, u""_s}));
 }
 
+TEST(DayCalculation, ADayWhoseClockTimesAreClearedHasNoBreakUnlessOneIsTyped) {
+    for (const QString& cleared : {u""_s, u"25:00"_s}) {
+        MonthSheet sheet = office_month();
+        calculate(sheet, 1, u"8:30"_s, u"17:45"_s);
+        calculate(sheet, 1, u""_s, cleared);
+        EXPECT_EQ(day(sheet, 1).join(QString()) + sheet.hyou(row::total, col::break_time), u""_s);
+        sheet.hyou(1, col::break_time) = u"1:00"_s;
+        sheet.entry_cell = {1, col::break_time};
+        出勤集計処理(sheet, 1);
+        EXPECT_EQ(sheet.hyou(1, col::break_time), u"1:00"_s);
+    }
+}
+
 TEST(DayCalculation, ABreakTypedByHandStandsUntilAClockCellChanges) {
     MonthSheet sheet = office_month();
     sheet.kyuflg = BreakHandling::Deducted;
