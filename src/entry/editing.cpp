@@ -80,12 +80,14 @@ void calculate_before_choice(MonthSheet& sheet) {
 
 void place_kinds(MonthSheet& sheet, Editors& editors) {
     const Cell here = cursor_of(sheet.hyou);
-    editors.kyucom.enabled = false;
-    editors.kyucom.index = item_of_kind(editors.kyucom, Val(sheet.hyou_system(here.row, record::kind_number)));
-    sheet.hyou(here.row, col::kind) = sheet.hyou_system(here.row, record::kind_name);
+    hide_kinds(editors.kyucom);
     remember_pending(sheet);
     sheet.entry_cell = here;
     editors.atai.close();
+    if (!is_day(sheet, here.row))
+        return;
+    editors.kyucom.index = item_of_kind(editors.kyucom, Val(sheet.hyou_system(here.row, record::kind_number)));
+    sheet.hyou(here.row, col::kind) = sheet.hyou_system(here.row, record::kind_name);
     editors.kyucom.cell = here;
     editors.kyucom.visible = editors.kyucom.enabled = true;
     editors.focus = Focus::Kyucom;
@@ -202,9 +204,9 @@ bool move_by_key(MonthSheet& sheet, Editors& editors, int key_code) {
 }
 
 void choose_kind(MonthSheet& sheet, KindList& kyucom, int index) {
-    if (!kyucom.enabled || index < 0 || index >= kyucom.items.size())
-        return;
     const int r = sheet.hyou.Row();
+    if (!kyucom.enabled || index < 0 || index >= kyucom.items.size() || !is_day(sheet, r))
+        return;
     const KindParts kind = kind_parts(kyucom.items[index]);
     kyucom.index = index;
     calculate_before_choice(sheet);

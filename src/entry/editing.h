@@ -36,7 +36,7 @@ struct Editors {
 };
 
 /// Places the editor on the sheet's cursor. On the way to a time or remark cell a pending day is calculated.
-/// Columns 0 and 1 take no editor; column 7 takes `kyucom` and calculates nothing.
+/// Columns 0 and 1 take no editor; column 7 takes `kyucom` on the days and calculates nothing.
 void 入力フォーム(MonthSheet& sheet, Editors& editors);
 
 /// The box leaves its cell (`atai` lost the focus): its text goes into `entry_cell`. Does nothing while the box holds
@@ -54,7 +54,8 @@ QString accept_text(MonthSheet& sheet, const QString& text);
 /// A key that moves the cursor: commit, placement, and the new cell's text in `atai`. False if the key moves nothing.
 bool move_by_key(MonthSheet& sheet, Editors& editors, int key_code);
 
-/// A kind chosen from `kyucom` for the cursor's day: marks it and counts all day kinds anew. Only while enabled.
+/// A kind chosen from `kyucom` for the cursor's day: marks it and counts all day kinds anew. Only while enabled; a row
+/// that is no day takes none.
 void choose_kind(MonthSheet& sheet, KindList& kyucom, int index);
 
 /// The sheet was scrolled: the box follows its cell or goes out of sight, `kyucom` goes out of sight.

@@ -182,6 +182,18 @@ TEST_F(Editing, AChosenKindMarksTheDayAndCountsTheKindsButNoHours) {
     EXPECT_EQ(count_under(sheet, u"s4"_s), u""_s);
 }
 
+TEST_F(Editing, ARowThatIsNoDayTakesNoKind) {
+    sheet = month_sheet({A}, 4);
+    for (const int no_day : {31, int(row::total)}) {
+        go_to(30, 7);
+        go_to(no_day, 7);
+        EXPECT_FALSE(editors.kyucom.visible || editors.kyucom.enabled);
+        editors.kyucom.enabled = true;
+        choose_kind(sheet, editors.kyucom, 1);
+        EXPECT_EQ(sheet.hyou(no_day, 7) + sheet.mark(no_day) + count_under(sheet, u"k1"_s), u""_s) << no_day;
+    }
+}
+
 TEST_F(Editing, ADayLeftForColumn7IsCalculatedWhenTheNextTimeCellIsEntered) {
     go_to(1, 2);
     type(u"830"_s);
