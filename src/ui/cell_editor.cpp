@@ -168,15 +168,15 @@ CellCombo::CellCombo(GridView& grid) : QComboBox(grid.viewport()), m_grid(grid) 
 
 void CellCombo::lay_over(base::Cell cell, int item) {
     const QRect rect = m_grid.cell_rect(cell);
+    setEnabled(true);
     if (rect.isEmpty()) {
-        put_away();
+        step_aside();
         return;
     }
     setFont(cell_font(m_grid.font(), rect.height()));
     m_alignment = qt_alignment(m_grid.sheet().alignment(cell.row, cell.col));
     setGeometry(rect.adjusted(0, -2, 0, 2));
     setCurrentIndex(item);
-    setEnabled(true);
     raise();
     show();
 }
@@ -187,6 +187,8 @@ void CellCombo::step_aside() {
 
 void CellCombo::put_away() {
     step_aside();
+    if (hasFocus())
+        m_grid.setFocus(Qt::OtherFocusReason); // else Qt takes it to the next control, which may take digits too
     setEnabled(false);
 }
 
@@ -204,6 +206,12 @@ void CellCombo::paintEvent(QPaintEvent*) {
     draw_arrow(painter, arrow.center());
     painter.setPen(QColor::fromRgb(colours::text));
     draw_fitting(painter, rect().adjusted(border, 0, -arrow_room, 0), m_alignment, currentText());
+}
+
+void CellCombo::keyPressEvent(QKeyEvent* event) {
+    if (pos() != out_of_sight)
+        QComboBox::keyPressEvent(event);
+    event->accept();
 }
 
 void CellCombo::wheelEvent(QWheelEvent* event) {

@@ -62,17 +62,18 @@ private:
 };
 
 /// The list laid over a cell that is chosen instead of typed. The page fills it; `activated` is the person's choice.
+/// Every key ends at the list, so that none moves the grid beneath; out of sight it chooses nothing.
 class CellCombo : public QComboBox {
     Q_OBJECT
 public:
     /// The grid must outlive the list, which becomes a child of its viewport.
     explicit CellCombo(GridView& grid);
 
-    /// Lays it over the cell, enabled and with that item selected (-1: none).
+    /// Lays it over the cell, enabled and with that item selected (-1: none); out of sight while the cell is.
     void lay_over(base::Cell cell, int item);
     /// Out of sight, the keyboard kept.
     void step_aside();
-    /// Out of sight and disabled.
+    /// Out of sight and disabled; the keyboard, if it is here, goes back to the grid.
     void put_away();
 
     /// The list is as wide as its names, however narrow the cell is.
@@ -81,6 +82,7 @@ public:
 protected:
     /// Like a cell, with a small arrow: the desktop's own look would leave no room for the text.
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

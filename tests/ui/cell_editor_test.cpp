@@ -11,7 +11,7 @@
 namespace {
 
 using namespace base;
-using support::type;
+using support::press, support::type;
 
 /// A form that takes digits only, and all characters where the input method is on.
 struct Editing : testing::Test {
@@ -129,7 +129,22 @@ TEST_F(Editing, TheListLiesOverItsCellAndTheWheelChoosesNothing) {
     EXPECT_EQ(list.width(), grid.cell_rect({4, 3}).width());
     support::turn_wheel(list);
     EXPECT_EQ(list.currentIndex(), 1);
+    list.setFocus();
+    sheet.setCursor({4, 3});
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Return}) {
+        press(key);
+        EXPECT_EQ((Cell{sheet.Row(), sheet.Col()}), (Cell{4, 3})) << "the grid beneath stays: " << key;
+        EXPECT_EQ(sheet.TopRow(), 1) << key;
+    }
+    list.lay_over({4, 3}, 1);
+    list.step_aside();
+    press(Qt::Key_Up);
+    EXPECT_EQ(list.currentIndex(), 1) << "out of sight it chooses nothing";
+    EXPECT_TRUE(list.hasFocus());
+    list.lay_over({29, 3}, 1);
+    EXPECT_TRUE(list.hasFocus()) << "nor does it give the keyboard up where its cell isn't in view";
     list.put_away();
+    EXPECT_TRUE(grid.hasFocus());
     EXPECT_FALSE(list.isEnabled());
     EXPECT_FALSE(grid.viewport()->rect().intersects(list.geometry()));
 }
