@@ -241,6 +241,8 @@ void mst_kinjikan::tell_progress(const QString& during, const QString& after, co
 
 void mst_kinjikan::say(const QString& progress) {
     msglab = progress;
+    if (msglab_changed)
+        msglab_changed();
     m_session.host.yield();
 }
 

@@ -35,6 +35,9 @@ public:
     QString msglab;                   ///< how the work stands
     QString notelab;                  ///< rows of the type that have no place on this screen; empty if none
 
+    /// Called when `msglab` has changed and the work behind it goes on: a page paints it at once.
+    std::function<void()> msglab_changed;
+
     // Operations.
 
     void 書式設定();

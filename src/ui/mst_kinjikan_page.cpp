@@ -4,6 +4,7 @@
 #include "ui/day_line.h"
 #include "ui/field_box.h"
 #include "ui/grid_view.h"
+#include "ui/page_parts.h"
 
 #include <QVBoxLayout>
 #include <algorithm>
@@ -35,6 +36,7 @@ mst_kinjikan_page::mst_kinjikan_page(frame::Session& session, QWidget* parent)
     body()->addWidget(m_hyoulist);
     body()->addLayout(make_work(), 1);
     add_foot(m_msglab);
+    m_form.msglab_changed = [this] { show_at_once(*m_msglab, m_form.msglab); };
     refresh();
 }
 

@@ -4,7 +4,6 @@
 #include "ui/style.h"
 
 #include <QFrame>
-#include <QLabel>
 
 namespace ui {
 
@@ -42,6 +41,12 @@ QWidget* page_heading(QStringView caption, QWidget* parent) {
     auto* heading = new QLabel(caption.toString(), parent);
     letter(*heading, Lettering::Heading);
     return heading;
+}
+
+void show_at_once(QLabel& label, const QString& text) {
+    label.setText(text);
+    label.parentWidget()->layout()->activate();
+    label.repaint();
 }
 
 } // namespace ui

@@ -1,8 +1,10 @@
 #pragma once
 
-// What a page of work has around it: the heading and a line on top, the work in the middle, the buttons at the foot.
+// What a page of work has around it: the heading and a line on top, the work in the middle, the buttons at the foot;
+// and how it tells in the middle of its work how that stands.
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -22,5 +24,9 @@ QWidget* page_rule(QWidget* parent);
 
 /// The title of a page as a heading.
 QWidget* page_heading(QStringView caption, QWidget* parent);
+
+/// Paints the words before this returns, so that they are seen while the work goes on; no event is let in. The label
+/// must lie in a layout.
+void show_at_once(QLabel& label, const QString& text);
 
 } // namespace ui

@@ -1,11 +1,12 @@
 #pragma once
 
-// What a person does with mouse and keyboard, as events to the real widgets.
+// What a person does with mouse and keyboard, as events to the real widgets, and what of it is seen.
 
 #include "ui/grid_view.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -24,6 +25,18 @@ inline void turn_wheel(QWidget& over) {
     QWheelEvent wheel({5, 5}, over.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&over, &wheel);
 }
+
+/// What labels say, each time that one is painted with room for all of it.
+struct PaintedWords : QObject {
+    QStringList words;
+    PaintedWords() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* at, QEvent* event) override {
+        const auto* label = event->type() == QEvent::Paint ? qobject_cast<QLabel*>(at) : nullptr;
+        if (label && label->width() >= label->fontMetrics().horizontalAdvance(label->text()))
+            words << label->text();
+        return false;
+    }
+};
 
 /// Clicks into the middle of a cell of a grid, which must be in view.
 inline void click_cell(ui::GridView& grid, int row, int col) {

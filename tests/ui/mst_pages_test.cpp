@@ -138,6 +138,16 @@ TEST_F(MstKinjikanPage, BackspaceInTheListTakesTheCategoryBackAndAnotherCellPuts
     EXPECT_TRUE(qobject_cast<QLineEdit*>(QApplication::focusWidget()));
 }
 
+TEST_F(MstKinjikanPage, HowTheWorkStandsIsPaintedWhileItGoesOn) {
+    const auto page = open<ui::mst_kinjikan_page>();
+    const support::PaintedWords painted;
+    click_cell(grid(*page, "hyoulist"), 1, 0);
+    click(*page, 1);
+    click(*page, 2);
+    for (const QString& word : {u"抽出中"_s, u"保存処理中"_s, u"削除処理中"_s})
+        EXPECT_TRUE(painted.words.contains(word)) << word.toStdString();
+}
+
 TEST_F(MstKinjikanPage, AllBandsAreInViewOnALowScreen) {
     for (const QSize size : {QSize(1366, 708), QSize(1280, 660)}) {
         const auto page = open<ui::mst_kinjikan_page>(size);
