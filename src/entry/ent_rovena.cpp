@@ -68,20 +68,36 @@ void ent_rovena::リスト初期設定() {
     load_day_kinds(sheet, editors.kyucom, database);
 }
 
-/// A text that names no month goes back to the month on the sheet.
-CompanyMonth ent_rovena::month_chosen() {
+/// Nothing if the texts name no month.
+std::optional<CompanyMonth> ent_rovena::month_in_boxes() const {
+    const QString& typed = ym[year_selector].text;
     const QDate today = m_session.host.now().date();
-    const int year = western_date_number(ym[year_selector].text + u"/1/1"_s, m_session.settings, today) / 10000;
-    const int month = int_val(ym[month_selector].text);
-    if (year >= 1 && year <= 9999 && QDate::isValid(year, month, 1))
-        return {year, month, m_session.settings.month_start_day};
-    ym[year_selector].text = shown_year(sheet.month.first(), m_session.settings, today);
-    ym[month_selector].text = digits(sheet.month.first().month());
-    return sheet.month;
+    const int year = western_date_number(typed + u"/1/1"_s, m_session.settings, today) / 10000;
+    const int month = ym[month_selector].text.toInt();
+    bool is_number = false;
+    typed.toInt(&is_number);
+    if (!is_number || year < 1 || year > 9999 || !QDate::isValid(year, month, 1))
+        return std::nullopt;
+    return CompanyMonth(year, month, m_session.settings.month_start_day);
+}
+
+/// The key names the month; its first day may lie in the calendar month behind.
+void ent_rovena::show_month() {
+    const int key = sheet.month.month_key();
+    const QDate today = m_session.host.now().date();
+    ym[year_selector].text = shown_year(QDate(key / 100, key % 100, 1), m_session.settings, today);
+    ym[month_selector].text = digits(key % 100);
+}
+
+/// The sheet is of the month in the boxes with nobody chosen, too.
+void ent_rovena::open_month() {
+    書式設定();
+    社員選択処理();
 }
 
 void ent_rovena::書式設定() {
-    entry::書式設定(sheet, month_chosen());
+    entry::書式設定(sheet, month_in_boxes().value_or(sheet.month));
+    show_month();
 }
 
 void ent_rovena::書式設定_日() {
@@ -171,6 +187,7 @@ bool ent_rovena::employee_chosen() {
 void ent_rovena::hyou_syain_Click(int row) {
     if (waiting || row < hyou_syain.FixedRows() || row >= hyou_syain.Rows())
         return;
+    show_month();
     syainsyscd = hyou_syain(row, 2);
     syalab = hyou_syain(row, 0) + u':' + hyou_syain(row, 1);
     社員選択処理();
@@ -191,8 +208,9 @@ void ent_rovena::ym_Click(int element, int index) {
     Selector& selector = ym[element];
     if (waiting || !selector.enabled || index < 0 || index >= selector.items.size())
         return;
+    show_month();
     selector.text = selector.items[index];
-    社員選択処理();
+    open_month();
 }
 
 void ent_rovena::ym_Change(int element, const QString& text) {
@@ -206,8 +224,16 @@ bool ent_rovena::ym_KeyPress(int character) {
 bool ent_rovena::ym_KeyDown(int element, int key_code) {
     if (key_code != key::enter)
         return false;
+    const auto typed = month_in_boxes();
+    if (!waiting && typed && typed->month_key() != sheet.month.month_key())
+        open_month();
+    show_month();
     editors.focus = element == year_selector ? Focus::YmMonth : Focus::Toubotan;
     return true;
+}
+
+void ent_rovena::ym_LostFocus() {
+    show_month();
 }
 
 void ent_rovena::hyou_Click(Cell cell) {

@@ -12,8 +12,8 @@
 // - a widget that loses or takes the focus reports it by the act named after it; acts that find nothing to do do
 //   nothing.
 // - `editors.focus` is a wish: move the keyboard there and clear it.
-// - while `saving` or `waiting` is true the interface may be given time inside botan_Click(1), hyou_syain_Click() or
-//   ym_Click(): take no input, don't destroy the form.
+// - while `saving` or `waiting` is true the interface may be given time inside botan_Click(1), hyou_syain_Click(),
+//   ym_Click() or ym_KeyDown(): take no input, don't destroy the form.
 
 #include "entry/editing.h"
 #include "entry/sheet.h"
@@ -24,13 +24,12 @@
 
 namespace entry {
 
-/// One of the two selectors `ym`. The text counts: it may be one of the items or typed.
+/// One of the two selectors `ym`. Unless it is being typed into, its text is that of the month on the sheet, which may
+/// be none of the items.
 struct Selector {
     QStringList items;
     QString text;
     bool enabled = false;
-
-    int index() const { return static_cast<int>(items.indexOf(text)); }
 };
 
 class ent_rovena {
@@ -86,9 +85,10 @@ public:
     void kyuflg_Click(int element);
 
     void ym_Click(int element, int index);            ///< an item was chosen: the month is loaded
-    void ym_Change(int element, const QString& text); ///< typed text: counts from the next employee on
+    void ym_Change(int element, const QString& text); ///< typed text: nothing is loaded before Enter
     static bool ym_KeyPress(int character);           ///< whether the character stands
-    bool ym_KeyDown(int element, int key_code);       ///< Enter moves on; false for other keys
+    bool ym_KeyDown(int element, int key_code);       ///< Enter loads the month typed and moves on; false: another key
+    void ym_LostFocus();                              ///< what was typed without Enter goes
 
     void hyou_Click(base::Cell cell);
     void hyou_Scroll(int top_row, int left_col, int view_width, int view_height); ///< view size in twips
@@ -109,7 +109,9 @@ public:
 
 private:
     store::Database open_data() const;
-    base::CompanyMonth month_chosen();
+    std::optional<base::CompanyMonth> month_in_boxes() const;
+    void show_month();
+    void open_month();
     bool saved_days_are_in(qint64 employee);
     void load_month(qint64 employee);
     void report(const QString& text);

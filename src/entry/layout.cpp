@@ -16,7 +16,7 @@ constexpr Column hyou_columns[] = {
     {u"退社時間", 900, Alignment::Center},
     {u"休憩時間", 900, Alignment::Center},
     {u"勤務時間", 900, Alignment::Center},
-    {u"備考", 900, Alignment::Left},
+    {u"備考", remark_width, Alignment::Left},
     {u"", 900, Alignment::Center},
 };
 

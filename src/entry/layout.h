@@ -12,6 +12,7 @@ inline constexpr base::Rgb holiday_work_back{200, 200, 255};
 inline constexpr base::Rgb white{255, 255, 255};
 
 inline constexpr int category_width = 1000;
+inline constexpr int remark_width = 900; ///< a page may give the remarks more
 
 /// Resets `hyou` and the hidden record to the empty month: its days, weekdays and total row. Category columns go.
 void 書式設定(MonthSheet& sheet, const base::CompanyMonth& month);

@@ -1,12 +1,12 @@
 #include "ui/ent_rovena_controls.h"
 
 #include "base/literals.h"
+#include "entry/layout.h"
 #include "ui/colours.h"
 #include "ui/radio_group.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -41,18 +41,7 @@ QLabel* label(QWidget& parent, int pixel_size, QRgb colour, QFont::Weight weight
     return made;
 }
 
-QComboBox* selector(QWidget& parent, int element) {
-    auto* made = new QComboBox(&parent);
-    made->setEditable(true);
-    made->setInsertPolicy(QComboBox::NoInsert);
-    made->setCompleter(nullptr);
-    made->setFixedWidth(selector_width[element]);
-    made->setMaxVisibleItems(12);
-    made->lineEdit()->setAttribute(Qt::WA_InputMethodEnabled, false);
-    return made;
-}
-
-QHBoxLayout* month_row(QWidget& parent, const std::array<QComboBox*, 2>& ym) {
+QHBoxLayout* month_row(QWidget& parent, const std::array<MonthBox*, 2>& ym) {
     auto* row = new QHBoxLayout;
     row->setSpacing(4);
     for (int element = 0; element < 2; ++element) {
@@ -78,12 +67,14 @@ QHBoxLayout* work_type_row(QWidget& parent, QLabel* name) {
 
 } // namespace
 
-ent_rovena_controls::ent_rovena_controls(QWidget& page, entry::ent_rovena& form, const QString& pictures)
+ent_rovena_controls::ent_rovena_controls(
+    QWidget& page, entry::ent_rovena& form, const std::array<MonthActs, 2>& acts, const QString& pictures)
     : left(new QWidget(&page)), hyou(new GridView(form.sheet.hyou, CursorStyle::Cell, &page)),
       hyou_day(new GridView(form.sheet.hyou_day, CursorStyle::Cell, &page)),
       hyou_syain(new GridView(form.hyou_syain, CursorStyle::Row, left)),
       syalab(label(*left, 15, colours::text, QFont::DemiBold)), lab2(label(*left, 13, colours::text)),
-      msglab(label(*left, 12, colours::quiet_text)), ym{selector(*left, 0), selector(*left, 1)},
+      msglab(label(*left, 12, colours::quiet_text)), ym{new MonthBox(acts[0], selector_width[0], left),
+                                                         new MonthBox(acts[1], selector_width[1], left)},
       sortlist(radio_group(*left, entry::ent_rovena::sortlist_captions)),
       kyuflg(radio_group(*left, entry::ent_rovena::kyuflg_captions)),
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
@@ -125,6 +116,7 @@ void ent_rovena_controls::order_by_tab() {
 }
 
 void ent_rovena_controls::lay_out(QSize page) {
+    hyou->sheet().setColWidth(entry::col::remark, entry::remark_width);
     int row_height = largest_row;
     while (!fits_at(row_height, page) && row_height > hyou->own_row_height())
         --row_height;
@@ -159,6 +151,8 @@ void ent_rovena_controls::place_sheets(QRect room) {
     const int month_room = room.height() - tight_gap - strip.height();
     if (month.height() > month_room)
         month = {std::min(room.width(), hyou->full_width(true)), month_room};
+    hyou->widen(entry::col::remark, room.width() - month.width());
+    month.setWidth(room.width());
     hyou->setGeometry(QRect(room.topLeft(), month));
     hyou_day->setGeometry(QRect(QPoint(room.left(), hyou->geometry().bottom() + 1 + tight_gap), strip));
     for (GridView* sheet : {hyou, hyou_day})

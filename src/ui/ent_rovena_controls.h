@@ -7,10 +7,10 @@
 #include "entry/ent_rovena.h"
 #include "ui/cell_editor.h"
 #include "ui/grid_view.h"
+#include "ui/month_box.h"
 #include "ui/picture_button.h"
 
 #include <QButtonGroup>
-#include <QComboBox>
 #include <QLabel>
 #include <array>
 #include <span>
@@ -19,10 +19,13 @@ namespace ui {
 
 struct ent_rovena_controls {
     /// Makes the controls as children of the page. `pictures` is the folder of the buttons' bitmaps.
-    ent_rovena_controls(QWidget& page, entry::ent_rovena& form, const QString& pictures);
+    /// `acts` are those of the boxes of year and month.
+    ent_rovena_controls(
+        QWidget& page, entry::ent_rovena& form, const std::array<MonthActs, 2>& acts, const QString& pictures);
 
     /// Lays the controls into a page of this size. The sheets get the largest whole-pixel rows at which all of them is
     /// in view, never below their own size, and no more room than they fill; the list of employees grows with them.
+    /// The width that is left beside the month goes to its remarks.
     void lay_out(QSize page);
 
     QWidget* left; ///< the column beside the sheets
@@ -32,7 +35,7 @@ struct ent_rovena_controls {
     QLabel* syalab;
     QLabel* lab2;
     QLabel* msglab;
-    std::array<QComboBox*, 2> ym;
+    std::array<MonthBox*, 2> ym;
     QButtonGroup* sortlist;
     QButtonGroup* kyuflg;
     std::array<PictureButton*, 2> botan; ///< 0 leaves the screen, 1 saves

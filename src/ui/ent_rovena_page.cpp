@@ -4,11 +4,10 @@
 #include "entry/day_kinds.h"
 #include "frame/help.h"
 #include "ui/key_codes.h"
+#include "ui/page_parts.h"
 
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QScopeGuard>
-#include <QSignalBlocker>
 #include <utility>
 
 namespace ui {
@@ -22,24 +21,11 @@ entry::ent_rovena& loaded(entry::ent_rovena& form) {
     return form;
 }
 
-void show_selector(QComboBox& box, const entry::Selector& selector) {
-    const QSignalBlocker quiet(box);
-    if (box.count() != selector.items.size()) {
-        box.clear();
-        box.addItems(selector.items);
-    }
-    if (box.currentText() != selector.text) {
-        box.setCurrentIndex(selector.index());
-        box.setEditText(selector.text);
-    }
-    box.setEnabled(selector.enabled);
-}
-
 } // namespace
 
 ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     : QWidget(parent), m_session(session), m_form(session),
-      m_controls(*this, loaded(m_form), frame::picture_folder(session.settings)),
+      m_controls(*this, loaded(m_form), {month_acts(0), month_acts(1)}, frame::picture_folder(session.settings)),
       m_atai(new CellEditor(*m_controls.hyou, m_form.editors.atai, editor_acts(), entry::ent_rovena::atai_back)),
       m_kyucom(new CellCombo(*m_controls.hyou)) {
     setWindowTitle(entry::ent_rovena::caption.toString());
@@ -48,7 +34,6 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     // Out of a cell Tab goes where it would go from the sheet.
     setTabOrder(m_controls.hyou, m_atai);
     setTabOrder(m_atai, m_kyucom);
-    connect_selectors();
     connect_lists();
     connect_sheet();
     connect_strip();
@@ -83,16 +68,20 @@ EditorActs ent_rovena_page::editor_acts() {
     };
 }
 
-void ent_rovena_page::connect_selectors() {
-    for (int element = 0; element < 2; ++element) {
-        QComboBox* box = m_controls.ym[element];
-        box->installEventFilter(this);
-        box->lineEdit()->installEventFilter(this);
-        connect(box, &QComboBox::activated, this,
-            [this, element](int index) { act([&] { m_form.ym_Click(element, index); }); });
-        connect(box->lineEdit(), &QLineEdit::textEdited, this,
-            [this, element](const QString& text) { m_form.ym_Change(element, text); });
-    }
+MonthActs ent_rovena_page::month_acts(int element) {
+    return {
+        .Click = [this, element](int index) { act([&] { m_form.ym_Click(element, index); }); },
+        .Change = [this, element](const QString& text) { m_form.ym_Change(element, text); },
+        .KeyDown =
+            [this, element](int key_code) {
+                bool moved = false;
+                act([&] { moved = m_form.ym_KeyDown(element, key_code); });
+                return moved;
+            },
+        .KeyPress = entry::ent_rovena::ym_KeyPress,
+        .GotFocus = [] {},
+        .LostFocus = [this] { act([this] { m_form.ym_LostFocus(); }); },
+    };
 }
 
 void ent_rovena_page::connect_lists() {
@@ -161,33 +150,6 @@ void ent_rovena_page::press(int botan) {
         Q_EMIT close_wanted();
 }
 
-/// The filter stands on the selectors and their line edits. It compares addresses only, as it is still called while
-/// they are being destroyed.
-bool ent_rovena_page::eventFilter(QObject* watched, QEvent* event) {
-    for (int element = 0; element < 2; ++element) {
-        const QObject* box = m_controls.ym[element];
-        if (watched == box || watched->parent() == box)
-            return selector_takes(element, event);
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-/// True if the event is dealt with: a key that the form took or dropped, or the wheel, which would choose a month.
-bool ent_rovena_page::selector_takes(int element, QEvent* event) {
-    if (event->type() == QEvent::Wheel)
-        return true;
-    if (event->type() != QEvent::KeyPress)
-        return false;
-    const auto* key = static_cast<QKeyEvent*>(event);
-    const int code = key_code(key->key());
-    if (code != 0 && m_form.ym_KeyDown(element, code)) {
-        follow_focus_wish();
-        return true;
-    }
-    const int character = key_character(key->key(), key->text());
-    return character != 0 && !entry::ent_rovena::ym_KeyPress(character);
-}
-
 void ent_rovena_page::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     m_form.Form_Activate();
@@ -200,18 +162,34 @@ void ent_rovena_page::resizeEvent(QResizeEvent* event) {
     refresh_editors();
 }
 
+/// Another window came before this one: a box of the month is left by that, too.
+void ent_rovena_page::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || isActiveWindow())
+        return;
+    m_form.ym_LostFocus();
+    show_month();
+}
+
 void ent_rovena_page::refresh() {
     m_controls.syalab->setText(m_form.syalab);
     m_controls.lab2->setText(m_form.lab2);
     m_controls.msglab->setText(m_form.msglab);
     m_controls.sortlist->button(m_form.sortlist)->setChecked(true);
     m_controls.kyuflg->button(m_form.kyuflg())->setChecked(true);
-    for (int element = 0; element < 2; ++element)
-        show_selector(*m_controls.ym[element], m_form.ym[element]);
+    show_month();
     m_controls.hyou_day->setVisible(m_form.hyou_day_shown);
     m_controls.lay_out(size());
     refresh_editors();
     follow_focus_wish();
+}
+
+void ent_rovena_page::show_month() {
+    for (int element = 0; element < 2; ++element) {
+        const entry::Selector& selector = m_form.ym[element];
+        m_controls.ym[element]->show_items(selector.items, selector.text);
+        m_controls.ym[element]->setEnabled(selector.enabled);
+    }
 }
 
 /// In the middle of an act: no other event is let in, except in the wait for saved days, which takes a while and shows
@@ -219,14 +197,15 @@ void ent_rovena_page::refresh() {
 void ent_rovena_page::report() {
     if (m_form.waiting)
         return refresh();
-    m_controls.msglab->setText(m_form.msglab);
-    m_controls.msglab->repaint();
+    show_at_once(*m_controls.msglab, m_form.msglab);
 }
 
 void ent_rovena_page::refresh_editors() {
     const entry::KindList& kyucom = m_form.editors.kyucom;
     if (kyucom.visible)
         m_kyucom->lay_over(kyucom.cell, kyucom.index);
+    else if (kyucom.enabled)
+        m_kyucom->step_aside();
     else
         m_kyucom->put_away();
     m_atai->refresh();

@@ -28,20 +28,20 @@ Q_SIGNALS:
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void act(const std::function<void()>& of_the_person);
     EditorActs editor_acts();
-    void connect_selectors();
+    MonthActs month_acts(int element);
     void connect_lists();
     void connect_sheet();
     void connect_strip();
     void connect_buttons();
     void press(int botan);
-    bool selector_takes(int element, QEvent* event);
 
     void refresh();
+    void show_month();
     void report();
     void refresh_editors();
     void follow_focus_wish();

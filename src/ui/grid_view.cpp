@@ -79,6 +79,12 @@ void GridView::set_zoom(double zoom) {
     m_zoom = zoom;
 }
 
+void GridView::widen(int col, int pixels) {
+    if (pixels > 0)
+        m_sheet.setColWidth(
+            col, static_cast<int>((geometry_in({}).pixels(m_sheet.ColWidth(col)) + pixels) / pixels_per_twip()));
+}
+
 void GridView::refresh() {
     update_scroll_bars();
     viewport()->update();

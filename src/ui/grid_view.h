@@ -33,6 +33,9 @@ public:
     /// Shows everything larger by this factor from the next refresh() on; 1 is the size that the sheet says.
     void set_zoom(double zoom);
 
+    /// Makes a column of the sheet wider by so many pixels at the present zoom, rounded down; nothing for 0 and below.
+    void widen(int col, int pixels);
+
     /// Scrolls as little as shows the cell whole, without a signal.
     void show_cell(base::Cell cell);
 

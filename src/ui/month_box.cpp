@@ -17,9 +17,9 @@ MonthBox::MonthBox(MonthActs acts, int width, QWidget* parent) : QComboBox(paren
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
     setFixedWidth(width);
-    setMinimumHeight(30);
     setMaxVisibleItems(12);
     lineEdit()->setAttribute(Qt::WA_InputMethodEnabled, false);
+    lineEdit()->installEventFilter(this);
     connect(this, &QComboBox::activated, this, [this](int index) { m_acts.Click(index); });
     connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { m_acts.Change(text); });
 }
@@ -53,17 +53,27 @@ void MonthBox::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
     if (!leaves_control(event->reason()))
         return;
+    m_clicked_into = event->reason() == Qt::MouseFocusReason;
     tint(true);
     m_acts.GotFocus();
     lineEdit()->selectAll();
 }
 
 void MonthBox::focusOutEvent(QFocusEvent* event) {
-    QComboBox::focusOutEvent(event);
+    {
+        const QSignalBlocker no_choice(this); // the base takes a typed text that names an item for a choice of it
+        QComboBox::focusOutEvent(event);
+    }
+    m_clicked_into = false;
     if (!leaves_control(event->reason()))
         return;
     tint(false);
     m_acts.LostFocus();
+}
+
+bool MonthBox::eventFilter(QObject* watched, QEvent* event) {
+    return (event->type() == QEvent::MouseButtonPress && std::exchange(m_clicked_into, false)) ||
+           QComboBox::eventFilter(watched, event);
 }
 
 void MonthBox::tint(bool lit) {

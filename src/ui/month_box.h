@@ -1,7 +1,7 @@
 #pragma once
 
-// MonthBox: a year or month that is chosen from a list or typed. What is typed reaches the form key by key; the wheel
-// changes nothing, so that scrolling over it chooses no month.
+// MonthBox: a year or month that is chosen from a list or typed. What is typed reaches the form key by key, and is no
+// choice of the item that it happens to name; the wheel changes nothing, so that scrolling over it chooses no month.
 
 #include <QComboBox>
 #include <functional>
@@ -31,11 +31,13 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void tint(bool lit);
 
     MonthActs m_acts;
+    bool m_clicked_into = false; ///< the click that brings the keyboard leaves the text selected
 };
 
 } // namespace ui

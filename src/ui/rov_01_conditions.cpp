@@ -23,6 +23,7 @@ constexpr int date_width = 108;
 constexpr int number_width = 84;
 constexpr int name_width = 150;
 constexpr int month_widths[] = {84, 66};
+constexpr int month_height = 30; ///< as the text boxes
 constexpr QStringView date_help = u"■簡単入力１：2004年10月3日→ 1003(入力している日が同じ年の場合)\n"
                                   "■簡単入力２：2004年10月3日→ 3 (今日から10日先は今月それより大きい数字は先月)";
 constexpr QStringView employee_help = u"■1人分：社員番号の左右に同じ番号　　"
@@ -99,6 +100,7 @@ MonthBox* rov_01_conditions::make_month(int element) {
             .LostFocus = [this, element] { m_act([&] { m_form.yyyymm_LostFocus(element); }); },
         },
         month_widths[element], m_Pic_yyyymm);
+    box->setMinimumHeight(month_height);
     box->setAccessibleName(month_units[element].toString());
     return box;
 }

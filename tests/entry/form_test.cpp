@@ -63,6 +63,11 @@ TEST_F(Form, YearsAreThoseOfTheEraWhereErasAreShown) {
     form.syainsyscd = u"1"_s;
     form.ym_Click(0, 0);
     EXPECT_EQ(form.sheet.month.first(), QDate(2003, 10, 21));
+    for (const auto& [typed, year] : {std::pair{u"-1"_s, 1987}, {u""_s, 1987}, {u"-"_s, 1987}, {u"2"_s, 1990}}) {
+        form.ym_Change(0, typed);
+        form.ym_KeyDown(0, key::enter);
+        EXPECT_EQ(form.sheet.month.first(), QDate(year, 10, 21)) << typed.toStdString();
+    }
 }
 
 TEST_F(Form, TheOrderOfTheEmployeesAndTheBreakHandlingAreKeptAndChangeNoFigure) {
@@ -148,15 +153,47 @@ TEST_F(Form, AnotherMonthDropsWhatWasntSaved) {
     EXPECT_FALSE(form.editors.atai.active);
 }
 
-TEST_F(Form, ATypedYearCountsFromTheNextEmployeeOnAndNonsenseGoesBack) {
+TEST_F(Form, ATypedMonthIsLoadedByEnterAloneAndNonsenseGoesBack) {
+    const auto boxes = [this] { return form.ym[0].text + u'/' + form.ym[1].text; };
     form.ym_Change(0, u"1999"_s);
-    EXPECT_EQ(form.sheet.month.first(), QDate(2004, 10, 1));
+    form.ym_LostFocus();
+    EXPECT_EQ(boxes(), u"2004/10"_s);
+    form.ym_Change(0, u"1999"_s);
     choose(u"2"_s);
-    EXPECT_EQ(form.sheet.month.first(), QDate(1999, 10, 1));
-    for (const QString& nonsense : {u""_s, u"0"_s, u"-5"_s, u"99999"_s}) {
-        form.ym_Change(0, nonsense);
-        form.ym_Change(1, u"13"_s);
-        choose(u"1"_s);
-        EXPECT_EQ(form.ym[0].text + u'/' + form.ym[1].text, u"1999/10"_s) << nonsense.toStdString();
-    }
+    EXPECT_EQ(boxes(), u"2004/10"_s) << "not by choosing an employee either";
+    form.ym_Change(0, u"1999"_s);
+    EXPECT_TRUE(form.ym_KeyDown(0, key::enter));
+    form.ym_Change(1, u"08"_s);
+    form.ym_KeyDown(1, key::enter);
+    EXPECT_EQ(form.sheet.month.first(), QDate(1999, 8, 1));
+    EXPECT_EQ(boxes(), u"1999/8"_s);
+    EXPECT_EQ(form.editors.focus, Focus::Toubotan);
+    for (const QString& nonsense : {u""_s, u"0"_s, u"-5"_s, u"99999"_s, u"13"_s, u"7-"_s})
+        for (const int element : {0, 1}) {
+            form.ym_Change(element, nonsense == u"13"_s && element == 0 ? u"-"_s : nonsense);
+            form.ym_KeyDown(element, key::enter);
+            EXPECT_EQ(boxes(), u"1999/8"_s) << nonsense.toStdString();
+            EXPECT_EQ(form.sheet.month.month_key(), 199908);
+        }
+}
+
+TEST_F(Form, EnterOnTheMonthOfTheSheetKeepsWhatIsTypedThere) {
+    choose(u"1"_s);
+    form.hyou_Click({1, 2});
+    type(form, u"830"_s);
+    form.atai_LostFocus();
+    form.ym_KeyDown(0, key::enter);
+    EXPECT_EQ(form.sheet.hyou(1, 2), u"8:30"_s);
+}
+
+TEST_F(Form, WithNobodyChosenTheSheetIsStillOfTheMonthInTheBoxes) {
+    company.tree.settings.month_start_day = 31;
+    form.Form_Load();
+    form.ym_Click(1, 3);
+    form.ym_Change(0, u"2003"_s);
+    form.ym_LostFocus();
+    EXPECT_EQ(form.ym[1].text, u"4"_s) << "April, wherever its first day lies";
+    EXPECT_EQ(form.sheet.month.month_key(), 200404);
+    choose(u"1"_s);
+    EXPECT_EQ(form.sheet.month.month_key(), 200404);
 }

@@ -1,9 +1,9 @@
 #include "ui/ent_rovena_page.h"
 
 #include "support/person.h"
+#include "support/stored.h"
 #include "ui/entry_company.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -25,6 +25,13 @@ struct EntryPage : testing::Test, EntryCompany {
     void choose_employee(int row = 1) { click_cell(*controls.hyou_syain, row, 1); }
     void click_sheet(int row, int col) { click_cell(*controls.hyou, row, col); }
     const QString& cell(int row, int col) const { return form.sheet.hyou(row, col); }
+    QString boxes() const { return controls.ym[0]->currentText() + u'/' + controls.ym[1]->currentText(); }
+    /// Clicks into a box of the month and types over what stands there.
+    void type_month(int element, const QString& text) {
+        controls.hyou_syain->setFocus();
+        QTest::mouseClick(controls.ym[element]->lineEdit(), Qt::LeftButton);
+        type(text);
+    }
     bool whole_in_view(const ui::GridView* grid, int row, int col) const {
         return grid->viewport()->rect().contains(grid->cell_rect({row, col})) && page.rect().contains(grid->geometry());
     }
@@ -61,8 +68,11 @@ TEST_F(EntryPage, OnALargeScreenTheSheetsGrow) {
     const int row = controls.hyou->cell_rect({1, 2}).height();
     page.resize(2400, 1300);
     EXPECT_GT(controls.hyou->cell_rect({1, 2}).height(), row);
+    EXPECT_GE(controls.hyou->geometry().right(), page.width() - 12) << "the remarks take the width that is left";
+    EXPECT_GT(controls.hyou->cell_rect({1, 6}).width(), 2 * controls.hyou->cell_rect({1, 5}).width());
     page.resize(700, 400);
     EXPECT_EQ(controls.hyou->cell_rect({1, 2}).height(), controls.hyou->own_row_height());
+    EXPECT_EQ(form.sheet.hyou.ColWidth(6), form.sheet.hyou.ColWidth(5));
 }
 
 TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
@@ -81,34 +91,77 @@ TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
 }
 
 TEST_F(EntryPage, HowTheLoadStandsIsPaintedWhileItGoesOn) {
-    struct : QObject {
-        QStringList texts;
-        bool eventFilter(QObject* label, QEvent* event) override {
-            if (event->type() == QEvent::Paint)
-                texts << qobject_cast<QLabel*>(label)->text();
-            return false;
-        }
-    } painted;
-    controls.msglab->installEventFilter(&painted);
+    const support::PaintedWords painted;
     choose_employee();
-    EXPECT_TRUE(painted.texts.contains(u"データー抽出中"_s));
-    controls.msglab->removeEventFilter(&painted);
+    EXPECT_TRUE(painted.words.contains(u"データー抽出中"_s));
     EXPECT_EQ(controls.syalab->text() + controls.lab2->text(), u"3:山田 太郎普通社員"_s);
 }
 
-TEST_F(EntryPage, TheSelectorsTakeDigitsOnlyAndEnterMovesOn) {
+TEST_F(EntryPage, TheSelectorsTakeDigitsOnlyAndEnterLoadsWhatIsTypedAndMovesOn) {
     EXPECT_TRUE(controls.ym[0]->hasFocus()) << "the screen opens with the year";
-    controls.ym[0]->lineEdit()->selectAll();
-    type(u"20a05"_s);
-    EXPECT_EQ(form.ym[0].text, u"2005"_s);
-    type(u"Enter"_s);
+    type_month(0, u"20a05 Enter"_s);
+    EXPECT_EQ(form.sheet.month.first(), QDate(2005, 10, 1)) << "with nobody chosen, too";
     EXPECT_TRUE(controls.ym[1]->hasFocus());
     support::turn_wheel(*controls.ym[1]);
-    EXPECT_EQ(controls.ym[1]->currentText(), u"10"_s) << "the wheel chooses no month";
+    EXPECT_EQ(boxes(), u"2005/10"_s) << "the wheel chooses no month";
     press(Qt::Key_Up);
-    EXPECT_EQ(form.ym[1].text, u"9"_s);
-    type(u"Enter"_s);
+    EXPECT_EQ(boxes(), u"2005/9"_s);
+    choose_employee();
+    type_month(1, u"13 Enter"_s);
+    EXPECT_EQ(boxes(), u"2005/9"_s);
     EXPECT_TRUE(controls.toubotan->hasFocus());
+    type_month(0, u"1999 Enter 3 Enter"_s);
+    EXPECT_EQ(form.sheet.month.first(), QDate(1999, 3, 1));
+    EXPECT_EQ(boxes(), u"1999/3"_s);
+}
+
+TEST_F(EntryPage, AMonthThatIsOnlyTypedIsNeverLoadedAndTheDayTypedBeforeIsPosted) {
+    const QString exchange = store::exchange_path(settings, 1);
+    QDir().mkpath(QFileInfo(exchange).path());
+    store::Database::create(exchange, store::Kind::Exchange);
+    choose_employee();
+    click_sheet(1, clock_in);
+    type(u"830"_s);
+    QWidget other;
+    const std::function<void()> ways[] = {
+        [] { press(Qt::Key_Tab); },
+        [&] {
+            support::bring_up(other, {50, 50});
+        },
+        [&] { click_sheet(2, clock_in); },
+        [&] { QTest::mouseClick(controls.botan[1], Qt::LeftButton); },
+    };
+    for (const auto& leave : ways)
+        for (const auto& [element, text] : {std::pair{0, u"2005"_s}, {1, u"11"_s}, {1, u"13"_s}, {0, u"1999"_s}}) {
+            type_month(element, text);
+            leave();
+            support::bring_up(page, page.size());
+            EXPECT_EQ(boxes(), u"2004/10"_s) << &leave - ways << ' ' << text.toStdString();
+            EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
+        }
+    EXPECT_EQ(
+        support::rows_of(exchange, store::Kind::Exchange, R"(select "10", "11" from jyusin where "2"='51')").value(0),
+        u"20041001|830"_s);
+}
+
+TEST_F(EntryPage, WhatIsTypedWhileTheListOfKindsIsOpenOrScrolledAwayReachesNoCount) {
+    choose_employee();
+    support::bring_up(page, {900, 400});
+    click_sheet(5, 7);
+    const base::Sheet counts = form.sheet.hyou_day;
+    const auto type_on = [&] {
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Left, Qt::Key_PageDown, Qt::Key_Down, Qt::Key_Up})
+            press(key);
+        type(u"25"_s);
+        EXPECT_EQ((Cell{form.sheet.hyou.Row(), form.sheet.hyou.Col()}), (Cell{5, 7}));
+        for (int column = 0; column < counts.Cols(); ++column)
+            EXPECT_EQ(form.sheet.hyou_day(2, column), counts(2, column)) << column;
+    };
+    controls.hyou->verticalScrollBar()->setValue(3);
+    type_on();
+    click_sheet(5, 7);
+    page.resize(300, 200);
+    type_on();
 }
 
 TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSight) {
