@@ -81,7 +81,7 @@ std::optional<CompanyMonth> ent_rovena::month_in_boxes() const {
     return CompanyMonth(year, month, m_session.settings.month_start_day);
 }
 
-/// The key names the month; its first day may lie in the calendar month behind.
+/// The key names the month; its first day may lie in the next calendar month.
 void ent_rovena::show_month() {
     const int key = sheet.month.month_key();
     const QDate today = m_session.host.now().date();
