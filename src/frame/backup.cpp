@@ -1,6 +1,7 @@
 #include "frame/backup.h"
 
 #include "base/literals.h"
+#include "platform/file_set.h"
 #include "platform/paths.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
@@ -60,20 +61,6 @@ void make_folder(const QString& path) {
         throw Error(Code::ReadOnly, path, {}, {});
 }
 
-/// A copy under a passing name beside its place.
-class Copy {
-public:
-    explicit Copy(const QString& path) : m_path(path), m_file(path) { store::check_system(m_file.make(), path); }
-    const QString& path() const { return m_file.passing_path(); }
-    void place() {
-        store::check_system(m_file.place(platform::Durability::Disk, platform::Standing::GivesWay), m_path);
-    }
-
-private:
-    QString m_path;
-    platform::NewFile m_file;
-};
-
 class Steps {
 public:
     Steps(platform::Host& host, const BackupProgress& progress, int of)
@@ -98,24 +85,22 @@ struct Item {
     const Source& source;
     Held held;
     QString file; ///< its name in the folder
-    std::unique_ptr<Copy> copy;
 };
 
 class Generation {
 public:
-    Generation(const Settings& settings, QString folder, std::chrono::milliseconds patience, Steps& steps)
-        : m_settings(settings), m_folder(std::move(folder)), m_patience(patience), m_steps(steps) {}
+    Generation(const Settings& settings, const QString& folder, std::chrono::milliseconds patience, Steps& steps)
+        : m_settings(settings), m_folder(folder), m_patience(patience), m_steps(steps), m_copies(folder) {}
 
     /// All databases are held from before the first copy, so that they belong together.
     void make() {
         make_folder(m_folder);
+        store::check_system(platform::settle_set(m_folder), m_folder);
         for (const Source& source : sources)
             hold(source);
         for (Item& item : m_items)
             copy(item);
-        for (Item& item : m_items)
-            item.copy->place();
-        remove_what_is_no_part();
+        store::check_system(m_copies.place(), m_folder);
     }
 
     /// Gives the live files the compacted contents. Returns what kept some of them from it; these stand as they stood.
@@ -139,23 +124,15 @@ private:
         const QString path = source.path(m_settings);
         if (source.need == Need::May && !QFileInfo::exists(path))
             return;
-        m_items.push_back({source, Held(path, source.kind, m_patience), QFileInfo(path).fileName(), {}});
+        m_items.push_back({source, Held(path, source.kind, m_patience), QFileInfo(path).fileName()});
     }
 
     void copy(Item& item) {
         m_steps.next(item.file);
-        item.copy = std::make_unique<Copy>(m_folder + u'/' + item.file);
-        item.held.compact_into(item.copy->path());
-        store::check_copy(item.copy->path(), item.source.kind, item.held.rows());
-    }
-
-    void remove_what_is_no_part() {
-        QDir folder(m_folder);
-        QStringList others = folder.entryList(QDir::Files | QDir::Hidden | QDir::System);
-        for (const Item& item : m_items)
-            others.removeAll(item.file);
-        for (const QString& other : others)
-            folder.remove(other);
+        store::check_system(m_copies.make(item.file), m_folder + u'/' + item.file);
+        const QString& made = m_copies.passing_path(item.file);
+        item.held.compact_into(made);
+        store::check_copy(made, item.source.kind, item.held.rows());
     }
 
     const Settings& m_settings;
@@ -163,6 +140,7 @@ private:
     std::chrono::milliseconds m_patience;
     Steps& m_steps;
     std::vector<Item> m_items;
+    platform::FileSet m_copies;
 };
 
 void copy_settings_of_pc(const Settings& settings, const QString& folder, std::chrono::milliseconds patience) {
@@ -171,10 +149,11 @@ void copy_settings_of_pc(const Settings& settings, const QString& folder, std::c
     platform::remove_leftovers(place);
     Held held(
         install_root(settings) + u'/' + settings.product_folder + u"/data/system/losys.mdb"_s, Kind::Losys, patience);
-    Copy copy(place);
-    held.copy_into(copy.path());
-    store::check_copy(copy.path(), Kind::Losys, held.rows());
-    copy.place();
+    platform::NewFile copy(place);
+    store::check_system(copy.make(), place);
+    held.copy_into(copy.passing_path());
+    store::check_copy(copy.passing_path(), Kind::Losys, held.rows());
+    store::check_system(copy.place(platform::Durability::Disk, platform::Standing::GivesWay), place);
 }
 
 /// Runs a part of the backup; what it throws is told under this heading.

@@ -1,6 +1,7 @@
 #include "install/restore.h"
 
 #include "base/literals.h"
+#include "platform/file_set.h"
 #include "platform/paths.h"
 #include "platform/program_lock.h"
 #include "platform/rights.h"
@@ -99,8 +100,8 @@ std::vector<Found> look_through(const QString& folder, const Say& say) {
     std::vector<Found> found;
     bool in_order = true;
     for (const Place& place : places) {
-        const QString file = u"%1/%2"_s.arg(folder, place.file);
-        if (!QFileInfo::exists(file))
+        const QString file = platform::file_of_set(folder, place.file.toString());
+        if (file.isEmpty())
             continue;
         try {
             found.push_back(look_at(place, file, say));

@@ -2,10 +2,10 @@
 
 #include "base/literals.h"
 #include "store/files.h"
+#include "store/numbering.h"
 #include "store/setup.h"
 
 #include <QFileInfo>
-#include <string>
 
 namespace install {
 
@@ -19,32 +19,14 @@ constexpr std::string_view count_masters = "select (select count(*) from syain) 
                                            " + (select count(*) from kintype) + (select count(*) from kyutype)"
                                            " + (select count(*) from syainkinmu)";
 
-/// Attendance and other masters may still name what was deleted, so they count as well.
-struct Counter {
-    QStringView name;
-    std::string_view numbers; ///< all that are in use, as `n`
-};
-constexpr Counter counters[]{
-    {u"勤務種類",
-        "select システム番号 n from kinsyu union select 時間種類 from kintype union select 勤務種類 from kinjisyu"},
-    {u"勤務時間", "select システム番号 n from kintype union select 勤務タイプ from syainkinmu"},
-    {u"休暇種類", "select システム番号 n from kyutype union select システム番号 from kyumei"},
-    {u"社員番号", "select システム番号 n from syain union select 社員システム番号 from rovmei"},
-};
-
 Database open_rovdata(const frame::Settings& settings) {
     return Database::open(store::rovdata_path(settings), Kind::Rovdata);
 }
 
-qint64 number(Database& database, const std::string& sql) {
-    store::Statement statement = database.prepare(sql);
-    return statement.step() ? statement.row().number(0) : 0;
-}
-
 void carry_counters(Database& comsys, Database& rovdata) {
     store::Statement add = comsys.prepare("insert into bangou (番号名称, 番号) values (?, ?)");
-    for (const Counter& counter : counters)
-        add.bind(counter.name, number(rovdata, "select max(n) from (" + std::string(counter.numbers) + ")")).run();
+    for (const QStringView counter : store::counter_names)
+        add.bind(counter, store::highest_in_use(rovdata, counter)).run();
 }
 
 void carry_staff(Database& comsys, Database& rovdata) {
@@ -66,7 +48,8 @@ bool holds_masters(const frame::Settings& settings) {
     if (!QFileInfo::exists(store::rovdata_path(settings)))
         return false;
     Database rovdata = open_rovdata(settings);
-    return number(rovdata, std::string(count_masters)) > 0;
+    store::Statement count = rovdata.prepare(count_masters);
+    return count.step() && count.row().number(0) > 0;
 }
 
 void carry_on(Database& comsys, const frame::Settings& settings) {

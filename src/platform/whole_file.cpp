@@ -37,7 +37,7 @@ std::error_code rename_file(const QString& from, const QString& to, Standing sta
     return GetLastError() == ERROR_ALREADY_EXISTS ? std::make_error_code(std::errc::file_exists) : last_error();
 }
 
-bool flush(const QString& path) {
+bool flush_file(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly) && _commit(file.handle()) == 0;
 }
@@ -71,7 +71,7 @@ std::error_code rename_file(const QString& from, const QString& to, Standing sta
     return renamed ? std::error_code() : last_error();
 }
 
-bool flush(const QString& path) {
+bool flush_file(const QString& path) {
     const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0)
         return false;
@@ -81,7 +81,7 @@ bool flush(const QString& path) {
 }
 
 void flush_folder_of(const QString& path) {
-    flush(QFileInfo(path).path());
+    flush_file(QFileInfo(path).path());
 }
 
 #endif
@@ -111,15 +111,27 @@ std::error_code NewFile::make() {
     return {};
 }
 
+std::error_code NewFile::flush() const {
+    return flush_file(m_passing) ? std::error_code() : last_error();
+}
+
 std::error_code NewFile::place(Durability durability, Standing standing) {
-    if (durability == Durability::Disk && !flush(m_passing))
-        return last_error();
+    if (durability == Durability::Disk)
+        if (const std::error_code failure = flush())
+            return failure;
     if (const std::error_code failure = rename_file(m_passing, m_path, standing))
         return failure;
     m_made = false;
     if (durability == Durability::Disk)
         flush_folder_of(m_path);
     return {};
+}
+
+std::error_code rename_over(const QString& from, const QString& to) {
+    const std::error_code failure = rename_file(from, to, Standing::GivesWay);
+    if (!failure)
+        flush_folder_of(to);
+    return failure;
 }
 
 void remove_leftovers(const QString& path) {

@@ -32,6 +32,12 @@ public:
 
     const QString& passing_path() const { return m_passing; }
 
+    /// Waits until what was written under the passing name is on the disk.
+    std::error_code flush() const;
+
+    /// From now on the file stays under its passing name when this goes.
+    void leave() { m_made = false; }
+
     /// Gives the file its name. Where a file stands that stays: std::errc::file_exists.
     std::error_code place(Durability durability, Standing standing = Standing::Stays);
 
@@ -40,6 +46,9 @@ private:
     QString m_passing;
     bool m_made = false;
 };
+
+/// Renames a file, which takes the place of whatever has the new name, and waits until the names are on the disk.
+std::error_code rename_over(const QString& from, const QString& to);
 
 /// Removes what programs that were killed left of this file in the making. Nobody may be making it now.
 void remove_leftovers(const QString& path);

@@ -17,6 +17,44 @@ QString quoted(QString name) {
     return u'"' + name.replace(u'"', u"\"\""_s) + u'"';
 }
 
+/// What it takes to look for one number there.
+enum class Search {
+    Quick, ///< a small table or an index
+    Slow,  ///< reads all rows of the attendance
+};
+
+struct InUse {
+    QStringView counter;
+    std::string_view table;
+    std::string_view column;
+    Search search;
+};
+constexpr InUse places_of_numbers[]{
+    {u"勤務種類", "kinsyu", "システム番号", Search::Quick},
+    {u"勤務種類", "kintype", "時間種類", Search::Quick},
+    {u"勤務種類", "kinjisyu", "勤務種類", Search::Slow},
+    {u"勤務時間", "kintype", "システム番号", Search::Quick},
+    {u"勤務時間", "syainkinmu", "勤務タイプ", Search::Quick},
+    {u"休暇種類", "kyutype", "システム番号", Search::Quick},
+    {u"休暇種類", "kyumei", "システム番号", Search::Slow},
+    {u"社員番号", "syain", "システム番号", Search::Quick},
+    {u"社員番号", "rovmei", "社員システム番号", Search::Quick},
+};
+
+qint64 number_of(Statement rows) {
+    return rows.step() ? rows.row().number(0) : 0;
+}
+
+bool in_use(Database& rovdata, QStringView counter_name, qint64 number) {
+    return std::ranges::any_of(places_of_numbers, [&](const InUse& place) {
+        if (place.counter != counter_name || place.search == Search::Slow)
+            return false;
+        Statement rows = rovdata.prepare(
+            "select 1 from " + std::string(place.table) + " where " + std::string(place.column) + "=? limit 1");
+        return rows.bind(number).step();
+    });
+}
+
 QStringList columns_of(Database& database, const QString& table) {
     if (!database.has_table(table))
         throw Error(Code::Misuse, database.path(), table, {});
@@ -29,13 +67,25 @@ QStringList columns_of(Database& database, const QString& table) {
 
 } // namespace
 
+qint64 highest_in_use(Database& rovdata, QStringView counter_name) {
+    qint64 highest = 0;
+    for (const InUse& place : places_of_numbers)
+        if (place.counter == counter_name)
+            highest = std::max(highest, number_of(rovdata.prepare("select max(" + std::string(place.column) +
+                                                                  ") from " + std::string(place.table))));
+    return highest;
+}
+
 int 採番(const frame::Settings& settings, const QString& counter_name) {
+    Database rovdata = Database::open(rovdata_path(settings), Kind::Rovdata);
     Database comsys = Database::open(comsys_path(settings), Kind::Comsys);
     Transaction transaction(comsys);
     Statement counter = comsys.prepare("select 番号 from bangou where 番号名称=?");
     const bool known = counter.bind(counter_name).step();
-    const int next = known ? counter.row().integer(0) + 1 : 1;
+    int next = known ? counter.row().integer(0) + 1 : 1;
     counter.reset();
+    if (in_use(rovdata, counter_name, next))
+        next = int(highest_in_use(rovdata, counter_name)) + 1;
     comsys
         .prepare(
             known ? "update bangou set 番号=? where 番号名称=?" : "insert into bangou (番号, 番号名称) values (?, ?)")

@@ -9,9 +9,17 @@
 
 namespace store {
 
-/// The next number of a counter ("勤務種類", "勤務時間", "休暇種類", "社員番号"): 1 for a new counter, then one more
-/// for each call. Read and write are one transaction, so that two programs never get one number. A number not used is
-/// lost.
+/// The counters.
+inline constexpr QStringView counter_names[]{u"勤務種類", u"勤務時間", u"休暇種類", u"社員番号"};
+
+/// The highest number of the counter that `rovdata` holds, also in attendance that names what was deleted; 0 if none or
+/// if the counter isn't one of the above. Reads the whole attendance.
+qint64 highest_in_use(Database& rovdata, QStringView counter_name);
+
+/// The next number of a counter: 1 for a new counter, then one more for each call. Read and write are one transaction,
+/// so that two programs never get one number. A number not used is lost. A counter whose next number is in use, in a
+/// master or by an employee's attendance, is behind the tables, as a `comsys.mdb` of an older day is: it goes on behind
+/// the highest number in use.
 int 採番(const frame::Settings& settings, const QString& counter_name);
 
 /// Fields of the first row of a master in `comsys.mdb` whose key field holds the trimmed key value; all empty if there

@@ -79,6 +79,17 @@ TEST_F(RestoredCompany, IsTheSameUnderASecondRootAndItsProgramLooksThere) {
         QStringList{second.server_root});
 }
 
+TEST_F(RestoredCompany, ComesFromABackupThatWasKilledAmongItsLastRenames) {
+    QByteArray list;
+    for (const QByteArray name : {"rovdata.mdb", "comsys.mdb", "allsystem.mdb"})
+        list += name + ' ' + name + ".7.new\n";
+    support::put_bytes(backup + u"/generation.list"_s, list);
+    ASSERT_TRUE(QFile::rename(backup + u"/comsys.mdb"_s, backup + u"/comsys.mdb.7.new"_s));
+    for (const QString& of_last_week : {u"comsys.mdb"_s, u"losys.mdb"_s})
+        support::put_bytes(backup + u'/' + of_last_week, "no part of it");
+    EXPECT_TRUE(all_rows(restore(u"second"_s)) == rows);
+}
+
 TEST_F(RestoredCompany, KeepsThePresentFilesBeside) {
     change();
     const QStringList changed = all_rows(rovdata_path(settings), Kind::Rovdata);

@@ -32,6 +32,19 @@ TEST_F(Comsys, EachCounterStartsAtOneAndRisesByItself) {
     EXPECT_EQ(number_from(comsys, "select count(*) from bangou"), 2);
 }
 
+TEST_F(Comsys, ACounterThatIsBehindTheTablesGivesNoNumberThatIsInUse) {
+    Database::open(rovdata_path(tree.settings), Kind::Rovdata)
+        .exec("insert into kinsyu values (1, '夜'), (3, '朝'); insert into kinjisyu (勤務種類) values (6);"
+              "insert into kintype (システム番号, 時間種類) values (3, 7);"
+              "insert into rovmei (社員システム番号) values (12), (13)");
+    comsys.exec("insert into bangou values ('勤務時間', 2), ('休暇種類', 8), ('社員番号', 11)");
+    EXPECT_EQ(採番(tree.settings, u"勤務種類"_s), 8) << "attendance of what was deleted counts";
+    EXPECT_EQ(採番(tree.settings, u"勤務時間"_s), 4);
+    EXPECT_EQ(採番(tree.settings, u"休暇種類"_s), 9);
+    EXPECT_EQ(採番(tree.settings, u"社員番号"_s), 14);
+    EXPECT_EQ(採番(tree.settings, u"社員番号"_s), 15);
+}
+
 TEST_F(Comsys, ALookupGivesTheFieldsOfTheFirstRowWithTheKey) {
     comsys.exec(
         "insert into syain values (3, 12, '山田', 'ヤマダ', 'a', null, ''), (4, 12, '佐藤', 'サトウ', '', '', '')");
