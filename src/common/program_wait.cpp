@@ -5,10 +5,10 @@ namespace common {
 using namespace std::chrono_literals;
 
 Wait ウィンドウ終了待ち(platform::Host& host, const QString& title, const QString& folder) {
-    const QDateTime limit = host.now().addSecs(15);
+    const auto limit = host.steady_now() + 15s;
     while (host.program_running(title, folder)) {
         host.wait(1s);
-        if (host.now() >= limit)
+        if (host.steady_now() >= limit)
             return Wait::StillRunning;
     }
     return Wait::Ended;

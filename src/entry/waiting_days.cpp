@@ -39,25 +39,25 @@ bool holds_row(const QString& path, const QString& employee) {
 /// Starts the manager on the PC whose work that is, and again if it ends with rows left.
 class ManagerStart {
 public:
-    explicit ManagerStart(frame::Session& session) : m_session(session), m_next(session.host.now()) {}
+    explicit ManagerStart(frame::Session& session) : m_session(session), m_next(session.host.steady_now()) {}
 
     void see_to_it() {
-        const QDateTime now = m_session.host.now();
+        const auto now = m_session.host.steady_now();
         if (now < m_next || !is_main_pc(m_session.settings) || manager_running(m_session))
             return;
         start_manager(m_session);
-        m_next = now.addDuration(start_again);
+        m_next = now + start_again;
     }
 
 private:
     frame::Session& m_session;
-    QDateTime m_next;
+    std::chrono::steady_clock::time_point m_next;
 };
 
 bool wait_for_days(frame::Session& session, qint64 employee) {
     ManagerStart manager(session);
-    const QDateTime limit = session.host.now().addDuration(longest_wait);
-    while (session.host.now() < limit) {
+    const auto limit = session.host.steady_now() + longest_wait;
+    while (session.host.steady_now() < limit) {
         manager.see_to_it();
         session.host.wait(step);
         if (!days_wait(session.settings, employee))

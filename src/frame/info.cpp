@@ -78,7 +78,7 @@ void info::Shown() {
 }
 
 void info::インフォメーション取得処理() {
-    m_deadline = m_session.host.now().addMSecs(m_times.in_all.count());
+    m_deadline = m_session.host.steady_now() + m_times.in_all;
     stop_fetch();
     if (QFileInfo::exists(news_path()))
         return show_news();
@@ -117,7 +117,7 @@ void info::show_news() {
 }
 
 void info::fetch_next_picture() {
-    if (m_wanted.isEmpty() || m_session.host.now() >= m_deadline)
+    if (m_wanted.isEmpty() || m_session.host.steady_now() >= m_deadline)
         return;
     const auto [row, name] = m_wanted.takeFirst();
     if (const auto address = on_server(m_session.settings, news_folder.toString() + name))
@@ -181,7 +181,7 @@ void info::down_Click() {
 
 /// The last file gets no more than what is left of the whole time.
 FetchLimits info::limits_for(qsizetype bytes) const {
-    const std::chrono::milliseconds left(m_session.host.now().msecsTo(m_deadline));
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(m_deadline - m_session.host.steady_now());
     return {bytes, std::clamp(left, std::chrono::milliseconds(0), m_times.a_file)};
 }
 

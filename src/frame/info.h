@@ -83,7 +83,7 @@ private:
     Session m_session;
     Fetch& m_fetch;
     FetchTimes m_times;
-    QDateTime m_deadline;
+    std::chrono::steady_clock::time_point m_deadline;
     QList<WantedPicture> m_wanted;
 };
 

@@ -13,7 +13,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int reply_length = 4;
-constexpr int patience_seconds = 10;
+constexpr qint64 most_unread = 1024; ///< whatever takes itself for the service
+constexpr auto patience = 10s;
 constexpr auto pause = 20ms;
 
 /// What a reply does, told by the state it arrives in. Any other reply changes nothing.
@@ -59,6 +60,7 @@ TurnLink::TurnLink(
     const Settings& settings, platform::Host& host, std::function<void(const QString&)> show, quint16 port)
     : m_settings(settings), m_host(host), m_show(std::move(show)), m_port(port) {
     m_socket.setProxy(QNetworkProxy::NoProxy);
+    m_socket.setReadBufferSize(most_unread);
     QObject::connect(&m_socket, &QTcpSocket::connected, &m_socket, [this] { introduce(); });
     QObject::connect(&m_socket, &QTcpSocket::readyRead, &m_socket, [this] { reply_arrived(); });
 }
@@ -114,9 +116,9 @@ void TurnLink::send_for_state() {
 }
 
 bool TurnLink::wait_for(LinkState state) {
-    const QDateTime limit = m_host.now().addSecs(patience_seconds);
+    const auto limit = m_host.steady_now() + patience;
     const auto connected = [this] { return m_socket.state() != QAbstractSocket::UnconnectedState; };
-    while (m_link_state != state && connected() && m_host.now() < limit)
+    while (m_link_state != state && connected() && m_host.steady_now() < limit)
         m_host.wait(pause);
     return m_link_state == state;
 }

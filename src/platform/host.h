@@ -44,6 +44,8 @@ public:
     virtual bool program_running(const QString& title, const QString& folder) = 0;
 
     virtual QDateTime now() = 0;
+    /// A clock that only goes forward, whatever is done to the time of day. Every wait is measured by it.
+    virtual std::chrono::steady_clock::time_point steady_now() = 0;
     /// Device names of the printers, in the platform's order.
     virtual QStringList printers() = 0;
     /// Makes the share reachable with this account. False if it can't be reached.

@@ -137,6 +137,10 @@ QDateTime QtHost::now() {
     return QDateTime::currentDateTime();
 }
 
+std::chrono::steady_clock::time_point QtHost::steady_now() {
+    return std::chrono::steady_clock::now();
+}
+
 QStringList QtHost::printers() {
     QStringList names = QPrinterInfo::availablePrinterNames();
     names.removeAll(pdf_printer.toString());

@@ -17,6 +17,7 @@ public:
     bool start_program(const QString& file, const QStringList& arguments) override;
     bool program_running(const QString& title, const QString& folder) override;
     QDateTime now() override;
+    std::chrono::steady_clock::time_point steady_now() override;
     /// The platform's printers, and last the one that writes PDF files.
     QStringList printers() override;
     bool connect_share(const QString& share, const QString& user, const QString& password) override;

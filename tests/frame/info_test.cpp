@@ -173,7 +173,7 @@ TEST_F(Info, NoFurtherPictureIsAskedForWhenTheWholeTimeIsOver) {
     server.put(u"/mr/info/a.png"_s, png);
     server.put(u"/mr/info/b.png"_s, png);
     begin_visit();
-    host.clock = host.clock.addSecs(11);
+    host.steady += 11s;
     EXPECT_TRUE(support::wait_until([&] { return !fetch.busy(); }));
     EXPECT_EQ(server.asked, QStringList{u"/mr/info/a.png"_s});
 }

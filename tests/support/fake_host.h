@@ -29,6 +29,7 @@ public:
     std::function<bool(const QString&, const QString&, const QString&)> share; ///< connect_share; unset: true
     std::function<void()> on_yield; ///< what happens while the interface has time
     QDateTime clock{QDate(2004, 10, 5), QTime(9, 0)};
+    std::chrono::steady_clock::time_point steady; ///< moves with the clock, but isn't set
 
     std::vector<Shown> shown;
     QStringList prompts, opened, started;
@@ -50,6 +51,7 @@ public:
     bool start_program(const QString& file, const QStringList&) override { return started << file, true; }
     bool program_running(const QString& title, const QString&) override { return running.contains(title); }
     QDateTime now() override { return clock; }
+    std::chrono::steady_clock::time_point steady_now() override { return steady; }
     QStringList printers() override { return printer_names; }
     bool connect_share(const QString& root, const QString& user, const QString& password) override {
         return share ? share(root, user, password) : true;
@@ -61,6 +63,7 @@ public:
     }
     void wait(std::chrono::milliseconds time) override {
         clock = clock.addMSecs(time.count());
+        steady += time;
         yield();
     }
 
