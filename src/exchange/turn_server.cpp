@@ -26,8 +26,15 @@ constexpr std::array<Note, 3> notes{{
     {"eo-1", u"順番を返しました"},
 }};
 
+/// One form for an address, whatever kind of socket it came in by.
+QString address_of(const QTcpSocket& socket) {
+    bool is_v4 = false;
+    const quint32 v4 = socket.peerAddress().toIPv4Address(&is_v4);
+    return is_v4 ? QHostAddress(v4).toString() : socket.peerAddress().toString();
+}
+
 QString place_of(const QTcpSocket& socket) {
-    return u"%1:%2"_s.arg(socket.peerAddress().toString()).arg(socket.peerPort());
+    return u"%1:%2"_s.arg(address_of(socket)).arg(socket.peerPort());
 }
 
 } // namespace
@@ -39,7 +46,10 @@ TurnServer::TurnServer(TurnServerOptions options, EventLog& log)
     m_manager_deadline.setSingleShot(true);
     m_manager.setProcessChannelMode(QProcess::ForwardedChannels);
     m_manager.setStandardInputFile(QProcess::nullDevice());
-    QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] { accept(); });
+    // Queued: a crowd at the door is let in a batch at a time, and those inside are heard in between.
+    QObject::connect(
+        &m_server, &QTcpServer::newConnection, &m_server, [this] { accept(); }, Qt::QueuedConnection);
+    QObject::connect(&m_server, &QTcpServer::acceptError, &m_server, [this] { door_stuck(); });
     QObject::connect(&m_deadline, &QTimer::timeout, &m_server, [this] { carry_out(m_turns.time_passed(now())); });
     QObject::connect(&m_manager_deadline, &QTimer::timeout, &m_manager, &QProcess::kill);
     QObject::connect(&m_manager, &QProcess::finished, &m_server, [this](int code, QProcess::ExitStatus status) {
@@ -60,7 +70,9 @@ TurnServer::~TurnServer() {
 bool TurnServer::listen() {
     // Where the queue of the system is full, a client takes itself for connected and the service never hears of it.
     constexpr int backlog = 1024;
+    constexpr int batch = 8;
     m_server.setListenBacklogSize(backlog);
+    m_server.setMaxPendingConnections(batch);
     const bool open = m_server.listen(m_options.bind, m_options.port);
     const QString place = u"%1:%2"_s.arg(m_options.bind.toString()).arg(open ? port() : m_options.port);
     m_log.line(
@@ -93,8 +105,18 @@ void TurnServer::accept() {
         note(id, u"接続しました"_s);
         QObject::connect(socket, &QTcpSocket::readyRead, &m_server, [this, id] { read(id); });
         QObject::connect(socket, &QTcpSocket::disconnected, &m_server, [this, id] { lost(id); });
-        carry_out(m_turns.connected(id, now()));
+        carry_out(m_turns.connected(id, address_of(*socket).toLatin1(), now()));
     }
+}
+
+/// The system had no more to give, an open file most of all; the server then stands still until it is told to go on.
+void TurnServer::door_stuck() {
+    constexpr std::chrono::milliseconds while_others_leave(100);
+    m_log.line_from_outside(u"接続を受け付けられません: "_s + m_server.errorString());
+    QTimer::singleShot(while_others_leave, &m_server, [this] {
+        if (m_server.isListening())
+            m_server.resumeAccepting();
+    });
 }
 
 void TurnServer::read(ClientId id) {
@@ -153,13 +175,13 @@ void TurnServer::close(const Action& action) {
 }
 
 void TurnServer::start_manager() {
-    m_log.line(u"jyusinkanriを開始します"_s);
+    m_log.line_from_outside(u"jyusinkanriを開始します"_s);
     m_manager_deadline.start(m_options.manager_limit);
     m_manager.start(m_options.manager, m_options.manager_arguments);
 }
 
 void TurnServer::manager_ended(const QString& how) {
-    m_log.line(u"jyusinkanri: "_s + how);
+    m_log.line_from_outside(u"jyusinkanri: "_s + how);
     m_manager_deadline.stop();
     carry_out(m_turns.manager_ended(now()));
     if (m_stopped && !m_server.isListening())
@@ -176,7 +198,7 @@ void TurnServer::arm() {
 
 void TurnServer::note(ClientId id, const QString& text) {
     const QByteArray name = m_turns.address(id);
-    m_log.line(u"%1%2 %3"_s.arg(
+    m_log.line_from_outside(u"%1%2 %3"_s.arg(
         place_of(*m_sockets.at(id)), name.isEmpty() ? QString() : u" (%1)"_s.arg(QString::fromLatin1(name)), text));
 }
 

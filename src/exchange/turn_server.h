@@ -44,6 +44,7 @@ public:
 
 private:
     void accept();
+    void door_stuck();
     void read(ClientId id);
     void lost(ClientId id);
     void carry_out(const Actions& actions);

@@ -19,10 +19,11 @@ struct Turns::Rule {
     bool ends_turn = false;
 
     static const Rule* of(State state, Message message) {
-        static constexpr std::array<Rule, 9> rules{{
+        static constexpr std::array<Rule, 10> rules{{
             {State::Connected, Message::Greeting, "your", State::Greeted},
             {State::Greeted, Message::St, {}, State::Waiting},
             {State::Waiting, Message::St, {}, State::Waiting},
+            {State::Called, Message::St, "st-1", State::Granted},
             {State::Granted, Message::St, "st-1", State::Granted},
             {State::Granted, Message::So, "so-1", State::Holding},
             {State::Holding, Message::So, "so-1", State::Holding},
@@ -36,12 +37,16 @@ struct Turns::Rule {
     }
 };
 
-Actions Turns::connected(ClientId id, Time now) {
-    if (std::ssize(m_clients) >= m_limits.connections)
+Actions Turns::connected(ClientId id, const QByteArray& address, Time now) {
+    if (std::ssize(m_clients) >= m_limits.connections && !make_room(address, now)) {
         m_actions.push_back({Action::What::Close, id, {}, u"接続が多すぎます"_s});
-    else
-        m_clients.emplace(id,
-            Client{.reader = MessageReader(m_limits.bytes_kept), .deadline = now + m_limits.patience, .second = now});
+    } else {
+        m_shares.connected(address);
+        m_clients.emplace(id, Client{.address = address,
+                                  .reader = MessageReader(m_limits.bytes_kept),
+                                  .deadline = now + m_limits.patience,
+                                  .second = now});
+    }
     return done(now);
 }
 
@@ -58,7 +63,7 @@ Actions Turns::received(ClientId id, QByteArrayView bytes, Time now) {
 
 Actions Turns::disconnected(ClientId id, Time now) {
     if (m_clients.contains(id))
-        leave(id);
+        leave(id, now);
     return done(now);
 }
 
@@ -94,9 +99,9 @@ void Turns::take(ClientId id, Message message, Time now) {
     Client& client = m_clients.at(id);
     const Rule* rule = Rule::of(client.state, message);
     if (too_fast(client, now))
-        close(id, u"通信が多すぎます"_s);
+        close(id, u"通信が多すぎます"_s, now);
     else if (!rule)
-        close(id, u"通信の内容が正しくありません"_s);
+        close(id, u"通信の内容が正しくありません"_s, now);
     else if (rule->reply.isEmpty())
         ask(id, client, now);
     else
@@ -104,8 +109,10 @@ void Turns::take(ClientId id, Message message, Time now) {
 }
 
 void Turns::ask(ClientId id, Client& client, Time now) {
-    if (client.state != State::Waiting)
+    if (client.state != State::Waiting) {
         m_waiting.push_back(id);
+        m_shares.wants_turn(client.address);
+    }
     if (!client.asking)
         client.deadline = now + m_limits.pause;
     client.asking = true;
@@ -114,21 +121,45 @@ void Turns::ask(ClientId id, Client& client, Time now) {
 
 void Turns::answer(ClientId id, Client& client, const Rule& rule, Time now) {
     send(id, rule.reply);
-    client.state = rule.next;
-    client.deadline = now + (rule.next == State::Holding ? m_limits.turn_patience : m_limits.patience);
+    if (client.state != rule.next)
+        enter(client, rule.next, now);
     if (rule.ends_turn)
-        close(id, QString());
+        close(id, QString(), now);
+}
+
+void Turns::enter(Client& client, State state, Time now) {
+    const auto allowed = [&](Time limit) { return m_shares.allowed(client.address, limit); };
+    client.state = state;
+    switch (state) {
+    case State::Called:
+        client.deadline = std::min(client.given_up, now + allowed(m_limits.pause));
+        break;
+    case State::Holding:
+        client.deadline = now + std::max(allowed(m_limits.turn), std::min(m_limits.turn, m_limits.patience));
+        break;
+    case State::Granted:
+    case State::Leaving:
+        client.deadline = now + allowed(m_limits.patience);
+        break;
+    default:
+        client.deadline = now + m_limits.patience;
+    }
 }
 
 void Turns::time_is_up(ClientId id, Time now) {
     Client& client = m_clients.at(id);
-    if (!client.asking) {
-        close(id, u"応答がありません"_s);
+    if (client.asking) {
+        send(id, "stok");
+        client.asking = false;
+        client.deadline = now + m_limits.patience;
         return;
     }
-    send(id, "stok");
-    client.asking = false;
-    client.deadline = now + m_limits.patience;
+    if (m_holder == id)
+        m_turn->lost = true;
+    if (client.state == State::Called && now < client.given_up)
+        pass_over(id, now);
+    else
+        close(id, client.state == State::Holding ? u"順番が長すぎます"_s : u"応答がありません"_s, now);
 }
 
 bool Turns::too_fast(Client& client, Time now) const {
@@ -137,35 +168,76 @@ bool Turns::too_fast(Client& client, Time now) const {
     return ++client.messages > m_limits.messages_a_second;
 }
 
-void Turns::close(ClientId id, const QString& reason) {
+void Turns::close(ClientId id, const QString& reason, Time now) {
     m_actions.push_back({Action::What::Close, id, {}, reason});
-    leave(id);
+    leave(id, now);
 }
 
-void Turns::leave(ClientId id) {
-    const State state = m_clients.at(id).state;
-    m_clients.erase(id);
+void Turns::leave(ClientId id, Time now) {
+    const Client client = std::move(m_clients.extract(id).mapped());
+    m_shares.disconnected(client.address);
     std::erase(m_waiting, id);
     if (m_holder != id)
         return;
     m_holder.reset();
-    if (state == State::Granted)
+    m_turn->left = now;
+    if (client.state == State::Called || client.state == State::Granted)
         return;
     m_manager_runs = true;
     m_actions.push_back({Action::What::StartManager});
 }
 
-// The first in the row gets the turn even if its next question is still on the way: it isn't overtaken for that.
-void Turns::grant_next(Time now) {
-    if (m_holder || m_manager_runs || m_waiting.empty() || !m_clients.at(m_waiting.front()).asking)
-        return;
-    m_holder = m_waiting.front();
-    m_waiting.pop_front();
-    Client& client = m_clients.at(*m_holder);
-    client.asking = false;
-    client.state = State::Granted;
-    client.deadline = now + m_limits.patience;
-    send(*m_holder, "st-1");
+/// Where the address with the most connections has more than the newcomer's would have, it gives one up.
+bool Turns::make_room(const QByteArray& newcomer, Time now) {
+    const QByteArray busiest = m_shares.busiest();
+    const bool heavier = m_shares.connections(busiest) > m_shares.connections(newcomer) + 1;
+    const auto leaving = heavier ? dispensable(busiest) : std::nullopt;
+    if (leaving)
+        close(*leaving, u"接続が多すぎます"_s, now);
+    return leaving.has_value();
+}
+
+/// The client of this address that has said nothing for longest, or else the last of those who wait.
+std::optional<ClientId> Turns::dispensable(const QByteArray& address) const {
+    const auto silent = std::ranges::find_if(m_clients,
+        [&](const auto& entry) { return entry.second.address == address && entry.second.state < State::Waiting; });
+    if (silent != m_clients.end())
+        return silent->first;
+    const auto last = std::find_if(
+        m_waiting.rbegin(), m_waiting.rend(), [&](ClientId id) { return m_clients.at(id).address == address; });
+    return last == m_waiting.rend() ? std::nullopt : std::optional(*last);
+}
+
+Turns::Row::iterator Turns::next_in_row(Time now) {
+    const auto address = [this](ClientId id) -> const QByteArray& { return m_clients.at(id).address; };
+    const auto next = std::ranges::min_element(m_waiting, {},
+        [&](ClientId id) { return std::pair(m_shares.rests(address(id), now), m_shares.place(address(id))); });
+    return next == m_waiting.end() || m_shares.rests(address(*next), now) ? m_waiting.end() : next;
+}
+
+// The next in the row gets the turn even if its question is still on the way: it isn't overtaken for that, if it comes
+// soon.
+void Turns::give_turn(ClientId id, Time now) {
+    Client& client = m_clients.at(id);
+    m_holder = id;
+    m_turn = m_shares.begin_turn(client.address, now);
+    if (client.asking) {
+        send(id, "st-1");
+        client.asking = false;
+        enter(client, State::Granted, now);
+    } else {
+        client.given_up = client.deadline;
+        enter(client, State::Called, now);
+    }
+}
+
+void Turns::pass_over(ClientId id, Time now) {
+    Client& client = m_clients.at(id);
+    client.state = State::Waiting;
+    client.deadline = client.given_up;
+    m_waiting.push_back(id);
+    m_holder.reset();
+    m_turn->left = now;
 }
 
 void Turns::send(ClientId id, QByteArrayView reply) {
@@ -173,7 +245,16 @@ void Turns::send(ClientId id, QByteArrayView reply) {
 }
 
 Actions Turns::done(Time now) {
-    grant_next(now);
+    if (!m_holder && !m_manager_runs) {
+        if (m_turn)
+            m_shares.end_turn(*m_turn, now);
+        m_turn.reset();
+        if (const auto next = next_in_row(now); next != m_waiting.end()) {
+            const ClientId id = *next;
+            m_waiting.erase(next);
+            give_turn(id, now);
+        }
+    }
     return std::exchange(m_actions, {});
 }
 

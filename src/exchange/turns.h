@@ -3,12 +3,15 @@
 // The granting of turns, as a pure state machine: no sockets and no clock of its own. What happens is told to it with
 // the time, and it answers with what is to be done.
 //
-// One client holds the turn at a time, first come first served. A client that has to wait is told "stok", but only
-// after a pause, so that those who wait don't spin; if the turn comes free in the pause, the answer is "st-1" at once.
-// After a turn the exchange manager runs, and the next turn is granted when it has ended. A holder that goes away or is
-// silent too long loses the turn; from its "so" on it may have posted, so the manager runs then as well. Repeating the
-// last message gets the same answer again; any other message out of its place closes that client only.
+// One client holds the turn at a time. Addresses share the turns by the time they take (see shares.h); of one address,
+// or of addresses that had equally much, who came first is served first. A client that has to wait is told "stok", but
+// only after a pause, so that those who wait don't spin; if the turn comes free in the pause, the answer is "st-1" at
+// once. After a turn the exchange manager runs, and the next turn is granted when it has ended. A holder that goes away
+// or takes too long loses the turn; from its "so" on it may have posted, so the manager runs then as well. Repeating
+// the last message gets the same answer again, but no more time; any other message out of its place closes that client
+// only.
 
+#include "exchange/shares.h"
 #include "exchange/turn_messages.h"
 
 #include <QString>
@@ -19,16 +22,16 @@
 
 namespace exchange {
 
-using Time = std::chrono::milliseconds; ///< since a start that stays the same
 using ClientId = qint64;
 
 struct TurnLimits {
-    int connections = 64;       ///< clients at a time; the next one is closed at once
+    int connections = 512;      ///< clients at a time; then the address with the most gives way, or the next is closed
     qsizetype bytes_kept = 256; ///< of one client's unfinished text
     int messages_a_second = 20; ///< of one client
     Time pause{500};            ///< how long "stok" is held back
-    Time patience{3000};        ///< silence of a client whose message is due
-    Time turn_patience{30000};  ///< silence of the client that holds the turn
+    Time patience{3000};        ///< for a client's message that is due
+    Time turn{30000};           ///< from taking the turn to giving it back
+    Time long_turn{10000};      ///< as long as a client waits for the turn: a longer one has kept others out
 };
 
 struct Action {
@@ -42,9 +45,10 @@ using Actions = std::vector<Action>;
 
 class Turns {
 public:
-    explicit Turns(const TurnLimits& limits = {}) : m_limits(limits) {}
+    explicit Turns(const TurnLimits& limits = {}) : m_limits(limits), m_shares(limits.long_turn) {}
 
-    Actions connected(ClientId client, Time now);
+    /// `address` is where the client's connection comes from, which it can't choose.
+    Actions connected(ClientId client, const QByteArray& address, Time now);
     Actions received(ClientId client, QByteArrayView bytes, Time now);
     Actions disconnected(ClientId client, Time now);
     Actions manager_ended(Time now); ///< also when it couldn't be started
@@ -57,32 +61,50 @@ public:
     QByteArray address(ClientId client) const;
 
 private:
-    enum class State { Connected, Greeted, Waiting, Granted, Holding, Leaving };
+    enum class State {
+        Connected,
+        Greeted,
+        Waiting,
+        Called, ///< the turn is kept for it until its next question comes
+        Granted,
+        Holding,
+        Leaving
+    };
     struct Client {
+        QByteArray address;
         MessageReader reader;
         State state = State::Connected;
         Time deadline{};
+        Time given_up{};     ///< deadline of one that was called, for the question that is due
         bool asking = false; ///< an "st" is unanswered
         Time second{};       ///< start of the second in which messages are counted
         int messages = 0;
     };
     struct Rule;
+    using Row = std::deque<ClientId>;
 
     void take(ClientId id, Message message, Time now);
     void ask(ClientId id, Client& client, Time now);
     void answer(ClientId id, Client& client, const Rule& rule, Time now);
+    void enter(Client& client, State state, Time now);
     void time_is_up(ClientId id, Time now);
     bool too_fast(Client& client, Time now) const;
-    void close(ClientId id, const QString& reason);
-    void leave(ClientId id);
-    void grant_next(Time now);
+    void close(ClientId id, const QString& reason, Time now);
+    void leave(ClientId id, Time now);
+    bool make_room(const QByteArray& newcomer, Time now);
+    std::optional<ClientId> dispensable(const QByteArray& address) const;
+    Row::iterator next_in_row(Time now);
+    void give_turn(ClientId id, Time now);
+    void pass_over(ClientId id, Time now);
     void send(ClientId id, QByteArrayView reply);
     Actions done(Time now);
 
     TurnLimits m_limits;
     std::map<ClientId, Client> m_clients;
-    std::deque<ClientId> m_waiting; ///< in the order of their first question
+    Shares m_shares;
+    Row m_waiting; ///< in the order of their first question
     std::optional<ClientId> m_holder;
+    std::optional<Shares::Turn> m_turn; ///< until the next can be given
     bool m_manager_runs = false;
     Actions m_actions;
 };

@@ -20,7 +20,8 @@ namespace {
 /// The program jyunban on a free port, with a manager that writes down its runs and is seen while it runs.
 class TurnService : public testing::Test {
 protected:
-    void start(const QStringList& more = {}) {
+    /// `first` is what the shell does before it becomes the service.
+    void start(const QStringList& more = {}, const QString& first = u":"_s) {
         QDir(folder.path()).mkpath(u"comdata/data"_s);
         const QString manager = in(u"manager"_s);
         support::put_bytes(
@@ -28,9 +29,10 @@ protected:
                          "'\nmkdir running || echo together >> faults\necho \"$@\" >> runs\nrmdir running\n");
         QFile::setPermissions(manager, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         service.setStandardErrorFile(in(u"stderr"_s));
-        service.start(qEnvironmentVariable("ROVENA_BIN") + u"/jyunban"_s,
-            QStringList{u"--port"_s, u"0"_s, u"--bind"_s, u"127.0.0.1"_s, u"--root"_s, folder.path(), u"--manager"_s,
-                manager, u"--log"_s, in(u"log"_s)} +
+        service.start(u"/bin/sh"_s,
+            QStringList{u"-c"_s, first + u"; exec \"$0\" \"$@\""_s, qEnvironmentVariable("ROVENA_BIN") + u"/jyunban"_s,
+                u"--port"_s, u"0"_s, u"--bind"_s, u"127.0.0.1"_s, u"--root"_s, folder.path(), u"--manager"_s, manager,
+                u"--log"_s, in(u"log"_s)} +
                 more);
         static const QRegularExpression opened(u"受付を開始しました 127\\.0\\.0\\.1:(\\d+)"_s);
         ASSERT_TRUE(wait_until([this] { return opened.match(log()).hasMatch(); }))
@@ -155,6 +157,16 @@ TEST_F(TurnService, HundredPolitePCsGetTheirTurnsAmongHundredRudeOnes) {
     EXPECT_TRUE(wait_until([&] { return manager_runs() >= 100; }));
     EXPECT_EQ(bytes_of(in(u"faults"_s)), "");
     EXPECT_EQ(service.state(), QProcess::Running);
+}
+
+TEST_F(TurnService, ClientsBeyondTheOpenFilesOfTheSystemLeaveItListeningAndAbleToApply) {
+    start({}, u"ulimit -n 60"_s);
+    std::vector<std::unique_ptr<RudeClient>> silent;
+    for (int i = 0; i < 100; ++i)
+        silent.push_back(std::make_unique<RudeClient>(port, QList<QByteArray>{}, false));
+    EXPECT_TRUE(wait_until([&] { return std::ranges::all_of(silent, &RudeClient::done); }));
+    Client client(port);
+    EXPECT_TRUE(wait_until([&] { return client.done && manager_runs() == 1; }));
 }
 
 TEST_F(TurnService, WithoutAManagerTurnsAreStillGranted) {

@@ -16,7 +16,9 @@ class Service {
 public:
     explicit Service(const TurnLimits& limits = {}) : turns(limits) {}
 
-    void connects(ClientId client) { keep(turns.connected(client, now)); }
+    void connects(ClientId client, const QByteArray& address = "10.0.0.1") {
+        keep(turns.connected(client, address, now));
+    }
     void says(ClientId client, QByteArrayView text) { keep(turns.received(client, text, now)); }
     void goes(ClientId client) { keep(turns.disconnected(client, now)); }
     void manager_ends() { keep(turns.manager_ended(now)); }
@@ -34,8 +36,8 @@ public:
     }
 
     /// Asks as a client that has the service's answers does, until what comes next is the service's to say.
-    void comes_and_asks(ClientId client) {
-        connects(client);
+    void comes_and_asks(ClientId client, const QByteArray& address = "10.0.0.1") {
+        connects(client, address);
         says_all(client, {"##10.0.0.1", "st"});
     }
 
@@ -45,17 +47,23 @@ public:
     Time now{1000};
     Turns turns;
     QMap<ClientId, QStringList> told;
+    QList<ClientId> granted;
+    QSet<ClientId> patient; ///< these ask again as soon as they are told to wait
     int managers = 0;
 
 private:
     void keep(const Actions& actions) {
         for (const Action& action : actions) {
+            if (action.reply == "st-1")
+                granted << action.client;
             if (action.what == Action::What::StartManager)
                 ++managers;
             else
                 told[action.client] << (action.what == Action::What::Send ? QString::fromLatin1(action.reply)
                                         : action.reason.isEmpty()         ? u"(closed)"_s
                                                                           : u"(thrown out)"_s);
+            if (action.reply == "stok" && patient.contains(action.client))
+                says(action.client, "st");
         }
     }
 };
@@ -182,6 +190,111 @@ TEST(Turns, AWaitingClientThatStopsAskingLosesItsPlace) {
     service.goes(1);
     service.manager_ends();
     EXPECT_TRUE(service.heard(3).ends_with("st-1"));
+}
+
+TEST(Turns, RepeatingAMessageMakesNoTurnLonger) {
+    for (const auto& [texts, seconds] : {std::pair(QList<QByteArray>{"st"}, 3), {{"so"}, 30}, {{"so", "en"}, 3}}) {
+        Service service;
+        service.comes_and_asks(1);
+        service.says_all(1, texts);
+        for (int second = 0; second < seconds; ++second) {
+            EXPECT_FALSE(service.threw_out(1)) << second;
+            service.says(1, texts.last());
+            service.passes(1s);
+        }
+        EXPECT_TRUE(service.threw_out(1)) << texts.last().constData();
+    }
+}
+
+TEST(Turns, AnAddressWhoseClientsLetTheirTurnsGoByLeavesTheNextOnesToTheOthers) {
+    Service service;
+    service.patient = {2, 3, 4, 5, 6, 7};
+    for (const ClientId client : {1, 2, 3})
+        service.comes_and_asks(client, "10.0.0.66");
+    for (const ClientId client : {4, 5, 6})
+        service.comes_and_asks(client, "10.0.0.5");
+    service.comes_and_asks(7, "10.0.0.7");
+    service.passes(3s);
+    for (int turn = 0; turn < 4; ++turn) {
+        service.says_all(service.granted.last(), {"so", "en"});
+        service.passes(100ms);
+        service.says(service.granted.last(), "eo");
+        service.manager_ends();
+    }
+    EXPECT_EQ(service.granted, QList<ClientId>({1, 4, 7, 5, 6, 2}));
+}
+
+TEST(Turns, OnesWhoLetTheirTurnsGoByKeepNoOtherOfTheirAddressWaitingForLong) {
+    Service service;
+    for (ClientId client = 1; client <= 65; ++client) {
+        service.patient << client;
+        service.comes_and_asks(client);
+    }
+    const Time start = service.now;
+    while (service.granted.last() != 65 && service.now - start < 10s)
+        service.passes(10ms);
+    EXPECT_EQ(service.granted.last(), 65);
+    service.says(65, "so");
+    service.passes(2s);
+    EXPECT_FALSE(service.threw_out(65)) << "who takes the turn still has time to post";
+}
+
+TEST(Turns, AnAddressThatKeepsTheTurnForLongAgainAndAgainHasNoneForAsLong) {
+    Service service;
+    service.patient = {2, 3, 4};
+    for (const ClientId client : {1, 2, 3})
+        service.comes_and_asks(client, "10.0.0.66");
+    for (const ClientId client : {1, 2}) {
+        EXPECT_EQ(service.granted.last(), client) << "once may be an accident";
+        service.says(client, "so");
+        service.passes(30s);
+        service.manager_ends();
+    }
+    service.comes_and_asks(4, "10.0.0.7");
+    service.says_all(4, {"so", "en", "eo"});
+    service.manager_ends();
+    service.passes(14s); // it had half the time, the second time
+    EXPECT_EQ(service.granted, QList<ClientId>({1, 2, 4}));
+    service.passes(2s);
+    EXPECT_EQ(service.granted, QList<ClientId>({1, 2, 4, 3}));
+}
+
+TEST(Turns, AFreeTurnIsKeptOnlyForAMomentForAClientThatMustAskAgain) {
+    Service service;
+    service.patient = {3};
+    for (const ClientId client : {1, 2, 3})
+        service.comes_and_asks(client);
+    service.passes(1s);
+    service.goes(1);
+    service.passes(499ms);
+    EXPECT_EQ(service.granted, QList<ClientId>{1});
+    service.passes(1ms);
+    EXPECT_EQ(service.granted, QList<ClientId>({1, 3}));
+    service.passes(1s);
+    service.says(2, "st");
+    service.goes(3);
+    EXPECT_EQ(service.granted, QList<ClientId>({1, 3, 2})) << "slow, but not given up";
+}
+
+TEST(Turns, WhenThereIsNoRoomTheAddressWithTheMostConnectionsGivesWay) {
+    Service service({.connections = 4});
+    service.comes_and_asks(1, "10.0.0.66");
+    service.connects(2, "10.0.0.66");
+    service.comes_and_asks(3, "10.0.0.66");
+    service.comes_and_asks(4, "10.0.0.66");
+    const auto gives_way_for = [&](ClientId newcomer, const QByteArray& address) -> ClientId {
+        service.told.clear();
+        service.connects(newcomer, address);
+        return service.told.isEmpty() ? 0 : service.told.firstKey();
+    };
+    EXPECT_EQ(gives_way_for(5, "10.0.0.66"), 5) << "it crowds out nobody but itself";
+    EXPECT_EQ(gives_way_for(6, "10.0.0.6"), 2) << "one that has said nothing";
+    EXPECT_EQ(gives_way_for(7, "10.0.0.7"), 4) << "the last in the row";
+    EXPECT_EQ(gives_way_for(8, "10.0.0.7"), 8) << "would have as many";
+    EXPECT_EQ(gives_way_for(9, "10.0.0.9"), 3);
+    EXPECT_EQ(gives_way_for(10, "10.0.0.10"), 10) << "everybody has one";
+    service.says(1, "so");
+    EXPECT_EQ(service.heard(1), "so-1");
 }
 
 TEST(Turns, ConnectionsAndTheMessagesOfEachSecondAreBounded) {

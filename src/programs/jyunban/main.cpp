@@ -4,11 +4,13 @@
 #include "exchange/places.h"
 #include "exchange/turn_server.h"
 #include "frame/exchange_files.h"
+#include "platform/open_files.h"
 #include "platform/paths.h"
 #include "platform/stop_signal.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <algorithm>
 #include <cstdio>
 #include <limits>
 #include <optional>
@@ -25,8 +27,11 @@ const QCommandLineOption manager_option(u"manager"_s, u"順番が戻ったとき
 const QCommandLineOption local_option(
     u"local"_s, u"jyusinkanriに渡す、このPCのデータのフォルダ (なければ共有データと同じ)"_s, u"folder"_s);
 const QCommandLineOption log_option(u"log"_s, u"記録ファイル (なければ標準エラー出力)"_s, u"file"_s);
-const QCommandLineOption connections_option(u"connections"_s, u"同時に受け付ける接続の数"_s, u"count"_s, u"64"_s);
-const QCommandLineOption turn_option(u"turn-seconds"_s, u"順番を持ったまま黙っていられる秒数"_s, u"seconds"_s, u"30"_s);
+const QCommandLineOption connections_option(u"connections"_s, u"同時に受け付ける接続の数"_s, u"count"_s, u"512"_s);
+const QCommandLineOption turn_option(u"turn-seconds"_s, u"順番を持っていられる秒数"_s, u"seconds"_s, u"30"_s);
+
+/// What the process has open beside its clients: the log, the manager's pipes, and clients that are being turned away.
+constexpr int other_files = 32;
 
 std::optional<int> number_of(const QCommandLineParser& parser, const QCommandLineOption& option, int least, int most) {
     bool readable = false;
@@ -36,7 +41,7 @@ std::optional<int> number_of(const QCommandLineParser& parser, const QCommandLin
 
 /// What the command line asks for; nothing where it can't be followed.
 std::optional<exchange::TurnServerOptions> options_of(const QCommandLineParser& parser) {
-    constexpr int any = std::numeric_limits<int>::max() / 1000;
+    constexpr int any = std::numeric_limits<int>::max() / 2000;
     const auto root = parser.isSet(root_option) ? std::optional(platform::portable(parser.value(root_option)))
                                                 : exchange::server_root_above(QCoreApplication::applicationDirPath());
     const auto port = number_of(parser, port_option, 0, std::numeric_limits<quint16>::max());
@@ -46,8 +51,8 @@ std::optional<exchange::TurnServerOptions> options_of(const QCommandLineParser& 
     if (!root || !port || !connections || !seconds || !options.bind.setAddress(parser.value(bind_option)))
         return std::nullopt;
     options.port = quint16(*port);
-    options.limits.connections = *connections;
-    options.limits.turn_patience = std::chrono::seconds(*seconds);
+    options.limits.connections = std::max(1, platform::room_for_files(*connections + other_files) - other_files);
+    options.limits.turn = std::chrono::seconds(*seconds);
     options.manager = parser.isSet(manager_option) ? parser.value(manager_option) : frame::manager_file(*root);
     options.manager_arguments = {u"--root"_s, *root};
     if (parser.isSet(local_option))
@@ -72,6 +77,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     exchange::EventLog log(parser.value(log_option));
+    if (const int most = options->limits.connections; most < parser.value(connections_option).toInt())
+        log.line(u"開けるファイルが少ないため、同時の接続を%1までにします"_s.arg(most));
     exchange::TurnServer server(*options, log);
     if (!server.listen())
         return 1;
