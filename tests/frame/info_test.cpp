@@ -14,6 +14,7 @@ using namespace base;
 using namespace std::chrono_literals;
 
 const QString news_place = u"/mr/info/intinfrov.dat"_s;
+constexpr qint64 megabyte = 1024 * 1024;
 const QByteArray png = "\x89PNG\r\n\x1a\nrest";
 
 /// Fetches for real, and tells whether it is done.
@@ -115,12 +116,19 @@ TEST_F(Info, AsksNobodyWhereNewsIsNotWantedOrNoServerIsSet) {
 TEST_F(Info, ARudeServerLeavesNoNewsAndNobodyIsTold) {
     support::HttpServer elsewhere;
     elsewhere.put(u"/news"_s, "1\n2 not ours\n");
-    const QByteArray ok = "HTTP/1.1 200 OK\r\n", item = "1\n2 news\n";
+    const QByteArray ok = "HTTP/1.1 200 OK\r\n", item = "1\n2 news\n", chunked = "Transfer-Encoding: chunked\r\n\r\n";
+    const QList<QByteArray> flood(32, QByteArray(megabyte, '2'));
     const std::pair<const char*, QList<QByteArray>> cases[]{
         {"silent", {}},
         {"hangs up", {""}},
         {"stops in the middle", {ok + "Content-Length: 500\r\n\r\n" + item}},
         {"too much", {ok + "\r\n" + item, QByteArray(frame::most_news_bytes, '2')}},
+        {"a chunk of any size", QList{ok + chunked + "7fffffff\r\n" + item} + flood},
+        {"asks for a password",
+            QList<QByteArray>{"HTTP/1.1 401 No\r\nWWW-Authenticate: Basic realm=a\r\n\r\n"} + flood},
+        {"a head without end", QList{ok + "X: "} + flood},
+        {"a chunk below none", {ok + chunked + "ffffffffffffffff\r\n" + item}},
+        {"half a chunk", {ok + chunked + "ff\r\n" + item}},
         {"another page", {ok + "\r\n<html><body>Please log in</body></html>"}},
         {"an error with a body", {"HTTP/1.1 500 Oh\r\n\r\n" + item}},
         {"no HTTP", {"220 smtp.example ready\r\n", item}},
@@ -131,9 +139,11 @@ TEST_F(Info, ARudeServerLeavesNoNewsAndNobodyIsTold) {
     for (const auto& [name, answer] : cases) {
         server.pieces[news_place] = answer;
         server.asked.clear();
+        server.sent = 0;
         EXPECT_EQ(visit(answer.isEmpty() ? frame::FetchTimes{50ms, 10s} : frame::FetchTimes{}).hyou.Rows(), 0) << name;
         EXPECT_FALSE(QFileInfo::exists(news_file)) << name;
         EXPECT_FALSE(server.asked.isEmpty()) << name;
+        EXPECT_LT(server.sent, 16 * megabyte) << name << ": what the system holds between the two, and no more";
     }
     server.close();
     EXPECT_EQ(visit().hyou.Rows(), 0) << "refused";
@@ -144,8 +154,13 @@ TEST_F(Info, ARudeServerLeavesNoNewsAndNobodyIsTold) {
 TEST_F(Info, TakesAnAnswerThatComesInPiecesOrByAWayOnTheSameServer) {
     server.pieces[news_place] = {"HTTP/1.1 302 Found\r\nLocation: /moved\r\nContent-Length: 0\r\n\r\n"};
     server.pieces[u"/moved"_s] = {"HTTP/1.1 20", "0 OK\r\n\r", "\n1\n2 ne", "ws\n"};
-    EXPECT_EQ(visit().hyou.Rows(), 1);
+    ASSERT_EQ(visit().hyou.Rows(), 1);
     EXPECT_EQ(form->hyou(0, frame::news_text), u"news"_s);
+    QFile::remove(news_file);
+    server.pieces[u"/moved"_s] = {"HTTP/1.1 103 Early Hints\r\n\r\nHTTP/1.1 200 OK\r\ntransfer-encoding: Chunked\r\n",
+        "\r\n4;a=b\r\n1\n2 \r", "\n8\r\nin piece", "\r\n2\r\ns\n\r\n0\r\n\r\n"};
+    ASSERT_EQ(visit().hyou.Rows(), 1);
+    EXPECT_EQ(form->hyou(0, frame::news_text), u"in pieces"_s);
 }
 
 TEST_F(Info, APictureThatDoesNotComeTakesNothingElseAway) {
