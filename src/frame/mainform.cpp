@@ -9,12 +9,13 @@ using namespace base;
 
 namespace {
 
+constexpr int end_button = 5;
 constexpr Button midasi[]{
     {1, u"出勤入力", u"top_ent.BMP", u"top_ent_b.BMP"},
     {2, u"集計表", u"top_rov.BMP", u"top_rov_b.BMP"},
     {3, u"マスター", u"top_mst.BMP", u"top_mst_b.BMP"},
     {4, u"ヘルプ", u"top_help.BMP", u"top_help_b.BMP"},
-    {5, u"終了", u"top_end.BMP", u"top_end_b.BMP"},
+    {end_button, u"終了", u"top_end.BMP", u"top_end_b.BMP"},
 };
 
 // `mst_kyuka` isn't among them: it stays open under the next page.
@@ -46,6 +47,8 @@ void mainform::Form_Load() {
 }
 
 void mainform::midasi_Click(int index) {
+    if (index == end_button && !wants_to_end())
+        return;
     flab.clear();
     notify();
     close_all(m_pages, closed_by_top_button);
@@ -59,21 +62,15 @@ void mainform::midasi_Click(int index) {
         return m_pages.show(Page::mst_00);
     case 4:
         return ヘルプ表示(m_session.settings, m_session.host, u"mainform"_s);
-    case 5:
-        return end_by_button();
+    case end_button:
+        Tag = u"end"_s;
+        return m_pages.unload_frame();
     }
 }
 
 void mainform::show_info() {
     if (m_session.settings.special_soft != 1)
         m_pages.show(Page::info);
-}
-
-void mainform::end_by_button() {
-    if (!wants_to_end())
-        return;
-    Tag = u"end"_s;
-    m_pages.unload_frame();
 }
 
 bool mainform::Form_QueryUnload() {

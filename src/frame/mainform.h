@@ -1,7 +1,8 @@
 #pragma once
 
 // The main frame as logic: which page a top button opens, what closes when, and how the program ends. At most one page
-// is on view; a click on a top button closes what is open, without asking, and opens its page.
+// is on view; a click on a top button closes what is open, without asking, and opens its page. The exit button alone
+// asks, before anything closes.
 
 #include "common/date_entry.h"
 #include "frame/button.h"
@@ -23,6 +24,7 @@ public:
     mainform(Session session, Pages& pages, std::function<void()> backup = {});
 
     void Form_Load();
+    /// The exit button asks first; if the person stays, everything is as it was.
     void midasi_Click(int index);
 
     /// Shows the landing page, unless this is a tailored installation. Every page calls it when it closes itself.
@@ -50,7 +52,6 @@ public:
 
 private:
     bool wants_to_end();
-    void end_by_button();
     void notify() const;
 
     Session m_session;

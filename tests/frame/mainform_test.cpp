@@ -48,9 +48,13 @@ TEST_F(MainForm, ATopButtonClosesWhatIsOpenButTheLeaveMasterAndShowsItsPage) {
 }
 
 TEST_F(MainForm, TheExitButtonAsksOnceAndTheBackupComesLast) {
+    form.midasi_Click(1);
+    form.flab = u"登録しました"_s;
+    pages.closed.clear();
     host.answers = {Answer::No};
     form.midasi_Click(5);
-    EXPECT_EQ(form.Tag, QString());
+    EXPECT_EQ(form.Tag + form.flab, u"登録しました"_s);
+    EXPECT_TRUE(pages.closed.empty() && pages.is_open(Page::ent_rovena)) << "on No nothing happens";
     EXPECT_EQ(pages.unloads, 0);
 
     form.midasi_Click(5);
