@@ -19,7 +19,7 @@ namespace reports {
 /// A year or month box. The text counts: it may be one of the items or typed.
 struct MonthBox {
     QStringList items;
-    QString remembered; ///< what it held when the keyboard came
+    std::optional<QString> remembered; ///< what it held when the keyboard came; nothing once that was looked at
 };
 
 class rov_01 {

@@ -9,6 +9,7 @@
 #include "store/numbering.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace reports {
 
@@ -120,15 +121,17 @@ void rov_01::yyyymm_Click(int element, int index) {
     format();
 }
 
+/// The keyboard may come back from a message before it has left: what was typed in between is still to be looked at.
 void rov_01::yyyymm_GotFocus(int element) {
-    yyyymm[element].remembered = report.conditions.yyyymm[element];
+    std::optional<QString>& remembered = yyyymm[element].remembered;
+    if (!remembered)
+        remembered = report.conditions.yyyymm[element];
 }
 
 void rov_01::yyyymm_LostFocus(int element) {
-    if (!month_stands() || yyyymm[element].remembered == report.conditions.yyyymm[element])
-        return;
-    yyyymm[element].remembered = report.conditions.yyyymm[element];
-    format();
+    const auto before = std::exchange(yyyymm[element].remembered, std::nullopt);
+    if (month_stands() && before != report.conditions.yyyymm[element])
+        format();
 }
 
 /// Sends the keyboard back to the box that holds no year or month.

@@ -58,10 +58,6 @@ void draw_arrow(QPainter& painter, QPoint centre) {
 
 } // namespace
 
-bool leaves_control(Qt::FocusReason reason) {
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-}
-
 CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground)
     : QLineEdit(grid.viewport()), m_grid(grid), m_state(state), m_acts(std::move(acts)) {
     setFrame(false);
@@ -147,9 +143,16 @@ void CellEditor::mouseReleaseEvent(QMouseEvent* event) {
         QLineEdit::mouseReleaseEvent(event);
 }
 
+/// From another control the placement selects.
+void CellEditor::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (m_keyboard.came(event->reason()) && !leaves_control(event->reason()))
+        selectAll();
+}
+
 void CellEditor::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (leaves_control(event->reason()))
+    if (m_keyboard.went(event->reason()))
         m_acts.LostFocus();
 }
 

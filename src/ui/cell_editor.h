@@ -7,6 +7,7 @@
 // focus and its text, as the form commits when the focus leaves.
 
 #include "base/cell_editor.h"
+#include "ui/box_in_hand.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -30,10 +31,6 @@ struct EditorActs {
     std::function<void()> LostFocus;
 };
 
-/// Whether a focus that goes for this reason goes to another control: a window that comes before this one, or a list or
-/// menu that opens, isn't a step to another control.
-bool leaves_control(Qt::FocusReason reason);
-
 class CellEditor : public QLineEdit {
     Q_OBJECT
 public:
@@ -48,6 +45,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -59,6 +57,7 @@ private:
     GridView& m_grid;
     base::CellEditor& m_state;
     EditorActs m_acts;
+    BoxInHand m_keyboard;
 };
 
 /// The list laid over a cell that is chosen instead of typed. The page fills it; `activated` is the person's choice.

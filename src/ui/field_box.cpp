@@ -1,7 +1,6 @@
 #include "ui/field_box.h"
 
 #include "frame/screen.h"
-#include "ui/cell_editor.h"
 #include "ui/colours.h"
 #include "ui/key_codes.h"
 
@@ -45,7 +44,7 @@ void FieldBox::mousePressEvent(QMouseEvent* event) {
 
 void FieldBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (!leaves_control(event->reason()))
+    if (!m_keyboard.came(event->reason()))
         return;
     m_clicked_into = event->reason() == Qt::MouseFocusReason;
     tint(true);
@@ -56,7 +55,7 @@ void FieldBox::focusInEvent(QFocusEvent* event) {
 
 void FieldBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (!leaves_control(event->reason()))
+    if (!m_keyboard.went(event->reason()))
         return;
     m_clicked_into = false;
     tint(false);

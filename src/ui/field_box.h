@@ -3,6 +3,8 @@
 // FieldBox: a text box of a form. With the keyboard it is tinted and its whole text selected, so that typing replaces
 // it.
 
+#include "ui/box_in_hand.h"
+
 #include <QLineEdit>
 #include <functional>
 
@@ -41,6 +43,7 @@ private:
 
     FieldText m_kind;
     FieldActs m_acts;
+    BoxInHand m_keyboard;
     bool m_clicked_into = false; ///< the click that brings the keyboard leaves the text selected
 };
 

@@ -12,7 +12,6 @@
 #include "ui/printer_box.h"
 #include "ui/style.h"
 
-#include <QEvent>
 #include <QGridLayout>
 #include <QIcon>
 #include <QScopeGuard>
@@ -104,6 +103,7 @@ fir_start_window::fir_start_window(frame::Session& session, const QString& progr
     column->addWidget(make_band());
     column->addLayout(work, 1);
     refresh();
+    time({TimeBox::st_time, 0})->setFocus();
 }
 
 /// The boxes go before the form, which they tell of losing the keyboard.
@@ -212,13 +212,6 @@ QLayout* fir_start_window::make_foot() {
     row->addWidget(lettered(Form::later_note, Lettering::Comment, this));
     row->addStretch();
     return row;
-}
-
-/// The boxes show their digits from the first one on.
-bool fir_start_window::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate && !std::exchange(m_begun, true))
-        time({TimeBox::st_time, 0})->setFocus(Qt::OtherFocusReason);
-    return QWidget::event(event);
 }
 
 /// Shows what an act of the person came to, even if it was broken off by an error.

@@ -30,9 +30,6 @@ public:
     PrinterBox* prconb() const { return m_prconb; }
     PictureButton* botan() const { return m_botan; }
 
-protected:
-    bool event(QEvent* event) override;
-
 private:
     QWidget* make_band();
     QWidget* make_times();
@@ -50,7 +47,6 @@ private:
     PrinterBox* m_prconb;
     PictureButton* m_botan;
     DayLine* m_day;
-    bool m_begun = false; ///< the keyboard has been put into the first box
 };
 
 } // namespace ui

@@ -1,7 +1,6 @@
 #include "ui/month_box.h"
 
 #include "frame/screen.h"
-#include "ui/cell_editor.h"
 #include "ui/colours.h"
 #include "ui/key_codes.h"
 
@@ -51,7 +50,7 @@ void MonthBox::wheelEvent(QWheelEvent* event) {
 
 void MonthBox::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
-    if (!leaves_control(event->reason()))
+    if (!m_keyboard.came(event->reason()))
         return;
     m_clicked_into = event->reason() == Qt::MouseFocusReason;
     tint(true);
@@ -65,7 +64,7 @@ void MonthBox::focusOutEvent(QFocusEvent* event) {
         QComboBox::focusOutEvent(event);
     }
     m_clicked_into = false;
-    if (!leaves_control(event->reason()))
+    if (!m_keyboard.went(event->reason()))
         return;
     tint(false);
     m_acts.LostFocus();

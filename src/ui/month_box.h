@@ -3,6 +3,8 @@
 // MonthBox: a year or month that is chosen from a list or typed. What is typed reaches the form key by key, and is no
 // choice of the item that it happens to name; the wheel changes nothing, so that scrolling over it chooses no month.
 
+#include "ui/box_in_hand.h"
+
 #include <QComboBox>
 #include <functional>
 
@@ -37,6 +39,7 @@ private:
     void tint(bool lit);
 
     MonthActs m_acts;
+    BoxInHand m_keyboard;
     bool m_clicked_into = false; ///< the click that brings the keyboard leaves the text selected
 };
 

@@ -4,10 +4,13 @@
 
 #include "ui/grid_view.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
+#include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 
 namespace support {
@@ -42,6 +45,17 @@ struct PaintedWords : QObject {
 inline void click_cell(ui::GridView& grid, int row, int col) {
     const QRect cell = grid.cell_rect({row, col});
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
+}
+
+/// Presses the button of that text in the message box that comes up next; one without it is closed.
+inline void answer_box(const QString& text) {
+    QTimer::singleShot(0, [text] {
+        auto& box = *qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        for (QAbstractButton* button : box.buttons())
+            if (button->text() == text)
+                return button->click();
+        box.close();
+    });
 }
 
 /// Presses a key where the keyboard is.

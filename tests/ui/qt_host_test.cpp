@@ -3,12 +3,11 @@
 #include "base/literals.h"
 #include "platform/file_error.h"
 #include "store/error.h"
+#include "support/person.h"
 #include "ui/application.h"
 #include "ui/install_tree.h"
 #include "ui/program.h"
 
-#include <QAbstractButton>
-#include <QMessageBox>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -20,14 +19,7 @@ namespace {
 
 /// The answer of a box that comes up when the person presses the button of that text or, without one, closes it.
 Answer ask(Buttons buttons, const QString& text = {}) {
-    QTimer::singleShot(0, [&] {
-        auto& box = *qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        for (QAbstractButton* button : box.buttons())
-            if (button->text() == text)
-                return button->click();
-        EXPECT_EQ(text, QString());
-        box.close();
-    });
+    support::answer_box(text);
     return ui::QtHost().ask(u"終了しますか？"_s, u"終了"_s, buttons);
 }
 
