@@ -33,6 +33,7 @@ void mst_kihon::基本マスター呼出() {
 void mst_kihon::load_shared() {
     store::SettingTables& tables = m_session.tables;
     atai[date_style].text = tables.設定読込(u"kihon"_s, key(date_style), Run::Begin);
+    m_stored_day = m_replaced_day = first_day_in_kihon(Run::Continue);
     m_session.settings.special_soft = int_val(tables.設定読込(u"kihon"_s, special_soft_key.toString(), Run::End));
 }
 
@@ -48,11 +49,20 @@ void mst_kihon::load_of_this_pc() {
     atai[net_info].text = read(net_info, Run::End);
 }
 
-QString mst_kihon::first_day_in_force() const {
-    const int day = m_session.settings.month_start_day;
-    if (valid_first_day(Val(atai[first_day].text)) == day)
-        return {};
-    return u"いまは%1日から計算しています。登録すると、次に始めたときからこの欄の日に変わります。"_s.arg(day);
+QString mst_kihon::first_day_notice() const {
+    const int in_box = valid_first_day(Val(atai[first_day].text)), in_use = m_session.settings.month_start_day;
+    if (in_box != m_stored_day)
+        return u"いまの月初日付は%1日です。登録すると、次に始めたときから%2日に変わります。"_s.arg(m_stored_day)
+            .arg(in_box);
+    if (m_replaced_day != m_stored_day)
+        return u"%1日から%2日に変えました。次に始めたときから変わります。"_s.arg(m_replaced_day).arg(m_stored_day);
+    if (in_use != m_stored_day)
+        return u"いまは%1日から計算しています。次に始めたときから%2日に変わります。"_s.arg(in_use).arg(m_stored_day);
+    return {};
+}
+
+int mst_kihon::first_day_in_kihon(Run run) {
+    return valid_first_day(Val(m_session.tables.設定読込(u"kihon"_s, key(first_day), run)));
 }
 
 void mst_kihon::基本情報マスター登録_転記() {
@@ -70,9 +80,12 @@ void mst_kihon::基本情報マスター登録() {
 /// `特別ソフト` can't be changed here: what was loaded is written back.
 void mst_kihon::write_shared() {
     store::SettingTables& tables = m_session.tables;
+    const int replaced = first_day_in_kihon(Run::Single);
     tables.設定書込(u"kihon"_s, key(date_style), atai[date_style].text, Run::Begin);
     tables.設定書込(u"kihon"_s, special_soft_key.toString(), digits(m_session.settings.special_soft), Run::Continue);
     tables.設定書込(u"kihon"_s, key(first_day), atai[first_day].text, Run::End);
+    m_replaced_day = replaced;
+    m_stored_day = valid_first_day(Val(atai[first_day].text));
 }
 
 void mst_kihon::write_of_this_pc() {

@@ -39,8 +39,9 @@ public:
     PrinterList prconb; ///< none selected where the stored printer isn't on this PC
     QString msglab;
 
-    /// The first day in force, in words, where that isn't the box's and registering would change it; else empty.
-    QString first_day_in_force() const;
+    /// How the first day in `kihon` stands to that of the box and to the one that this run began with, in words; empty
+    /// where all three are one.
+    QString first_day_notice() const;
 
     // Operations.
 
@@ -68,6 +69,10 @@ private:
     void load_of_this_pc();
     void write_shared();
     void write_of_this_pc();
+    int first_day_in_kihon(store::Run run);
+
+    int m_stored_day = 1;   ///< in `kihon`, when it was read or written last
+    int m_replaced_day = 1; ///< what the last save found there; the stored one if there was no save
 };
 
 } // namespace setup

@@ -142,7 +142,7 @@ void mst_kihon_page::show_form() {
     for (size_t element = 0; element < m_atai.size(); ++element)
         if (m_atai[element])
             m_atai[element]->show_text(m_form.atai[element].text);
-    const QString in_force = m_form.first_day_in_force();
+    const QString in_force = m_form.first_day_notice();
     m_in_force->setText(in_force);
     m_in_force->setVisible(!in_force.isEmpty());
     m_msglab->setText(m_form.msglab);

@@ -32,13 +32,26 @@ TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
     set_shared(u"月初日付"_s, u"21"_s);
     Loaded form(session);
     EXPECT_EQ(form.atai[mst_kihon::first_day].text, u"1"_s);
-    EXPECT_EQ(form.first_day_in_force(), QString());
-    tree.settings.month_start_day = 21;
-    EXPECT_TRUE(form.first_day_in_force().contains(u"21日"_s));
+    EXPECT_TRUE(form.first_day_notice().contains(u"21日"_s))
+        << "what a save would replace, whatever this run began with";
     form.save();
     EXPECT_EQ(shared(u"月初日付"_s), u"1"_s);
     EXPECT_EQ(of_this_pc(u"月初日付"_s), QString());
-    EXPECT_EQ(tree.settings.month_start_day, 21) << "until the next start";
+    EXPECT_TRUE(form.first_day_notice().contains(u"21日から1日"_s)) << "what the save replaced";
+    form.save();
+    EXPECT_EQ(form.first_day_notice(), QString());
+
+    form.atai_Change(mst_kihon::first_day, u"15"_s);
+    form.save();
+    EXPECT_TRUE(form.first_day_notice().contains(u"15日"_s));
+    EXPECT_EQ(tree.settings.month_start_day, 1) << "until the next start";
+    Loaded again(session);
+    EXPECT_TRUE(again.first_day_notice().contains(u"15日"_s)) << "the box says 1 once more";
+    again.atai_Change(mst_kihon::first_day, u"15"_s);
+    EXPECT_TRUE(again.first_day_notice().contains(u"いまは1日"_s)) << "nothing would be lost";
+    set_shared(u"月初日付"_s, u"20"_s);
+    again.save();
+    EXPECT_TRUE(again.first_day_notice().contains(u"20日から15日"_s)) << "another PC stored 20 meanwhile";
 
     set_of_this_pc(u"月初日付"_s, u"16"_s);
     EXPECT_EQ(Loaded(session).atai[mst_kihon::first_day].text, u"16"_s);
