@@ -45,13 +45,15 @@ public:
     bool close_wanted = false;
     bool busy = false;
 
+    /// The cell in edit goes back into the grid; nothing if none is in edit. Throws where it is saved by that and can't
+    /// be: it is still in edit then.
+    virtual void leave_cell() {}
+    /// Leaves the cell first; if that throws, nothing else is done.
     void botan_Click(int element);
 
 protected:
     explicit Screen(Session& session) : m_session(session) {}
 
-    /// The cell in edit goes back into the grid; nothing if none is in edit.
-    virtual void leave_cell() {}
     /// What a button other than 0 does once the cell is committed.
     virtual void press(int element) = 0;
 

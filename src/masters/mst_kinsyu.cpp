@@ -61,7 +61,7 @@ void mst_kinsyu::マスター登録(int row) {
         hyou(row, number_col) = digits(store::採番(m_session.settings, u"勤務種類"_s));
     auto rovdata = open_rovdata();
     write_category(rovdata, Val(hyou(row, number_col)), Trim(hyou(row, name_col)));
-    // Only now: a row that couldn't be written is tried again on the next leaving.
+    // Only now: a row that couldn't be written is tried again.
     hyou(row, mark_col).clear();
 }
 
@@ -106,12 +106,18 @@ void mst_kinsyu::atai_Change(const QString& text) {
     hyou(row, name_col) = name;
 }
 
+/// A name that couldn't be saved stays in the box with the keyboard.
 void mst_kinsyu::leave_cell() {
     if (!atai.active)
         return;
-    const int row = atai.cell.row;
+    try {
+        マスター登録(atai.cell.row);
+    } catch (...) {
+        hyou.setCursor(atai.cell);
+        入力フォーム();
+        throw;
+    }
     atai.close();
-    マスター登録(row);
 }
 
 void mst_kinsyu::press(int element) {

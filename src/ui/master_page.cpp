@@ -106,8 +106,10 @@ void MasterPage::showEvent(QShowEvent* event) {
         activate();
 }
 
-/// The hidden box takes the focus first, so that a cell in edit is committed.
+/// The cell in edit is left before the hidden box takes the keyboard: one that can't be saved keeps it, and the page
+/// stays.
 void MasterPage::press(int element) {
+    act([this] { screen().leave_cell(); });
     m_toubotan->setFocus();
     act([&] { screen().botan_Click(element); });
     if (screen().close_wanted)

@@ -117,13 +117,28 @@ TEST_F(Categories, AClickCommitsTheCellLeftBeforeTheNextIsOpened) {
     EXPECT_FALSE(form.atai.active) << "the heading takes no editor";
 }
 
-TEST_F(Categories, ARowThatCouldntBeWrittenKeepsItsMark) {
+TEST_F(Categories, ARowThatCouldntBeWrittenStaysInHandAndTheScreenStaysWithIt) {
+    add_category(7, u"早朝"_s);
     open();
+    form.hyou_Click({2, mst_kinsyu::name_col});
     type(u"夜勤"_s);
-    fails_without_rovdata([this] { form.botan_Click(1); });
-    form.hyou_Click({1, mst_kinsyu::name_col});
-    form.botan_Click(1);
-    EXPECT_EQ(stored(), QStringList({u"1|夜勤"_s}));
+    for (const auto& leave : std::initializer_list<std::function<void()>>{[this] { form.botan_Click(0); },
+             [this] {
+                 form.hyou_Click({1, mst_kinsyu::name_col});
+             },
+             [this] { form.atai_KeyDown(key::up); }, [this] { form.atai_LostFocus(); }}) {
+        form.focus.reset();
+        form.hyou.setCursor({1, mst_kinsyu::name_col});
+        fails_without_rovdata(leave);
+        EXPECT_FALSE(form.close_wanted);
+        EXPECT_EQ(form.atai.text, u"夜勤"_s);
+        EXPECT_EQ(form.atai.cell, (Cell{2, mst_kinsyu::name_col}));
+        EXPECT_EQ(form.hyou.Row(), 2);
+        EXPECT_EQ(form.focus, (Focus{Control::Atai}));
+    }
+    form.botan_Click(0);
+    EXPECT_TRUE(form.close_wanted);
+    EXPECT_EQ(stored().last(), u"1|夜勤"_s);
 }
 
 } // namespace masters

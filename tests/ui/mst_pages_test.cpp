@@ -2,6 +2,7 @@
 
 #include "support/person.h"
 #include "support/stored.h"
+#include "ui/application.h"
 #include "ui/entry_company.h"
 #include "ui/main_window.h"
 #include "ui/mst_kinjikan_page.h"
@@ -104,6 +105,31 @@ TEST_F(MstKinsyuPage, AWindowThatComesBackGoesOnInTheCellInHandAndMayGoWithIt) {
     EXPECT_EQ(page->form().atai.cell, (base::Cell{4, 1}));
     EXPECT_EQ(page->form().atai.text, u"Ni"_s);
     EXPECT_TRUE(page->form().atai.visible);
+}
+
+TEST_F(MstKinsyuPage, ANameThatCantBeSavedStaysInHandAndTheReasonIsToldOnce) {
+    const auto page = open<ui::mst_kinsyu_page>();
+    QSignalSpy closed(page.get(), &ui::MasterPage::close_wanted);
+    click_cell(grid(*page, "hyou"), 4, 1);
+    type(u"Ni"_s);
+    auto& desktop = dynamic_cast<support::FakeHost&>(dynamic_cast<ui::Application&>(*qApp).host());
+    const QString data = store::rovdata_path(settings);
+    ASSERT_TRUE(QFile::rename(data, data + u".away"_s));
+    click_cell(grid(*page, "hyou"), 2, 1);
+    EXPECT_FALSE(std::exchange(desktop.shown, {}).empty());
+    EXPECT_EQ(page->form().atai.cell, (base::Cell{4, 1}));
+    click(*page, 0);
+    ASSERT_TRUE(QFile::rename(data + u".away"_s, data));
+    EXPECT_EQ(std::exchange(desktop.shown, {}).size(), 1U);
+    EXPECT_EQ(closed.count(), 0);
+    auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->selectedText(), u"Ni"_s);
+    type(u"Night"_s);
+    EXPECT_EQ(page->form().hyou(4, masters::mst_kinsyu::name_col), u"Night"_s);
+    click(*page, 0);
+    EXPECT_EQ(closed.count(), 1);
+    EXPECT_EQ(categories().last(), u"4|Night"_s);
 }
 
 using MstKinjikanPage = MasterPages;
