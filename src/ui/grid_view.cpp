@@ -176,13 +176,21 @@ void GridView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     const auto cell = geometry_in(viewport()->size()).cell_at(event->position().toPoint());
-    if (!cell || cell->row < m_sheet.FixedRows() || cell->col < m_sheet.FixedCols()) {
+    if (!cell || cell->row < m_sheet.FixedRows()) {
         Q_EMIT edge_clicked();
         return;
     }
-    m_sheet.setCursor(*cell);
+    m_sheet.setCursor({cell->row, cell->col < m_sheet.FixedCols() ? first_col() : cell->col});
     viewport()->update();
     Q_EMIT cell_clicked();
+}
+
+/// The first column in sight that takes the cursor; the present one if there is none.
+int GridView::first_col() const {
+    const int before = m_sheet.FixedCols() - 1;
+    const int first =
+        neighbour(before, 1, m_sheet.FixedCols(), m_sheet.Cols(), [this](int col) { return m_sheet.ColWidth(col); });
+    return first == before ? m_sheet.Col() : first;
 }
 
 bool GridView::move_cursor(int key) {

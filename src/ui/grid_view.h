@@ -57,9 +57,10 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// The person chose a cell that takes the cursor (click, Space or Enter); the sheet's cursor stands on it.
+    /// The person chose a cell that takes the cursor (click, Space or Enter); the sheet's cursor stands on it. A click
+    /// into a row's fixed columns, as on its number, chooses the row's first cell.
     void cell_clicked();
-    /// A click on a heading or beside the cells; the cursor stays.
+    /// A click on a column's heading or beside the cells; the cursor stays.
     void edge_clicked();
     /// The cursor was moved by an arrow key.
     void cursor_moved();
@@ -82,6 +83,7 @@ private:
     GridGeometry geometry_in(QSize view) const;
     double pixels_per_twip() const;
     bool move_cursor(int key);
+    int first_col() const;
     void update_scroll_bars();
 
     base::Sheet& m_sheet;

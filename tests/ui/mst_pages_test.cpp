@@ -144,6 +144,8 @@ TEST_F(MstKinjikanPage, ABandTypedByKeysAndItsCategoryChosenAreRegistered) {
     click_cell(hyou, 1, 3);
     press(Qt::Key_Down);
     press(Qt::Key_Down);
+    click_cell(hyou, 2, 0);
+    EXPECT_EQ(page->form().atai.cell, (base::Cell{2, 1})) << "the row whose number was clicked";
     click(*page, 1);
     EXPECT_EQ(rows("select 曜日, 連番, 開始時間, 終了時間, 時間種類 from kintype where 勤務タイプ名='夜勤'"),
         QStringList{u"1|1|2200|600|2"_s});
