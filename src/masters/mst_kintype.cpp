@@ -67,6 +67,7 @@ void mst_kintype::入力フォーム() {
     if (hyou.Col() != type_name_col || hyou.Row() < hyou.FixedRows())
         return;
     atai_com.place(cursor());
+    atai_com.index = -1;
     atai_com.select(Val(hyou(hyou.Row(), type_col)));
     focus = Focus{Control::AtaiCom};
 }

@@ -58,6 +58,10 @@ TEST_F(Assignments, ATypeWithoutRowsReadsAsNoneAndOfTwoNamesTheFirstIsShown) {
     form.Form_Load();
     EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u""_s, u"普通社員"_s}));
     EXPECT_EQ(stored(), QStringList({u"2|99"_s, u"1|7"_s})) << "the row of the type stays";
+    for (const int row : {2, 1}) {
+        form.hyou_Click({row, mst_kintype::type_name_col});
+        EXPECT_EQ(form.atai_com.index, row == 2 ? 0 : -1) << "not the type of the employee clicked before";
+    }
 }
 
 } // namespace masters
