@@ -87,7 +87,7 @@ QString note_of(const QList<ForeignRow>& foreign) {
         rows << u"曜日 %1 連番 %2"_s.arg(foreign[i].weekday).arg(foreign[i].band);
     if (foreign.size() > told)
         rows << u"ほか %1 行"_s.arg(foreign.size() - told);
-    return u"この画面で扱えない行があります（"_s + rows.join(u"、"_s) + u"）。変更せずに残します。"_s;
+    return u"この画面で扱えない行があります（"_s + rows.join(u"、"_s) + u"）。登録すると消えます。"_s;
 }
 
 } // namespace
@@ -185,6 +185,7 @@ void mst_kinjikan::write(int mode, const QString& name) {
         replace_work_type(rovdata, number, name, m_week);
     else
         delete_work_type(rovdata, number);
+    notelab.clear();
 }
 
 void mst_kinjikan::Form_Load() {

@@ -33,7 +33,7 @@ public:
     QString kinjino;                  ///< number of the type in hand; empty for a new one
     QString kinjikanmei;              ///< its name
     QString msglab;                   ///< how the work stands
-    QString notelab;                  ///< rows of the type that have no place on this screen; empty if none
+    QString notelab;                  ///< rows of the type that a registration takes away unseen; empty if none
 
     /// Called when `msglab` has changed and the work behind it goes on: a page paints it at once.
     std::function<void()> msglab_changed;

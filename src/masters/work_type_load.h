@@ -25,14 +25,15 @@ private:
     QList<Entry> m_entries;
 };
 
-/// A row of the type for which the editor has no place, written by another hand.
+/// A row of the type for which the editor has no place, written by another hand: a day or band that it doesn't have, or
+/// the same as that of a later row.
 struct ForeignRow {
     qint64 weekday;
     qint64 band;
 };
 
 /// Clears the buffer and fills it with the rows of the type; a category or mode without a name keeps its number.
-/// Gives back the rows that have no place; they are neither shown nor touched.
+/// Gives back the rows that have no place and are not shown.
 QList<ForeignRow> load_work_type(
     store::Database& rovdata, qint64 number, const NameTable& categories, const NameTable& modes, WeekBuffer& week);
 

@@ -3,8 +3,6 @@
 #include "base/numbers.h"
 #include "base/text.h"
 
-#include <QList>
-
 namespace masters {
 
 using namespace base;
@@ -26,16 +24,8 @@ bool is_kept(const WeekBuffer& week, int weekday, int band) {
     return !Trim(week(weekday, band, band_col::start)).isEmpty() || !Trim(week(weekday, band, band_col::end)).isEmpty();
 }
 
-void delete_rows_in_hand(store::Database& rovdata, qint64 number) {
-    QList<qint64> in_hand;
-    auto rows = rovdata.prepare("select rowid, 曜日, 連番 from kintype where システム番号=?");
-    rows.bind(number);
-    while (rows.step())
-        if (WeekBuffer::holds(rows.row().number(1), rows.row().number(2)))
-            in_hand << rows.row().number(0);
-    auto remove = rovdata.prepare("delete from kintype where rowid=?");
-    for (const qint64 row : in_hand)
-        remove.bind(row).run();
+void delete_rows(store::Database& rovdata, qint64 number) {
+    rovdata.prepare("delete from kintype where システム番号=?").bind(number).run();
 }
 
 void add_bands(store::Database& rovdata, qint64 number, const QString& name, const WeekBuffer& week) {
@@ -55,14 +45,14 @@ void add_bands(store::Database& rovdata, qint64 number, const QString& name, con
 
 void replace_work_type(store::Database& rovdata, qint64 number, const QString& name, const WeekBuffer& week) {
     store::Transaction transaction(rovdata);
-    delete_rows_in_hand(rovdata, number);
+    delete_rows(rovdata, number);
     add_bands(rovdata, number, name, week);
     transaction.commit();
 }
 
 void delete_work_type(store::Database& rovdata, qint64 number) {
     store::Transaction transaction(rovdata);
-    rovdata.prepare("delete from kintype where システム番号=?").bind(number).run();
+    delete_rows(rovdata, number);
     transaction.commit();
 }
 

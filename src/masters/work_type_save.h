@@ -7,12 +7,12 @@
 
 namespace masters {
 
-/// Deletes the rows of the type and writes the bands of the week in which a start or an end stands; a band with only a
-/// category or only break rules is dropped. A slot that is a text is written as its leading number.
-/// Rows of another hand for which the week has no place are left alone: they were never in hand here.
+/// Deletes every row of the type, those of another hand for which the week has no place too, so that the type has one
+/// name, and writes the bands of the week in which a start or an end stands; a band with only a category or only break
+/// rules is dropped. A slot that is a text is written as its leading number.
 void replace_work_type(store::Database& rovdata, qint64 number, const QString& name, const WeekBuffer& week);
 
-/// Deletes every row of the type, those of another hand too: a type with a row left would still be listed.
+/// Deletes every row of the type: one with a row left would still be listed.
 void delete_work_type(store::Database& rovdata, qint64 number);
 
 } // namespace masters

@@ -246,19 +246,25 @@ TEST_F(WorkTypes, ACategoryThatIsGoneOrStandsBehindOneWithoutANameKeepsItsNumber
     EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|2200|2400|4|0"_s, u"7|普通|1|2|830|1715|99|0"_s}));
 }
 
-TEST_F(WorkTypes, ARowOfAnotherHandIsToldAndLeftAlone) {
+TEST_F(WorkTypes, RowsOfAnotherHandAreToldBeforeTheyGoAndATypeIsListedOnce) {
+    add_band(7, u"普通"_s, 1, 1, 700, 800);
     add_band(7, u"普通"_s, 1, 1, 830, 1715);
     add_band(7, u"普通"_s, 2, 12, 900, 1000);
     add_band(7, u"普通"_s, 9, 1, 1100, 1200);
     open_the_first_type();
-    EXPECT_EQ(form.notelab, u"この画面で扱えない行があります（曜日 2 連番 12、曜日 9 連番 1）。変更せずに残します。"_s);
+    EXPECT_EQ(form.notelab, u"この画面で扱えない行があります（曜日 1 連番 1、曜日 2 連番 12、曜日 9 連番 1）。"
+                            u"登録すると消えます。"_s);
     EXPECT_EQ(form.hyou(1, band_col::start), u"8:30"_s);
-    enter(1, band_col::end, u"1800"_s);
+    host.answers = {Answer::No, Answer::Yes};
+    form.kinjikanmei_Change(u"日勤"_s);
     form.botan_Click(1);
-    EXPECT_EQ(stored(),
-        QStringList({u"7|普通|1|1|830|1800|1|0"_s, u"7|普通|2|12|900|1000|1|0"_s, u"7|普通|9|1|1100|1200|1|0"_s}));
-    form.botan_Click(2);
-    EXPECT_EQ(stored(), QStringList()) << "a delete takes the whole type";
+    EXPECT_EQ(stored().size(), 4);
+    EXPECT_NE(form.notelab, QString()) << "not registered yet";
+    form.botan_Click(1);
+    EXPECT_EQ(stored(), QStringList({u"7|日勤|1|1|830|1715|1|0"_s}));
+    EXPECT_EQ(form.notelab, QString());
+    form.Form_Load();
+    EXPECT_EQ(column(form.hyoulist, 0), QStringList({u"日勤"_s}));
 }
 
 TEST_F(WorkTypes, AFailedSaveLeavesTheOldRows) {
