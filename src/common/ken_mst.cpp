@@ -34,15 +34,17 @@ public:
 
     bool takes(const store::Row& row) const {
         return holds(row.text(1), ken_mst::name_box) && holds(row.text(2), ken_mst::reading_box) &&
-               holds(row.text(3), ken_mst::spare_box) && is_numbered(row.number(0));
+               holds(row.text(3), ken_mst::spare_box) && is_numbered(row);
     }
 
 private:
     bool holds(const QString& field, int box) const {
         return m_texts[box].isEmpty() || folded(field).contains(m_texts[box]);
     }
-    bool is_numbered(qint64 number) const {
-        return m_texts[ken_mst::number_box].isEmpty() || (m_numeric && number == m_number);
+    /// A row without a number isn't number 0.
+    bool is_numbered(const store::Row& row) const {
+        return m_texts[ken_mst::number_box].isEmpty() ||
+               (m_numeric && !Trim(row.text(0)).isEmpty() && row.number(0) == m_number);
     }
 
     std::array<QString, 4> m_texts;

@@ -52,7 +52,7 @@ TEST_F(KenMst, WithoutConditionsEveryRowComesByNumber) {
     EXPECT_EQ(search.focus, (ken_mst::Wish{Focus::Hyou}));
 }
 
-TEST_F(KenMst, TextMatchesWhateverItsCaseWidthAndKana) {
+TEST_F(KenMst, TextMatchesWhateverItsCaseWidthAndKanaAndANumberOnlyARowThatHasOne) {
     constexpr int reading = ken_mst::reading_box, name = ken_mst::name_box, number = ken_mst::number_box;
     const struct {
         int box;
@@ -61,7 +61,9 @@ TEST_F(KenMst, TextMatchesWhateverItsCaseWidthAndKana) {
     } cases[] = {{reading, u"やまだ"_s, {u"30"_s}}, {reading, u"ヤマダ"_s, {u"30"_s}}, {reading, u"ｻﾄｳ"_s, {u"4"_s}},
         {reading, u"あ"_s, {u"5"_s}}, {name, u"ａｂｅ"_s, {u"5"_s}}, {name, u"o'b"_s, {u"120"_s}},
         {name, u"%"_s, {u"5"_s}}, {name, u"' or 1=1 --"_s, {}}, {number, u"30"_s, {u"30"_s}},
-        {number, u"３０"_s, {u"30"_s}}, {number, u"3"_s, {}}, {number, u"3x"_s, {}}};
+        {number, u"３０"_s, {u"30"_s}}, {number, u"3"_s, {}}, {number, u"3x"_s, {}}, {number, u"0"_s, {u"0"_s}}};
+    store::Database::open(store::comsys_path(tree.settings), store::Kind::Comsys)
+        .exec("insert into syain (システム番号, 社員番号, 社員名) values (0, null, '全体'), (9, 0, '0')");
     for (const auto& c : cases)
         EXPECT_EQ(numbers_for(c.box, c.text), c.found) << c.text.toStdString();
 }
