@@ -58,7 +58,7 @@ struct BoxFocus : testing::Test, EntryCompany {
 /// Every kind of box: of a form, over a cell, of a date, of a month.
 const std::tuple<Page, int, QString, QString> boxes[] = {{Page::mst_syain, 0, u"77"_s, u"77"_s},
     {Page::mst_kinsyu, 0, u"ab"_s, u"ab"_s}, {Page::rov_01, 5, u"2004/9/3"_s, u"200493"_s},
-    {Page::rov_01, 4, u"2003"_s, u"2003"_s}};
+    {Page::rov_01, 4, u"2003"_s, u"2003"_s}, {Page::ent_rovena, 0, u"2003"_s, u"2003"_s}};
 
 } // namespace
 

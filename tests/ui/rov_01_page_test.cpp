@@ -141,7 +141,11 @@ TEST_F(Rov01Page, TheSearchIsWalkedByKeysAndGoesWithItsScreen) {
     QCoreApplication::processEvents();
     EXPECT_TRUE(page().conditions().tancd(0)->hasFocus());
 
-    QTest::keyClick(&search_from(1), Qt::Key_Escape);
+    const ui::ken_mst_dialog& left = search_from(1);
+    type(u"Enter Enter Enter"_s);
+    EXPECT_TRUE(left.hyou()->hasFocus());
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(left.isVisible());
     EXPECT_EQ(page().conditions().tancd(1)->text(), QString()) << "left without a choice";
     const QPointer<ui::ken_mst_dialog> last = &search_from(1);
     window->form().midasi_Click(2);
