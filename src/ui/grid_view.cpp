@@ -214,6 +214,8 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (move_cursor(key))
         return;
+    if (key == Qt::Key_Escape)
+        return event->ignore(); // leaves a dialog, wherever in it the keyboard stands
     if (key == Qt::Key_PageDown || key == Qt::Key_PageUp) {
         verticalScrollBar()->triggerAction(
             key == Qt::Key_PageDown ? QAbstractSlider::SliderPageStepAdd : QAbstractSlider::SliderPageStepSub);
