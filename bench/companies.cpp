@@ -13,7 +13,7 @@ namespace {
 
 struct Company {
     QTemporaryDir folder{temporary_place()};
-    frame::Settings settings;
+    base::Settings settings;
 
     Company(int employees, int months) {
         install::Options options;
@@ -31,16 +31,16 @@ QString temporary_place() {
     return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + QStringLiteral("/bench-XXXXXX");
 }
 
-frame::Settings& company(int employees, int months) {
+base::Settings& company(int employees, int months) {
     static std::map<std::pair<int, int>, Company> companies;
     return companies.try_emplace({employees, months}, employees, months).first->second.settings;
 }
 
-frame::Settings& small_company() {
+base::Settings& small_company() {
     return company(10, 1);
 }
 
-frame::Settings& large_company() {
+base::Settings& large_company() {
     return company(1000, 24);
 }
 

@@ -45,12 +45,12 @@ void fill_rovdata(Database& rovdata) {
     transaction.commit();
 }
 
-frame::Settings fill_crowded(const QString& root) {
+base::Settings fill_crowded(const QString& root) {
     install::Options options;
     options.root = root;
     options.assets = {QCoreApplication::applicationDirPath() + QStringLiteral("/../artwork")};
     install::run(options, root, [](const QString&) {});
-    frame::Settings settings = settings_of(options);
+    base::Settings settings = settings_of(options);
     auto rovdata = Database::open(store::rovdata_path(settings), Kind::Rovdata);
     fill_rovdata(rovdata);
     auto comsys = Database::open(store::comsys_path(settings), Kind::Comsys);
@@ -69,9 +69,9 @@ frame::Settings fill_crowded(const QString& root) {
 
 } // namespace
 
-frame::Settings& crowded_company() {
+base::Settings& crowded_company() {
     static const QTemporaryDir folder(temporary_place());
-    static frame::Settings settings = fill_crowded(folder.path());
+    static base::Settings settings = fill_crowded(folder.path());
     return settings;
 }
 

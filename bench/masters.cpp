@@ -3,9 +3,9 @@
 #include "bench/table.h"
 #include "frame/session.h"
 #include "store/files.h"
-#include "ui/mst_kinjikan_page.h"
-#include "ui/mst_kintype_page.h"
-#include "ui/mst_syain_page.h"
+#include "ui/masters/mst_kinjikan_page.h"
+#include "ui/masters/mst_kintype_page.h"
+#include "ui/masters/mst_syain_page.h"
 #include "ui/qt_host.h"
 
 #include <QFileInfo>
@@ -100,7 +100,7 @@ void replace_bare(BareDatabase& database) {
 }
 
 void save_employee_bare(benchmark::State& state) {
-    const frame::Settings& settings = crowded_company();
+    const base::Settings& settings = crowded_company();
     const QString rovdata = store::rovdata_path(settings);
     const QString sibling = QFileInfo(rovdata).path() + QStringLiteral("/sibling.mdb");
     const QString allsystem = store::allsystem_path(settings);

@@ -23,7 +23,7 @@ constexpr int employee = 7;
 const CompanyMonth month(last_month / 100, last_month % 100, 1);
 
 /// What the choice of an employee does.
-void load(entry::MonthSheet& sheet, const frame::Settings& settings) {
+void load(entry::MonthSheet& sheet, const base::Settings& settings) {
     書式設定(sheet, month);
     書式設定_日(sheet);
     store::Database rovdata = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
@@ -32,7 +32,7 @@ void load(entry::MonthSheet& sheet, const frame::Settings& settings) {
     勤務時間取得(sheet, rovdata, employee);
 }
 
-template <frame::Settings& (*Company)()>
+template <base::Settings& (*Company)()>
 void load_month(benchmark::State& state) {
     entry::MonthSheet sheet;
     for (auto _ : state)
@@ -69,9 +69,9 @@ void load_month_bare(benchmark::State& state) {
 }
 
 /// All days of the month changed, and posted. What was posted is taken away again outside the measure.
-template <frame::Settings& (*Company)()>
+template <base::Settings& (*Company)()>
 void save_month(benchmark::State& state) {
-    const frame::Settings& settings = Company();
+    const base::Settings& settings = Company();
     entry::MonthSheet sheet;
     load(sheet, settings);
     for (int r = entry::row::first_day; r <= entry::row::last_day; ++r)

@@ -2,9 +2,9 @@
 #include "base/numbers.h"
 #include "bench/companies.h"
 #include "bench/table.h"
-#include "reports/page_layouts.h"
-#include "reports/print.h"
-#include "ui/print_shop.h"
+#include "reports/pages/page_layouts.h"
+#include "reports/printing/print.h"
+#include "ui/paper/print_shop.h"
 
 #include <QDir>
 #include <QFile>
@@ -76,7 +76,7 @@ const std::vector<reports::Report>& months() {
 }
 
 void print_months(benchmark::State& state) {
-    frame::Settings& settings = small_company();
+    base::Settings& settings = small_company();
     Desktop desktop;
     store::SettingTables tables(settings);
     tables.設定書込(u"losystem"_s, u"プリンター１"_s, u"PDF"_s);

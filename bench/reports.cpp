@@ -4,7 +4,7 @@
 #include "bench/companies.h"
 #include "bench/table.h"
 #include "reports/csv.h"
-#include "reports/work_time_list.h"
+#include "reports/tallies/work_time_list.h"
 #include "store/files.h"
 #include "tests/support/fake_host.h"
 
@@ -63,7 +63,7 @@ public:
     }
 
     QTemporaryDir folder{temporary_place()};
-    frame::Settings settings;
+    base::Settings settings;
     support::FakeHost host;
     store::SettingTables tables{settings};
     frame::TurnLink link{settings, host};
@@ -113,7 +113,7 @@ constexpr Queries by_employee{
     "select 年月日, 休暇名 from kyumei where 社員システム番号 = ? and 年月日 between ? and ? order by 年月日"};
 
 void work_time_list_bare(benchmark::State& state) {
-    const frame::Settings& settings = month(1000).settings;
+    const base::Settings& settings = month(1000).settings;
     const QString path = store::rovdata_path(settings);
     const std::string raw = raw_key(path);
     for (auto _ : state) {
@@ -136,7 +136,7 @@ void work_time_list_bare(benchmark::State& state) {
 
 /// The same rows by one range over employees and days a table, joined with the names as a report would ask for them.
 void work_time_list_ranges(benchmark::State& state) {
-    const frame::Settings& settings = month(1000).settings;
+    const base::Settings& settings = month(1000).settings;
     const QString path = store::rovdata_path(settings);
     const std::string raw = raw_key(path);
     for (auto _ : state) {

@@ -6,10 +6,10 @@
 
 #include "base/literals.h"
 #include "ui/application.h"
-#include "ui/ent_rovena_page.h"
+#include "ui/entry/ent_rovena_page.h"
+#include "ui/parts/style.h"
 #include "ui/program.h"
 #include "ui/qt_host.h"
-#include "ui/style.h"
 
 #include <QFile>
 #include <QKeyEvent>

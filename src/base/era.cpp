@@ -26,33 +26,33 @@ struct Ymd {
 };
 
 /// The parts of a date number, with the year of the era where eras are shown.
-Ymd split(qint64 date, const frame::Settings& settings, std::optional<int> era) {
+Ymd split(qint64 date, const Settings& settings, std::optional<int> era) {
     return {date / 10000 - (era ? settings.era_offset[*era] : 0), date / 100 % 100, date % 100};
 }
 
-std::optional<int> shown_era(const frame::Settings& settings, QDate today) {
+std::optional<int> shown_era(const Settings& settings, QDate today) {
     return settings.date_style == 1 ? era_of(settings, today) : std::nullopt;
 }
 
 } // namespace
 
-bool era_years(const frame::Settings& settings, QDate today) {
+bool era_years(const Settings& settings, QDate today) {
     return shown_era(settings, today).has_value();
 }
 
-QString shown_year(QDate day, const frame::Settings& settings, QDate today) {
+QString shown_year(QDate day, const Settings& settings, QDate today) {
     return digits(split(date_number(day), settings, shown_era(settings, today)).year);
 }
 
-std::optional<int> era_of(const frame::Settings& settings, QDate today) {
+std::optional<int> era_of(const Settings& settings, QDate today) {
     const int day = date_number(today);
-    for (int i = 0; i < frame::era_count; ++i)
+    for (int i = 0; i < era_count; ++i)
         if (settings.era_start[i] <= day && day <= settings.era_end[i])
             return i;
     return std::nullopt;
 }
 
-QString 和暦西暦変換(const QString& text, const frame::Settings& settings, QDate today) {
+QString 和暦西暦変換(const QString& text, const Settings& settings, QDate today) {
     const auto era = era_of(settings, today);
     if (no_date(text) || !era)
         return text;
@@ -63,7 +63,7 @@ QString 和暦西暦変換(const QString& text, const frame::Settings& settings,
     return text.size() < 6 ? text : digits(Val(text.chopped(4)) + offset) + text.right(4);
 }
 
-QString 日付表示変換(const QString& date, const frame::Settings& settings, QDate today) {
+QString 日付表示変換(const QString& date, const Settings& settings, QDate today) {
     const auto era = shown_era(settings, today);
     if (no_date(date) || (settings.date_style == 1 && !era))
         return date;
@@ -74,7 +74,7 @@ QString 日付表示変換(const QString& date, const frame::Settings& settings,
     return digits(d.year) + u'/' + digits(d.month) + u'/' + digits(d.day);
 }
 
-QString 日付文字変換(const QString& date, const frame::Settings& settings, QDate today) {
+QString 日付文字変換(const QString& date, const Settings& settings, QDate today) {
     const auto era = shown_era(settings, today);
     if (no_date(date) || (settings.date_style == 1 && !era))
         return date;
@@ -90,7 +90,7 @@ QString 日付連結(const QString& text, YearForm form) {
     return (form == YearForm::Era ? two_digits(year) : digits(year)) + month_and_day(text.section(u'/', 1));
 }
 
-int western_date_number(const QString& text, const frame::Settings& settings, QDate today) {
+int western_date_number(const QString& text, const Settings& settings, QDate today) {
     return int_val(
         era_years(settings, today) ? 和暦西暦変換(text, settings, today) : 日付連結(text, YearForm::Western));
 }

@@ -3,7 +3,7 @@
 // The short date entry: a date typed as a day alone, as month and day, or in full. One object serves the whole program,
 // because an empty field takes the date that was accepted last, on whatever screen that was.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 
 #include <QDate>
 #include <QString>
@@ -19,7 +19,7 @@ enum class Blank {
 class DateEntry {
 public:
     /// Holds a reference to the settings: `forward_date`, `date_style` and the era table.
-    explicit DateEntry(const frame::Settings& settings) : m_settings(settings) {}
+    explicit DateEntry(const base::Settings& settings) : m_settings(settings) {}
 
     /// The date number that the text stands for; 0 where it makes no date, which leaves the last accepted date as it
     /// was; nothing for a blank text that stays blank.
@@ -34,7 +34,7 @@ private:
     QDate full_date(const QString& digits, QDate today) const;
     QDate day_alone(int day, QDate today) const;
 
-    const frame::Settings& m_settings;
+    const base::Settings& m_settings;
     QDate m_last; ///< invalid until a date was accepted
 };
 

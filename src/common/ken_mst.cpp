@@ -81,7 +81,7 @@ QString folded(const QString& text) {
     return one_form;
 }
 
-ken_mst::ken_mst(const frame::Settings& settings, QString& mstkenflg, int mode)
+ken_mst::ken_mst(const base::Settings& settings, QString& mstkenflg, int mode)
     : m_settings(settings), m_mstkenflg(mstkenflg), m_mode(*search_mode(mode)) {
     m_mstkenflg = digits(mode);
 }

@@ -7,8 +7,8 @@
 // Matching ignores case, width and the kind of kana: the grid writes hiragana and readings are katakana.
 // For the page: `focus` is a wish, `ended` set means that the window closes and `search_result` is handed over.
 
+#include "base/settings.h"
 #include "base/sheet.h"
-#include "frame/settings.h"
 
 #include <array>
 #include <optional>
@@ -51,7 +51,7 @@ public:
     };
 
     /// Opens the search: `mstkenflg`, which outlives it, takes the mode. The mode must be one of search_mode().
-    ken_mst(const frame::Settings& settings, QString& mstkenflg, int mode);
+    ken_mst(const base::Settings& settings, QString& mstkenflg, int mode);
     ~ken_mst();
     ken_mst(const ken_mst&) = delete;
     ken_mst& operator=(const ken_mst&) = delete;
@@ -87,7 +87,7 @@ private:
     bool to_next_box(int element);
     bool to_list();
 
-    const frame::Settings& m_settings;
+    const base::Settings& m_settings;
     QString& m_mstkenflg;
     const SearchMode& m_mode;
     int m_page = 0;

@@ -40,7 +40,7 @@ std::optional<QString> ファイル保存ダイアログ(platform::Host& host, p
 }
 
 QString CSV保存先取得(
-    const frame::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number) {
+    const base::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number) {
     const QString key = folder_key(report_number);
     const QString last = without_end_separator(tables.設定読込(u"losystem"_s, key));
     const QString start = is_folder(last) ? last : platform::drive_root(settings.install_drive);

@@ -15,6 +15,6 @@ std::optional<QString> ファイル保存ダイアログ(platform::Host& host, p
 /// Asks for the path of a CSV file. The folder of the last file of this report is proposed, or the root of the
 /// program's drive where that is gone; what is chosen is remembered in `losystem`. Empty if cancelled.
 QString CSV保存先取得(
-    const frame::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number);
+    const base::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number);
 
 } // namespace common

@@ -81,7 +81,7 @@ void start_manager(frame::Session& session) {
         frame::manager_file(root), {u"--root"_s, root, u"--local"_s, platform::portable(session.settings.local_root)});
 }
 
-void post_rows(const frame::Settings& settings, const QList<ExchangeRow>& rows) {
+void post_rows(const base::Settings& settings, const QList<ExchangeRow>& rows) {
     const QString path = store::exchange_path(settings, posting_file);
     try {
         append(path, rows);

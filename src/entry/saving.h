@@ -42,10 +42,10 @@ QList<ExchangeRow> rows_to_post(const MonthSheet& sheet, const PostedEmployee& e
 inline constexpr int posting_file = 1;
 
 /// Appends the rows to exchange file 01 in one transaction. A file that is remade at this moment is opened once more.
-void post_rows(const frame::Settings& settings, const QList<ExchangeRow>& rows);
+void post_rows(const base::Settings& settings, const QList<ExchangeRow>& rows);
 
 /// Starting the exchange manager is the main PC's work; an error in it is ignored.
-inline bool is_main_pc(const frame::Settings& settings) {
+inline bool is_main_pc(const base::Settings& settings) {
     return settings.use_class == 0;
 }
 bool manager_running(frame::Session& session);

@@ -68,7 +68,7 @@ bool wait_for_days(frame::Session& session, qint64 employee) {
 
 } // namespace
 
-bool days_wait(const frame::Settings& settings, qint64 employee) {
+bool days_wait(const base::Settings& settings, qint64 employee) {
     const QString number = digits(employee);
     if (holds_row(store::exchange_path(settings, posting_file), number))
         return true;

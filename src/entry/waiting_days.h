@@ -18,7 +18,7 @@ namespace entry {
 /// Whether posted rows of the employee may still wait. A file that another program holds at the moment may hold some; a
 /// file that isn't there or can't be read holds none that the manager would take.
 /// Costs the opening of one file and the reading of the rows that wait in it.
-bool days_wait(const frame::Settings& settings, qint64 employee);
+bool days_wait(const base::Settings& settings, qint64 employee);
 
 enum class Opening { Free, Refused };
 

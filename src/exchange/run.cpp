@@ -46,7 +46,7 @@ bool can_write(const QString& folder) {
 
 } // namespace
 
-ManagerRun::ManagerRun(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds patience)
+ManagerRun::ManagerRun(const base::Settings& settings, const Watch& watch, std::chrono::milliseconds patience)
     : m_settings(settings), m_watch(watch), m_patience(patience) {}
 
 bool ManagerRun::apply_all() {
@@ -183,7 +183,7 @@ store::Database ManagerRun::open(const QString& path) const {
 
 // A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
 // the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
-int run_manager(const frame::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience,
+int run_manager(const base::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience,
     std::chrono::milliseconds patience) {
     const QString folder = store::exchange_folder(settings);
     if (!can_write(folder)) {

@@ -9,8 +9,8 @@
 // left for the next run. Whatever is wrong with a file, the others are applied; if the tables themselves can't be
 // written, all rows stay.
 
+#include "base/settings.h"
 #include "exchange/apply.h"
-#include "frame/settings.h"
 
 #include <QSet>
 #include <QStringList>
@@ -20,7 +20,7 @@ namespace exchange {
 
 class ManagerRun {
 public:
-    ManagerRun(const frame::Settings& settings, const Watch& watch,
+    ManagerRun(const base::Settings& settings, const Watch& watch,
         std::chrono::milliseconds patience = store::default_patience);
 
     /// Applies until a pass over all files finds no row. False if something was wrong that a person should know; the
@@ -49,7 +49,7 @@ private:
     QStringList not_skipped(QStringList paths) const;
     store::Database open(const QString& path) const;
 
-    const frame::Settings& m_settings;
+    const base::Settings& m_settings;
     const Watch& m_watch;
     std::chrono::milliseconds m_patience;
     QSet<QString> m_skipped; ///< files left for a later run
@@ -59,7 +59,7 @@ private:
 /// The life of the program: holds the lock that stands for its window "jyusinkanri" and applies. Waits at most
 /// `lock_patience` for another manager, which then sees to the rows itself, and `patience` for a file that another
 /// writes. Gives the exit status, 0 or 1.
-int run_manager(const frame::Settings& settings, const Watch& watch,
+int run_manager(const base::Settings& settings, const Watch& watch,
     std::chrono::milliseconds lock_patience = std::chrono::seconds(10),
     std::chrono::milliseconds patience = store::default_patience);
 

@@ -31,13 +31,13 @@ enum class Live { Compacted, Left };
 
 struct Source {
     Kind kind;
-    QString (*path)(const Settings&);
+    QString (*path)(const base::Settings&);
     Need need;
     Live live;
 };
 
 /// The settings of the PC that has the shared data; there are none where that lies on a disk of the network.
-QString server_losys_path(const Settings& settings) {
+QString server_losys_path(const base::Settings& settings) {
     return platform::portable(settings.server_root) + u'/' + settings.product_folder + u"/data/system/losys.mdb"_s;
 }
 
@@ -48,7 +48,7 @@ constexpr Source sources[]{
     {Kind::Losys, server_losys_path, Need::May, Live::Left},
 };
 
-QString install_root(const Settings& settings) {
+QString install_root(const base::Settings& settings) {
     return platform::portable(settings.install_drive + platform::install_tail());
 }
 
@@ -89,7 +89,7 @@ struct Item {
 
 class Generation {
 public:
-    Generation(const Settings& settings, const QString& folder, std::chrono::milliseconds patience, Steps& steps)
+    Generation(const base::Settings& settings, const QString& folder, std::chrono::milliseconds patience, Steps& steps)
         : m_settings(settings), m_folder(folder), m_patience(patience), m_steps(steps), m_copies(folder) {}
 
     /// All databases are held from before the first copy, so that they belong together.
@@ -135,7 +135,7 @@ private:
         store::check_copy(made, item.source.kind, item.held.rows());
     }
 
-    const Settings& m_settings;
+    const base::Settings& m_settings;
     QString m_folder;
     std::chrono::milliseconds m_patience;
     Steps& m_steps;
@@ -143,7 +143,7 @@ private:
     platform::FileSet m_copies;
 };
 
-void copy_settings_of_pc(const Settings& settings, const QString& folder, std::chrono::milliseconds patience) {
+void copy_settings_of_pc(const base::Settings& settings, const QString& folder, std::chrono::milliseconds patience) {
     make_folder(folder);
     const QString place = folder + u"/losys.mdb"_s;
     platform::remove_leftovers(place);
@@ -169,22 +169,22 @@ void told(platform::Host& host, const QString& heading, const std::function<void
     host.tell(heading + u"\n\n"_s + trouble, title);
 }
 
-bool wanted(const Settings& settings, platform::Host& host) {
+bool wanted(const base::Settings& settings, platform::Host& host) {
     return (settings.use_class == 0 || settings.use_class == 1) &&
            host.ask(u"バックアップしますか？"_s, title, platform::Buttons::YesNo) == platform::Answer::Yes;
 }
 
 } // namespace
 
-QString shared_backup_folder(const Settings& settings, QDate day) {
+QString shared_backup_folder(const base::Settings& settings, QDate day) {
     return install_root(settings) + u"/comdata/data/bk/"_s + weekday(day);
 }
 
-QString local_backup_folder(const Settings& settings, QDate day) {
+QString local_backup_folder(const base::Settings& settings, QDate day) {
     return install_root(settings) + u'/' + settings.product_folder + u"/data/bk/"_s + weekday(day);
 }
 
-void バックアップ処理(const Settings& settings, platform::Host& host, const BackupProgress& progress,
+void バックアップ処理(const base::Settings& settings, platform::Host& host, const BackupProgress& progress,
     std::chrono::milliseconds patience) {
     const QDate today = host.now().date();
     const bool shared = wanted(settings, host);

@@ -4,7 +4,7 @@
 // take the place of the live contents; and a plain copy of this PC's settings. A generation is one moment of all its
 // files: it is made beside the old one, proved, and takes its place whole or not at all.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "platform/host.h"
 #include "store/database.h"
 
@@ -17,13 +17,13 @@ using BackupProgress = std::function<void(const QString& text, int done, int of)
 
 /// Both lie on the PC that runs the backup, wherever its data lies. The folder of a day is its weekday, 1 (Sunday)
 /// to 7.
-QString shared_backup_folder(const Settings& settings, QDate day);
-QString local_backup_folder(const Settings& settings, QDate day);
+QString shared_backup_folder(const base::Settings& settings, QDate day);
+QString local_backup_folder(const base::Settings& settings, QDate day);
 
 /// Asks whether to back up the shared data, on the PCs that may, and does so; copies this PC's settings in any case.
 /// Throws nothing: what went wrong is told, and then the live databases stand as they stood.
 /// `patience` is how long another program's write is waited for.
-void バックアップ処理(const Settings& settings, platform::Host& host, const BackupProgress& progress = {},
+void バックアップ処理(const base::Settings& settings, platform::Host& host, const BackupProgress& progress = {},
     std::chrono::milliseconds patience = store::default_patience);
 
 } // namespace frame

@@ -3,7 +3,7 @@
 // A picture button as data: what it is called and the two bitmaps it is made of. The names are spelled as the files
 // are, upper and lower case included.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 
 #include <QStringView>
 
@@ -20,10 +20,10 @@ struct Button {
 inline constexpr Button endbotan{0, u"閉じる", u"zen_end.BMP", u"zen_end_b.BMP"};
 
 /// The folder of the buttons' bitmaps on this PC, with "/" at its end.
-QString picture_folder(const Settings& settings);
+QString picture_folder(const base::Settings& settings);
 
 /// The picture of the start-up form, and that of the program in window titles.
-QString splash_path(const Settings& settings);
-QString program_icon_path(const Settings& settings);
+QString splash_path(const base::Settings& settings);
+QString program_icon_path(const base::Settings& settings);
 
 } // namespace frame

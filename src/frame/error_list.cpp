@@ -9,11 +9,11 @@ namespace frame {
 
 using namespace base;
 
-QString error_file_path(const Settings& settings) {
+QString error_file_path(const base::Settings& settings) {
     return platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/data/trn/errmsg.txt"_s;
 }
 
-int error_count(const Settings& settings) {
+int error_count(const base::Settings& settings) {
     QFile file(error_file_path(settings));
     if (!file.open(QIODevice::ReadOnly))
         return 0;

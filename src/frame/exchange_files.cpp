@@ -74,7 +74,7 @@ using Write = std::error_code (*)(const QString& path, const QByteArray& bytes, 
 
 class Remaking {
 public:
-    Remaking(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience)
+    Remaking(const base::Settings& settings, const QDateTime& now, std::chrono::milliseconds patience)
         : m_folder(kept_folder(settings)), m_now(now), m_patience(patience) {}
 
     void remake(const QString& path) {
@@ -161,7 +161,7 @@ private:
 
 } // namespace
 
-QString kept_folder(const Settings& settings) {
+QString kept_folder(const base::Settings& settings) {
     return store::exchange_folder(settings) + u"/nokori"_s;
 }
 
@@ -169,7 +169,7 @@ QString manager_file(const QString& server_root) {
     return platform::program_file(server_root + u"/comdata/exe/exe/jyusinkanri.exe"_s);
 }
 
-void 交換ファイル作成(const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience) {
+void 交換ファイル作成(const base::Settings& settings, const QDateTime& now, std::chrono::milliseconds patience) {
     QDir().mkpath(store::exchange_folder(settings));
     Remaking remaking(settings, now, patience);
     for (int number = 1; number <= store::exchange_file_count; ++number)

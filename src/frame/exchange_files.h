@@ -5,7 +5,7 @@
 // to the folder of kept files, which the manager applies first, and a file that can't be read is moved there too, under
 // an ending of its own, for a person to look at.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "store/database.h"
 
 #include <QDateTime>
@@ -15,7 +15,7 @@ namespace frame {
 
 /// The folder of the kept files; it is there from the first kept file on.
 /// Their names are hanjyusinNN-YYYYMMDD-HHMMSS-zzz.mdb, the time being that of the start that kept them.
-QString kept_folder(const Settings& settings);
+QString kept_folder(const base::Settings& settings);
 
 /// What the name of an unreadable kept file ends in, after ".mdb".
 inline constexpr QStringView unreadable_ending = u".kowareta";
@@ -28,6 +28,6 @@ QString manager_file(const QString& server_root);
 /// Throws store::Error: Code::Busy where another program is writing and doesn't end in time, Code::Newer for a file of
 /// a later version of the program, and whatever keeps a new file from being written.
 void 交換ファイル作成(
-    const Settings& settings, const QDateTime& now, std::chrono::milliseconds patience = store::default_patience);
+    const base::Settings& settings, const QDateTime& now, std::chrono::milliseconds patience = store::default_patience);
 
 } // namespace frame

@@ -46,14 +46,14 @@ QStringView page_of(QStringView form, int report_no) {
 
 } // namespace
 
-QString help_address(const Settings& settings, const QString& page) {
+QString help_address(const base::Settings& settings, const QString& page) {
     const QString path = platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/help/"_s + page;
     if (!path.startsWith(u'/'))
         return u"file://localhost/"_s + path;
     return u"file://localhost"_s + QString::fromLatin1(QUrl::toPercentEncoding(path, "/"));
 }
 
-void ヘルプ表示(const Settings& settings, platform::Host& host, const QString& form, int report_no) {
+void ヘルプ表示(const base::Settings& settings, platform::Host& host, const QString& form, int report_no) {
     if (!form.isEmpty())
         host.open_document(help_address(settings, page_of(form, report_no).toString()));
 }

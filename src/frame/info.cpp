@@ -28,7 +28,7 @@ constexpr QStringView news_folder = u"/mr/info/";
 constexpr QStringView news_file = u"intinfrov.dat";
 
 /// The address of a place on the news server; nothing if none is set.
-std::optional<QUrl> on_server(const Settings& settings, const QString& path) {
+std::optional<QUrl> on_server(const base::Settings& settings, const QString& path) {
     std::optional<QUrl> address = news_server(settings.info_server);
     if (address)
         address->setPath(path, QUrl::DecodedMode);
@@ -192,7 +192,7 @@ QString info::trn_folder() const {
 
 /// The news lies on the program's own drive, where start-up deletes it; the pictures lie under this PC's root.
 QString info::news_path() const {
-    const Settings& settings = m_session.settings;
+    const base::Settings& settings = m_session.settings;
     return platform::portable(settings.install_drive + platform::install_tail()) + u'/' + settings.product_folder +
            u"/data/trn/info/"_s + news_file.toString();
 }

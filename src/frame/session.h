@@ -3,7 +3,7 @@
 // What every form is given: the run-time settings, the desktop, the settings tables and the turn link.
 // main() owns them; a Session only refers to them and outlives every form.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "frame/turn_link.h"
 #include "platform/host.h"
 #include "store/setting_tables.h"
@@ -11,7 +11,7 @@
 namespace frame {
 
 struct Session {
-    Settings& settings;
+    base::Settings& settings;
     platform::Host& host;
     store::SettingTables& tables;
     TurnLink& link;

@@ -100,7 +100,7 @@ void stg::read_shared_settings() {
 void stg::load_eras() {
     store::Database comsys = store::Database::open(store::comsys_path(m_settings), store::Kind::Comsys);
     store::Statement eras = comsys.prepare("select 開始日, 終了日, 差年, 元号名 from waseihen order by rowid desc");
-    for (int i = 0; i < era_count && eras.step(); ++i) {
+    for (int i = 0; i < base::era_count && eras.step(); ++i) {
         const store::Row row = eras.row();
         m_settings.era_start[i] = row.integer(0);
         m_settings.era_end[i] = row.integer(1);

@@ -45,7 +45,7 @@ private:
     void paint();
 
     Session m_session;
-    Settings& m_settings;
+    base::Settings& m_settings;
     QString m_program_folder;
     std::function<void()> m_changed;
 };

@@ -57,7 +57,7 @@ QByteArray message_in(LinkState state) {
 } // namespace
 
 TurnLink::TurnLink(
-    const Settings& settings, platform::Host& host, std::function<void(const QString&)> show, quint16 port)
+    const base::Settings& settings, platform::Host& host, std::function<void(const QString&)> show, quint16 port)
     : m_settings(settings), m_host(host), m_show(std::move(show)), m_port(port) {
     m_socket.setProxy(QNetworkProxy::NoProxy);
     m_socket.setReadBufferSize(most_unread);

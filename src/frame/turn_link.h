@@ -4,7 +4,7 @@
 // main PC over a socket before it posts, and gives the turn up afterwards. The link exists only for the length of a
 // save.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "platform/host.h"
 
 #include <QTcpSocket>
@@ -20,7 +20,7 @@ enum class LinkState { Idle = 0, Asking = 1, Asked = 2, Held = 3, Releasing = 4,
 class TurnLink {
 public:
     /// `show` is given the state mark of the frame (`stalab`): "●" asking, "◎" held, "○" releasing, empty at rest.
-    TurnLink(const Settings& settings, platform::Host& host, std::function<void(const QString&)> show = {},
+    TurnLink(const base::Settings& settings, platform::Host& host, std::function<void(const QString&)> show = {},
         quint16 port = turn_port);
 
     /// Takes the turn; the main PC (`use_class` 0) needs none. Waits at most 10 seconds with the interface running,
@@ -42,7 +42,7 @@ private:
     bool wait_for(LinkState state);
     void show(const QString& mark);
 
-    const Settings& m_settings;
+    const base::Settings& m_settings;
     platform::Host& m_host;
     std::function<void(const QString&)> m_show;
     quint16 m_port;

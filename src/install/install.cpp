@@ -16,7 +16,7 @@ namespace {
 
 struct File {
     store::Kind kind;
-    QString (*path)(const frame::Settings&);
+    QString (*path)(const base::Settings&);
     bool shared;
 };
 
@@ -27,7 +27,7 @@ constexpr File files[]{
     {store::Kind::Losys, store::losys_path, false},
 };
 
-void make_database(const File& file, const Options& options, const frame::Settings& settings, const Say& say) {
+void make_database(const File& file, const Options& options, const base::Settings& settings, const Say& say) {
     const QString path = file.path(settings);
     if (QFileInfo::exists(path))
         return say(u"kept   "_s + platform::native(path));
@@ -49,7 +49,7 @@ QStringList usual_assets(const QString& program_folder) {
 } // namespace
 
 void run(const Options& options, const QString& program_folder, const Say& say) {
-    const frame::Settings settings = settings_of(options);
+    const base::Settings settings = settings_of(options);
     const bool shared = options.server_root.isEmpty();
     make_folders(settings, shared);
     for (const File& file : files)

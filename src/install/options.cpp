@@ -138,8 +138,8 @@ Request read_arguments(const QStringList& arguments) {
     return arguments.value(0) == u"restore" ? read_restore(arguments.sliced(1)) : Reader(arguments).read();
 }
 
-frame::Settings settings_of(const Options& options) {
-    frame::Settings settings;
+base::Settings settings_of(const Options& options) {
+    base::Settings settings;
     settings.install_drive = platform::drive_at(options.root);
     settings.server_root = settings.local_root = settings.install_drive + platform::install_tail();
     return settings;

@@ -2,7 +2,7 @@
 
 // The command line of rovena-install.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 
 #include <QString>
 #include <QStringList>
@@ -47,7 +47,7 @@ struct Request {
 Request read_arguments(const QStringList& arguments);
 
 /// The run-time settings of a program in the tree that is made: its drive and both roots there.
-frame::Settings settings_of(const Options& options);
+base::Settings settings_of(const Options& options);
 
 QString usage();
 

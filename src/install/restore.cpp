@@ -31,7 +31,7 @@ namespace {
 struct Place {
     QStringView file;
     Kind kind;
-    QString (*path)(const frame::Settings&);
+    QString (*path)(const base::Settings&);
     bool shared;
 };
 
@@ -129,7 +129,7 @@ QString server_root_of(const QString& losys) {
 }
 
 /// That place, if it is another one than this tree.
-QString other_place_of_data(const frame::Settings& settings) {
+QString other_place_of_data(const base::Settings& settings) {
     const QString root = server_root_of(store::losys_path(settings));
     return platform::portable(root) == platform::portable(settings.server_root) ? QString() : root;
 }
@@ -141,7 +141,7 @@ bool has_shared(const std::vector<Found>& found) {
 enum class Data { Here, Elsewhere };
 
 /// Settings alone go back on every PC, also on one that works on the data of another.
-Data place_of_data(const std::vector<Found>& found, const frame::Settings& settings) {
+Data place_of_data(const std::vector<Found>& found, const base::Settings& settings) {
     const QString other = other_place_of_data(settings);
     if (has_shared(found) && !other.isEmpty())
         fail(u"the data of this PC lies at %1: restore on the PC that has it"_s.arg(other));
@@ -150,7 +150,7 @@ Data place_of_data(const std::vector<Found>& found, const frame::Settings& setti
 }
 
 /// Settings of another tree would send the program back there. Data that lies elsewhere stays where it is.
-void name_this_tree(const QString& losys, const frame::Settings& settings, Data data) {
+void name_this_tree(const QString& losys, const base::Settings& settings, Data data) {
     Database database = Database::open(losys, Kind::Losys);
     store::Transaction transaction(database);
     store::Statement update = database.prepare("update losystem set データ=? where 項目名=?");
@@ -188,7 +188,7 @@ void demand_same_people(const QString& present, const QString& copy) {
 /// One database on its way to its place.
 class Return {
 public:
-    Return(const Found& found, const frame::Settings& settings, Data data)
+    Return(const Found& found, const base::Settings& settings, Data data)
         : m_path(found.place.path(settings)), m_kind(found.place.kind), m_copy(m_path) {
         platform::remove_leftovers(m_path);
         store::check_system(m_copy.make(), m_path);
@@ -243,7 +243,7 @@ private:
 /// As long as this stands neither the program nor the exchange manager starts on the data.
 class Alone {
 public:
-    explicit Alone(const frame::Settings& settings)
+    explicit Alone(const base::Settings& settings)
         : m_program(store::data_folder(settings), store::desktop_program.toString()),
           m_manager(store::exchange_folder(settings), u"jyusinkanri"_s) {
         if (!m_program.take(std::chrono::milliseconds(0)))
@@ -266,7 +266,7 @@ void list_backup(const QString& folder, const Say& say) {
 void restore_backup(const Restore& restore, const QDateTime& now, const Say& say, std::chrono::milliseconds patience) {
     Options options;
     options.root = restore.root;
-    const frame::Settings settings = settings_of(options);
+    const base::Settings settings = settings_of(options);
     const std::vector<Found> found = look_through(restore.folder, say);
     const Data data = place_of_data(found, settings);
     make_folders(settings, has_shared(found));

@@ -19,7 +19,7 @@ constexpr std::string_view count_masters = "select (select count(*) from syain) 
                                            " + (select count(*) from kintype) + (select count(*) from kyutype)"
                                            " + (select count(*) from syainkinmu)";
 
-Database open_rovdata(const frame::Settings& settings) {
+Database open_rovdata(const base::Settings& settings) {
     return Database::open(store::rovdata_path(settings), Kind::Rovdata);
 }
 
@@ -44,7 +44,7 @@ void carry_staff(Database& comsys, Database& rovdata) {
 
 } // namespace
 
-bool holds_masters(const frame::Settings& settings) {
+bool holds_masters(const base::Settings& settings) {
     if (!QFileInfo::exists(store::rovdata_path(settings)))
         return false;
     Database rovdata = open_rovdata(settings);
@@ -52,13 +52,13 @@ bool holds_masters(const frame::Settings& settings) {
     return count.step() && count.row().number(0) > 0;
 }
 
-void carry_on(Database& comsys, const frame::Settings& settings) {
+void carry_on(Database& comsys, const base::Settings& settings) {
     Database rovdata = open_rovdata(settings);
     carry_counters(comsys, rovdata);
     carry_staff(comsys, rovdata);
 }
 
-void register_if_filled(const frame::Settings& settings) {
+void register_if_filled(const base::Settings& settings) {
     if (!holds_masters(settings))
         return;
     Database allsystem = Database::open(store::allsystem_path(settings), Kind::Allsystem);

@@ -4,19 +4,19 @@
 // company's data stands. A product without its row would get the first-start wizard, which replaces the masters, and
 // counters that begin at 1 would give numbers that are in use.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "store/database.h"
 
 namespace install {
 
 /// Whether `rovdata.mdb` is there and has a row in one of the masters.
-bool holds_masters(const frame::Settings& settings);
+bool holds_masters(const base::Settings& settings);
 
 /// Fills a new `comsys.mdb` from `rovdata.mdb`, which is there: its employees, and each counter at the highest number
 /// in use. Settings that were in the lost file aren't known any more.
-void carry_on(store::Database& comsys, const frame::Settings& settings);
+void carry_on(store::Database& comsys, const base::Settings& settings);
 
 /// Registers the product in an `allsystem.mdb` that is there, if there are masters.
-void register_if_filled(const frame::Settings& settings);
+void register_if_filled(const base::Settings& settings);
 
 } // namespace install

@@ -57,7 +57,7 @@ QString below(const QString& folder, QStringView name) {
     return u"%1/%2"_s.arg(folder, name);
 }
 
-QString path_of(const Place& place, const frame::Settings& settings) {
+QString path_of(const Place& place, const base::Settings& settings) {
     const QString root =
         place.owner == Owner::Shared ? settings.server_root : below(settings.local_root, settings.product_folder);
     return below(platform::portable(root), place.below);
@@ -112,7 +112,7 @@ void copy_asset(const QString& from, const QString& to) {
 
 } // namespace
 
-void make_folders(const frame::Settings& settings, bool shared) {
+void make_folders(const base::Settings& settings, bool shared) {
     for (const Place& folder : folders)
         if (folder.owner == Owner::Pc || shared)
             make_folder(path_of(folder, settings));
@@ -122,7 +122,7 @@ void make_folders(const frame::Settings& settings, bool shared) {
             make_folder(below(path_of(backup, settings), QString::number(weekday)));
 }
 
-void copy_assets(const QStringList& sources, const frame::Settings& settings, const Say& say) {
+void copy_assets(const QStringList& sources, const base::Settings& settings, const Say& say) {
     for (const QString& source : sources) {
         if (!QFileInfo(source).isDir())
             fail(source, u"no such folder"_s);
@@ -132,7 +132,7 @@ void copy_assets(const QStringList& sources, const frame::Settings& settings, co
     }
 }
 
-void copy_programs(const QString& source, const frame::Settings& settings, bool shared, const Say& say) {
+void copy_programs(const QString& source, const base::Settings& settings, bool shared, const Say& say) {
     for (const Place& program : programs) {
         if (program.owner == Owner::Shared && !shared)
             continue;

@@ -2,7 +2,7 @@
 
 // The folders of an install tree and the files that are copied into it.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "install/options.h"
 
 #include <functional>
@@ -13,12 +13,12 @@ namespace install {
 using Say = std::function<void(const QString&)>;
 
 /// Makes the folders that are missing; the shared ones only where the shared data lies in this tree.
-void make_folders(const frame::Settings& settings, bool shared);
+void make_folders(const base::Settings& settings, bool shared);
 
 /// Brings pictures and help pages up to date from each folder of `sources` in order.
-void copy_assets(const QStringList& sources, const frame::Settings& settings, const Say& say);
+void copy_assets(const QStringList& sources, const base::Settings& settings, const Say& say);
 
 /// Brings the programs up to date from the folder that holds them; one that isn't there is told and left out.
-void copy_programs(const QString& source, const frame::Settings& settings, bool shared, const Say& say);
+void copy_programs(const QString& source, const base::Settings& settings, bool shared, const Say& say);
 
 } // namespace install

@@ -46,7 +46,7 @@ Holds held_by(const QString& type) {
     return reads(u"real") || reads(u"floa") || reads(u"doub") || reads(u"single") ? Holds::Decimal : Holds::Text;
 }
 
-QStringList listed_files(const frame::Settings& settings) {
+QStringList listed_files(const base::Settings& settings) {
     auto allsystem = store::Database::open(store::allsystem_path(settings), store::Kind::Allsystem);
     auto query = allsystem.prepare("select 個別dataファイル from allsystem order by rowid");
     QStringList files;
@@ -55,7 +55,7 @@ QStringList listed_files(const frame::Settings& settings) {
     return files;
 }
 
-QList<Target> targets_of(const frame::Settings& settings) {
+QList<Target> targets_of(const base::Settings& settings) {
     QList<Target> targets{{store::comsys_path(settings), store::Kind::Comsys}};
     QStringList known{QFileInfo(targets.front().path).canonicalFilePath()};
     const QString folder = QFileInfo(store::rovdata_path(settings)).path();
@@ -88,7 +88,7 @@ void require_fields(const Copy& copy, const QList<FieldText>& row) {
 }
 
 /// Opens every copy that there is and takes its write lock.
-void open_copies(std::list<Copy>& copies, const frame::Settings& settings, const QList<FieldText>& row) {
+void open_copies(std::list<Copy>& copies, const base::Settings& settings, const QList<FieldText>& row) {
     for (const Target& target : targets_of(settings)) {
         auto database = store::Database::open(target.path, target.kind);
         if (!database.has_table(u"syain"_s))
@@ -130,7 +130,7 @@ void replace_row(Copy& copy, qint64 number, const QList<FieldText>& row) {
 
 } // namespace
 
-void replace_in_every_copy(const frame::Settings& settings, qint64 number, const QList<FieldText>& row) {
+void replace_in_every_copy(const base::Settings& settings, qint64 number, const QList<FieldText>& row) {
     std::list<Copy> copies;
     open_copies(copies, settings, row);
     for (Copy& copy : copies)

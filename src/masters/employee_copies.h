@@ -8,7 +8,7 @@
 // stops the change while nothing has changed anywhere, and the error names that file. Copies are locked in the order
 // of `allsystem`, so that two programs wait for each other and never in a ring.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 
 #include <QList>
 #include <QString>
@@ -24,6 +24,6 @@ struct FieldText {
 /// Number fields take the numeric value of the text, the others the trimmed text. Fields of a copy that the row
 /// doesn't name are left to their defaults. A listed file that is missing or has no table `syain` is passed over; one
 /// that is listed twice counts once.
-void replace_in_every_copy(const frame::Settings& settings, qint64 number, const QList<FieldText>& row);
+void replace_in_every_copy(const base::Settings& settings, qint64 number, const QList<FieldText>& row);
 
 } // namespace masters

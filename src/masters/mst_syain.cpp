@@ -23,7 +23,7 @@ constexpr QStringView field_names[] = {u"システム番号", u"社員番号", u
 
 constexpr int never_given = 9999;
 
-int draw_number(const frame::Settings& settings) {
+int draw_number(const base::Settings& settings) {
     const int number = store::採番(settings, u"社員番号"_s);
     return number == never_given ? store::採番(settings, u"社員番号"_s) : number;
 }

@@ -3,7 +3,7 @@
 // A report's sheet as a text file: the five headings a line each, then every row of the sheet, hidden ones too, with
 // the cells of the visible columns joined by ",". No quoting; a "," inside a cell is left out. Code page 932, CR LF.
 
-#include "reports/report.h"
+#include "reports/tallies/report.h"
 
 namespace reports {
 

@@ -3,7 +3,7 @@
 #include "base/columns.h"
 #include "base/text.h"
 #include "frame/error_list.h"
-#include "reports/print.h"
+#include "reports/printing/print.h"
 
 #include <QFile>
 

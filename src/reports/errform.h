@@ -4,7 +4,7 @@
 
 #include "base/sheet.h"
 #include "frame/session.h"
-#include "reports/print_surface.h"
+#include "reports/pages/print_surface.h"
 
 namespace reports {
 

@@ -7,7 +7,7 @@
 #include "base/numbers.h"
 #include "frame/button.h"
 #include "reports/csv.h"
-#include "reports/print.h"
+#include "reports/printing/print.h"
 
 #include <QFile>
 #include <QScopeGuard>

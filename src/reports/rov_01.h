@@ -10,9 +10,9 @@
 // - while `busy` the interface is given time inside an act: take no input, don't destroy the form.
 
 #include "frame/mainform.h"
-#include "reports/print_surface.h"
-#include "reports/report.h"
-#include "reports/report_table.h"
+#include "reports/pages/print_surface.h"
+#include "reports/tallies/report.h"
+#include "reports/tallies/report_table.h"
 
 namespace reports {
 

@@ -55,7 +55,7 @@ QList<QStringList> staff_of(store::Database& comsys) {
     return staff;
 }
 
-std::optional<QList<QStringList>> company_staff(const frame::Settings& settings) {
+std::optional<QList<QStringList>> company_staff(const base::Settings& settings) {
     const QString path = store::comsys_path(settings);
     if (!QFileInfo::exists(path))
         return std::nullopt;
@@ -121,7 +121,7 @@ void plant_kinds(store::Database& rovdata, const Seed& seed) {
 
 } // namespace
 
-Seed gather_seed(const frame::Settings& settings) {
+Seed gather_seed(const base::Settings& settings) {
     Seed seed;
     seed.staff = company_staff(settings);
     for (int& number : seed.categories)

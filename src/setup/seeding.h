@@ -6,8 +6,8 @@
 // It goes in two steps, so that a failure leaves the masters as they were: first all that lies outside `rovdata.mdb` is
 // read and drawn, then everything in there is replaced in one transaction.
 
+#include "base/settings.h"
 #include "base/time.h"
-#include "frame/settings.h"
 #include "store/database.h"
 
 #include <QStringList>
@@ -39,7 +39,7 @@ struct Seed {
 
 /// Reads the staff, the row with number 0 left out, and draws the numbers. Those drawn before stay drawn, so each seed
 /// has new ones.
-Seed gather_seed(const frame::Settings& settings);
+Seed gather_seed(const base::Settings& settings);
 
 /// Replaces `kinsyu`, `kintype`, `syainkinmu` and `kyutype`, and `syain` if the seed has a staff.
 void plant(store::Database& rovdata, const Seed& seed, const Bands& bands);

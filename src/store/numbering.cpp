@@ -76,7 +76,7 @@ qint64 highest_in_use(Database& rovdata, QStringView counter_name) {
     return highest;
 }
 
-int 採番(const frame::Settings& settings, const QString& counter_name) {
+int 採番(const base::Settings& settings, const QString& counter_name) {
     Database rovdata = Database::open(rovdata_path(settings), Kind::Rovdata);
     Database comsys = Database::open(comsys_path(settings), Kind::Comsys);
     Transaction transaction(comsys);
@@ -95,7 +95,7 @@ int 採番(const frame::Settings& settings, const QString& counter_name) {
     return next;
 }
 
-std::array<QString, 7> マスター項目取得(const frame::Settings& settings, const QString& table, const QString& key_field,
+std::array<QString, 7> マスター項目取得(const base::Settings& settings, const QString& table, const QString& key_field,
     const QString& key_value, const std::array<QString, 7>& fields) {
     std::array<QString, 7> values;
     const QString key = base::Trim(key_value);

@@ -2,7 +2,7 @@
 
 // System numbers and the lookup of one master row.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "store/database.h"
 
 #include <array>
@@ -20,12 +20,12 @@ qint64 highest_in_use(Database& rovdata, QStringView counter_name);
 /// so that two programs never get one number. A number not used is lost. A counter whose next number is in use, in a
 /// master or by an employee's attendance, is behind the tables, as a `comsys.mdb` of an older day is: it goes on behind
 /// the highest number in use.
-int 採番(const frame::Settings& settings, const QString& counter_name);
+int 採番(const base::Settings& settings, const QString& counter_name);
 
 /// Fields of the first row of a master in `comsys.mdb` whose key field holds the trimmed key value; all empty if there
 /// is none, or if table, key field, key value or all field names are empty. A table or field the file doesn't know
 /// throws Code::Misuse.
-std::array<QString, 7> マスター項目取得(const frame::Settings& settings, const QString& table, const QString& key_field,
+std::array<QString, 7> マスター項目取得(const base::Settings& settings, const QString& table, const QString& key_field,
     const QString& key_value, const std::array<QString, 7>& fields);
 
 } // namespace store

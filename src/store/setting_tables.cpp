@@ -32,7 +32,7 @@ std::string sql_for(Task task, const QString& table) {
     return "insert into " + name + " (データ, 項目名) values (?, ?)";
 }
 
-Database open_file_of(const QString& table, const frame::Settings& settings) {
+Database open_file_of(const QString& table, const base::Settings& settings) {
     if (table == u"losystem")
         return Database::open(losys_path(settings), Kind::Losys);
     if (table == u"rov_kihon")

@@ -3,7 +3,7 @@
 // The key and value tables `kihon`, `losystem` and `rov_kihon`. A run of reads or writes shares one opening through the
 // mode.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "store/database.h"
 
 #include <functional>
@@ -25,7 +25,7 @@ enum class Run {
 /// `losys.mdb`.
 class SettingTables {
 public:
-    explicit SettingTables(frame::Settings& settings) : m_settings(settings) {}
+    explicit SettingTables(base::Settings& settings) : m_settings(settings) {}
 
     /// The value under the key; empty if the key or the table name is empty or the key isn't there.
     /// Code::Misuse if Run::Continue or Run::End find nothing open, or Run::Single or Run::Begin find a run open.
@@ -41,7 +41,7 @@ private:
     void close();
     void drop();
 
-    frame::Settings& m_settings;
+    base::Settings& m_settings;
     std::optional<Database> m_database;
     std::optional<Transaction> m_writes;
     QString m_open_table;

@@ -25,12 +25,12 @@ struct Product {
     bool operator==(const Product&) const = default;
 };
 
-Product running_product(const frame::Settings& settings) {
+Product running_product(const base::Settings& settings) {
     return {settings.version_text.left(4), settings.version_text.mid(5, 2), receiver_path(settings),
         data_file_name.toString()};
 }
 
-std::optional<Product> registered(Database& allsystem, const frame::Settings& settings) {
+std::optional<Product> registered(Database& allsystem, const base::Settings& settings) {
     Statement rows = allsystem.prepare(
         "select 製品番号, バージョン, 受信ファイルpafi, 個別dataファイル, rowid from allsystem order by rowid");
     while (rows.step()) {
@@ -55,7 +55,7 @@ void change(Database& allsystem, const Product& product) {
 }
 
 /// The row as it has to be written, 0 being the place of a new one; nothing if it stands already.
-std::optional<Product> due(Database& allsystem, const frame::Settings& settings) {
+std::optional<Product> due(Database& allsystem, const base::Settings& settings) {
     Product wanted = running_product(settings);
     const std::optional<Product> found = registered(allsystem, settings);
     if (found) {
@@ -66,7 +66,7 @@ std::optional<Product> due(Database& allsystem, const frame::Settings& settings)
 }
 
 /// Whether the row was added. It is looked for again, as another PC may have been first.
-bool write_due(Database& allsystem, const frame::Settings& settings) {
+bool write_due(Database& allsystem, const base::Settings& settings) {
     const std::optional<Product> product = due(allsystem, settings);
     if (!product)
         return false;
@@ -95,13 +95,13 @@ QStringList suite_tables_in(const Walked& file) {
 
 } // namespace
 
-QString receiver_path(const frame::Settings& settings) {
+QString receiver_path(const base::Settings& settings) {
     return settings.install_drive + platform::install_tail() +
            platform::native(
                u"/%1/system/exe/exe/%2"_s.arg(settings.product_folder, platform::program_file(u"jyurovena.exe"_s)));
 }
 
-std::unique_ptr<FirstStart> 初期セットアップ(const frame::Settings& settings) {
+std::unique_ptr<FirstStart> 初期セットアップ(const base::Settings& settings) {
     Database allsystem = Database::open(allsystem_path(settings), Kind::Allsystem);
     if (!due(allsystem, settings))
         return {};
@@ -112,14 +112,14 @@ std::unique_ptr<FirstStart> 初期セットアップ(const frame::Settings& sett
     return {};
 }
 
-bool register_product(Database& allsystem, const frame::Settings& settings) {
+bool register_product(Database& allsystem, const base::Settings& settings) {
     Transaction transaction(allsystem);
     const bool added = write_due(allsystem, settings);
     transaction.commit();
     return added;
 }
 
-QStringList db追加_テーブル(const frame::Settings& settings, SettingTables& tables) {
+QStringList db追加_テーブル(const base::Settings& settings, SettingTables& tables) {
     const QString key = u"sokdataバージョン"_s;
     if (Val(tables.設定読込(u"rov_kihon"_s, key)) == Val(table_stamp.toString()))
         return {};

@@ -1,9 +1,9 @@
 #include "ui/main_window.h"
 
 #include "base/literals.h"
-#include "ui/picture_button.h"
-#include "ui/style.h"
-#include "ui/work_bar.h"
+#include "ui/parts/picture_button.h"
+#include "ui/parts/style.h"
+#include "ui/parts/work_bar.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 // The one top-level window: the band with the five top buttons and the two status texts, and below it the page in view.
 
 #include "frame/mainform.h"
-#include "ui/page_area.h"
+#include "ui/pages/page_area.h"
 
 #include <QWidget>
 

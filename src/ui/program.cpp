@@ -7,9 +7,9 @@
 #include "store/files.h"
 #include "store/key.h"
 #include "ui/application.h"
-#include "ui/backup_panel.h"
+#include "ui/pages/backup_panel.h"
+#include "ui/parts/style.h"
 #include "ui/splash.h"
-#include "ui/style.h"
 
 #include <QLabel>
 #include <QPixmap>
@@ -40,8 +40,8 @@ void fit_to_screen(QWidget& window) {
 }
 
 /// The settings with the root of this PC that will be found unless it was set up otherwise.
-frame::Settings expected_settings(const QString& program_folder) {
-    frame::Settings expected;
+base::Settings expected_settings(const QString& program_folder) {
+    base::Settings expected;
     expected.local_root = platform::install_drive(program_folder) + platform::install_tail();
     return expected;
 }
@@ -56,7 +56,7 @@ void find_fonts_ahead() {
 }
 
 /// Qt keeps a picture that it has read for the next one that asks for it. What isn't there is told by that one.
-void read_pictures_ahead(const frame::Settings& settings) {
+void read_pictures_ahead(const base::Settings& settings) {
     const QPixmap splash(frame::splash_path(settings));
     const QString folder = frame::picture_folder(settings);
     for (const frame::Button& button : frame::midasi_buttons())

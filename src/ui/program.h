@@ -4,13 +4,13 @@
 // on the first start of the product on its data the wizard, on every later one the main frame. The desktop is given to
 // it, so that a test can run the same program over a desktop of its own.
 
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "frame/startup.h"
 #include "frame/turn_link.h"
 #include "platform/program_lock.h"
 #include "store/setting_tables.h"
-#include "ui/fir_start_window.h"
 #include "ui/main_window.h"
+#include "ui/pages/fir_start_window.h"
 
 #include <memory>
 #include <optional>
@@ -49,7 +49,7 @@ private:
 
     platform::Host& m_host;
     QString m_program_folder;
-    frame::Settings m_settings;
+    base::Settings m_settings;
     store::SettingTables m_tables;
     frame::TurnLink m_link;
     frame::Session m_session;

@@ -1,5 +1,7 @@
 #include "ui/qt_host.h"
 
+#include "ui/paper/pdf_file.h"
+
 #include "base/literals.h"
 #include "platform/paths.h"
 #include "platform/program_lock.h"

@@ -25,9 +25,6 @@ public:
     void wait(std::chrono::milliseconds time) override;
 };
 
-/// The name of the printer that writes PDF files.
-inline constexpr QStringView pdf_printer = u"PDF";
-
 /// A filter of the form "CSV(*.csv)|*.csv|すべて|*.*" as Qt's dialogs take it: one text an entry, with its pattern in
 /// parentheses.
 QStringList name_filters(const QString& filter);

@@ -1,9 +1,9 @@
 #include "ui/splash.h"
 
 #include "base/literals.h"
-#include "ui/colours.h"
-#include "ui/picture_button.h"
-#include "ui/style.h"
+#include "ui/parts/colours.h"
+#include "ui/parts/picture_button.h"
+#include "ui/parts/style.h"
 
 #include <QGuiApplication>
 #include <QLabel>
@@ -21,7 +21,7 @@ constexpr QPoint label_place(28, 232); // the picture is plain there
 
 } // namespace
 
-Splash::Splash(const frame::Settings& settings)
+Splash::Splash(const base::Settings& settings)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), m_settings(settings), m_Label1(new QLabel(this)) {
     setWindowTitle(u"就業録"_s);
     setFixedSize(splash_size);

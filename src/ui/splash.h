@@ -15,7 +15,7 @@ namespace ui {
 class Splash : public QWidget {
     Q_OBJECT
 public:
-    explicit Splash(const frame::Settings& settings);
+    explicit Splash(const base::Settings& settings);
 
     /// Takes over what the form shows. Throws platform::FileError if the picture isn't there.
     void refresh(const frame::stg& form);
@@ -24,7 +24,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const frame::Settings& m_settings;
+    const base::Settings& m_settings;
     QPixmap m_Image1;
     QLabel* m_Label1;
 };

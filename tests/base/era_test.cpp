@@ -7,8 +7,8 @@ using namespace base;
 
 namespace {
 
-frame::Settings with_eras(int date_style) {
-    frame::Settings s;
+base::Settings with_eras(int date_style) {
+    base::Settings s;
     s.date_style = date_style;
     s.era_start = {20190501, 19890108, 19261225};
     s.era_end = {99999999, 20190430, 19890107};
@@ -46,7 +46,7 @@ TEST(Era, WesternDisplayShowsSlashesWithoutZeros) {
 }
 
 TEST(Era, AnEmptyEraTableChangesNothing) {
-    frame::Settings s;
+    base::Settings s;
     s.date_style = 1;
     EXPECT_EQ(和暦西暦変換(u"161003"_s, s, heisei_day), u"161003"_s);
     EXPECT_EQ(日付表示変換(u"20041003"_s, s, heisei_day), u"20041003"_s);

@@ -9,8 +9,8 @@ using common::DateEntry;
 
 namespace {
 
-frame::Settings with(int date_style, int forward_date) {
-    frame::Settings settings;
+base::Settings with(int date_style, int forward_date) {
+    base::Settings settings;
     settings.date_style = date_style;
     settings.forward_date = forward_date;
     settings.era_start[0] = 19890108;
@@ -25,7 +25,7 @@ struct Typed {
     int date;
 };
 
-void expect_dates(const frame::Settings& settings, const std::vector<Typed>& cases) {
+void expect_dates(const base::Settings& settings, const std::vector<Typed>& cases) {
     for (const Typed& c : cases)
         EXPECT_EQ(DateEntry(settings).日付簡単入力(c.text, Blank::TakesLastDate, c.today), c.date)
             << c.text.toStdString() << " typed on " << c.today.toString(Qt::ISODate).toStdString();

@@ -1,7 +1,7 @@
 #include "base/literals.h"
 #include "platform/paths.h"
 #include "support/fake_host.h"
-#include "ui/picture_button.h"
+#include "ui/parts/picture_button.h"
 #include "ui/program.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "e2e/desk.h"
 #include "ui/application.h"
-#include "ui/style.h"
+#include "ui/parts/style.h"
 
 #include <gtest/gtest.h>
 

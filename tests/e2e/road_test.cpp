@@ -49,7 +49,7 @@ protected:
         clerk->choose_employee(employee_row);
     }
     const entry::MonthSheet& sheet() { return clerk->entry().form().sheet; }
-    const frame::Settings& settings() { return program.session().settings; }
+    const base::Settings& settings() { return program.session().settings; }
     qint64 employee() { return Val(clerk->entry().form().syainsyscd); }
     void type_first_day(const QString& in, const QString& out) {
         support::click_cell(*clerk->entry().controls().hyou, 1, entry::col::clock_in);

@@ -93,7 +93,7 @@ public:
     }
 
     QTemporaryDir folder;
-    frame::Settings settings;
+    base::Settings settings;
 };
 
 } // namespace exchange

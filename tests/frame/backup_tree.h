@@ -28,7 +28,7 @@ public:
         const char* save;  ///< adds a row with a number of its own
         const char* saved; ///< how many there are, and their sum
     };
-    static std::array<Live, 4> live_files(const frame::Settings& settings) {
+    static std::array<Live, 4> live_files(const base::Settings& settings) {
         return {{{Kind::Rovdata, store::rovdata_path(settings),
                      "insert into rovmei (社員システム番号, 出社日) values (7, ?)",
                      "select count(*), sum(出社日) from rovmei"},
@@ -39,8 +39,8 @@ public:
             {Kind::Losys, store::losys_path(settings), "insert into losystem values ('saved', ?)",
                 "select count(*), sum(データ) from losystem"}}};
     }
-    static frame::Settings settings_at(const QString& drive) {
-        frame::Settings settings;
+    static base::Settings settings_at(const QString& drive) {
+        base::Settings settings;
         settings.install_drive = drive;
         settings.server_root = settings.local_root = drive + platform::install_tail();
         return settings;

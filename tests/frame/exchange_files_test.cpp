@@ -34,7 +34,7 @@ protected:
     QString kept_path(const QString& name) const { return frame::kept_folder(settings) + u'/' + name; }
 
     QTemporaryDir dir;
-    frame::Settings settings;
+    base::Settings settings;
     const QDateTime start{QDate(2004, 10, 5), QTime(9, 0, 1, 7)};
 };
 

@@ -63,7 +63,7 @@ protected:
     }
 
     DriveTree tree;
-    frame::Settings& settings = tree.settings;
+    base::Settings& settings = tree.settings;
     const QString folder = settings.local_root + u"/rovena100/data/trn/info/"_s;
     const QString news_file = folder + u"intinfrov.dat"_s;
     support::FakeHost host;

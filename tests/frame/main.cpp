@@ -11,7 +11,7 @@ namespace {
 /// "backup DRIVE" answers every question of a backup with Yes; "save DRIVE FILE FIRST COUNT" saves numbers into one of
 /// the live files, one after the other.
 int child_main(const QStringList& task) {
-    const frame::Settings settings = BackupTree::settings_at(task.at(1));
+    const base::Settings settings = BackupTree::settings_at(task.at(1));
     if (task.at(0) == QLatin1String("backup")) {
         support::FakeHost host;
         frame::バックアップ処理(settings, host);

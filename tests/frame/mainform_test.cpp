@@ -16,7 +16,7 @@ class MainForm : public ::testing::Test {
 protected:
     MainForm() { settings.local_root = u"/srv/qn"_s; }
 
-    frame::Settings settings;
+    base::Settings settings;
     support::FakeHost host;
     store::SettingTables tables{settings};
     frame::TurnLink link{settings, host};

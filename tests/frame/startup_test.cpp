@@ -34,9 +34,9 @@ protected:
     }
 
     DriveTree tree;
-    frame::Settings& found = tree.settings; ///< to prepare the tree
+    base::Settings& found = tree.settings; ///< to prepare the tree
     const QString root = found.local_root;
-    frame::Settings settings;
+    base::Settings settings;
     support::FakeHost host;
     QStringList labels;
     bool image_visible = false;

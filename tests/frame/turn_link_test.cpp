@@ -86,7 +86,7 @@ protected:
 
     double seconds() const { return std::chrono::duration<double>(host.steady - start).count(); }
 
-    frame::Settings settings;
+    base::Settings settings;
     support::FakeHost host;
     const std::chrono::steady_clock::time_point start = host.steady;
     std::optional<Service> service;

@@ -16,12 +16,12 @@ using support::rows_of;
 
 struct File {
     Kind kind;
-    QString (*path)(const frame::Settings&);
+    QString (*path)(const base::Settings&);
 };
 constexpr File shared_files[]{
     {Kind::Rovdata, rovdata_path}, {Kind::Comsys, comsys_path}, {Kind::Allsystem, allsystem_path}};
 
-inline frame::Settings make_company(const QString& root, const Sample& sample) {
+inline base::Settings make_company(const QString& root, const Sample& sample) {
     Options options;
     options.root = root;
     options.sample = sample;
@@ -40,7 +40,7 @@ inline QStringList all_rows(const QString& path, Kind kind) {
 }
 
 /// All rows of the shared files.
-inline QStringList all_rows(const frame::Settings& settings) {
+inline QStringList all_rows(const base::Settings& settings) {
     QStringList all;
     for (const auto& [kind, path] : shared_files)
         all << all_rows(path(settings), kind);

@@ -23,7 +23,7 @@ protected:
         return made;
     }
 
-    frame::Settings run(const Options& options) {
+    base::Settings run(const Options& options) {
         install::run(options, folder.filePath(u"bin"_s), [this](const QString& line) { said << line; });
         return settings_of(options);
     }
@@ -36,7 +36,7 @@ protected:
 };
 
 TEST_F(InstallTree, HoldsWhatAFirstStartNeeds) {
-    const frame::Settings settings = run(options());
+    const base::Settings settings = run(options());
     EXPECT_EQ(rows_of(comsys_path(settings), Kind::Comsys,
                   "select 元号名, 略名, 開始日, 終了日, 差年 from waseihen order by rowid"),
         (QStringList{u"大正|T|19120730|19261224|1911"_s, u"昭和|S|19261225|19890107|1925"_s,
@@ -51,13 +51,13 @@ TEST_F(InstallTree, HoldsWhatAFirstStartNeeds) {
 }
 
 TEST_F(InstallTree, KeepsEveryDatabaseThatExistsAndMakesOneThatIsMissing) {
-    const auto bytes = [](const frame::Settings& tree) {
+    const auto bytes = [](const base::Settings& tree) {
         QList<QByteArray> all;
         for (const auto& path : {rovdata_path, comsys_path, allsystem_path, losys_path})
             all << support::bytes_of(path(tree));
         return all;
     };
-    const frame::Settings settings = make_company(options().root, {4, 1, 202611});
+    const base::Settings settings = make_company(options().root, {4, 1, 202611});
     const QStringList rows = all_rows(settings);
     const QList<QByteArray> before = bytes(settings);
     Options again = options();
@@ -71,7 +71,7 @@ TEST_F(InstallTree, KeepsEveryDatabaseThatExistsAndMakesOneThatIsMissing) {
 }
 
 TEST_F(InstallTree, WhatIsMadeAnewBesideMastersFitsThem) {
-    const frame::Settings settings = run(options());
+    const base::Settings settings = run(options());
     Database::open(rovdata_path(settings), Kind::Rovdata)
         .exec("insert into kinsyu values (4, '夜'); insert into kinjisyu values (7, 20260401, 6, 100);"
               "insert into syain values (7, 12, '山田', 'ヤマダ', '', 'A', '')");
@@ -93,7 +93,7 @@ TEST_F(InstallTree, GivesAnotherPcItsOwnPartOnly) {
     client.server_root = u"//main/qn"_s;
     client.share_user = u"clerk"_s;
     client.printer = u"LBP"_s;
-    const frame::Settings settings = run(client);
+    const base::Settings settings = run(client);
     EXPECT_FALSE(QFileInfo::exists(comsys_path(settings)));
     EXPECT_EQ(rows_of(losys_path(settings), Kind::Losys, "select * from losystem order by 項目名"),
         (QStringList{u"winユーザー名|clerk"_s, u"サーバーＰＣ|//main/qn"_s, u"ネット情報|0"_s, u"プリンター１|LBP"_s,

@@ -31,7 +31,7 @@ protected:
 
     void show_root(const QString& root) { SettingTables(settings).設定書込(u"losystem"_s, u"サーバーＰＣ"_s, root); }
 
-    frame::Settings restore(const QString& root) {
+    base::Settings restore(const QString& root) {
         said.clear();
         restore_backup(
             {backup, folder.filePath(root)}, time, [this](const QString& line) { said << line; },
@@ -64,14 +64,14 @@ protected:
     }
 
     QTemporaryDir folder{support::fast_place() + u"/restore-XXXXXX"_s};
-    frame::Settings settings = make_company(folder.filePath(u"first"_s), {4, 2, 202611});
+    base::Settings settings = make_company(folder.filePath(u"first"_s), {4, 2, 202611});
     QString backup;
     QStringList rows, said;
     const QDateTime time{QDate(2026, 11, 24), QTime(21, 34, 5)};
 };
 
 TEST_F(RestoredCompany, IsTheSameUnderASecondRootAndItsProgramLooksThere) {
-    const frame::Settings second = restore(u"second"_s);
+    const base::Settings second = restore(u"second"_s);
     EXPECT_TRUE(all_rows(second) == rows);
     EXPECT_TRUE(said.contains(u"  employees 4, months 2 (202610 to 202611)"_s)) << said.join(u'\n').toStdString();
     EXPECT_TRUE(said.contains(u"  kinsyu       5"_s));

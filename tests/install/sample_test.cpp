@@ -15,7 +15,7 @@ class SampleCompany : public testing::Test {
 protected:
     QTemporaryDir folder;
 
-    frame::Settings make(const QString& name, const Sample& sample) {
+    base::Settings make(const QString& name, const Sample& sample) {
         return make_company(folder.filePath(name), sample);
     }
 
@@ -41,11 +41,11 @@ protected:
 };
 
 TEST_F(SampleCompany, IsTheSameForTheSameArguments) {
-    const frame::Settings first = make(u"a"_s, {9, 2, 202602});
-    const frame::Settings second = make(u"b"_s, {9, 2, 202602});
+    const base::Settings first = make(u"a"_s, {9, 2, 202602});
+    const base::Settings second = make(u"b"_s, {9, 2, 202602});
     for (const auto& [kind, path] : std::span(shared_files).first(2))
         EXPECT_TRUE(all_rows(path(first), kind) == all_rows(path(second), kind));
-    const auto month = [](const frame::Settings& tree) {
+    const auto month = [](const base::Settings& tree) {
         return rows_of(rovdata_path(tree), Kind::Rovdata,
             "select * from rovmei where 社員システム番号=5 and 出社日>20260200 order by 出社日");
     };
@@ -54,7 +54,7 @@ TEST_F(SampleCompany, IsTheSameForTheSameArguments) {
 }
 
 TEST_F(SampleCompany, IsAtWorkAndItsNumbersGoOnWhereTheyStand) {
-    frame::Settings settings = make(u"a"_s, {12, 1, 202611});
+    base::Settings settings = make(u"a"_s, {12, 1, 202611});
     EXPECT_FALSE(初期セットアップ(settings)) << "no wizard";
     EXPECT_EQ(SettingTables(settings).設定読込(u"rov_kihon"_s, u"sokdataバージョン"_s), table_stamp);
     EXPECT_EQ(採番(settings, u"社員番号"_s), 13);
@@ -65,7 +65,7 @@ TEST_F(SampleCompany, IsAtWorkAndItsNumbersGoOnWhereTheyStand) {
 }
 
 TEST_F(SampleCompany, HasAttendanceThatCalculatesToItselfOnTheEntrySheet) {
-    const frame::Settings settings = make(u"a"_s, {12, 3, 202603});
+    const base::Settings settings = make(u"a"_s, {12, 3, 202603});
     Database rovdata = Database::open(rovdata_path(settings), Kind::Rovdata);
     for (int employee = 1; employee <= 12; ++employee)
         for (int month = 1; month <= 3; ++month) {

@@ -1,7 +1,7 @@
 #include "base/company_month.h"
 #include "base/month_look.h"
-#include "reports/attendance_detail.h"
 #include "reports/company.h"
+#include "reports/tallies/attendance_detail.h"
 
 namespace reports {
 

@@ -4,7 +4,7 @@
 
 #include "base/numbers.h"
 #include "masters/company.h"
-#include "reports/report.h"
+#include "reports/tallies/report.h"
 
 namespace reports {
 

@@ -1,8 +1,8 @@
-#include "reports/category_list.h"
 #include "reports/company.h"
-#include "reports/employee_list.h"
-#include "reports/kind_list.h"
-#include "reports/work_type_list.h"
+#include "reports/tallies/category_list.h"
+#include "reports/tallies/employee_list.h"
+#include "reports/tallies/kind_list.h"
+#include "reports/tallies/work_type_list.h"
 
 namespace reports {
 

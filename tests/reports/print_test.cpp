@@ -1,8 +1,8 @@
-#include "reports/print.h"
+#include "reports/printing/print.h"
 
 #include "base/text.h"
-#include "reports/font_fit.h"
-#include "reports/page_layouts.h"
+#include "reports/pages/font_fit.h"
+#include "reports/pages/page_layouts.h"
 #include "support/recording_shop.h"
 #include "support/report_sheets.h"
 

@@ -1,6 +1,6 @@
 #include "base/month_look.h"
 #include "reports/company.h"
-#include "reports/work_time_list.h"
+#include "reports/tallies/work_time_list.h"
 
 namespace reports {
 

@@ -20,7 +20,7 @@ void say(const QString& line) {
 }
 
 int draw_numbers(const QString& root, int count) {
-    frame::Settings settings;
+    base::Settings settings;
     settings.server_root = root;
     for (int i = 0; i < count; ++i)
         say(QString::number(採番(settings, u"社員番号"_s)));

@@ -3,7 +3,7 @@
 // A server root and a local root with new databases, in a temporary folder.
 
 #include "base/literals.h"
-#include "frame/settings.h"
+#include "base/settings.h"
 #include "store/database.h"
 #include "store/files.h"
 
@@ -24,7 +24,7 @@ public:
     }
 
     QTemporaryDir folder;
-    frame::Settings settings;
+    base::Settings settings;
 
 private:
     static void make(const QString& path, store::Kind kind) {

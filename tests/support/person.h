@@ -2,7 +2,7 @@
 
 // What a person does with mouse and keyboard, as events to the real widgets, and what of it is seen.
 
-#include "ui/grid_view.h"
+#include "ui/grid/grid_view.h"
 
 #include <QAbstractButton>
 #include <QApplication>

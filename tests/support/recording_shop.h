@@ -3,7 +3,7 @@
 // The print shop of the tests: keeps what was painted, and tells it as a text that a person can read.
 
 #include "base/literals.h"
-#include "reports/print_surface.h"
+#include "reports/pages/print_surface.h"
 
 #include <QStringList>
 #include <vector>

@@ -4,7 +4,7 @@
 
 #include "base/literals.h"
 #include "base/numbers.h"
-#include "reports/report.h"
+#include "reports/tallies/report.h"
 #include "store/test_tree.h"
 #include "support/fake_host.h"
 

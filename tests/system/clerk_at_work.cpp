@@ -5,9 +5,9 @@
 #include "base/numbers.h"
 #include "e2e/road/clerk.h"
 #include "support/person.h"
+#include "ui/parts/style.h"
 #include "ui/program.h"
 #include "ui/qt_host.h"
-#include "ui/style.h"
 
 #include <cstdio>
 #include <random>

@@ -129,8 +129,8 @@ protected:
     QString programs(const QString& pc) const {
         return drive(pc) + u"/Program Files/meridan/qn/rovena100/system/exe/exe"_s;
     }
-    frame::Settings settings() const {
-        frame::Settings result;
+    base::Settings settings() const {
+        base::Settings result;
         result.server_root = drive(u"main"_s) + u"/Program Files/meridan/qn"_s;
         result.local_root = result.server_root;
         return result;

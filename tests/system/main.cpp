@@ -1,7 +1,7 @@
 #include "clerk_at_work.h"
 #include "ui/application.h"
+#include "ui/parts/style.h"
 #include "ui/qt_host.h"
-#include "ui/style.h"
 
 #include <gtest/gtest.h>
 

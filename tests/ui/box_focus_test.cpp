@@ -3,9 +3,9 @@
 #include "base/literals.h"
 #include "support/person.h"
 #include "ui/entry_company.h"
-#include "ui/field_box.h"
 #include "ui/main_window.h"
-#include "ui/mst_syain_page.h"
+#include "ui/masters/mst_syain_page.h"
+#include "ui/parts/field_box.h"
 #include "ui/qt_host.h"
 
 #include <QComboBox>

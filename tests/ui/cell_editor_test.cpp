@@ -1,4 +1,4 @@
-#include "ui/cell_editor.h"
+#include "ui/grid/cell_editor.h"
 
 #include "base/literals.h"
 #include "support/person.h"

@@ -1,4 +1,4 @@
-#include "ui/ent_rovena_page.h"
+#include "ui/entry/ent_rovena_page.h"
 
 #include "support/person.h"
 #include "support/stored.h"

@@ -1,8 +1,8 @@
-#include "ui/grid_view.h"
+#include "ui/grid/grid_view.h"
 
 #include "base/literals.h"
 #include "support/person.h"
-#include "ui/grid_painter.h"
+#include "ui/grid/grid_painter.h"
 
 #include <QScrollBar>
 #include <QSignalSpy>

@@ -1,4 +1,4 @@
-#include "ui/info_page.h"
+#include "ui/pages/info_page.h"
 
 #include "base/literals.h"
 #include "frame/error_list.h"
@@ -6,8 +6,8 @@
 #include "support/http_server.h"
 #include "support/stored.h"
 #include "ui/install_tree.h"
-#include "ui/news_list.h"
-#include "ui/news_picture.h"
+#include "ui/pages/news_list.h"
+#include "ui/pages/news_picture.h"
 #include "ui/program.h"
 
 #include <QBuffer>

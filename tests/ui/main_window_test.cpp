@@ -2,10 +2,10 @@
 
 #include "frame/menus.h"
 #include "support/stored.h"
-#include "ui/backup_panel.h"
 #include "ui/install_tree.h"
-#include "ui/menu_page.h"
-#include "ui/picture_button.h"
+#include "ui/pages/backup_panel.h"
+#include "ui/pages/menu_page.h"
+#include "ui/parts/picture_button.h"
 #include "ui/program.h"
 
 #include <QLabel>

@@ -5,10 +5,10 @@
 #include "ui/application.h"
 #include "ui/entry_company.h"
 #include "ui/main_window.h"
-#include "ui/mst_kinjikan_page.h"
-#include "ui/mst_kinsyu_page.h"
-#include "ui/mst_kintype_page.h"
-#include "ui/mst_syain_page.h"
+#include "ui/masters/mst_kinjikan_page.h"
+#include "ui/masters/mst_kinsyu_page.h"
+#include "ui/masters/mst_kintype_page.h"
+#include "ui/masters/mst_syain_page.h"
 
 #include <QAbstractItemView>
 #include <QInputMethodEvent>

@@ -1,9 +1,9 @@
-#include "ui/print_shop.h"
+#include "ui/paper/print_shop.h"
 
-#include "reports/print.h"
+#include "reports/printing/print.h"
 #include "support/report_sheets.h"
-#include "ui/print_preview.h"
-#include "ui/printer_surface.h"
+#include "ui/paper/print_preview.h"
+#include "ui/paper/printer_surface.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -4,11 +4,11 @@
 #include "support/person.h"
 #include "support/stored.h"
 #include "ui/entry_company.h"
-#include "ui/errform_page.h"
-#include "ui/ken_mst_dialog.h"
 #include "ui/main_window.h"
-#include "ui/rov_01_page.h"
-#include "ui/work_bar.h"
+#include "ui/pages/errform_page.h"
+#include "ui/pages/ken_mst_dialog.h"
+#include "ui/pages/rov_01_page.h"
+#include "ui/parts/work_bar.h"
 
 #include <QLabel>
 #include <QProgressBar>

@@ -2,8 +2,8 @@
 
 #include "support/person.h"
 #include "ui/install_tree.h"
-#include "ui/mst_kihon_page.h"
-#include "ui/printer_box.h"
+#include "ui/pages/mst_kihon_page.h"
+#include "ui/pages/printer_box.h"
 #include "ui/program.h"
 
 #include <gtest/gtest.h>

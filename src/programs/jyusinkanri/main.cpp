@@ -45,12 +45,12 @@ std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv) {
 }
 
 /// The two roots; nothing if the server root isn't named and none lies above the program.
-std::optional<frame::Settings> settings_of(const QCommandLineParser& parser) {
+std::optional<base::Settings> settings_of(const QCommandLineParser& parser) {
     const auto root = parser.isSet(root_option) ? std::optional(parser.value(root_option))
                                                 : exchange::server_root_above(QCoreApplication::applicationDirPath());
     if (!root)
         return std::nullopt;
-    frame::Settings settings;
+    base::Settings settings;
     settings.server_root = *root;
     settings.local_root = parser.isSet(local_option) ? parser.value(local_option) : *root;
     return settings;

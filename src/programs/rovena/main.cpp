@@ -1,9 +1,9 @@
 #include "platform/paths.h"
 #include "platform/rights.h"
 #include "ui/application.h"
+#include "ui/parts/style.h"
 #include "ui/program.h"
 #include "ui/qt_host.h"
-#include "ui/style.h"
 
 int main(int argc, char** argv) {
     platform::make_files_for(platform::program_folder());

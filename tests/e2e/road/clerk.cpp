@@ -3,7 +3,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "support/person.h"
-#include "ui/picture_button.h"
+#include "ui/parts/picture_button.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

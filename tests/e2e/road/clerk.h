@@ -4,7 +4,7 @@
 // to act on throws.
 
 #include "e2e/road/typed_month.h"
-#include "ui/ent_rovena_page.h"
+#include "ui/entry/ent_rovena_page.h"
 #include "ui/main_window.h"
 
 #include <stdexcept>

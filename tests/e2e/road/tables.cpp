@@ -49,12 +49,12 @@ QStringList rows_of(const QString& path, store::Kind kind, std::string_view sql)
     return row_texts(query);
 }
 
-qint64 rows_waiting(const frame::Settings& settings) {
+qint64 rows_waiting(const base::Settings& settings) {
     auto exchange = store::Database::open(store::exchange_path(settings, 1), store::Kind::Exchange);
     return count_rows(exchange, u"jyusin"_s);
 }
 
-void wait_for_manager(const frame::Settings& settings) {
+void wait_for_manager(const base::Settings& settings) {
     const auto ended = [&] {
         return !platform::ProgramLock::held(store::exchange_folder(settings), u"jyusinkanri"_s) &&
                rows_waiting(settings) == 0;
@@ -63,7 +63,7 @@ void wait_for_manager(const frame::Settings& settings) {
 }
 
 QStringList missing_in_tables(
-    const frame::Settings& settings, qint64 employee, const base::CompanyMonth& month, const QList<TypedDay>& days) {
+    const base::Settings& settings, qint64 employee, const base::CompanyMonth& month, const QList<TypedDay>& days) {
     auto rovdata = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
     auto query =
         rovdata.prepare("select 出社時間, 退社時間, 備考 from rovmei where 社員システム番号 = ? and 出社日 = ?");
@@ -79,7 +79,7 @@ QStringList missing_in_tables(
     return missing;
 }
 
-QString dump_tables(const frame::Settings& settings, qint64 employee, const base::CompanyMonth& month) {
+QString dump_tables(const base::Settings& settings, qint64 employee, const base::CompanyMonth& month) {
     auto rovdata = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
     QStringList lines;
     for (const char* sql : {"select 'rovmei', * from rovmei where 社員システム番号 = ?1"

@@ -4,6 +4,7 @@
 // files, documents are kept in mind instead of opened in another program, and the save dialog is answered at once.
 
 #include "base/literals.h"
+#include "ui/paper/pdf_file.h"
 #include "ui/qt_host.h"
 
 #include <QStringList>

@@ -5,7 +5,7 @@
 #include "stage.h"
 #include "store/error.h"
 #include "ui/application.h"
-#include "ui/style.h"
+#include "ui/parts/style.h"
 
 #include <QCommandLineParser>
 #include <QProcess>

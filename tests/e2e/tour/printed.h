@@ -2,7 +2,7 @@
 
 // What the reports leave behind, looked at as another program would: PDF files and CSV files.
 
-#include "reports/report.h"
+#include "reports/tallies/report.h"
 
 #include <QStringList>
 

@@ -5,8 +5,8 @@
 #include "platform/paths.h"
 #include "printed.h"
 #include "support/person.h"
-#include "ui/ken_mst_dialog.h"
-#include "ui/print_shop.h"
+#include "ui/pages/ken_mst_dialog.h"
+#include "ui/paper/print_shop.h"
 
 #include <QFile>
 

@@ -4,7 +4,7 @@
 // prints and writes lies beside the pictures of the tour and is looked at.
 
 #include "tour.h"
-#include "ui/rov_01_page.h"
+#include "ui/pages/rov_01_page.h"
 
 namespace tour {
 

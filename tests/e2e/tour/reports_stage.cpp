@@ -2,8 +2,8 @@
 
 #include "base/literals.h"
 #include "report_screen.h"
-#include "reports/attendance_detail.h"
-#include "reports/work_time_list.h"
+#include "reports/tallies/attendance_detail.h"
+#include "reports/tallies/work_time_list.h"
 #include "stage.h"
 
 namespace tour {

@@ -54,7 +54,7 @@ public:
 
     ui::Program& program() { return *m_program; }
     e2e::Clerk clerk() { return e2e::Clerk(m_program->window()); }
-    const frame::Settings& settings() { return m_program->session().settings; }
+    const base::Settings& settings() { return m_program->session().settings; }
     Boxes& boxes() { return m_boxes; }
     Host& host() { return m_host; }
     const QString& root() const { return m_root; }

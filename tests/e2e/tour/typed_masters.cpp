@@ -74,7 +74,7 @@ constexpr std::string_view employee_rows =
 
 struct Check {
     QStringView table;
-    QString (*path)(const frame::Settings&);
+    QString (*path)(const base::Settings&);
     store::Kind kind;
     std::string_view sql;
     QStringList (*wanted)();
@@ -98,7 +98,7 @@ constexpr Check checks[] = {
         assignments},
 };
 
-QStringList rows_now(const Check& check, const frame::Settings& settings) {
+QStringList rows_now(const Check& check, const base::Settings& settings) {
     return e2e::rows_of(check.path(settings), check.kind, check.sql);
 }
 
@@ -123,7 +123,7 @@ KnownCompany typed_company() {
             {u"830"_s, u"2210"_s, {u"1:00"_s, u"12:40"_s, u"8:45"_s, u"4:45"_s}}}};
 }
 
-TablesBefore::TablesBefore(const frame::Settings& settings) : m_settings(settings) {
+TablesBefore::TablesBefore(const base::Settings& settings) : m_settings(settings) {
     for (const Check& check : checks)
         m_rows << rows_now(check, settings);
 }

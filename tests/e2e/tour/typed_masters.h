@@ -48,13 +48,13 @@ KnownCompany typed_company();
 /// The rows of the master tables, as they stood when this was made, to be compared with the same rows later.
 class TablesBefore {
 public:
-    explicit TablesBefore(const frame::Settings& settings);
+    explicit TablesBefore(const base::Settings& settings);
 
     /// What of the typed masters isn't among the rows that came since, and what came besides: a line each.
     QStringList faults() const;
 
 private:
-    const frame::Settings& m_settings;
+    const base::Settings& m_settings;
     QList<QStringList> m_rows;
 };
 

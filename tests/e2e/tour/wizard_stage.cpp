@@ -4,7 +4,7 @@
 #include "stage.h"
 #include "store/files.h"
 #include "support/person.h"
-#include "ui/picture_button.h"
+#include "ui/parts/picture_button.h"
 
 namespace tour {
 
@@ -13,7 +13,7 @@ using e2e::demand;
 
 namespace {
 
-QStringList seeded_day(const frame::Settings& settings) {
+QStringList seeded_day(const base::Settings& settings) {
     return e2e::rows_of(store::rovdata_path(settings), store::Kind::Rovdata,
         "select 種類名, 開始時間, 終了時間, 休憩勤務時間1, 休憩時間1 from kintype"
         " join kinsyu on kinsyu.システム番号 = 時間種類 where 曜日 = 0 order by 連番");

@@ -1,0 +1,71 @@
+#include "reports/printing/rovena_print.h"
+
+#include "base/literals.h"
+#include "base/numbers.h"
+
+namespace reports {
+
+using namespace base;
+
+namespace {
+
+constexpr QStringView font_name = u"ＭＳ 明朝";
+
+double first_three_characters(double number) {
+    return decimal_val(QString::number(number, 'f').left(3));
+}
+
+void tell_missing_printer(platform::Host& host) {
+    host.tell(u"指定のプリンターが見つかりません。\n\n"
+              u"「マスター」内の「システム」ページからプリンターを設定してください"_s,
+        u"プリンター未設定"_s);
+}
+
+} // namespace
+
+Offset print_offset(Margin margin, const PrinterSetting& setting) {
+    return {first_three_characters(margin.y) + setting.y, first_three_characters(margin.x) + setting.x};
+}
+
+void 印字出力(PrintSurface& surface, const Offset& offset, const QString& 文字列, double y, double x) {
+    surface.text(x - offset.x, y - offset.y, 文字列);
+}
+
+void paint(const Page& page, const Offset& offset, PrintSurface& surface) {
+    double size = 0;
+    for (const TextMark& mark : page.texts) {
+        if (mark.size != size)
+            surface.set_font(font_name, size = mark.size, Weight::Bold);
+        印字出力(surface, offset, mark.text, mark.y, mark.x);
+    }
+    for (const LineMark& line : page.lines)
+        surface.line(line.x1 - offset.x, line.y1 - offset.y, line.x2 - offset.x, line.y2 - offset.y, line.width);
+}
+
+void 印刷ジョブ名設定(PrintJob& job) {
+    job.name = u"ＭＥＲＩＤＡＮ　業務帳票"_s;
+}
+
+Printed print_pages(
+    const PrintPlace& place, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make) {
+    const PrinterSetting setting = 印刷設定取得(layout, place.session.tables);
+    PrintJob job{setting.name, {}, 印刷設定取得(layout).orientation, report};
+    印刷ジョブ名設定(job);
+    const std::unique_ptr<PrintSurface> surface = place.shop.open(job);
+    if (!surface) {
+        tell_missing_printer(place.session.host);
+        return Printed::NoPrinter;
+    }
+    const Offset offset = print_offset(surface->margin(), setting);
+    place.session.host.yield();
+    const Pages pages = make(place.session.host.now().date());
+    if (pages.empty())
+        return Printed::Nothing;
+    for (const Page& page : pages) {
+        surface->new_page();
+        paint(page, offset, *surface);
+    }
+    return surface->end() ? Printed::Yes : Printed::Failed;
+}
+
+} // namespace reports

@@ -1,0 +1,47 @@
+#pragma once
+
+// A print job from the printer's name to the painted pages.
+
+#include "frame/session.h"
+#include "reports/pages/page.h"
+#include "reports/pages/page_constants.h"
+
+namespace reports {
+
+enum class Printed {
+    Yes,
+    Nothing,   ///< there is no page, so nothing was put out
+    NoPrinter, ///< no printer of the name that is set; the person has been told
+    Failed,    ///< the printer or the file failed; the person has been told
+};
+
+/// What is taken off every coordinate, mm.
+struct Offset {
+    double y = 0;
+    double x = 0;
+};
+
+/// The printer's margin and what is set for it. Of a margin's decimal text only the first three characters count:
+/// 1.4567 gives 1.4, and 12.345 gives 12.
+Offset print_offset(Margin margin, const PrinterSetting& setting);
+
+/// The text primitive: paints the text with its upper left corner at (x, y) from the paper's edge.
+void 印字出力(PrintSurface& surface, const Offset& offset, const QString& 文字列, double y, double x);
+
+/// Paints a page in the reports' font.
+void paint(const Page& page, const Offset& offset, PrintSurface& surface);
+
+/// Gives the job the name under which it stands in the printer's queue, whichever report is printed.
+void 印刷ジョブ名設定(PrintJob& job);
+
+/// Where a print goes.
+struct PrintPlace {
+    frame::Session& session;
+    PrintShop& shop;
+};
+
+/// Prints the pages that `make` gives for today on the printer of this PC. `report` is the report's title.
+Printed print_pages(
+    const PrintPlace& place, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make);
+
+} // namespace reports

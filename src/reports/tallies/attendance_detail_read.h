@@ -1,0 +1,68 @@
+#pragma once
+
+// What report 4 reads of one employee's month. Masters are read once a tally, the employee's rows by key.
+
+#include "base/company_month.h"
+#include "reports/tallies/report.h"
+#include "reports/tallies/selection.h"
+#include "store/database.h"
+
+#include <QHash>
+
+namespace reports {
+
+struct DetailEmployee {
+    qint64 key = 0;
+    QString number;
+    QString name;
+};
+
+enum class Found { Nothing, Data };
+
+class DetailReader {
+public:
+    DetailReader(const frame::Session& session, const base::CompanyMonth& month);
+
+    EmployeeRange everyone() { return all_employees(m_rovdata); }
+
+    /// The employees of the range by system number, row 0 apart; of several rows under one number the first.
+    QList<DetailEmployee> employees(const EmployeeRange& range);
+
+    /// Reads into the freshly laid out sheets. Data: a day, a leave or hours of a category are stored for the month.
+    /// The reads see one state of the file and hold no lock afterwards.
+    Found read(Report& report, const DetailEmployee& employee);
+
+private:
+    struct Kind {
+        QString name;
+        QString key;
+    };
+    struct Hours {
+        int row;
+        qint64 category;
+        QString text;
+    };
+
+    Found read_days(base::Sheet& hyou, qint64 employee);
+    void show_kinds(base::Sheet& hyou_day) const;
+    Found read_hours(Report& report, const DetailEmployee& employee);
+    QList<Hours> stored_hours(qint64 employee);
+    int add_category(Report& report, qint64 category) const;
+    Found read_leave(base::Sheet& hyou, qint64 employee);
+    void read_counts(base::Sheet& hyou_day, qint64 employee);
+
+    base::CompanyMonth m_month;
+    int m_last_key; ///< a month's total may lie behind its last day
+    store::Database m_rovdata;
+    store::Statement m_days;
+    store::Statement m_hours;
+    store::Statement m_leave;
+    store::Statement m_counts;
+    QHash<qint64, QString> m_categories;
+    QList<Kind> m_kinds;
+};
+
+/// Makes a column of the strip look like the others.
+void format_strip_column(base::Sheet& hyou_day, int col);
+
+} // namespace reports

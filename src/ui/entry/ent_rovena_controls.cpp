@@ -1,0 +1,162 @@
+#include "ui/entry/ent_rovena_controls.h"
+
+#include "base/literals.h"
+#include "entry/layout.h"
+#include "ui/parts/colours.h"
+#include "ui/parts/radio_group.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace ui {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int page_margin = 8;
+constexpr int gap = 6;
+constexpr int tight_gap = 4; ///< above, between and below the sheets: a month with its scroll bar fits into 660 pixels
+constexpr int largest_row = 30; ///< pixels; a sheet isn't drawn larger however large the window is
+constexpr frame::Button botan_buttons[] = {
+    frame::endbotan,
+    {1, u"登録", u"zen_tour.BMP", u"zen_tour_b.BMP"},
+};
+constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
+
+constexpr int selector_width[] = {74, 58};
+constexpr QStringView selector_units[] = {u"年", u"月"};
+
+QLabel* label(QWidget& parent, int pixel_size, QRgb colour, QFont::Weight weight = QFont::Normal) {
+    auto* made = new QLabel(&parent);
+    QFont font = made->font();
+    font.setPixelSize(pixel_size);
+    font.setWeight(weight);
+    made->setFont(font);
+    QPalette palette = made->palette();
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(colour));
+    made->setPalette(palette);
+    return made;
+}
+
+QHBoxLayout* month_row(QWidget& parent, const std::array<MonthBox*, 2>& ym) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(4);
+    for (int element = 0; element < 2; ++element) {
+        row->addWidget(ym[element]);
+        auto* unit = label(parent, 13, colours::text);
+        unit->setText(selector_units[element].toString());
+        row->addWidget(unit);
+        row->addSpacing(6);
+    }
+    row->addStretch();
+    return row;
+}
+
+QHBoxLayout* work_type_row(QWidget& parent, QLabel* name) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    auto* caption = label(parent, 12, colours::quiet_text);
+    caption->setText(u"勤務タイプ"_s);
+    row->addWidget(caption);
+    row->addWidget(name, 1);
+    return row;
+}
+
+} // namespace
+
+ent_rovena_controls::ent_rovena_controls(
+    QWidget& page, entry::ent_rovena& form, const std::array<MonthActs, 2>& acts, const QString& pictures)
+    : left(new QWidget(&page)), hyou(new GridView(form.sheet.hyou, CursorStyle::Cell, &page)),
+      hyou_day(new GridView(form.sheet.hyou_day, CursorStyle::Cell, &page)),
+      hyou_syain(new GridView(form.hyou_syain, CursorStyle::Row, left)),
+      syalab(label(*left, 15, colours::text, QFont::DemiBold)), lab2(label(*left, 13, colours::text)),
+      msglab(label(*left, 12, colours::quiet_text)), ym{new MonthBox(acts[0], selector_width[0], left),
+                                                         new MonthBox(acts[1], selector_width[1], left)},
+      sortlist(radio_group(*left, entry::ent_rovena::sortlist_captions)),
+      kyuflg(radio_group(*left, entry::ent_rovena::kyuflg_captions)),
+      botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
+      imghelp(new PictureButton(pictures, help_button, left)), toubotan(new QWidget(left)) {
+    syalab->setWordWrap(true);
+    syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
+    toubotan->setFocusPolicy(Qt::ClickFocus);
+    toubotan->setFixedSize(1, 1);
+    fill_left_column();
+    order_by_tab();
+}
+
+void ent_rovena_controls::fill_left_column() {
+    auto* buttons = new QGridLayout;
+    buttons->setSpacing(gap);
+    buttons->addWidget(botan[1], 0, 0);
+    buttons->addWidget(botan[0], 0, 1);
+    buttons->addWidget(imghelp, 1, 0);
+    buttons->addWidget(msglab, 1, 1);
+    buttons->setColumnStretch(2, 1);
+
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    column->addWidget(syalab);
+    column->addLayout(work_type_row(*left, lab2));
+    column->addLayout(month_row(*left, ym));
+    column->addLayout(in_a_row(*sortlist));
+    column->addWidget(hyou_syain, 1);
+    column->addLayout(in_a_row(*kyuflg));
+    column->addLayout(buttons);
+}
+
+void ent_rovena_controls::order_by_tab() {
+    QWidget* const order[] = {ym[0], ym[1], sortlist->button(0), sortlist->button(1), hyou_syain, hyou, hyou_day,
+        kyuflg->button(0), kyuflg->button(1), botan[1], botan[0], imghelp};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+void ent_rovena_controls::lay_out(QSize page) {
+    hyou->sheet().setColWidth(entry::col::remark, entry::remark_width);
+    int row_height = largest_row;
+    while (!fits_at(row_height, page) && row_height > hyou->own_row_height())
+        --row_height;
+    const QRect room = sheets_room(page);
+    left->setGeometry(page_margin, gap, room.left() - 2 * page_margin, page.height() - 2 * gap);
+    hyou_syain->refresh();
+    place_sheets(room);
+}
+
+/// The place for the sheets beside the left column, which is as wide as the list of employees.
+QRect ent_rovena_controls::sheets_room(QSize page) const {
+    const int beside = 2 * page_margin + hyou_syain->full_width(true);
+    return {beside, tight_gap, page.width() - beside - page_margin, page.height() - 2 * tight_gap};
+}
+
+/// Sets the zoom for rows of this height and tells whether all of both sheets is in view then.
+bool ent_rovena_controls::fits_at(int row_height, QSize page) {
+    for (GridView* sheet : {hyou, hyou_day, hyou_syain})
+        sheet->set_zoom(double(row_height) / hyou->own_row_height());
+    const QRect room = sheets_room(page);
+    return std::max(hyou->full_width(false), hyou_day->full_width(false)) <= room.width() &&
+           hyou->full_height(false) + tight_gap + hyou_day->full_height(false) <= room.height();
+}
+
+void ent_rovena_controls::place_sheets(QRect room) {
+    const auto fitting = [&](const GridView& sheet) {
+        const bool cut = sheet.full_width(false) > room.width();
+        return QSize(std::min(room.width(), sheet.full_width(false)), sheet.full_height(cut));
+    };
+    const QSize strip = fitting(*hyou_day);
+    QSize month = fitting(*hyou);
+    const int month_room = room.height() - tight_gap - strip.height();
+    if (month.height() > month_room)
+        month = {std::min(room.width(), hyou->full_width(true)), month_room};
+    hyou->widen(entry::col::remark, room.width() - month.width());
+    month.setWidth(room.width());
+    hyou->setGeometry(QRect(room.topLeft(), month));
+    hyou_day->setGeometry(QRect(QPoint(room.left(), hyou->geometry().bottom() + 1 + tight_gap), strip));
+    for (GridView* sheet : {hyou, hyou_day})
+        sheet->refresh();
+}
+
+} // namespace ui

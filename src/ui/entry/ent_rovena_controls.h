@@ -1,0 +1,53 @@
+#pragma once
+
+// The controls of attendance entry and where they lie: at the left the employee, the month, the list of employees and
+// the buttons; at the right the month sheet over the count strip. Everything that stands beside the sheet stands in the
+// left column, so that a whole month is in view on a low screen.
+
+#include "entry/ent_rovena.h"
+#include "ui/grid/cell_editor.h"
+#include "ui/grid/grid_view.h"
+#include "ui/parts/month_box.h"
+#include "ui/parts/picture_button.h"
+
+#include <QButtonGroup>
+#include <QLabel>
+#include <array>
+#include <span>
+
+namespace ui {
+
+struct ent_rovena_controls {
+    /// Makes the controls as children of the page. `pictures` is the folder of the buttons' bitmaps.
+    /// `acts` are those of the boxes of year and month.
+    ent_rovena_controls(
+        QWidget& page, entry::ent_rovena& form, const std::array<MonthActs, 2>& acts, const QString& pictures);
+
+    /// Lays the controls into a page of this size. The sheets get the largest whole-pixel rows at which all of them is
+    /// in view, never below their own size, and no more room than they fill; the list of employees grows with them.
+    /// The width that is left beside the month goes to its remarks.
+    void lay_out(QSize page);
+
+    QWidget* left; ///< the column beside the sheets
+    GridView* hyou;
+    GridView* hyou_day;
+    GridView* hyou_syain;
+    QLabel* syalab;
+    QLabel* lab2;
+    QLabel* msglab;
+    std::array<MonthBox*, 2> ym;
+    QButtonGroup* sortlist;
+    QButtonGroup* kyuflg;
+    std::array<PictureButton*, 2> botan; ///< 0 leaves the screen, 1 saves
+    PictureButton* imghelp;
+    QWidget* toubotan; ///< takes the focus when a button is pressed, so that a cell in edit is committed
+
+private:
+    void fill_left_column();
+    void order_by_tab();
+    QRect sheets_room(QSize page) const;
+    bool fits_at(int row_height, QSize page);
+    void place_sheets(QRect room);
+};
+
+} // namespace ui

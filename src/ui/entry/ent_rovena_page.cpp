@@ -1,0 +1,222 @@
+#include "ui/entry/ent_rovena_page.h"
+
+#include "base/literals.h"
+#include "entry/day_kinds.h"
+#include "frame/help.h"
+#include "ui/parts/key_codes.h"
+#include "ui/parts/page_parts.h"
+
+#include <QKeyEvent>
+#include <QScopeGuard>
+#include <utility>
+
+namespace ui {
+
+using namespace base;
+
+namespace {
+
+entry::ent_rovena& loaded(entry::ent_rovena& form) {
+    form.Form_Load();
+    return form;
+}
+
+} // namespace
+
+ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
+    : QWidget(parent), m_session(session), m_form(session),
+      m_controls(*this, loaded(m_form), {month_acts(0), month_acts(1)}, frame::picture_folder(session.settings)),
+      m_atai(new CellEditor(*m_controls.hyou, m_form.editors.atai, editor_acts(), entry::ent_rovena::atai_back)),
+      m_kyucom(new CellCombo(*m_controls.hyou)) {
+    setWindowTitle(entry::ent_rovena::caption.toString());
+    for (const QString& item : m_form.editors.kyucom.items)
+        m_kyucom->addItem(entry::kind_parts(item).name);
+    // Out of a cell Tab goes where it would go from the sheet.
+    setTabOrder(m_controls.hyou, m_atai);
+    setTabOrder(m_atai, m_kyucom);
+    connect_lists();
+    connect_sheet();
+    connect_strip();
+    connect_buttons();
+    m_form.msglab_changed = [this] { report(); };
+    refresh();
+}
+
+// The controls refer to the form, so they go before it.
+ent_rovena_page::~ent_rovena_page() {
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+}
+
+/// Shows what an act of the person came to, even if it was broken off by an error.
+void ent_rovena_page::act(const std::function<void()>& of_the_person) {
+    const auto show = qScopeGuard([this] { refresh(); });
+    of_the_person();
+}
+
+EditorActs ent_rovena_page::editor_acts() {
+    return {
+        .KeyDown =
+            [this](int key_code) {
+                bool moved = false;
+                act([&] { moved = m_form.atai_KeyDown(key_code); });
+                return moved;
+            },
+        .KeyPress = [this](int character) { return m_form.atai_KeyPress(character); },
+        .Insert = [this](const QString& text) { return m_form.atai_Insert(text); },
+        .Change = [this](const QString& text) { m_form.atai_Change(text); },
+        .LostFocus = [this] { act([this] { m_form.atai_LostFocus(); }); },
+    };
+}
+
+MonthActs ent_rovena_page::month_acts(int element) {
+    return {
+        .Click = [this, element](int index) { act([&] { m_form.ym_Click(element, index); }); },
+        .Change = [this, element](const QString& text) { m_form.ym_Change(element, text); },
+        .KeyDown =
+            [this, element](int key_code) {
+                bool moved = false;
+                act([&] { moved = m_form.ym_KeyDown(element, key_code); });
+                return moved;
+            },
+        .KeyPress = entry::ent_rovena::ym_KeyPress,
+        .GotFocus = [] {},
+        .LostFocus = [this] { act([this] { m_form.ym_LostFocus(); }); },
+    };
+}
+
+void ent_rovena_page::connect_lists() {
+    connect(m_controls.hyou_syain, &GridView::cell_clicked, this,
+        [this] { act([this] { m_form.hyou_syain_Click(m_form.hyou_syain.Row()); }); });
+    connect(m_controls.sortlist, &QButtonGroup::idClicked, this,
+        [this](int element) { act([&] { m_form.sortlist_Click(element); }); });
+    connect(m_controls.kyuflg, &QButtonGroup::idClicked, this,
+        [this](int element) { act([&] { m_form.kyuflg_Click(element); }); });
+    connect(m_kyucom, &QComboBox::activated, this, [this](int index) { act([&] { m_form.kyucom_Click(index); }); });
+}
+
+void ent_rovena_page::connect_sheet() {
+    const base::Sheet& hyou = m_form.sheet.hyou;
+    const auto clicked = [this, &hyou] { act([&] { m_form.hyou_Click({hyou.Row(), hyou.Col()}); }); };
+    connect(m_controls.hyou, &GridView::cell_clicked, this, clicked);
+    connect(m_controls.hyou, &GridView::edge_clicked, this, clicked);
+    connect(m_controls.hyou, &GridView::key_pressed, this, [this, clicked](int key, const QString& text) {
+        if (key_character(key, text) == 0)
+            return;
+        clicked();
+        if (m_atai->hasFocus()) {
+            QKeyEvent typed(QEvent::KeyPress, key, Qt::NoModifier, text);
+            QCoreApplication::sendEvent(m_atai, &typed);
+        }
+    });
+    connect(m_controls.hyou, &GridView::scrolled, this, [this, &hyou] {
+        m_form.hyou_Scroll(
+            hyou.TopRow(), hyou.LeftCol(), m_controls.hyou->view_width(), m_controls.hyou->view_height());
+        refresh_editors();
+    });
+}
+
+void ent_rovena_page::connect_strip() {
+    connect(m_controls.hyou_day, &GridView::cell_clicked, this,
+        [this] { act([this] { m_form.hyou_day_Click(m_form.sheet.hyou_day.Col()); }); });
+    connect(m_controls.hyou_day, &GridView::key_pressed, this, [this](int key, const QString& text) {
+        if (const int code = key_code(key))
+            m_form.hyou_day_KeyDown(code);
+        else if (const int character = key_character(key, text))
+            m_form.hyou_day_KeyPress(character);
+        m_controls.hyou_day->refresh();
+    });
+}
+
+void ent_rovena_page::connect_buttons() {
+    for (int element = 0; element < 2; ++element)
+        connect(m_controls.botan[element], &PictureButton::clicked, this, [this, element] { press(element); });
+    connect(m_controls.imghelp, &PictureButton::clicked, this,
+        [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"ent_rovena"_s); });
+}
+
+/// The hidden box takes the focus first, so that a cell in edit is committed. While the form saves it may give the
+/// interface time, and the page takes no input meanwhile.
+void ent_rovena_page::press(int botan) {
+    m_controls.toubotan->setFocus();
+    {
+        setEnabled(false);
+        const auto open_again = qScopeGuard([this] {
+            setEnabled(true);
+            m_controls.toubotan->setFocus();
+        });
+        act([&] { m_form.botan_Click(botan); });
+    }
+    if (m_form.close_wanted)
+        Q_EMIT close_wanted();
+}
+
+void ent_rovena_page::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    m_form.Form_Activate();
+    follow_focus_wish();
+}
+
+void ent_rovena_page::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    m_controls.lay_out(size());
+    refresh_editors();
+}
+
+/// Another window came before this one: a box of the month is left by that, too.
+void ent_rovena_page::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || isActiveWindow())
+        return;
+    m_form.ym_LostFocus();
+    show_month();
+}
+
+void ent_rovena_page::refresh() {
+    m_controls.syalab->setText(m_form.syalab);
+    m_controls.lab2->setText(m_form.lab2);
+    m_controls.msglab->setText(m_form.msglab);
+    m_controls.sortlist->button(m_form.sortlist)->setChecked(true);
+    m_controls.kyuflg->button(m_form.kyuflg())->setChecked(true);
+    show_month();
+    m_controls.hyou_day->setVisible(m_form.hyou_day_shown);
+    m_controls.lay_out(size());
+    refresh_editors();
+    follow_focus_wish();
+}
+
+void ent_rovena_page::show_month() {
+    for (int element = 0; element < 2; ++element) {
+        const entry::Selector& selector = m_form.ym[element];
+        m_controls.ym[element]->show_items(selector.items, selector.text);
+        m_controls.ym[element]->setEnabled(selector.enabled);
+    }
+}
+
+/// In the middle of an act: no other event is let in, except in the wait for saved days, which takes a while and shows
+/// all that the form says.
+void ent_rovena_page::report() {
+    if (m_form.waiting)
+        return refresh();
+    show_at_once(*m_controls.msglab, m_form.msglab);
+}
+
+void ent_rovena_page::refresh_editors() {
+    const entry::KindList& kyucom = m_form.editors.kyucom;
+    if (kyucom.visible)
+        m_kyucom->lay_over(kyucom.cell, kyucom.index);
+    else if (kyucom.enabled)
+        m_kyucom->step_aside();
+    else
+        m_kyucom->put_away();
+    m_atai->refresh();
+}
+
+void ent_rovena_page::follow_focus_wish() {
+    const auto wish = std::exchange(m_form.editors.focus, std::nullopt);
+    if (!wish)
+        return;
+    QWidget* const widgets[] = {m_atai, m_kyucom, m_controls.ym[0], m_controls.ym[1], m_controls.toubotan};
+    widgets[static_cast<int>(*wish)]->setFocus();
+}
+
+} // namespace ui

@@ -1,0 +1,206 @@
+#include "ui/masters/master_page.h"
+
+#include "base/literals.h"
+#include "frame/help.h"
+#include "ui/grid/grid_view.h"
+#include "ui/parts/colours.h"
+#include "ui/parts/page_parts.h"
+#include "ui/parts/style.h"
+
+#include <QScopeGuard>
+#include <QShowEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace ui {
+
+using namespace base;
+
+namespace {
+
+constexpr int page_margin = 12;
+constexpr int gap = 8;
+constexpr int row_height = 22; ///< pixels
+
+constexpr frame::Button botan_buttons[] = {
+    frame::endbotan,
+    {1, u"登録", u"zen_tour.BMP", u"zen_tour_b.BMP"},
+    {2, u"削除", u"zen_saku.BMP", u"zen_saku_b.BMP"},
+};
+constexpr int order_at_foot[] = {1, 2, 0};
+constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
+
+} // namespace
+
+MasterPage::MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent)
+    : QWidget(parent), m_session(session), m_name(name), m_buttons(buttons), m_toubotan(new QWidget(this)),
+      m_body(new QHBoxLayout) {
+    setWindowTitle(name.caption.toString());
+    m_toubotan->setObjectName("toubotan");
+    m_toubotan->setFocusPolicy(Qt::ClickFocus);
+    m_toubotan->setFixedSize(1, 1);
+
+    m_body->setSpacing(2 * gap);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(page_margin, gap, page_margin, gap);
+    column->setSpacing(gap);
+    column->addWidget(page_heading(name.caption, this));
+    column->addWidget(page_rule(this));
+    column->addLayout(m_body, 1);
+}
+
+void MasterPage::add_foot(QWidget* behind) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(gap);
+    for (const int element : order_at_foot)
+        if (element < static_cast<int>(m_buttons))
+            row->addWidget(make_button(element));
+    row->addWidget(make_help_button());
+    if (behind)
+        row->addWidget(behind);
+    row->addStretch();
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+PictureButton* MasterPage::make_button(int element) {
+    m_botan[element] = new PictureButton(frame::picture_folder(m_session.settings), botan_buttons[element], this);
+    connect(m_botan[element], &PictureButton::clicked, this, [this, element] { press(element); });
+    return m_botan[element];
+}
+
+PictureButton* MasterPage::make_help_button() {
+    auto* button = new PictureButton(frame::picture_folder(m_session.settings), help_button, this);
+    connect(button, &PictureButton::clicked, this,
+        [this] { frame::ヘルプ表示(m_session.settings, m_session.host, m_name.form.toString()); });
+    return button;
+}
+
+void MasterPage::take_down() {
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+}
+
+/// What lies over a cell follows it.
+void MasterPage::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    show_form();
+}
+
+/// Shows what an act of the person came to, even if it was broken off by an error.
+void MasterPage::act(const std::function<void()>& of_the_person) {
+    const auto show = qScopeGuard([this] { refresh(); });
+    of_the_person();
+}
+
+void MasterPage::refresh() {
+    show_form();
+    const auto wish = std::exchange(screen().focus, std::nullopt);
+    if (wish)
+        (wish->control == masters::Control::Toubotan ? m_toubotan : control(*wish))->setFocus(Qt::OtherFocusReason);
+}
+
+/// A window that comes back from the task bar goes on where it was left.
+void MasterPage::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous())
+        activate();
+}
+
+/// The cell in edit is left before the hidden box takes the keyboard: one that can't be saved keeps it, and the page
+/// stays.
+void MasterPage::press(int element) {
+    act([this] { screen().leave_cell(); });
+    m_toubotan->setFocus();
+    act([&] { screen().botan_Click(element); });
+    if (screen().close_wanted)
+        Q_EMIT close_wanted();
+}
+
+EditorActs MasterPage::editor_acts(masters::EditorScreen& form, std::function<void(const QString&)> change) {
+    return {
+        .KeyDown =
+            [this, &form](int key_code) {
+                bool moved = false;
+                act([&] { moved = form.atai_KeyDown(key_code); });
+                return moved;
+            },
+        .KeyPress = [](int) { return true; },
+        .Insert = [](const QString& text) { return text; },
+        .Change = [this, change = std::move(change)](const QString& text) { act([&] { change(text); }); },
+        .LostFocus = [this, &form] { act([&form] { form.atai_LostFocus(); }); },
+    };
+}
+
+void MasterPage::connect_sheet(GridView& view, masters::GridScreen& form) {
+    const auto clicked = [this, &form] { act([&] { form.hyou_Click({form.hyou.Row(), form.hyou.Col()}); }); };
+    connect(&view, &GridView::cell_clicked, this, clicked);
+    connect(&view, &GridView::edge_clicked, this, clicked);
+    connect(&view, &GridView::scrolled, this, [this, &view, &form] {
+        form.hyou_Scroll(form.hyou.TopRow(), form.hyou.LeftCol(), view.view_width(), view.view_height());
+        show_form();
+    });
+}
+
+void MasterPage::show_only(GridView& view, masters::GridScreen& form) {
+    connect_sheet(view, form);
+    hold_width(view);
+    m_body->addWidget(&view);
+    m_body->addStretch(1);
+    add_foot();
+}
+
+void MasterPage::connect_list(GridView& view, std::function<void(int row)> choose) {
+    connect(&view, &GridView::cell_clicked, this, [this, &view, choose] { act([&] { choose(view.sheet().Row()); }); });
+    connect(&view, &GridView::edge_clicked, this, [this, choose] { act([&] { choose(0); }); });
+}
+
+GridView* master_grid(base::Sheet& sheet, CursorStyle style, const char* name, QWidget* parent) {
+    auto* grid = new GridView(sheet, style, parent);
+    grid->setObjectName(name);
+    fit_master_grid(*grid, QWIDGETSIZE_MAX);
+    return grid;
+}
+
+void fit_master_grid(GridView& grid, int room) {
+    int height = row_height;
+    grid.set_zoom(double(height) / grid.own_row_height());
+    while (grid.full_width(true) > room && height > grid.own_row_height())
+        grid.set_zoom(double(--height) / grid.own_row_height());
+    grid.refresh();
+}
+
+void hold_width(GridView& grid) {
+    grid.setFixedWidth(grid.full_width(true));
+}
+
+QLabel* master_label(QStringView text, QWidget* parent) {
+    auto* label = new QLabel(text.toString(), parent);
+    letter(*label, Lettering::Comment);
+    return label;
+}
+
+QLabel* master_note(QWidget* parent) {
+    auto* label = master_label({}, parent);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(colours::quiet_text));
+    label->setPalette(palette);
+    return label;
+}
+
+QLabel* long_note(const char* name, QWidget* parent) {
+    QLabel* label = master_note(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    return label;
+}
+
+void show_long_note(QLabel& note, QString text) {
+    constexpr QChar may_break_here = u'\u200b';
+    for (const QChar separator : {u'/', u'\\'})
+        text.replace(separator, QString(separator) + may_break_here);
+    note.setText(text);
+}
+
+} // namespace ui

@@ -1,0 +1,103 @@
+#include "ui/pages/menu_page.h"
+
+#include "base/literals.h"
+#include "frame/menus.h"
+#include "ui/parts/colours.h"
+#include "ui/parts/picture_button.h"
+#include "ui/parts/style.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace ui {
+
+using namespace base;
+
+namespace {
+
+constexpr int twips_a_pixel = 15;
+constexpr int entries_a_row = 2;
+constexpr int content_width = 1180;
+constexpr int page_margin = 28;
+constexpr int band_height = 32;
+
+QFrame* rule(QWidget* parent, QRgb colour, int height) {
+    auto* line = new QFrame(parent);
+    line->setFixedHeight(height);
+    line->setAutoFillBackground(true);
+    line->setPalette(QPalette(QColor::fromRgb(colour)));
+    return line;
+}
+
+QLabel* heading(QStringView caption, QWidget* parent) {
+    auto* label = new QLabel(caption.toString(), parent);
+    letter(*label, Lettering::Heading);
+    return label;
+}
+
+QLabel* comment(QString text, QWidget* parent) {
+    auto* label = new QLabel(text.remove(u'\r'), parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setMinimumHeight(44);
+    label->setWordWrap(true);
+    letter(*label, Lettering::Comment);
+    return label;
+}
+
+} // namespace
+
+MenuPage::MenuPage(
+    QStringView caption, const std::vector<MenuEntry>& entries, const QString& pictures, MenuActs acts, QWidget* parent)
+    : QWidget(parent), m_acts(std::move(acts)), m_content(new QWidget(this)), m_band(make_band(pictures)) {
+    setWindowTitle(caption.toString());
+    auto* rows = new QGridLayout(m_content);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setHorizontalSpacing(28);
+    rows->setVerticalSpacing(20);
+    rows->addWidget(heading(caption, m_content), 0, 0, 1, entries_a_row);
+    rows->addWidget(rule(m_content, colours::accent, 2), 1, 0, 1, entries_a_row);
+    int row = 2;
+    for (int i = 0; i < int(entries.size()); ++i) {
+        const int column = i % entries_a_row;
+        if (column == 0 && i > 0)
+            rows->addWidget(rule(m_content, colours::heading_line, 1), row++, 0, 1, entries_a_row);
+        rows->addWidget(make_entry(entries[i], pictures), row, column, Qt::AlignTop);
+        rows->setColumnStretch(column, 1);
+        if (column == entries_a_row - 1)
+            ++row;
+    }
+}
+
+QWidget* MenuPage::make_entry(const MenuEntry& entry, const QString& pictures) {
+    auto* place = new QWidget(m_content);
+    auto* line = new QHBoxLayout(place);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(18);
+    auto* button = new PictureButton(pictures, *entry.button, place);
+    line->addWidget(button, 0, Qt::AlignTop);
+    line->addWidget(comment(entry.comment, place), 1);
+    button->setAccessibleDescription(entry.comment);
+    connect(button, &PictureButton::clicked, this, [this, index = entry.button->index] { m_acts.botan_Click(index); });
+    return place;
+}
+
+QWidget* MenuPage::make_band(const QString& pictures) {
+    auto* band = new QWidget(this);
+    auto* button = new PictureButton(pictures, frame::endbotan, band);
+    connect(button, &PictureButton::clicked, this, [this] { m_acts.endbotan_Click(); });
+    return band;
+}
+
+void MenuPage::resizeEvent(QResizeEvent*) {
+    const int room = width() - frame::pic_bota_margin / twips_a_pixel - 2 * page_margin;
+    const int content = qMin(room, content_width);
+    const int left = (width() - content) / 2;
+    m_content->setGeometry(left, page_margin, content, m_content->heightForWidth(content));
+    const int top = frame::pic_bota_top(height() * twips_a_pixel, band_height * twips_a_pixel) / twips_a_pixel;
+    m_band->setGeometry(left, qMax(top, m_content->geometry().bottom() + page_margin), content, band_height);
+}
+
+} // namespace ui
