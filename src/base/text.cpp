@@ -59,7 +59,6 @@ QString left_bytes(QStringView text, int bytes) {
 }
 
 QString field_text(QStringView text) {
-    constexpr int field_room = 255;
     return whole_left(text, field_room);
 }
 

@@ -32,7 +32,10 @@ int byte_length(QStringView text);
 /// As much of the text's beginning as has so many bytes in the Japanese code page: left_bytes(u"残業", 3) // "残"
 QString left_bytes(QStringView text, int bytes);
 
-/// The text as a field of the tables can hold it: at most 255 characters.
+/// How many characters a text field of the tables holds.
+inline constexpr int field_room = 255;
+
+/// The text as a field of the tables can hold it.
 QString field_text(QStringView text);
 
 /// The last four characters of "0000" + text: the form in which hours and minutes are told apart by place.

@@ -3,10 +3,9 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "entry/saving.h"
-#include "frame/exchange_files.h"
+#include "frame/kept_files.h"
 #include "store/files.h"
 
-#include <QDir>
 #include <algorithm>
 
 namespace entry {
@@ -72,9 +71,8 @@ bool days_wait(const base::Settings& settings, qint64 employee) {
     const QString number = digits(employee);
     if (holds_row(store::exchange_path(settings, posting_file), number))
         return true;
-    const QDir kept(frame::kept_folder(settings), u"*.mdb"_s, QDir::NoSort, QDir::Files);
     return std::ranges::any_of(
-        kept.entryList(), [&](const QString& name) { return holds_row(kept.filePath(name), number); });
+        frame::kept_files(settings), [&](const QString& path) { return holds_row(path, number); });
 }
 
 Opening 登録待ち(frame::Session& session, qint64 employee, const std::function<void()>& waiting) {

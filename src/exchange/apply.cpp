@@ -146,7 +146,8 @@ void make_ready(store::Database& exchange, store::Database& rovdata) {
 
 } // namespace
 
-qint64 apply_rows(store::Database& exchange, store::Database& rovdata, const Watch& watch, qint64 full) {
+qint64 apply_rows(store::Database& exchange, store::Database& rovdata, const Watch& watch,
+    const std::function<bool()>& may_take, qint64 full) {
     if (!exchange.prepare("select 1 from jyusin limit 1").step())
         return 0;
     make_ready(exchange, rovdata);
@@ -154,6 +155,8 @@ qint64 apply_rows(store::Database& exchange, store::Database& rovdata, const Wat
     Tables tables(rovdata);
     for (qint64 rows = 0;;) {
         store::Transaction leaving(exchange);
+        if (!may_take())
+            return rows;
         store::Transaction applying(rovdata);
         const Batch batch = apply_batch(posted_rows, tables, full);
         if (batch.rows == 0)

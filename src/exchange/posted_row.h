@@ -15,18 +15,23 @@
 
 namespace exchange {
 
+/// What a number means: a date is a day that the calendar has, the month's own day 32, or a January key, which is the
+/// bare day + 8800.
+enum class Meaning { Number, Date, Month };
+
 /// A field of a posted row that goes into the target table.
 struct PostedField {
     int ordinal;
     QStringView name; ///< as the reason of an unreadable row calls it
+    Meaning meaning = Meaning::Number;
 };
 
 struct Target {
     QByteArrayView kind;
     /// Number fields in the order of the target's columns, the employee and the date or month first; each must hold a
-    /// number.
+    /// number of its meaning.
     std::span<const PostedField> numbers;
-    /// Text fields, the target's last columns; they may be empty.
+    /// Text fields, the target's last columns; they may be empty, and hold 255 characters.
     std::span<const PostedField> texts;
     int counting;      ///< place among the numbers of the one whose 0 means that there is nothing to insert; -1: none
     bool several_rows; ///< several rows make up what one employee has on one date: only the first removes

@@ -1,11 +1,10 @@
 #include "exchange/run.h"
 
 #include "base/literals.h"
-#include "frame/exchange_files.h"
+#include "frame/kept_files.h"
 #include "platform/program_lock.h"
 #include "store/files.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -20,11 +19,6 @@ using namespace base;
 namespace {
 
 const QString window_title = u"jyusinkanri"_s;
-
-/// What orders kept files by age: the time in the name, then the number of the file.
-std::pair<QString, QString> age_of(const QString& name) {
-    return {name.section(u'-', 1), name};
-}
 
 using enum store::Code;
 
@@ -83,7 +77,7 @@ ManagerRun::Pass ManagerRun::take_kept(const QString& path) {
     bool errors = false;
     try {
         store::Database exchange = open(path);
-        if (apply(exchange) == Pass::Stopped)
+        if (apply(exchange, [] { return true; }) == Pass::Stopped)
             return Pass::Stopped;
         errors = has_rows(exchange, u"jyusin_error"_s);
     } catch (const store::Error& error) {
@@ -97,24 +91,24 @@ ManagerRun::Pass ManagerRun::take_kept(const QString& path) {
     return Pass::Again;
 }
 
-// A PC may remake the files at any moment. A kept file that has come before this one was opened holds older rows; one
-// that comes later is this one, and finds its rows applied.
+// A PC may remake the file at any moment, and newer rows come into it then. Once this file is locked, what was carried
+// away from it is among the kept files.
 ManagerRun::Pass ManagerRun::take(const QString& path) {
     try {
         store::Database exchange = open(path);
-        return kept_files().isEmpty() ? apply(exchange) : Pass::Again;
+        return apply(exchange, [this] { return kept_files().isEmpty(); });
     } catch (const store::Error& error) {
         return failed(path, error);
     }
 }
 
-ManagerRun::Pass ManagerRun::apply(store::Database& exchange) {
+ManagerRun::Pass ManagerRun::apply(store::Database& exchange, const std::function<bool()>& may_take) {
     if (!has_rows(exchange, u"jyusin"_s))
         return Pass::Nothing;
     const QString tables = store::rovdata_path(m_settings);
     try {
         store::Database rovdata = store::Database::open(tables, store::Kind::Rovdata, m_patience);
-        apply_rows(exchange, rovdata, m_watch);
+        apply_rows(exchange, rovdata, m_watch, may_take);
         return Pass::Again;
     } catch (const store::Error& error) {
         if (error.file() != tables)
@@ -156,13 +150,7 @@ void ManagerRun::set_aside(const QString& path) {
 }
 
 QStringList ManagerRun::kept_files() const {
-    const QDir folder(frame::kept_folder(m_settings), u"*.mdb"_s, QDir::Name, QDir::Files);
-    QStringList names = folder.entryList();
-    std::ranges::sort(names, {}, age_of);
-    QStringList paths;
-    for (const QString& name : names)
-        paths << folder.filePath(name);
-    return not_skipped(paths);
+    return not_skipped(frame::kept_files(m_settings));
 }
 
 QStringList ManagerRun::exchange_files() const {
@@ -181,8 +169,23 @@ store::Database ManagerRun::open(const QString& path) const {
     return store::Database::open(path, store::Kind::Exchange, m_patience);
 }
 
+namespace {
+
 // A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
 // the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
+bool apply_in_turn(ManagerRun& run, const QString& folder, std::chrono::milliseconds lock_patience) {
+    bool good = true;
+    do {
+        platform::ProgramLock lock(folder, window_title);
+        if (!lock.take(std::exchange(lock_patience, {})))
+            break;
+        good = run.apply_all();
+    } while (good && run.rows_wait());
+    return good;
+}
+
+} // namespace
+
 int run_manager(const base::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience,
     std::chrono::milliseconds patience) {
     const QString folder = store::exchange_folder(settings);
@@ -191,14 +194,12 @@ int run_manager(const base::Settings& settings, const Watch& watch, std::chrono:
         return 1;
     }
     ManagerRun run(settings, watch, patience);
-    bool good = true;
-    do {
-        platform::ProgramLock lock(folder, window_title);
-        if (!lock.take(std::exchange(lock_patience, {})))
-            break;
-        good = run.apply_all();
-    } while (good && run.rows_wait());
-    return good ? 0 : 1;
+    try {
+        return apply_in_turn(run, folder, lock_patience) ? 0 : 1;
+    } catch (const platform::LockError& error) {
+        watch.trouble(QString::fromUtf8(error.what()));
+        return 1;
+    }
 }
 
 } // namespace exchange

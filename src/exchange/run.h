@@ -40,7 +40,7 @@ private:
     Pass pass();
     Pass take_kept(const QString& path);
     Pass take(const QString& path);
-    Pass apply(store::Database& exchange);
+    Pass apply(store::Database& exchange, const std::function<bool()>& may_take);
     Pass failed(const QString& path, const store::Error& error);
     void finish_kept(const QString& path, bool holds_errors);
     void set_aside(const QString& path);

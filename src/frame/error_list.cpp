@@ -2,12 +2,48 @@
 
 #include "base/literals.h"
 #include "platform/paths.h"
+#include "platform/program_lock.h"
+#include "store/files.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <functional>
 
 namespace frame {
 
 using namespace base;
+
+namespace {
+
+QString waiting_path(const base::Settings& settings) {
+    return store::exchange_folder(settings) + u"/errmsg.txt"_s;
+}
+
+/// A line that was broken off stays a line of its own.
+bool append(const QString& path, QByteArray lines) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::Unbuffered))
+        return false;
+    if (file.size() > 0 && file.seek(file.size() - 1) && file.read(1) != "\n")
+        lines.prepend('\n');
+    return file.write(lines) == lines.size();
+}
+
+/// Does it with nobody else at the lines that wait; false if that or the deed fails.
+bool alone_with_waiting(const base::Settings& settings, const std::function<bool(const QString& path)>& deed) {
+    constexpr std::chrono::milliseconds patience(2000);
+    try {
+        platform::ProgramLock lock(store::exchange_folder(settings), u"errmsg"_s);
+        return lock.take(patience) && deed(waiting_path(settings));
+    } catch (const platform::LockError&) {
+        return false;
+    }
+}
+
+} // namespace
 
 QString error_file_path(const base::Settings& settings) {
     return platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/data/trn/errmsg.txt"_s;
@@ -21,6 +57,24 @@ int error_count(const base::Settings& settings) {
     while (!file.atEnd())
         count += file.readLine().trimmed().isEmpty() ? 0 : 1;
     return count;
+}
+
+bool add_error(const base::Settings& settings, const QString& message) {
+    const QString time = QDateTime::currentDateTime().toString(u"yyyy/MM/dd hh:mm:ss"_s);
+    const QByteArray line = u"\"%1 %2\"\n"_s.arg(time, message.simplified()).toUtf8();
+    if (write_waiting_errors(settings) && append(error_file_path(settings), line))
+        return true;
+    alone_with_waiting(settings, [&](const QString& waiting) { return append(waiting, line); });
+    return false;
+}
+
+bool write_waiting_errors(const base::Settings& settings) {
+    if (!QFileInfo::exists(waiting_path(settings)))
+        return true;
+    return alone_with_waiting(settings, [&](const QString& waiting) {
+        QFile file(waiting);
+        return file.open(QIODevice::ReadOnly) && append(error_file_path(settings), file.readAll()) && file.remove();
+    });
 }
 
 } // namespace frame

@@ -1,13 +1,20 @@
 #include "frame/exchange_files.h"
 
 #include "base/literals.h"
+#include "frame/kept_files.h"
 #include "platform/paths.h"
+#include "platform/program_lock.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
+#include "store/held.h"
+#include "store/held_bytes.h"
 #include "store/schema.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
+#include <algorithm>
 #include <optional>
 
 namespace frame {
@@ -19,74 +26,69 @@ using store::Error;
 
 namespace {
 
-/// Another PC may be remaking the same files: it is out of the way again in a moment.
-constexpr int most_attempts = 10;
+bool unreadable(Code code) {
+    return code == Code::NotADatabase || code == Code::WrongKey || code == Code::Damaged || code == Code::OtherKind ||
+           code == Code::Empty;
+}
 
-/// An exchange file that no other program reads or writes as long as this stands.
-class Held {
+bool holds_rows(const store::Held& file) {
+    return std::ranges::any_of(
+        file.rows(), [](const auto& table) { return table.first != u"sqlite_master" && table.second > 0; });
+}
+
+/// Whether a new file would look no different; rows apart.
+bool as_new(store::Held& file) {
+    const auto definitions = file.rows().find(u"sqlite_master"_s);
+    return definitions->second == qint64(store::tables_of(store::Kind::Exchange).size()) && file.spare_pages() == 0;
+}
+
+void make_folder(const QString& folder) {
+    if (!QDir().mkpath(folder))
+        throw Error(Code::ReadOnly, folder, {}, {});
+}
+
+/// An empty exchange file, made when the first is needed.
+class Pattern {
 public:
-    Held(const QString& path, std::chrono::milliseconds patience)
-        : m_database(store::Database::open(path, store::Kind::Exchange, patience)),
-          m_lock(std::in_place, *m_database, store::Transaction::Lock::Exclusive) {}
-
-    bool holds_rows() {
-        return number("select exists(select 1 from jyusin) or exists(select 1 from jyusin_error)") != 0;
+    const QByteArray& bytes() {
+        if (m_bytes.isEmpty())
+            m_bytes = store::empty_database_image(store::Kind::Exchange);
+        return m_bytes;
     }
 
-    /// Whether a new file would look no different; rows apart.
-    bool as_new() {
-        return number("pragma freelist_count") == 0 &&
-               number("select count(*) from sqlite_master") == qint64(store::tables_of(store::Kind::Exchange).size());
-    }
-
-    /// Makes sure that the file can be moved, as far as the system needs that.
-    void let_move() {
-        if (platform::open_files_can_move)
-            return;
-        m_lock.reset();
-        m_database.reset();
+    const QString& path() {
+        if (m_path.isEmpty()) {
+            m_folder.emplace();
+            m_path = m_folder->filePath(u"new.mdb"_s);
+            store::check_system(platform::write_new_file(m_path, bytes(), Durability::Cache), m_path);
+        }
+        return m_path;
     }
 
 private:
-    qint64 number(std::string_view sql) {
-        store::Statement statement = m_database->prepare(sql);
-        return statement.step() ? statement.row().number(0) : 0;
-    }
-
-    std::optional<store::Database> m_database;
-    std::optional<store::Transaction> m_lock;
+    QByteArray m_bytes;
+    std::optional<QTemporaryDir> m_folder;
+    QString m_path;
 };
-
-/// Misuse: a database of the right kind that lacks the tables.
-bool unreadable(Code code) {
-    return code == Code::NotADatabase || code == Code::WrongKey || code == Code::Damaged || code == Code::OtherKind ||
-           code == Code::Misuse;
-}
-
-QString journal_of(const QString& path) {
-    return path + u"-journal"_s;
-}
-
-/// What keeps a file from being moved or replaced: where an open file can't be, most likely another that has it open.
-constexpr Code blocked = platform::open_files_can_move ? Code::ReadOnly : Code::Busy;
-
-using Write = std::error_code (*)(const QString& path, const QByteArray& bytes, Durability durability);
 
 class Remaking {
 public:
-    Remaking(const base::Settings& settings, const QDateTime& now, std::chrono::milliseconds patience)
-        : m_folder(kept_folder(settings)), m_now(now), m_patience(patience) {}
+    Remaking(const base::Settings& settings, const QDateTime& now, const std::function<void(const QString&)>& trouble,
+        std::chrono::milliseconds patience)
+        : m_settings(settings), m_now(now), m_trouble(trouble), m_patience(patience) {}
 
     void remake(const QString& path) {
         if (known_as_new(path))
             return;
-        for (int attempt = 1;; ++attempt) {
-            try {
-                return take_place_of(path);
-            } catch (const Error& error) {
-                if (error.code() != Code::Replaced || attempt == most_attempts)
-                    throw;
-            }
+        try {
+            empty(path);
+        } catch (const Error& error) {
+            if (error.code() == Code::Missing)
+                make(path);
+            else if (unreadable(error.code()))
+                put_away(path, error);
+            else
+                throw;
         }
     }
 
@@ -97,81 +99,96 @@ private:
         return !bytes.isEmpty() && m_as_new.contains(bytes);
     }
 
-    void take_place_of(const QString& path) {
-        try {
-            Held old(path, m_patience);
-            const bool rows = old.holds_rows();
-            if (!rows && old.as_new())
-                return m_as_new.append(store::bytes_of(path));
-            old.let_move();
-            if (!rows)
-                return put(path, platform::replace_file, Durability::Cache);
-            keep(path, {});
-        } catch (const Error& error) {
-            if (unreadable(error.code()))
-                keep(path, unreadable_ending);
-            else if (error.code() == Code::Missing || error.code() == Code::Empty)
-                clear(path);
-            else
-                throw;
-        }
-        put(path, platform::write_new_file, Durability::Disk);
+    void empty(const QString& path) {
+        store::Held file(path, store::Kind::Exchange, m_patience);
+        if (!file.rows().contains(u"jyusin"_s))
+            throw Error(Code::OtherKind, path, {}, {});
+        if (holds_rows(file))
+            keep(file);
+        else if (as_new(file))
+            return m_as_new.append(store::bytes_of(path));
+        file.take_over(m_pattern.path());
     }
 
-    void put(const QString& path, Write write, Durability durability) {
-        if (m_image.isEmpty())
-            m_as_new << (m_image = store::empty_database_image(store::Kind::Exchange));
-        const std::error_code failure = write(path, m_image, durability);
-        if (failure == std::errc::file_exists)
-            throw Error(Code::Replaced, path, {}, {});
-        if (failure)
-            throw Error(failure == std::errc::no_space_on_device ? Code::Full : blocked, path, {},
-                QString::fromLocal8Bit(failure.message()));
+    void keep(store::Held& file) {
+        const QString kept = place_for(file.path());
+        platform::NewFile copy(kept);
+        store::check_system(copy.make(), kept);
+        file.copy_into(copy.passing_path());
+        store::check_system(copy.place(Durability::Disk), kept);
     }
 
-    /// Moves the file, and the journal that a damaged one may have, out of the way.
-    void keep(const QString& path, QStringView ending) const {
-        const QString kept = free_name(path, ending);
-        if (!QDir().mkpath(m_folder) || !QFile::rename(path, kept))
-            throw Error(QFile::exists(path) ? blocked : Code::Replaced, kept, {}, {});
-        QFile::rename(journal_of(path), journal_of(kept));
+    void put_away(const QString& path, const Error& why) {
+        store::HeldBytes file(path, m_patience);
+        const QString kept = place_for(path, unreadable_ending);
+        write(kept, file.bytes());
+        if (QFile journal(store::journal_of(path)); journal.open(QIODevice::ReadOnly))
+            write(store::journal_of(kept), journal.readAll());
+        tell(why.text(), kept);
+        file.overwrite(m_pattern.bytes());
     }
 
-    /// A journal that stayed behind without its file would be played into the new one.
-    void clear(const QString& path) const {
-        QFile::remove(path);
-        QFile::remove(journal_of(path));
+    void make(const QString& path) {
+        if (const QString kept = store::put_away_journal(path); !kept.isEmpty())
+            tell(Error(Code::Missing, path, {}, {}).text(), kept);
+        write(path, m_pattern.bytes());
+        m_as_new.append(m_pattern.bytes());
     }
 
-    QString free_name(const QString& path, QStringView ending) const {
-        for (QDateTime time = m_now;; time = time.addMSecs(1)) {
-            QString name = u"%1/%2-%3.mdb%4"_s.arg(
-                m_folder, QFileInfo(path).baseName(), time.toString(u"yyyyMMdd-HHmmss-zzz"_s), ending);
-            if (!QFile::exists(name))
-                return name;
-        }
+    QString place_for(const QString& path, QStringView ending = {}) const {
+        make_folder(kept_folder(m_settings));
+        return new_kept_path(m_settings, path, m_now, ending);
     }
 
-    QString m_folder;
+    static void write(const QString& path, const QByteArray& bytes) {
+        store::check_system(platform::write_new_file(path, bytes, Durability::Disk), path);
+    }
+
+    void tell(const QString& what, const QString& kept) const {
+        m_trouble(u"%1\n%2 として残しました。最近登録した日を確かめてください。"_s.arg(what, platform::native(kept)));
+    }
+
+    const base::Settings& m_settings;
     QDateTime m_now;
+    const std::function<void(const QString&)>& m_trouble;
     std::chrono::milliseconds m_patience;
-    QByteArray m_image;         ///< a new file, made when the first is needed
+    Pattern m_pattern;
     QList<QByteArray> m_as_new; ///< what files that need no remaking consist of
 };
 
-} // namespace
-
-QString kept_folder(const base::Settings& settings) {
-    return store::exchange_folder(settings) + u"/nokori"_s;
+/// What starts that were killed left of files in the making.
+void remove_litter(const QString& folder) {
+    for (QDir dir(folder, u"hanjyusin*.new"_s); const QString& left : dir.entryList(QDir::Files))
+        dir.remove(left);
 }
+
+/// As long as this stands no other start remakes the files.
+class Alone {
+public:
+    Alone(const base::Settings& settings, std::chrono::milliseconds patience)
+        : m_lock(store::data_folder(settings), u"hanjyusin"_s) {
+        if (!m_lock.take(patience))
+            throw Error(Code::Busy, store::exchange_folder(settings), {}, {});
+    }
+
+private:
+    platform::ProgramLock m_lock;
+};
+
+} // namespace
 
 QString manager_file(const QString& server_root) {
     return platform::program_file(server_root + u"/comdata/exe/exe/jyusinkanri.exe"_s);
 }
 
-void 交換ファイル作成(const base::Settings& settings, const QDateTime& now, std::chrono::milliseconds patience) {
-    QDir().mkpath(store::exchange_folder(settings));
-    Remaking remaking(settings, now, patience);
+void 交換ファイル作成(const base::Settings& settings, const QDateTime& now,
+    const std::function<void(const QString& message)>& trouble, std::chrono::milliseconds patience) {
+    const QString folder = store::exchange_folder(settings);
+    make_folder(folder);
+    const Alone alone(settings, patience);
+    remove_litter(folder);
+    remove_litter(kept_folder(settings));
+    Remaking remaking(settings, now, trouble, patience);
     for (int number = 1; number <= store::exchange_file_count; ++number)
         remaking.remake(store::exchange_path(settings, number));
 }

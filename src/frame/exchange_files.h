@@ -1,33 +1,34 @@
 #pragma once
 
 // The exchange files: the twenty databases into which saves are posted and from which the exchange manager takes.
-// Start-up remakes them, empty. What the manager hasn't taken by then isn't lost: a file that still holds rows is moved
-// to the folder of kept files, which the manager applies first, and a file that can't be read is moved there too, under
-// an ending of its own, for a person to look at.
+// Start-up remakes them, empty. What the manager hasn't taken by then isn't lost: the rows of a file are carried into a
+// kept file, which the manager applies first, and only then deleted; a file that can't be read is copied there too, for
+// a person to look at.
+//
+// A file is remade in place, within a lock that keeps other writers out. It is never renamed and never replaced: others
+// may have it open, and the engine finds a journal by the file's name. Whoever had the old file open would take the
+// journal of the next save for one that was left of his own, and roll it back into a file that it doesn't belong to.
 
 #include "base/settings.h"
 #include "store/database.h"
 
 #include <QDateTime>
 #include <QString>
+#include <functional>
 
 namespace frame {
-
-/// The folder of the kept files; it is there from the first kept file on.
-/// Their names are hanjyusinNN-YYYYMMDD-HHMMSS-zzz.mdb, the time being that of the start that kept them.
-QString kept_folder(const base::Settings& settings);
-
-/// What the name of an unreadable kept file ends in, after ".mdb".
-inline constexpr QStringView unreadable_ending = u".kowareta";
 
 /// The program that takes the rows, below a server root with "/".
 QString manager_file(const QString& server_root);
 
-/// Remakes every exchange file; one that is as new already stays. Whoever has a file open that was replaced, and writes
-/// to it afterwards, gets store::Code::Replaced.
+/// Remakes every exchange file; one that is as new already stays. Saves, managers and other starts may go on meanwhile:
+/// they wait, and go on in the same file. `trouble` is told of each file that couldn't be read, once it is kept and
+/// before it is emptied; a kill in between keeps and tells it again. It isn't to wait for a person.
 /// Throws store::Error: Code::Busy where another program is writing and doesn't end in time, Code::Newer for a file of
-/// a later version of the program, and whatever keeps a new file from being written.
-void 交換ファイル作成(
-    const base::Settings& settings, const QDateTime& now, std::chrono::milliseconds patience = store::default_patience);
+/// a later version of the program, and whatever keeps a file from being written; platform::LockError where starts can't
+/// keep out of each other's way. Files before the one that fails are remade then, and no row is lost.
+void 交換ファイル作成(const base::Settings& settings, const QDateTime& now,
+    const std::function<void(const QString& message)>& trouble,
+    std::chrono::milliseconds patience = store::default_patience);
 
 } // namespace frame

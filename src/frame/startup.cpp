@@ -4,12 +4,14 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "frame/error_list.h"
 #include "frame/exchange_files.h"
 #include "platform/paths.h"
 #include "store/files.h"
 #include "store/setup.h"
 
 #include <QFile>
+#include <cstdio>
 
 namespace frame {
 
@@ -27,7 +29,7 @@ Start stg::Form_Activate(const std::function<void(Start)>& show) {
     const auto first_start = store::初期セットアップ(m_settings);
     store::db追加_テーブル(m_settings, m_session.tables);
     if (m_settings.use_class != 2)
-        交換ファイル作成(m_settings, m_session.host.now());
+        remake_exchange_files();
     const Start start = first_start ? Start::fir_start : Start::mainform;
     if (show)
         show(start);
@@ -107,6 +109,26 @@ void stg::load_eras() {
         m_settings.era_offset[i] = row.integer(2);
         m_settings.era_name[i] = row.text(3);
     }
+}
+
+/// A file that couldn't be read is told on the screen only when all is done: others wait while the files are remade.
+void stg::remake_exchange_files() {
+    QStringList troubles;
+    const auto tell = [&] {
+        if (!troubles.isEmpty())
+            m_session.host.tell(troubles.join(u"\n\n"_s), u"交換ファイル"_s);
+    };
+    try {
+        交換ファイル作成(m_settings, m_session.host.now(), [&](const QString& message) {
+            troubles << message;
+            if (!add_error(m_settings, message))
+                std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+        });
+    } catch (...) {
+        tell();
+        throw;
+    }
+    tell();
 }
 
 /// Each run fetches the news anew. The path is fixed on the program's drive, wherever the roots lie.

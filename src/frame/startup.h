@@ -41,6 +41,7 @@ private:
     bool connect_share(Account account);
     void read_shared_settings();
     void load_eras();
+    void remake_exchange_files();
     void delete_news() const;
     void paint();
 

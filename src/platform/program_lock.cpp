@@ -1,17 +1,21 @@
 #include "platform/program_lock.h"
 
 #include "base/literals.h"
+#include "platform/paths.h"
 
 #include <QFile>
 #include <QThread>
+#include <cerrno>
+#include <system_error>
 
-#ifdef Q_OS_WIN
 #include <fcntl.h>
+#include <sys/stat.h>
+#ifdef Q_OS_WIN
+#include <cstdlib>
 #include <io.h>
 #include <share.h>
-#include <sys/stat.h>
+#include <windows.h>
 #else
-#include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
 #endif
@@ -28,25 +32,48 @@ QString lock_path(const QString& folder, const QString& title) {
 
 #ifdef Q_OS_WIN
 // A file opened without sharing is the lock.
-int open_locked(const QString& path, bool create, bool alone = true) {
+bool kept_by_another() {
+    unsigned long failure = 0;
+    _get_doserrno(&failure);
+    return failure == ERROR_SHARING_VIOLATION;
+}
+int open_without_sharing(const QString& path, int create, bool alone) {
     int file = -1;
-    const int flags = _O_RDWR | (create ? _O_CREAT : 0);
-    _wsopen_s(&file, reinterpret_cast<const wchar_t*>(path.utf16()), flags, alone ? _SH_DENYRW : _SH_DENYNO,
+    _wsopen_s(&file, reinterpret_cast<const wchar_t*>(path.utf16()), _O_RDWR | create, alone ? _SH_DENYRW : _SH_DENYNO,
         _S_IREAD | _S_IWRITE);
+    return file;
+}
+int open_locked(const QString& path, bool alone) {
+    const int file = open_without_sharing(path, _O_CREAT, alone);
+    if (file < 0 && !kept_by_another())
+        throw LockError(path, QString::fromStdString(std::generic_category().message(errno)));
     return file;
 }
 void close_file(int file) {
     _close(file);
 }
 bool another_holds(const QString& path) {
-    return QFile::exists(path) && open_locked(path, false) < 0;
+    const int file = open_without_sharing(path, 0, true);
+    if (file >= 0)
+        _close(file);
+    return file < 0 && kept_by_another();
 }
 #else
-int open_locked(const QString& path, bool create, bool alone = true) {
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | (create ? O_CREAT : 0), 0666);
-    if (file < 0 || ::flock(file, (alone ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0)
+int open_file(const QString& path, bool alone) {
+    const QByteArray name = QFile::encodeName(path);
+    const int file = ::open(name.constData(), O_RDWR | O_CLOEXEC | O_CREAT, 0666);
+    return file < 0 && !alone ? ::open(name.constData(), O_RDONLY | O_CLOEXEC) : file;
+}
+/// -1 where another program keeps it.
+int open_locked(const QString& path, bool alone) {
+    const int file = open_file(path, alone);
+    if (file >= 0 && ::flock(file, (alone ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0)
         return file;
-    ::close(file);
+    const int failure = errno;
+    if (file >= 0)
+        ::close(file);
+    if (file < 0 || failure != EWOULDBLOCK)
+        throw LockError(path, QString::fromStdString(std::generic_category().message(failure)));
     return -1;
 }
 void close_file(int file) {
@@ -57,13 +84,16 @@ bool another_holds(const QString& path) {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (file < 0)
         return false;
-    const bool held = ::flock(file, LOCK_SH | LOCK_NB) != 0;
+    const bool held = ::flock(file, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     ::close(file);
     return held;
 }
 #endif
 
 } // namespace
+
+LockError::LockError(const QString& file, const QString& reason)
+    : std::runtime_error(u"ロックファイルを使えません。\n%1\n%2"_s.arg(native(file), reason).toStdString()) {}
 
 ProgramLock::ProgramLock(const QString& folder, const QString& title) : m_path(lock_path(folder, title)) {}
 
@@ -83,7 +113,7 @@ bool ProgramLock::share(std::chrono::milliseconds patience) {
 bool ProgramLock::hold(Holder holder, std::chrono::milliseconds patience) {
     constexpr std::chrono::milliseconds pause(20);
     for (auto waited = std::chrono::milliseconds(0); m_file < 0; waited += pause) {
-        m_file = open_locked(m_path, /*create=*/true, /*alone=*/holder == Holder::Alone);
+        m_file = open_locked(m_path, /*alone=*/holder == Holder::Alone);
         if (m_file >= 0 || waited >= patience)
             break;
         QThread::msleep(pause.count());

@@ -6,8 +6,16 @@
 
 #include <QString>
 #include <chrono>
+#include <stdexcept>
 
 namespace platform {
+
+/// A lock that can't be had although nobody keeps it: its file can't be made or opened, or the file system knows no
+/// locks. Whoever went on without it would not be seen. what() is for the person, in UTF-8.
+class LockError : public std::runtime_error {
+public:
+    LockError(const QString& file, const QString& reason);
+};
 
 class ProgramLock {
 public:
@@ -16,14 +24,15 @@ public:
     ProgramLock(const ProgramLock&) = delete;
     ProgramLock& operator=(const ProgramLock&) = delete;
 
-    /// Takes the lock, trying for a while. False if another program keeps it, or the folder can't be written.
+    /// Takes the lock, trying for a while. False if another program keeps it; LockError if it can't be had at all.
     bool take(std::chrono::milliseconds patience);
 
     /// Takes the lock together with others that share it: take() fails as long as one of them runs, and the other way
-    /// round.
+    /// round. A file that this person may only read serves as well.
     bool share(std::chrono::milliseconds patience);
 
-    /// Whether some program holds the title in the folder. A missing folder or file means none does.
+    /// Whether some program holds the title in the folder. A folder or file that isn't there, or that this person may
+    /// not read, means none does.
     /// Programs that share a title don't hold it in this sense.
     static bool held(const QString& folder, const QString& title);
 

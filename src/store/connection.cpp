@@ -29,6 +29,7 @@ constexpr std::array meanings{
     Meaning{SQLITE_CORRUPT, Code::Damaged},
     Meaning{SQLITE_NOTADB, Code::Damaged},
     Meaning{SQLITE_IOERR_SHORT_READ, Code::Damaged},
+    Meaning{SQLITE_IOERR, Code::Io},
     Meaning{SQLITE_MISUSE, Code::Misuse},
     Meaning{SQLITE_RANGE, Code::Misuse},
     Meaning{SQLITE_CONSTRAINT, Code::Misuse},
@@ -41,14 +42,8 @@ Code meaning_of(int result) {
     return Code::Other;
 }
 
-int wait_for_others(void* state, int tries) {
-    auto& connection = *static_cast<Connection*>(state);
-    if (tries == 0)
-        connection.waiting_since = std::chrono::steady_clock::now();
-    if (std::chrono::steady_clock::now() - connection.waiting_since >= connection.patience)
-        return 0;
-    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(1 + tries / 2, 20)));
-    return 1;
+int met_a_lock(void* state, int tries) {
+    return static_cast<Connection*>(state)->wait_for_others(tries) ? 1 : 0;
 }
 
 } // namespace
@@ -63,7 +58,7 @@ void Connection::open(int flags) {
         throw Error((result & 0xff) == SQLITE_CANTOPEN ? Code::NoAccess : Code::Other, path, {},
             QString::fromUtf8(sqlite3_errstr(result)));
     sqlite3_extended_result_codes(engine, 1);
-    sqlite3_busy_handler(engine, wait_for_others, this);
+    sqlite3_busy_handler(engine, met_a_lock, this);
 }
 
 void Connection::unlock(const QByteArray& key) {
@@ -84,6 +79,28 @@ sqlite3_file& Connection::file() const {
     return *handle;
 }
 
+// Bytes are read through the engine's own handle: closing another one would take away the locks that this program holds
+// on the file.
+qint64 Connection::size() const {
+    sqlite3_int64 bytes = 0;
+    return file().pMethods->xFileSize(&file(), &bytes) == SQLITE_OK ? bytes : -1;
+}
+
+QByteArray Connection::first(qint64 count) const {
+    QByteArray bytes(count, '\0');
+    const bool read = file().pMethods->xRead(&file(), bytes.data(), int(count), 0) == SQLITE_OK;
+    return read ? bytes : QByteArray();
+}
+
+bool Connection::wait_for_others(int tries) {
+    if (tries == 0)
+        waiting_since = std::chrono::steady_clock::now();
+    if (std::chrono::steady_clock::now() - waiting_since >= patience)
+        return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(1 + tries / 2, 20)));
+    return true;
+}
+
 bool Connection::replaced() const {
     int moved = 0;
     sqlite3_file_control(engine, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
@@ -93,6 +110,11 @@ bool Connection::replaced() const {
 void Connection::fail(std::string_view sql, int result) const {
     throw Error(meaning_of(result), path, QString::fromUtf8(sql.data(), qsizetype(sql.size())),
         QString::fromUtf8(sqlite3_errmsg(engine)));
+}
+
+void Connection::check(int result) const {
+    if (result != SQLITE_OK)
+        throw Error(meaning_of(result), path, {}, QString::fromUtf8(sqlite3_errstr(result)));
 }
 
 } // namespace store

@@ -32,11 +32,23 @@ struct Connection {
     /// The engine's own handle of the file.
     sqlite3_file& file() const;
 
+    /// The file's size; -1 if the system doesn't tell.
+    qint64 size() const;
+
+    /// The first bytes of the file as they lie on the disk; empty if there aren't as many.
+    QByteArray first(qint64 count) const;
+
+    /// Waits a little for another program's lock; false once the patience is used up. `tries` counts from 0.
+    bool wait_for_others(int tries);
+
     /// Whether another file has taken the place of the one that stands open.
     bool replaced() const;
 
     /// Throws the engine's last result as an Error.
     [[noreturn]] void fail(std::string_view sql, int result) const;
+
+    /// Throws what a call below the engine says, unless it says that all is well.
+    void check(int result) const;
 };
 
 /// The first bytes of a file that may be a keyed database; Code::Empty or Code::NotADatabase if it can't be one.

@@ -19,27 +19,6 @@ constexpr int smallest_database = 4096;
 constexpr std::string_view settled = "commit; pragma journal_mode=delete; pragma synchronous=extra;"
                                      " pragma secure_delete=off; pragma cache_size=-16384";
 
-/// The open file below the engine.
-class RawFile {
-public:
-    explicit RawFile(const Connection& connection) : m_file(connection.file()) {}
-
-    qint64 size() const {
-        sqlite3_int64 bytes = 0;
-        return m_file.pMethods->xFileSize(&m_file, &bytes) == SQLITE_OK ? bytes : -1;
-    }
-
-    /// Empty if there aren't as many.
-    QByteArray first(qint64 count) const {
-        QByteArray bytes(count, '\0');
-        const bool read = m_file.pMethods->xRead(&m_file, bytes.data(), int(count), 0) == SQLITE_OK;
-        return read ? bytes : QByteArray();
-    }
-
-private:
-    sqlite3_file& m_file;
-};
-
 /// The first read of all decrypts the first page and reads the tables' definitions.
 void prove_key(Connection& connection) {
     constexpr std::string_view first_read = "select count(*) from sqlite_master";
@@ -89,14 +68,11 @@ void check_kind(Database& database, Kind kind) {
 
 } // namespace
 
-// They are read through the engine's own handle: closing another one would take away the locks that this program holds
-// on the file.
 QByteArray salt_of(const Connection& connection) {
-    const RawFile file(connection);
-    const qint64 size = file.size();
+    const qint64 size = connection.size();
     if (size == 0)
         throw Error(Code::Empty, connection.path, {}, {});
-    const QByteArray salt = size < smallest_database ? QByteArray() : file.first(salt_size);
+    const QByteArray salt = size < smallest_database ? QByteArray() : connection.first(salt_size);
     if (salt.isEmpty() || salt == QByteArrayView("SQLite format 3\0", salt_size))
         throw Error(Code::NotADatabase, connection.path, {}, {});
     return salt;
@@ -120,8 +96,7 @@ QByteArray bytes_of(const QString& path) {
     try {
         Connection connection(path);
         connection.open(SQLITE_OPEN_READONLY);
-        const RawFile file(connection);
-        return file.first(std::max(qint64(0), file.size()));
+        return connection.first(std::max(qint64(0), connection.size()));
     } catch (const Error&) {
         return {};
     }

@@ -28,6 +28,7 @@ constexpr std::array phrases{
     Phrase{Code::Newer, u"このプログラムより新しいバージョンのデータベースです。"},
     Phrase{Code::ReadOnly, u"読み取り専用のため、データベースに書き込めません。"},
     Phrase{Code::Full, u"ディスクの空き容量が足りません。"},
+    Phrase{Code::Io, u"ディスクまたはネットワークの読み書きに失敗しました。"},
     Phrase{Code::Busy, u"他のＰＣまたはプログラムがデータベースに書き込み中です。"},
     Phrase{Code::Exists, u"データベースがすでにあります。"},
     Phrase{Code::Replaced, u"使用中にデータベースが別のファイルに置き換えられました。"},
@@ -47,6 +48,8 @@ Code code_of(const std::error_code& failure) {
         return Code::Full;
     if (failure == std::errc::read_only_file_system || failure == std::errc::permission_denied)
         return Code::ReadOnly;
+    if (failure == std::errc::io_error)
+        return Code::Io;
     return Code::Other;
 }
 

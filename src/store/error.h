@@ -19,6 +19,7 @@ enum class Code {
     Newer,        ///< written by a later version of the program
     ReadOnly,     ///< the file or its folder can't be written
     Full,         ///< the disk is full
+    Io,           ///< the disk or the network failed while something was read or written
     Busy,         ///< another PC or program is writing and didn't end in time
     Exists,       ///< there is a file already where a new one should be made
     Replaced,     ///< the file was replaced by another while it stood open

@@ -49,6 +49,12 @@ qint64 number_of(Database& database, const QString& sql) {
     throw Error(error.code(), of_target ? target : error.file(), error.statement(), error.detail());
 }
 
+Code code_of(QFileDevice::FileError failure) {
+    if (failure == QFileDevice::ResourceError)
+        return Code::Full;
+    return failure == QFileDevice::WriteError ? Code::Io : Code::ReadOnly;
+}
+
 /// A second file beside the open one, as long as this lives.
 class Attached {
 public:
@@ -127,6 +133,10 @@ Connection& Held::connection() const {
     return *m_database->m_connection;
 }
 
+qint64 Held::spare_pages() {
+    return number_of(*m_database, u"pragma freelist_count"_s);
+}
+
 void Held::compact_into(const QString& target) {
     try {
         const Attached attached(*m_database, connection(), target);
@@ -152,7 +162,7 @@ void Held::copy_into(const QString& target) {
         written = copy.write(bytes) == bytes.size();
     }
     if (!written)
-        throw Error(copy.error() == QFile::ResourceError ? Code::Full : Code::ReadOnly, target, {}, copy.errorString());
+        throw Error(code_of(copy.error()), target, {}, copy.errorString());
 }
 
 void Held::take_over(const QString& copy) {

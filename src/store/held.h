@@ -31,6 +31,9 @@ public:
     const QString& path() const { return m_database->path(); }
     const RowCounts& rows() const { return m_rows; }
 
+    /// How many pages a compacted copy would do without.
+    qint64 spare_pages();
+
     /// Copies everything into the empty file `target`, compacted; key, kind and version are the same. The target isn't
     /// flushed and is nothing to look at if this throws.
     void compact_into(const QString& target);

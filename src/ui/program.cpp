@@ -112,11 +112,10 @@ void Program::start_up(Splash& splash) {
     });
 }
 
-/// Where no lock can be had, as in a folder that can't be written, the program does without.
+/// Without a lock the program would not be seen by a restore, so where none can be had it doesn't start.
 void Program::take_place() {
-    const QString folder = store::data_folder(m_settings);
-    m_place.emplace(folder, store::desktop_program.toString());
-    if (!m_place->share(lock_patience) && platform::ProgramLock::held(folder, store::desktop_program.toString()))
+    m_place.emplace(store::data_folder(m_settings), store::desktop_program.toString());
+    if (!m_place->share(lock_patience))
         throw std::runtime_error(restore_at_work.toStdString());
 }
 

@@ -1,5 +1,6 @@
 #include "entry/company.h"
 #include "frame/exchange_files.h"
+#include "frame/kept_files.h"
 
 #include <gtest/gtest.h>
 
@@ -73,7 +74,7 @@ TEST_F(WaitingDays, AnEmployeeWhoseSaveIsStillPostedIsOpenedWhenItIsInTheTables)
 
 TEST_F(WaitingDays, RowsOfAFileThatWasRemadeCountToo) {
     post(rows_of_yamada[0].second);
-    frame::交換ファイル作成(company.tree.settings, company.host.clock);
+    frame::交換ファイル作成(company.tree.settings, company.host.clock, [](const QString&) {});
     choose(1);
     EXPECT_EQ(form.sheet.hyou(5, 2), u"8:15"_s);
     EXPECT_EQ(waited(), 2000);

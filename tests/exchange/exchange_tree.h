@@ -5,6 +5,7 @@
 
 #include "base/literals.h"
 #include "store/files.h"
+#include "support/killed.h"
 #include "support/stored.h"
 
 #include <QDir>
@@ -92,7 +93,7 @@ public:
             path, store::Kind::Exchange, R"(select "2","3","4","5","6","7","理由" from jyusin_error order by rowid)");
     }
 
-    QTemporaryDir folder;
+    QTemporaryDir folder{support::fast_place() + u"/exchange-XXXXXX"_s};
     base::Settings settings;
 };
 

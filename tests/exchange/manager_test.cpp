@@ -74,6 +74,31 @@ TEST_F(Manager, EndsWithStatus1AndALineWhereTheTablesAreMissing) {
     EXPECT_TRUE(error_lines().contains(u"rovdata.mdb"_s)) << error_lines().toStdString();
 }
 
+TEST_F(Manager, EndsWithStatus1AndALineWhereItsLockCannotBeHad) {
+    tree.post({u"54|20041001|7|3|公休|0"_s});
+    const QString lock = store::exchange_folder(tree.settings) + u"/jyusinkanri.lock"_s;
+    QDir().mkpath(lock); // what can't be opened by whomever
+    EXPECT_EQ(run(), 1);
+    EXPECT_TRUE(error_lines().contains(lock)) << error_lines().toStdString();
+    QDir().rmdir(lock);
+    EXPECT_EQ(run(), 0);
+    EXPECT_EQ(tree.tables(), "54|7|20041001|3|公休|0||");
+}
+
+TEST_F(Manager, ALineThatErrmsgTxtDidNotTakeIsWrittenByTheNextRun) {
+    const QString file = tree.settings.local_root + u"/rovena100/data/trn/errmsg.txt"_s;
+    QDir().mkpath(file); // what can't be written by whomever
+    for (const char* kind : {"98", "99"}) {
+        tree.post({QString::fromLatin1(kind)});
+        EXPECT_EQ(run(), 0);
+    }
+    QDir().rmdir(file);
+    EXPECT_EQ(run(), 0);
+    const QStringList lines = error_lines().split(u'\n');
+    ASSERT_EQ(lines.size(), 3) << error_lines().toStdString();
+    EXPECT_TRUE(lines[0].contains(u"「98」"_s) && lines[1].contains(u"「99」"_s)) << error_lines().toStdString();
+}
+
 TEST_F(Manager, NeedsNoDisplayAndIsNotStoppedByABrokenOne) {
     for (const auto& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
         environment.remove(name);

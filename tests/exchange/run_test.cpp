@@ -69,7 +69,7 @@ TEST_F(Run, RowsKeptWhileItRunsStayBehindNewerOnes) {
     tree.post({leave(20041009)});
     on_taken = [&] {
         tree.post({leave(20041001, 1), leave(20041002, 1)});
-        frame::交換ファイル作成(tree.settings, QDateTime(QDate(2004, 10, 5), QTime(9, 0)), 50ms);
+        frame::交換ファイル作成(tree.settings, QDateTime(QDate(2004, 10, 5), QTime(9, 0)), watch.trouble, 50ms);
         tree.post({leave(20041001, 2)});
     };
     EXPECT_TRUE(apply_all());

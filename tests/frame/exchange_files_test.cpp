@@ -1,4 +1,5 @@
 #include "frame/exchange_files.h"
+#include "frame/kept_files.h"
 
 #include "base/literals.h"
 #include "store/database.h"
@@ -19,7 +20,10 @@ class ExchangeFiles : public ::testing::Test {
 protected:
     ExchangeFiles() { settings.server_root = dir.path(); }
 
-    void remake() { frame::交換ファイル作成(settings, start, 50ms); }
+    void remake() {
+        frame::交換ファイル作成(
+            settings, start, [this](const QString& message) { told << message; }, 50ms);
+    }
     QString path(int number) const { return store::exchange_path(settings, number); }
     static Database open(const QString& file) { return Database::open(file, Kind::Exchange, 50ms); }
 
@@ -35,7 +39,8 @@ protected:
 
     QTemporaryDir dir;
     base::Settings settings;
-    const QDateTime start{QDate(2004, 10, 5), QTime(9, 0, 1, 7)};
+    QStringList told;
+    QDateTime start{QDate(2004, 10, 5), QTime(9, 0, 1, 7)};
 };
 
 TEST_F(ExchangeFiles, TwentyFilesStandReadyAndEmpty) {
@@ -65,6 +70,12 @@ TEST_F(ExchangeFiles, RowsThatNobodyTookOrThatCouldNotBeAppliedAreKept) {
     remake();
     EXPECT_EQ(kept().size(), 3) << "a name that is taken stays as it is";
     EXPECT_EQ(rows(kept_path(u"hanjyusin01-20041005-090001-008.mdb"_s)), QStringList(u"54"_s));
+
+    start = start.addSecs(-180);
+    post(path(1), u"55"_s);
+    remake();
+    EXPECT_EQ(rows(kept_path(u"hanjyusin01-20041005-090001-009.mdb"_s)), QStringList(u"55"_s))
+        << "of a PC with a slow clock";
 }
 
 TEST_F(ExchangeFiles, AFileThatWasUsedIsRemadeSmallAndOneThatIsAsNewStays) {
@@ -81,7 +92,7 @@ TEST_F(ExchangeFiles, AFileThatWasUsedIsRemadeSmallAndOneThatIsAsNewStays) {
     EXPECT_TRUE(kept().isEmpty());
 }
 
-TEST_F(ExchangeFiles, AFileThatCannotBeReadIsMovedAsideWhole) {
+TEST_F(ExchangeFiles, AFileThatCannotBeReadIsKeptWholeAndTold) {
     remake();
     const QByteArray noise(5000, 'x');
     support::put_bytes(path(3), noise);
@@ -92,23 +103,33 @@ TEST_F(ExchangeFiles, AFileThatCannotBeReadIsMovedAsideWhole) {
     for (int number = 3; number <= 5; ++number)
         EXPECT_TRUE(rows(path(number)).isEmpty()) << number;
     const QString moved = u"hanjyusin03-20041005-090001-007.mdb.kowareta"_s;
-    EXPECT_EQ(kept(), QStringList({moved, moved + u"-journal"_s, u"hanjyusin04-20041005-090001-007.mdb.kowareta"_s}))
-        << "a file of no bytes holds nothing to keep";
+    EXPECT_EQ(kept(), QStringList({moved, moved + u"-journal"_s, u"hanjyusin04-20041005-090001-007.mdb.kowareta"_s,
+                          u"hanjyusin05-20041005-090001-007.mdb.kowareta"_s}));
+    ASSERT_EQ(told.size(), 3);
+    EXPECT_TRUE(told[0].contains(moved)) << told[0].toStdString();
     EXPECT_EQ(support::bytes_of(kept_path(moved)), noise);
     EXPECT_FALSE(QFile::exists(path(3) + u"-journal"_s));
 }
 
-TEST_F(ExchangeFiles, WhoHoldsTheOldFileIsTold) {
+TEST_F(ExchangeFiles, WhoHasTheFileOpenGoesOnInTheRemadeOne) {
     remake();
     post(path(1), u"51"_s);
-    Database old = open(path(1));
+    Database early = open(path(1));
     remake();
-    try {
-        const store::Transaction transaction(old);
-        FAIL() << "a row posted now would go into a file without a name";
-    } catch (const store::Error& error) {
-        EXPECT_EQ(error.code(), Code::Replaced);
-    }
+    store::Transaction posting(early);
+    early.exec("insert into jyusin (\"1\") values ('52')");
+    posting.commit();
+    EXPECT_EQ(rows(path(1)), QStringList(u"52"_s));
+    EXPECT_EQ(rows(kept_path(kept().value(0))), QStringList(u"51"_s));
+}
+
+TEST_F(ExchangeFiles, AJournalThatLostItsFileIsPutAwayAndTold) {
+    remake();
+    QFile::rename(path(2), path(2) + u"-journal"_s);
+    remake();
+    EXPECT_TRUE(rows(path(2)).isEmpty());
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].contains(u"hanjyusin02-"_s)) << told[0].toStdString();
 }
 
 TEST_F(ExchangeFiles, AFileInTheMiddleOfASaveIsNotTakenAway) {

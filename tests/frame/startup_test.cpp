@@ -3,7 +3,10 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "frame/drive_tree.h"
+#include "frame/error_list.h"
+#include "frame/kept_files.h"
 #include "support/fake_host.h"
+#include "support/stored.h"
 
 #include <gtest/gtest.h>
 
@@ -127,6 +130,29 @@ TEST_F(StartUp, OnlyAPCOfClassTwoLeavesTheExchangeFilesAloneAndTheNewsOfTheLastR
             EXPECT_EQ(QFileInfo::exists(store::exchange_path(found, number)), use_class != 2) << number;
     }
     EXPECT_FALSE(QFileInfo::exists(news));
+}
+
+TEST_F(StartUp, ADamagedExchangeFileIsToldWithTheNameUnderWhichItIsKept) {
+    start();
+    const QByteArray whole = support::bytes_of(store::exchange_path(found, 1));
+    for (const QByteArray& damaged : {QByteArray(), whole.first(9000), QByteArray(whole).fill('x', 100),
+             QByteArray(whole).replace(0, 4096, QByteArray(4096, 'x'))}) {
+        host.shown.clear();
+        support::put_bytes(store::exchange_path(found, 1), damaged);
+        EXPECT_EQ(start(), Start::mainform);
+        const QDir kept(frame::kept_folder(found), u"*.kowareta"_s, QDir::Name);
+        ASSERT_FALSE(kept.isEmpty());
+        const QString name = kept.entryList().last();
+        EXPECT_EQ(support::bytes_of(kept.filePath(name)), damaged);
+        ASSERT_EQ(host.shown.size(), 1u);
+        for (const QString& text : {host.shown[0].text,
+                 QString::fromUtf8(
+                     support::bytes_of(frame::error_file_path(found)).split('\n').value(kept.count() - 1))})
+            EXPECT_TRUE(text.contains(u"hanjyusin01.mdb"_s) && text.contains(name)) << text.toStdString();
+    }
+    host.shown.clear();
+    start();
+    EXPECT_TRUE(host.shown.empty());
 }
 
 TEST_F(StartUp, ATailoredInstallationShowsNoPicture) {

@@ -1,6 +1,7 @@
 #include "platform/program_lock.h"
 
 #include "base/literals.h"
+#include "support/disk.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -36,8 +37,22 @@ TEST(ProgramLock, ManyShareATitleAndOneTakesItOnlyWhenNoneOfThemIsLeft) {
     EXPECT_FALSE(ProgramLock(dir.path(), u"rovena"_s).share(0ms));
 }
 
-TEST(ProgramLock, AFolderThatIsNotThereHoldsNothing) {
-    QTemporaryDir dir;
-    EXPECT_FALSE(ProgramLock::held(dir.path() + u"/none"_s, u"jyusinkanri"_s));
-    EXPECT_FALSE(ProgramLock(dir.path() + u"/none"_s, u"jyusinkanri"_s).take(0ms));
+TEST(ProgramLock, WhatNobodyHoldsAndCannotBeHadIsTold) {
+    const QTemporaryDir dir;
+    const QString none = dir.filePath(u"none"_s);
+    EXPECT_FALSE(ProgramLock::held(none, u"jyusinkanri"_s));
+    EXPECT_THROW(ProgramLock(none, u"jyusinkanri"_s).take(0ms), platform::LockError);
+    EXPECT_THROW(ProgramLock(none, u"rovena"_s).share(0ms), platform::LockError);
 }
+
+#ifdef Q_OS_LINUX
+TEST(ProgramLock, AFileThatMayOnlyBeReadCanBeSharedAndNotTaken) {
+    const QTemporaryDir dir;
+    const QString file = dir.filePath(u"rovena.lock"_s);
+    QFile::setPermissions(dir.path(), support::enterable);
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly) && QFile::setPermissions(file, support::readable));
+    const support::AsNobody nobody;
+    EXPECT_TRUE(ProgramLock(dir.path(), u"rovena"_s).share(0ms));
+    EXPECT_THROW(ProgramLock(dir.path(), u"rovena"_s).take(0ms), platform::LockError);
+}
+#endif

@@ -14,16 +14,26 @@ inline QString fast_place() {
     return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
 }
 
-/// The environment of a program that ends before so many changes; 0 is one that isn't ended.
-inline QProcessEnvironment killed_before_change(int n) {
+/// The environment of a program in which the variable of the kill shim has the value; 0 leaves the program in peace.
+inline QProcessEnvironment shimmed(const QString& variable, int n) {
     auto environment = QProcessEnvironment::systemEnvironment();
     if (n > 0) {
         const QString shim = qEnvironmentVariable("ROVENA_BIN") + QStringLiteral("/kill_shim.so");
         environment.insert(QStringLiteral("LD_PRELOAD"), shim);
         environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0:verify_asan_link_order=0"));
-        environment.insert(QStringLiteral("KILL_BEFORE_CHANGE"), QString::number(n));
+        environment.insert(variable, QString::number(n));
     }
     return environment;
+}
+
+/// Of a program that ends before so many changes.
+inline QProcessEnvironment killed_before_change(int n) {
+    return shimmed(QStringLiteral("KILL_BEFORE_CHANGE"), n);
+}
+
+/// Of a program that stops before so many steps, until it is told to go on.
+inline QProcessEnvironment stopped_before_step(int n) {
+    return shimmed(QStringLiteral("STOP_BEFORE_STEP"), n);
 }
 
 } // namespace support

@@ -1,10 +1,10 @@
 // jyusinkanri: applies posted rows to the tables, and ends.
 
 #include "base/literals.h"
-#include "exchange/error_file.h"
 #include "exchange/event_log.h"
 #include "exchange/places.h"
 #include "exchange/run.h"
+#include "frame/error_list.h"
 #include "platform/paths.h"
 #include "platform/rights.h"
 #include "progress_window.h"
@@ -83,7 +83,7 @@ int main(int argc, char** argv) {
         .trouble =
             [&](const QString& message) {
                 log.line(message);
-                if (!exchange::add_error_line(exchange::error_file_path(*settings), message))
+                if (!frame::add_error(*settings, message))
                     log.line(u"errmsg.txt に書き込めません"_s);
             },
         .taken =
@@ -92,5 +92,6 @@ int main(int argc, char** argv) {
                     window->show_rows(rows);
             },
     };
+    frame::write_waiting_errors(*settings);
     return exchange::run_manager(*settings, watch);
 }

@@ -1,23 +1,39 @@
-// Preloaded into a program, ends it without warning just before its nth change of a file; n is KILL_BEFORE_CHANGE.
-// Kills by time meet the few moments between two commits hardly ever; this meets every one of them.
+// Preloaded into a program, ends it without warning just before its nth change of a file, lets the disk fail from its
+// nth change on, or stops it just before its nth step, for another to act in between. n is KILL_BEFORE_CHANGE,
+// FAIL_FROM_CHANGE or STOP_BEFORE_STEP; a step is a change or the asking for a lock. Kills and races by time meet the
+// few moments that matter hardly ever; this meets every one of them.
 
+#include <cerrno>
 #include <csignal>
+#include <cstdarg>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/types.h>
 #include <unistd.h>
 
 namespace {
 
-long changes_left() {
-    const char* text = std::getenv("KILL_BEFORE_CHANGE");
+long count_from(const char* variable) {
+    const char* text = std::getenv(variable);
     return text ? std::atol(text) : 0;
 }
 
-void change() {
-    static long left = changes_left();
+void step() {
+    static long left = count_from("STOP_BEFORE_STEP");
+    if (left > 0 && --left == 0)
+        ::raise(SIGSTOP);
+}
+
+/// Whether the change is to be made.
+bool change() {
+    static long left = count_from("KILL_BEFORE_CHANGE");
     if (left > 0 && --left == 0)
         ::raise(SIGKILL);
+    static long good = count_from("FAIL_FROM_CHANGE");
+    static const bool fails = good > 0;
+    step();
+    return !fails || --good > 0;
 }
 
 } // namespace
@@ -25,8 +41,10 @@ void change() {
 #define BEFORE(result, name, parameters, arguments)                                                                    \
     result name parameters {                                                                                           \
         static const auto next = reinterpret_cast<result(*) parameters>(::dlsym(RTLD_NEXT, #name));                    \
-        change();                                                                                                      \
-        return next arguments;                                                                                         \
+        if (change())                                                                                                  \
+            return next arguments;                                                                                     \
+        errno = EIO;                                                                                                   \
+        return -1;                                                                                                     \
     }
 
 extern "C" {
@@ -38,4 +56,15 @@ BEFORE(int, renameat2, (int from_folder, const char* from, int to_folder, const 
     (from_folder, from, to_folder, to, flags))
 BEFORE(int, link, (const char* from, const char* to) noexcept, (from, to))
 BEFORE(int, unlink, (const char* path) noexcept, (path))
+
+int fcntl64(int file, int command, ...) {
+    static const auto next = reinterpret_cast<int (*)(int, int, ...)>(::dlsym(RTLD_NEXT, "fcntl64"));
+    va_list arguments;
+    va_start(arguments, command);
+    void* argument = va_arg(arguments, void*);
+    va_end(arguments);
+    if (command == F_SETLK)
+        step();
+    return next(file, command, argument);
+}
 }
