@@ -4,6 +4,7 @@
 #include "install/attendance.h"
 #include "install/company.h"
 #include "install/standing.h"
+#include "install/tree_settings.h"
 #include "store/setup.h"
 
 #include <algorithm>
@@ -30,11 +31,6 @@ constexpr Era eras[]{
     {u"令和", u"R", 20190501, 99999999, 2018},
 };
 
-struct Setting {
-    QStringView key;
-    QString value;
-};
-
 void write_settings(store::Statement add, std::initializer_list<Setting> settings) {
     for (const Setting& setting : settings)
         add.bind(setting.key, setting.value).run();
@@ -53,17 +49,17 @@ void deliver_comsys(store::Database& comsys, const Options& options) {
     for (const Era& era : eras)
         add_era.bind(era.name, era.letter, era.first_day, era.last_day, era.offset).run();
     comsys.exec("insert into syain (システム番号, 社員名, フリガナ) values (0, '全体', 'ゼンタイ')");
-    write_settings(
-        comsys.prepare("insert into kihon (項目名, データ) values (?, ?)"), {
-                                                                                {u"和西暦表示", u"0"_s},
-                                                                                {u"特別ソフト", u"0"_s},
-                                                                                {u"月初日付", u"1"_s},
-                                                                                {u"先付け日付", u"10"_s},
-                                                                                {u"サーバー名", options.server_name},
-                                                                                {u"情報サーバー", options.info_server},
-                                                                                {u"総額表示", u"0"_s},
-                                                                                {u"消費税", u"10"_s},
-                                                                            });
+    write_settings(comsys.prepare("insert into kihon (項目名, データ) values (?, ?)"),
+        {
+            {u"和西暦表示"_s, u"0"_s},
+            {u"特別ソフト"_s, u"0"_s},
+            {u"月初日付"_s, u"1"_s},
+            {u"先付け日付"_s, u"10"_s},
+            {u"サーバー名"_s, options.server_name},
+            {u"情報サーバー"_s, options.info_server},
+            {u"総額表示"_s, u"0"_s},
+            {u"消費税"_s, u"10"_s},
+        });
     if (holds_masters(settings_of(options)))
         carry_on(comsys, settings_of(options));
     else if (options.sample)
@@ -85,22 +81,19 @@ void deliver_rovdata(store::Database& rovdata, const Options& options) {
     write_masters(rovdata, staff);
     write_attendance(rovdata, staff, *options.sample);
     write_settings(rovdata.prepare("insert into rov_kihon (項目名, データ) values (?, ?)"),
-        {{u"sokdataバージョン", store::table_stamp.toString()}});
+        {{u"sokdataバージョン"_s, store::table_stamp.toString()}});
     transaction.commit();
 }
 
 void deliver_losys(store::Database& losys, const Options& options) {
-    const QString printer = options.printer.isEmpty() && options.sample ? u"PDF"_s : options.printer;
-    for (const Setting& setting : std::initializer_list<Setting>{
-             {u"使用区分", QString::number(options.use_class)},
-             {u"サーバーＰＣ", options.server_root},
-             {u"winユーザー名", options.share_user},
-             {u"winパスワード", options.share_password},
-             {u"ネット情報", u"0"_s},
-             {u"プリンター１", printer},
-         })
-        if (!setting.value.isEmpty())
-            write_settings(losys.prepare("insert into losystem (項目名, データ) values (?, ?)"), {setting});
+    Options all = options;
+    all.use_class = options.use_class.value_or(0);
+    if (options.sample && options.printer.isEmpty())
+        all.printer = u"PDF"_s;
+    store::Statement add = losys.prepare("insert into losystem (項目名, データ) values (?, ?)");
+    add.bind(u"ネット情報"_s, u"0"_s).run();
+    for (const Setting& setting : settings_of_pc(all))
+        add.bind(setting.key, setting.value).run();
 }
 
 struct Delivery {

@@ -3,10 +3,12 @@
 #include "base/literals.h"
 #include "install/delivered.h"
 #include "install/standing.h"
+#include "install/tree_settings.h"
 #include "platform/paths.h"
 #include "store/files.h"
 
 #include <QFileInfo>
+#include <stdexcept>
 
 namespace install {
 
@@ -50,15 +52,23 @@ QStringList usual_assets(const QString& program_folder) {
 
 void run(const Options& options, const QString& program_folder, const Say& say) {
     const base::Settings settings = settings_of(options);
-    const bool shared = options.server_root.isEmpty();
+    const QString elsewhere = other_place_of_data(options);
+    const bool shared = elsewhere.isEmpty();
+    const bool new_company = shared && !QFileInfo::exists(store::rovdata_path(settings));
+    if (!shared)
+        say(u"data in  "_s + platform::native(elsewhere));
     make_folders(settings, shared);
     for (const File& file : files)
         if (shared || !file.shared)
             make_database(file, options, settings, say);
     if (shared)
         register_if_filled(settings);
+    set_pc(options, say);
     copy_assets(options.assets.isEmpty() ? usual_assets(program_folder) : options.assets, settings, say);
     copy_programs(program_folder, settings, shared, say);
+    set_shared(options, say);
+    if (options.sample && !new_company)
+        throw std::runtime_error("--sample makes a company, and here is one: nothing was added to it");
 }
 
 } // namespace install

@@ -38,6 +38,8 @@ public:
             take(m_rest.takeFirst());
         if (m_request.problem.isEmpty() && options().root.isEmpty())
             m_request.problem = u"ROOT is missing"_s;
+        if (m_request.problem.isEmpty())
+            m_request.problem = contradiction();
         if (options().sample && m_until != 0)
             options().sample->until = m_until;
         return m_request;
@@ -49,9 +51,16 @@ private:
         QStringView name;
         Setter set;
     };
-    static const std::array<Option, 9> known_options;
+    static const std::array<Option, 10> known_options;
 
     Options& options() { return m_request.options; }
+
+    QString contradiction() {
+        if (m_until != 0 && !options().sample)
+            return u"--until needs --sample"_s;
+        const bool two_passwords = !options().share_password.isEmpty() && !options().share_password_file.isEmpty();
+        return two_passwords ? u"--share-password or --share-password-file, not both"_s : QString();
+    }
 
     void take(const QString& argument) {
         if (argument == u"--sample")
@@ -91,18 +100,20 @@ private:
     int m_until = 0;
 };
 
+/// An empty value would be no value, and a setting isn't emptied by it.
 bool keep(QString& place, const QString& value) {
     place = value;
-    return true;
+    return !value.isEmpty();
 }
 
-constexpr std::array<Reader::Option, 9> Reader::known_options{{
-    {u"--use-class", [](Reader& r, const QString& v) { return take_number(v, 0, 2, r.options().use_class); }},
+constexpr std::array<Reader::Option, 10> Reader::known_options{{
+    {u"--use-class", [](Reader& r, const QString& v) { return take_number(v, 0, 2, r.options().use_class.emplace()); }},
     {u"--server-name", [](Reader& r, const QString& v) { return keep(r.options().server_name, v); }},
     {u"--info-server", [](Reader& r, const QString& v) { return keep(r.options().info_server, v); }},
     {u"--server-root", [](Reader& r, const QString& v) { return keep(r.options().server_root, v); }},
     {u"--share-user", [](Reader& r, const QString& v) { return keep(r.options().share_user, v); }},
     {u"--share-password", [](Reader& r, const QString& v) { return keep(r.options().share_password, v); }},
+    {u"--share-password-file", [](Reader& r, const QString& v) { return keep(r.options().share_password_file, v); }},
     {u"--printer", [](Reader& r, const QString& v) { return keep(r.options().printer, v); }},
     {u"--assets", [](Reader& r, const QString& v) { return r.options().assets.append(v), true; }},
     {u"--until", [](Reader& r, const QString& v) { return take_month(v, r.m_until); }},
@@ -129,13 +140,20 @@ Request read_restore(const QStringList& arguments) {
         else
             problem = u"one ROOT only: "_s + argument;
     }
-    return {{}, restore, problem.isEmpty() ? problem_of(restore) : problem};
+    return {{}, restore, {}, problem.isEmpty() ? problem_of(restore) : problem};
+}
+
+Request read_show(const QStringList& arguments) {
+    const bool usable = arguments.size() == 1 && !arguments[0].startsWith(u"--");
+    return {{}, {}, arguments.value(0), usable ? QString() : u"show takes one ROOT"_s};
 }
 
 } // namespace
 
 Request read_arguments(const QStringList& arguments) {
-    return arguments.value(0) == u"restore" ? read_restore(arguments.sliced(1)) : Reader(arguments).read();
+    if (arguments.value(0) == u"restore")
+        return read_restore(arguments.sliced(1));
+    return arguments.value(0) == u"show" ? read_show(arguments.sliced(1)) : Reader(arguments).read();
 }
 
 base::Settings settings_of(const Options& options) {
@@ -147,23 +165,30 @@ base::Settings settings_of(const Options& options) {
 
 QString usage() {
     return uR"(rovena-install ROOT [option...]
+rovena-install show ROOT
 rovena-install restore FOLDER --list
 rovena-install restore FOLDER ROOT
 
 Makes "ROOT/Program Files/meridan/qn" with the databases, folders, artwork, help and programs of the attendance system.
-A database that exists is left alone; artwork, help and programs are brought up to date.
+The rows of a database that exists are left alone; artwork, help and programs are brought up to date. An option that is
+given is written into the settings also where the tree is there already; what isn't given stays as it is.
 
-  --use-class N           what this PC is: 0 the main PC (the default), 1 or 2 another PC
-  --server-name HOST      the main PC's name in the network, where the turn service runs
+  --use-class N           what this PC is: 0 the main PC (as a new tree is), 1 or 2 another PC
+  --server-name HOST      the main PC's name in the network, where the turn service runs; a setting of the shared data,
+                          which on a main PC is the machine's own name unless it is given
   --info-server HOST      where the information page fetches news from; without it none is fetched
   --server-root PATH      the shared data lies there; none is made here
-  --share-user NAME       account for that share
-  --share-password TEXT   its password
+  --share-user NAME       account for that share; its password is asked for on the terminal
+  --share-password-file FILE
+                          takes the password from the first line of the file
+  --share-password TEXT   the password itself, which everybody on this machine can read meanwhile
   --printer NAME          the printer to print on
   --assets DIR            where artwork and help lie (botan, icon, splash.bmp, help); may be given several times
   --sample [EMPLOYEES [MONTHS]]
-                          adds a made-up company (20 employees, 3 months)
+                          adds a made-up company (20 employees, 3 months) to a new tree
   --until YYYYMM          its last month with attendance (202611)
+
+show tells the settings that the options stand for.
 
 restore goes back to a backup, which is a folder of one weekday ("comdata/data/bk/3"). It reads all of it, tells its
 time, employees, months and rows, and puts its databases into the tree of ROOT. The present ones stay beside them under

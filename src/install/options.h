@@ -17,16 +17,18 @@ struct Sample {
     int until = 202611;
 };
 
+/// What isn't given is empty, and stays as it is in a tree that is there.
 struct Options {
-    QString root;           ///< the folder that stands for the drive
-    int use_class = 0;      ///< 0 the main PC, 1 or 2 another PC
-    QString server_name;    ///< host of the turn service
-    QString info_server;    ///< host of the news
-    QString server_root;    ///< root of the shared data if it lies elsewhere; the shared part isn't made then
-    QString share_user;     ///< account for that share
-    QString share_password; ///< and its password
-    QString printer;        ///< the first print slot's printer
-    QStringList assets;     ///< folders with `botan`, `icon`, `splash.bmp` or `help`
+    QString root;                 ///< the folder that stands for the drive
+    std::optional<int> use_class; ///< 0 the main PC, as a new tree is without it; 1 or 2 another PC
+    QString server_name;          ///< host of the turn service
+    QString info_server;          ///< host of the news
+    QString server_root;          ///< root of the shared data if it lies elsewhere; the shared part isn't made then
+    QString share_user;           ///< account for that share
+    QString share_password;       ///< and its password
+    QString share_password_file;  ///< or the file that holds it
+    QString printer;              ///< the first print slot's printer
+    QStringList assets;           ///< folders with `botan`, `icon`, `splash.bmp` or `help`
     std::optional<Sample> sample;
 };
 
@@ -42,6 +44,7 @@ struct Restore {
 struct Request {
     Options options;
     std::optional<Restore> restore; ///< asked for instead of the options
+    std::optional<QString> show;    ///< likewise: the root whose settings are to be told
     QString problem;
 };
 Request read_arguments(const QStringList& arguments);

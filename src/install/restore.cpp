@@ -1,6 +1,7 @@
 #include "install/restore.h"
 
 #include "base/literals.h"
+#include "install/tree_settings.h"
 #include "platform/file_set.h"
 #include "platform/paths.h"
 #include "platform/program_lock.h"
@@ -117,23 +118,6 @@ std::vector<Found> look_through(const QString& folder, const Say& say) {
     return found;
 }
 
-/// Where the settings of the PC say that the shared data lies; empty if they say nothing or can't be read.
-QString server_root_of(const QString& losys) {
-    try {
-        Database database = Database::open(losys, Kind::Losys);
-        store::Statement root = database.prepare("select データ from losystem where 項目名='サーバーＰＣ'");
-        return root.step() ? root.row().text(0) : QString();
-    } catch (const Error&) {
-        return {};
-    }
-}
-
-/// That place, if it is another one than this tree.
-QString other_place_of_data(const base::Settings& settings) {
-    const QString root = server_root_of(store::losys_path(settings));
-    return platform::portable(root) == platform::portable(settings.server_root) ? QString() : root;
-}
-
 bool has_shared(const std::vector<Found>& found) {
     return std::ranges::any_of(found, [](const Found& one) { return one.place.shared; });
 }
@@ -141,11 +125,12 @@ bool has_shared(const std::vector<Found>& found) {
 enum class Data { Here, Elsewhere };
 
 /// Settings alone go back on every PC, also on one that works on the data of another.
-Data place_of_data(const std::vector<Found>& found, const base::Settings& settings) {
-    const QString other = other_place_of_data(settings);
+Data place_of_data(const std::vector<Found>& found, const Options& options) {
+    const QString other = other_place_of_data(options);
     if (has_shared(found) && !other.isEmpty())
         fail(u"the data of this PC lies at %1: restore on the PC that has it"_s.arg(other));
-    const bool here = has_shared(found) || (other.isEmpty() && QFileInfo::exists(store::rovdata_path(settings)));
+    const bool here =
+        has_shared(found) || (other.isEmpty() && QFileInfo::exists(store::rovdata_path(settings_of(options))));
     return here ? Data::Here : Data::Elsewhere;
 }
 
@@ -268,7 +253,7 @@ void restore_backup(const Restore& restore, const QDateTime& now, const Say& say
     options.root = restore.root;
     const base::Settings settings = settings_of(options);
     const std::vector<Found> found = look_through(restore.folder, say);
-    const Data data = place_of_data(found, settings);
+    const Data data = place_of_data(found, options);
     make_folders(settings, has_shared(found));
     std::optional<Alone> alone;
     if (data == Data::Here)

@@ -1,9 +1,12 @@
 #include "install/company.h"
+#include "install/password.h"
+#include "store/setting_tables.h"
 #include "store/setup.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QProcess>
+#include <QSysInfo>
 #include <QTemporaryDir>
 #ifdef Q_OS_LINUX
 #include <sys/stat.h>
@@ -17,15 +20,30 @@ protected:
     QStringList said;
     const QString bin = qEnvironmentVariable("ROVENA_BIN");
 
-    Options options() const {
+    Options options(const QString& root = u"root"_s) const {
         Options made;
-        made.root = folder.filePath(u"root"_s);
+        made.root = folder.filePath(root);
         return made;
     }
 
     base::Settings run(const Options& options) {
         install::run(options, folder.filePath(u"bin"_s), [this](const QString& line) { said << line; });
         return settings_of(options);
+    }
+
+    QString refusal(const Options& options) {
+        try {
+            run(options);
+        } catch (const std::runtime_error& error) {
+            return QString::fromUtf8(error.what());
+        }
+        return {};
+    }
+
+    static QString shared(const base::Settings& tree, const QString& key) { return value(tree, u"kihon"_s, key); }
+    static QString of_pc(const base::Settings& tree, const QString& key) { return value(tree, u"losystem"_s, key); }
+    static QString value(base::Settings tree, const QString& table, const QString& key) {
+        return SettingTables(tree).設定読込(table, key);
     }
 
     void write(const QString& name, const QByteArray& bytes) {
@@ -60,10 +78,11 @@ TEST_F(InstallTree, KeepsEveryDatabaseThatExistsAndMakesOneThatIsMissing) {
     const base::Settings settings = make_company(options().root, {4, 1, 202611});
     const QStringList rows = all_rows(settings);
     const QList<QByteArray> before = bytes(settings);
+    run(options());
+    EXPECT_TRUE(bytes(settings) == before);
     Options again = options();
     again.sample = Sample{};
-    again.use_class = 2;
-    run(again);
+    EXPECT_TRUE(refusal(again).contains(u"--sample"_s));
     EXPECT_TRUE(bytes(settings) == before);
     ASSERT_TRUE(QFile::remove(rovdata_path(settings)));
     make_company(options().root, {4, 1, 202611});
@@ -85,6 +104,64 @@ TEST_F(InstallTree, WhatIsMadeAnewBesideMastersFitsThem) {
         QStringList({u"勤務種類|6"_s, u"勤務時間|0"_s, u"休暇種類|0"_s, u"社員番号|7"_s}));
     EXPECT_EQ(rows_of(comsys_path(settings), Kind::Comsys, "select * from syain order by システム番号 desc limit 1"),
         QStringList{u"7|12|山田|ヤマダ||A|"_s});
+}
+
+TEST_F(InstallTree, WritesWhatIsGivenIntoTheSettingsOfATreeThatIsThere) {
+    run(options());
+    Options given = options();
+    given.use_class = 1;
+    given.server_name = u"main"_s;
+    given.info_server = u"news:80"_s;
+    given.share_user = u"clerk"_s;
+    given.share_password = u"secret"_s;
+    given.printer = u"LBP"_s;
+    const base::Settings settings = run(given);
+    run(options());
+    EXPECT_EQ((QStringList{of_pc(settings, u"使用区分"_s), of_pc(settings, u"winユーザー名"_s),
+                  of_pc(settings, u"winパスワード"_s), of_pc(settings, u"プリンター１"_s),
+                  shared(settings, u"サーバー名"_s), shared(settings, u"情報サーバー"_s)}),
+        (QStringList{u"1"_s, u"clerk"_s, u"secret"_s, u"LBP"_s, u"main"_s, u"news:80"_s}));
+    EXPECT_FALSE(said.join(u' ').contains(u"secret"_s));
+}
+
+TEST_F(InstallTree, TakesThePasswordOfTheShareFromAFileAndWarnsOfOneOnTheCommandLine) {
+    Options given = options();
+    given.share_user = u"clerk"_s;
+    given.share_password_file = folder.filePath(u"secret"_s);
+    EXPECT_THROW(complete_password(given, {}), std::runtime_error) << "no such file";
+    write(u"secret"_s, "p w\r\nnot this\n");
+    complete_password(given, {});
+    EXPECT_EQ(given.share_password, u"p w"_s);
+    QString warned;
+    complete_password(given, [&](const QString& line) { warned = line; });
+    EXPECT_TRUE(warned.contains(u"--share-password-file"_s));
+}
+
+TEST_F(InstallTree, OfAMainPcNamesTheMachineUntilItIsToldAnotherName) {
+    const base::Settings settings = run(options());
+    EXPECT_EQ(shared(settings, u"サーバー名"_s), QSysInfo::machineHostName());
+    Options named = options();
+    named.server_name = u"192.168.0.2"_s;
+    run(named);
+    run(options());
+    EXPECT_EQ(shared(settings, u"サーバー名"_s), u"192.168.0.2"_s);
+}
+
+TEST_F(InstallTree, OfAnotherPcNamesTheMainPcInTheSharedData) {
+    const base::Settings main = run(options());
+    Options client = options(u"client"_s);
+    client.use_class = 2;
+    client.server_root = main.server_root;
+    client.server_name = u"main"_s;
+    run(client);
+    const base::Settings settings = run(options(u"client"_s)); // programs anew, as after an update
+    EXPECT_EQ(of_pc(settings, u"サーバーＰＣ"_s), main.server_root);
+    EXPECT_EQ(shared(main, u"サーバー名"_s), u"main"_s);
+    EXPECT_FALSE(QFileInfo::exists(comsys_path(settings))) << "no data of its own";
+
+    client.server_root = folder.filePath(u"nowhere"_s);
+    EXPECT_TRUE(refusal(client).contains(u"--server-name"_s));
+    EXPECT_EQ(of_pc(settings, u"サーバーＰＣ"_s), client.server_root) << "the rest is done";
 }
 
 TEST_F(InstallTree, GivesAnotherPcItsOwnPartOnly) {

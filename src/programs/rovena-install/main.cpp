@@ -1,5 +1,7 @@
 #include "install/install.h"
+#include "install/password.h"
 #include "install/restore.h"
+#include "install/tree_settings.h"
 #include "platform/paths.h"
 #include "platform/rights.h"
 #include "store/error.h"
@@ -24,11 +26,22 @@ QString tree_of(const install::Request& request) {
     return root.isEmpty() ? root : platform::drive_at(root) + platform::install_tail();
 }
 
+void warn(const QString& line) {
+    print(stderr, line + QLatin1Char('\n'));
+}
+
+void install_tree(install::Options options) {
+    install::complete_password(options, warn);
+    install::run(options, QCoreApplication::applicationDirPath(), say);
+}
+
 void answer(const install::Request& request) {
     if (const QString tree = tree_of(request); !tree.isEmpty())
         platform::make_files_for(tree);
-    if (!request.restore)
-        install::run(request.options, QCoreApplication::applicationDirPath(), say);
+    if (request.show)
+        install::list_settings(*request.show, say);
+    else if (!request.restore)
+        install_tree(request.options);
     else if (request.restore->only_list)
         install::list_backup(request.restore->folder, say);
     else

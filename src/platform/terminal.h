@@ -1,0 +1,14 @@
+#pragma once
+
+// Questions on the terminal.
+
+#include <QString>
+#include <optional>
+
+namespace platform {
+
+/// Asks for a line that isn't shown while it is typed. Nothing if standard input is no terminal: nobody is there to
+/// ask. Throws std::runtime_error if the person breaks off (Ctrl-C or the end of input).
+std::optional<QString> ask_secret(const QString& prompt);
+
+} // namespace platform
