@@ -142,6 +142,11 @@ TEST_F(EntryPage, AMonthThatIsOnlyTypedIsNeverLoadedAndTheDayTypedBeforeIsPosted
     EXPECT_EQ(
         support::rows_of(exchange, store::Kind::Exchange, R"(select "10", "11" from jyusin where "2"='51')").value(0),
         u"20041001|830"_s);
+    type_month(1, u"9"_s);
+    QApplication::setActiveWindow(nullptr);
+    support::bring_up(page, page.size());
+    type(u"11 Enter"_s);
+    EXPECT_EQ(boxes(), u"2004/11"_s) << "the month that was put back is typed over";
 }
 
 TEST_F(EntryPage, WhatIsTypedWhileTheListOfKindsIsOpenOrScrolledAwayReachesNoCount) {

@@ -33,6 +33,8 @@ void MonthBox::show_items(const QStringList& items, const QString& text) {
         return;
     setCurrentIndex(static_cast<int>(items.indexOf(text)));
     setEditText(text);
+    if (window()->focusWidget() == this)
+        lineEdit()->selectAll(); // another text than the one that was typed: the next key replaces it
 }
 
 void MonthBox::keyPressEvent(QKeyEvent* event) {

@@ -25,7 +25,8 @@ class MonthBox : public QComboBox {
 public:
     MonthBox(MonthActs acts, int width, QWidget* parent);
 
-    /// Takes over the items and the text; the item of that text becomes the current one.
+    /// Takes over the items and the text; the item of that text becomes the current one. A text that comes over the one
+    /// in hand is selected.
     void show_items(const QStringList& items, const QString& text);
 
 protected:
