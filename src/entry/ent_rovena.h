@@ -108,6 +108,8 @@ public:
     void botan_Click(int element); ///< 0 leaves the screen, 1 saves
 
 private:
+    enum SelectorElement { year_selector, month_selector };
+
     store::Database open_data() const;
     std::optional<base::CompanyMonth> month_in_boxes() const;
     void show_month();

@@ -1,0 +1,71 @@
+// The boxes of year and month of ent_rovena: what they say, the sheet shows.
+
+#include "base/era.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "entry/ent_rovena.h"
+
+namespace entry {
+
+using namespace base;
+
+/// Nothing if the texts name no month.
+std::optional<CompanyMonth> ent_rovena::month_in_boxes() const {
+    const QString& typed = ym[year_selector].text;
+    const QDate today = m_session.host.now().date();
+    const int year = western_date_number(typed + u"/1/1"_s, m_session.settings, today) / 10000;
+    const int month = ym[month_selector].text.toInt();
+    bool is_number = false;
+    typed.toInt(&is_number);
+    if (!is_number || year < 1 || year > 9999 || !QDate::isValid(year, month, 1))
+        return std::nullopt;
+    return CompanyMonth(year, month, m_session.settings.month_start_day);
+}
+
+/// The key names the month; its first day may lie in the next calendar month.
+void ent_rovena::show_month() {
+    const int key = sheet.month.month_key();
+    const QDate today = m_session.host.now().date();
+    ym[year_selector].text = shown_year(QDate(key / 100, key % 100, 1), m_session.settings, today);
+    ym[month_selector].text = digits(key % 100);
+}
+
+/// The sheet is of the month in the boxes with nobody chosen, too.
+void ent_rovena::open_month() {
+    書式設定();
+    社員選択処理();
+}
+
+void ent_rovena::ym_Click(int element, int index) {
+    Selector& selector = ym[element];
+    if (waiting || !selector.enabled || index < 0 || index >= selector.items.size())
+        return;
+    show_month();
+    selector.text = selector.items[index];
+    open_month();
+}
+
+void ent_rovena::ym_Change(int element, const QString& text) {
+    ym[element].text = text;
+}
+
+bool ent_rovena::ym_KeyPress(int character) {
+    return (character >= u'0' && character <= u'9') || character == key::minus || character == key::backspace;
+}
+
+bool ent_rovena::ym_KeyDown(int element, int key_code) {
+    if (key_code != key::enter)
+        return false;
+    const auto typed = month_in_boxes();
+    if (!waiting && typed && typed->month_key() != sheet.month.month_key())
+        open_month();
+    show_month();
+    editors.focus = element == year_selector ? Focus::YmMonth : Focus::Toubotan;
+    return true;
+}
+
+void ent_rovena::ym_LostFocus() {
+    show_month();
+}
+
+} // namespace entry
