@@ -19,6 +19,9 @@ struct Button {
 /// Closes a page; every screen has it.
 inline constexpr Button endbotan{0, u"閉じる", u"zen_end.BMP", u"zen_end_b.BMP"};
 
+/// Opens the help page of the screen; every screen has it too.
+inline constexpr Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
+
 /// The folder of the buttons' bitmaps on this PC, with "/" at its end.
 QString picture_folder(const base::Settings& settings);
 

@@ -127,7 +127,7 @@ void Program::show(frame::Start start) {
 }
 
 void Program::show_wizard() {
-    m_wizard = std::make_unique<fir_start_window>(m_session, m_program_folder);
+    m_wizard = std::make_unique<Whole<fir_start_window>>(m_session, m_program_folder);
     m_wizard->adjustSize();
     m_wizard->move(m_wizard->screen()->availableGeometry().center() - m_wizard->rect().center());
     m_wizard->show();

@@ -17,7 +17,7 @@ using support::click_cell, support::press, support::type;
 constexpr int clock_in = 2, clock_out = 3, first_category = 8;
 
 struct EntryPage : testing::Test, EntryCompany {
-    ui::ent_rovena_page page{session};
+    ui::Whole<ui::ent_rovena_page> page{session};
     const entry::ent_rovena& form = page.form();
     const ui::ent_rovena_controls& controls = page.controls();
 
@@ -194,7 +194,7 @@ TEST_F(EntryPage, TheOrderOfTheListIsKeptForTheNextTime) {
     for (const QButtonGroup* group : {controls.sortlist, controls.kyuflg})
         QTest::mouseClick(group->button(1), Qt::LeftButton);
     EXPECT_EQ(form.hyou_syain(1, 1), u"佐藤 花子"_s);
-    const ui::ent_rovena_page next(session);
+    const ui::Whole<ui::ent_rovena_page> next(session);
     EXPECT_TRUE(next.controls().sortlist->button(1)->isChecked() && next.controls().kyuflg->button(1)->isChecked());
 }
 
@@ -209,7 +209,7 @@ TEST_F(EntryPage, WhatStandsInTheBoxIsCommittedBeforeAButtonActs) {
 }
 
 TEST_F(EntryPage, ThePageGoesWithACellInEdit) {
-    auto other = std::make_unique<ui::ent_rovena_page>(session);
+    auto other = std::make_unique<ui::Whole<ui::ent_rovena_page>>(session);
     support::bring_up(*other, page.size());
     click_cell(*other->controls().hyou_syain, 1, 1);
     click_cell(*other->controls().hyou, 1, clock_in);

@@ -34,7 +34,7 @@ struct MasterPages : testing::Test, EntryCompany {
     }
     template <typename Master>
     std::unique_ptr<Master> open(QSize size = {1366, 708}) {
-        auto page = std::make_unique<Master>(session);
+        auto page = std::make_unique<ui::Whole<Master>>(session);
         support::bring_up(*page, size);
         return page;
     }

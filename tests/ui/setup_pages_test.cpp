@@ -75,7 +75,7 @@ TEST_F(FirstStart, AfterAFailureTheAnswersStay) {
 TEST_F(BasicSettings, NumbersAreTypedFromOffsetToOffsetAndSaved) {
     using Form = setup::mst_kihon;
     host.printer_names = {u"Office"_s, u"PDF"_s};
-    ui::mst_kihon_page page(session);
+    ui::Whole<ui::mst_kihon_page> page(session);
     support::bring_up(page, {1280, 660});
     page.atai(Form::offset_y)->setFocus();
     type(u"-x3 Enter 5"_s);

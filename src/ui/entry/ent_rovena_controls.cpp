@@ -24,7 +24,6 @@ constexpr frame::Button botan_buttons[] = {
     frame::endbotan,
     {1, u"登録", u"zen_tour.BMP", u"zen_tour_b.BMP"},
 };
-constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
 
 constexpr int selector_width[] = {74, 58};
 constexpr QStringView selector_units[] = {u"年", u"月"};
@@ -78,7 +77,7 @@ ent_rovena_controls::ent_rovena_controls(
       sortlist(radio_group(*left, entry::ent_rovena::sortlist_captions)),
       kyuflg(radio_group(*left, entry::ent_rovena::kyuflg_captions)),
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
-      imghelp(new PictureButton(pictures, help_button, left)), toubotan(new QWidget(left)) {
+      imghelp(new PictureButton(pictures, frame::help_button, left)), toubotan(new QWidget(left)) {
     syalab->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
     toubotan->setFocusPolicy(Qt::ClickFocus);

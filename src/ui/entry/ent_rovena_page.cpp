@@ -24,7 +24,7 @@ entry::ent_rovena& loaded(entry::ent_rovena& form) {
 } // namespace
 
 ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
-    : QWidget(parent), m_session(session), m_form(session),
+    : Acting(parent), m_session(session), m_form(session),
       m_controls(*this, loaded(m_form), {month_acts(0), month_acts(1)}, frame::picture_folder(session.settings)),
       m_atai(new CellEditor(*m_controls.hyou, m_form.editors.atai, editor_acts(), entry::ent_rovena::atai_back)),
       m_kyucom(new CellCombo(*m_controls.hyou)) {
@@ -42,25 +42,9 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     refresh();
 }
 
-// The controls refer to the form, so they go before it.
-ent_rovena_page::~ent_rovena_page() {
-    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
-}
-
-/// Shows what an act of the person came to, even if it was broken off by an error.
-void ent_rovena_page::act(const std::function<void()>& of_the_person) {
-    const auto show = qScopeGuard([this] { refresh(); });
-    of_the_person();
-}
-
 EditorActs ent_rovena_page::editor_acts() {
     return {
-        .KeyDown =
-            [this](int key_code) {
-                bool moved = false;
-                act([&] { moved = m_form.atai_KeyDown(key_code); });
-                return moved;
-            },
+        .KeyDown = [this](int key_code) { return act([&] { return m_form.atai_KeyDown(key_code); }); },
         .KeyPress = [this](int character) { return m_form.atai_KeyPress(character); },
         .Insert = [this](const QString& text) { return m_form.atai_Insert(text); },
         .Change = [this](const QString& text) { m_form.atai_Change(text); },
@@ -72,12 +56,7 @@ MonthActs ent_rovena_page::month_acts(int element) {
     return {
         .Click = [this, element](int index) { act([&] { m_form.ym_Click(element, index); }); },
         .Change = [this, element](const QString& text) { m_form.ym_Change(element, text); },
-        .KeyDown =
-            [this, element](int key_code) {
-                bool moved = false;
-                act([&] { moved = m_form.ym_KeyDown(element, key_code); });
-                return moved;
-            },
+        .KeyDown = [this, element](int key_code) { return act([&] { return m_form.ym_KeyDown(element, key_code); }); },
         .KeyPress = entry::ent_rovena::ym_KeyPress,
         .GotFocus = [] {},
         .LostFocus = [this] { act([this] { m_form.ym_LostFocus(); }); },

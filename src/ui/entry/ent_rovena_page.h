@@ -5,18 +5,17 @@
 
 #include "frame/session.h"
 #include "ui/entry/ent_rovena_controls.h"
+#include "ui/parts/acting.h"
 
 #include <QWidget>
-#include <functional>
 
 namespace ui {
 
-class ent_rovena_page : public QWidget {
+class ent_rovena_page : public Acting<QWidget> {
     Q_OBJECT
 public:
     /// Loads the form. The session must outlive the page.
     explicit ent_rovena_page(frame::Session& session, QWidget* parent = nullptr);
-    ~ent_rovena_page() override;
 
     const entry::ent_rovena& form() const { return m_form; }
     const ent_rovena_controls& controls() const { return m_controls; }
@@ -31,7 +30,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void act(const std::function<void()>& of_the_person);
     EditorActs editor_acts();
     MonthActs month_acts(int element);
     void connect_lists();
@@ -40,7 +38,7 @@ private:
     void connect_buttons();
     void press(int botan);
 
-    void refresh();
+    void refresh() override;
     void show_month();
     void report();
     void refresh_editors();

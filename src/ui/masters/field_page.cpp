@@ -37,7 +37,7 @@ void FieldPage::add_box(int element, QStringView label, FieldText text, Key key_
     m_atai[element] = new FieldBox(text,
         {.Change = [this, element](
                        const QString& typed) { act([&] { form_of_fields().atai_Change(element, typed); }); },
-            .KeyDown = [this, key_down = std::move(key_down)](int code) { return press_key(key_down, code); },
+            .KeyDown = [this, key_down = std::move(key_down)](int code) { return act([&] { return key_down(code); }); },
             .GotFocus = [this, element] { form_of_fields().atai_GotFocus(element); },
             .LostFocus = [this, element] { form_of_fields().atai_LostFocus(element); }},
         this);
@@ -65,12 +65,6 @@ void FieldPage::close_fields() {
     add_foot();
 }
 
-bool FieldPage::press_key(const Key& key_down, int key_code) {
-    bool moved = false;
-    act([&] { moved = key_down(key_code); });
-    return moved;
-}
-
 /// It is still called while the control is being destroyed.
 bool FieldPage::eventFilter(QObject* watched, QEvent* event) {
     return watched == toubotan() ? toubotan_takes(event) : MasterPage::eventFilter(watched, event);
@@ -79,7 +73,7 @@ bool FieldPage::eventFilter(QObject* watched, QEvent* event) {
 bool FieldPage::toubotan_takes(QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const int code = key_code(static_cast<QKeyEvent*>(event)->key());
-        return code != 0 && press_key(m_toubotan_key, code);
+        return code != 0 && act([&] { return m_toubotan_key(code); });
     }
     if (event->type() == QEvent::FocusIn)
         act([this] { form_of_fields().toubotan_GotFocus(); });

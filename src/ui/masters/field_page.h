@@ -37,7 +37,6 @@ protected:
 
 private:
     bool toubotan_takes(QEvent* event);
-    bool press_key(const Key& key_down, int key_code);
 
     GridView* m_hyou = nullptr;
     QGridLayout* m_fields;

@@ -7,7 +7,6 @@
 #include "ui/parts/page_parts.h"
 #include "ui/parts/style.h"
 
-#include <QScopeGuard>
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -29,12 +28,11 @@ constexpr frame::Button botan_buttons[] = {
     {2, u"削除", u"zen_saku.BMP", u"zen_saku_b.BMP"},
 };
 constexpr int order_at_foot[] = {1, 2, 0};
-constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
 
 } // namespace
 
 MasterPage::MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent)
-    : QWidget(parent), m_session(session), m_name(name), m_buttons(buttons), m_toubotan(new QWidget(this)),
+    : Acting(parent), m_session(session), m_name(name), m_buttons(buttons), m_toubotan(new QWidget(this)),
       m_body(new QHBoxLayout) {
     setWindowTitle(name.caption.toString());
     m_toubotan->setObjectName("toubotan");
@@ -70,26 +68,16 @@ PictureButton* MasterPage::make_button(int element) {
 }
 
 PictureButton* MasterPage::make_help_button() {
-    auto* button = new PictureButton(frame::picture_folder(m_session.settings), help_button, this);
+    auto* button = new PictureButton(frame::picture_folder(m_session.settings), frame::help_button, this);
     connect(button, &PictureButton::clicked, this,
         [this] { frame::ヘルプ表示(m_session.settings, m_session.host, m_name.form.toString()); });
     return button;
-}
-
-void MasterPage::take_down() {
-    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
 /// What lies over a cell follows it.
 void MasterPage::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     show_form();
-}
-
-/// Shows what an act of the person came to, even if it was broken off by an error.
-void MasterPage::act(const std::function<void()>& of_the_person) {
-    const auto show = qScopeGuard([this] { refresh(); });
-    of_the_person();
 }
 
 void MasterPage::refresh() {
@@ -118,12 +106,7 @@ void MasterPage::press(int element) {
 
 EditorActs MasterPage::editor_acts(masters::EditorScreen& form, std::function<void(const QString&)> change) {
     return {
-        .KeyDown =
-            [this, &form](int key_code) {
-                bool moved = false;
-                act([&] { moved = form.atai_KeyDown(key_code); });
-                return moved;
-            },
+        .KeyDown = [this, &form](int key_code) { return act([&] { return form.atai_KeyDown(key_code); }); },
         .KeyPress = [](int) { return true; },
         .Insert = [](const QString& text) { return text; },
         .Change = [this, change = std::move(change)](const QString& text) { act([&] { change(text); }); },

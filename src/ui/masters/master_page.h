@@ -6,6 +6,7 @@
 
 #include "masters/grid_screen.h"
 #include "ui/grid/cell_editor.h"
+#include "ui/parts/acting.h"
 #include "ui/parts/picture_button.h"
 
 #include <QHBoxLayout>
@@ -27,7 +28,7 @@ struct MasterName {
     QStringView caption;
 };
 
-class MasterPage : public QWidget {
+class MasterPage : public Acting<QWidget> {
     Q_OBJECT
 public:
     PictureButton* botan(int element) const { return m_botan[element]; }
@@ -39,9 +40,6 @@ Q_SIGNALS:
 
 protected:
     MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent);
-    /// A page takes its controls down before its form goes, which they refer to.
-    void take_down();
-
     virtual masters::Screen& screen() = 0;
     /// Shows all that the form holds, the place of the keyboard apart.
     virtual void show_form() = 0;
@@ -54,9 +52,7 @@ protected:
     virtual void activate() {}
     void showEvent(QShowEvent* event) final;
 
-    void act(const std::function<void()>& of_the_person);
-    /// Shows the form and follows its wish for the keyboard.
-    void refresh();
+    void refresh() override;
 
     /// The acts of a box that takes any characters.
     EditorActs editor_acts(masters::EditorScreen& form, std::function<void(const QString&)> change);

@@ -40,10 +40,6 @@ mst_kinjikan_page::mst_kinjikan_page(frame::Session& session, QWidget* parent)
     refresh();
 }
 
-mst_kinjikan_page::~mst_kinjikan_page() {
-    take_down();
-}
-
 void mst_kinjikan_page::make_grids() {
     m_hyoulist = master_grid(m_form.hyoulist, CursorStyle::Row, "hyoulist", this);
     m_hyou_youbi = master_grid(m_form.hyou_youbi, CursorStyle::Cell, "hyou_youbi", this);
@@ -69,11 +65,8 @@ ChoiceList* mst_kinjikan_page::make_list(int element) {
     return new ChoiceList(*m_hyou, m_form.atai_com[element],
         {.Click = [this, element](int item) { act([&] { m_form.atai_com_Click(element, item); }); },
             .KeyPress =
-                [this, element](int character) {
-                    bool taken = false;
-                    act([&] { taken = m_form.atai_com_KeyPress(element, character); });
-                    return taken;
-                },
+                [this, element](
+                    int character) { return act([&] { return m_form.atai_com_KeyPress(element, character); }); },
             .LostFocus = [this, element] { act([&] { m_form.atai_com_LostFocus(element); }); }});
 }
 

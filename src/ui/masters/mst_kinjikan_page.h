@@ -16,7 +16,6 @@ class mst_kinjikan_page : public MasterPage {
     Q_OBJECT
 public:
     explicit mst_kinjikan_page(frame::Session& session, QWidget* parent = nullptr);
-    ~mst_kinjikan_page() override;
 
     const masters::mst_kinjikan& form() const { return m_form; }
 

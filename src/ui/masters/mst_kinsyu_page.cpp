@@ -14,10 +14,6 @@ mst_kinsyu_page::mst_kinsyu_page(frame::Session& session, QWidget* parent)
     refresh();
 }
 
-mst_kinsyu_page::~mst_kinsyu_page() {
-    take_down();
-}
-
 void mst_kinsyu_page::show_form() {
     m_hyou->refresh();
     m_atai->refresh();

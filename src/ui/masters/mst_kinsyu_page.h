@@ -11,7 +11,6 @@ class mst_kinsyu_page : public MasterPage {
     Q_OBJECT
 public:
     explicit mst_kinsyu_page(frame::Session& session, QWidget* parent = nullptr);
-    ~mst_kinsyu_page() override;
 
     const masters::mst_kinsyu& form() const { return m_form; }
 

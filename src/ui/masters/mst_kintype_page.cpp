@@ -17,10 +17,6 @@ mst_kintype_page::mst_kintype_page(frame::Session& session, QWidget* parent)
     refresh();
 }
 
-mst_kintype_page::~mst_kintype_page() {
-    take_down();
-}
-
 void mst_kintype_page::show_form() {
     m_hyou->refresh();
     m_atai_com->refresh();

@@ -12,7 +12,6 @@ class mst_kintype_page : public MasterPage {
     Q_OBJECT
 public:
     explicit mst_kintype_page(frame::Session& session, QWidget* parent = nullptr);
-    ~mst_kintype_page() override;
 
     const masters::mst_kintype& form() const { return m_form; }
 

@@ -20,10 +20,6 @@ mst_kyuka_page::mst_kyuka_page(frame::Session& session, QWidget* parent)
     refresh();
 }
 
-mst_kyuka_page::~mst_kyuka_page() {
-    take_down();
-}
-
 QLayout* mst_kyuka_page::make_classes() {
     m_Op_kyusyu = radio_group(*this, masters::mst_kyuka::Op_kyusyu_captions);
     connect(m_Op_kyusyu, &QButtonGroup::idClicked, this,

@@ -14,7 +14,6 @@ class mst_kyuka_page : public FieldPage {
     Q_OBJECT
 public:
     explicit mst_kyuka_page(frame::Session& session, QWidget* parent = nullptr);
-    ~mst_kyuka_page() override;
 
     const masters::mst_kyuka& form() const { return m_form; }
 

@@ -35,10 +35,6 @@ mst_syain_page::mst_syain_page(frame::Session& session, QWidget* parent)
     refresh();
 }
 
-mst_syain_page::~mst_syain_page() {
-    take_down();
-}
-
 QLayout* mst_syain_page::make_order_row() {
     auto* row = in_a_row(*m_sortlist);
     auto* extract = new QPushButton(masters::mst_syain::Command1_caption.toString(), this);

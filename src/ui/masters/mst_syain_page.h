@@ -13,7 +13,6 @@ class mst_syain_page : public FieldPage {
     Q_OBJECT
 public:
     explicit mst_syain_page(frame::Session& session, QWidget* parent = nullptr);
-    ~mst_syain_page() override;
 
     const masters::mst_syain& form() const { return m_form; }
 

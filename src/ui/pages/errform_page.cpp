@@ -15,12 +15,11 @@ constexpr frame::Button botan_buttons[] = {
     frame::endbotan,
     {1, u"印刷", u"zen_print.BMP", u"zen_print_b.BMP"},
 };
-constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
 
 } // namespace
 
 errform_page::errform_page(frame::Session& session, QWidget* parent)
-    : QWidget(parent), m_session(session), m_shop(session), m_form(session, m_shop),
+    : Acting(parent), m_session(session), m_shop(session), m_form(session, m_shop),
       m_hyou(master_grid(m_form.hyou, CursorStyle::Row, "hyou", this)), m_msg_tai(long_note("msg_tai", this)) {
     setWindowTitle(reports::errform::caption.toString());
     const PageParts parts = lay_parts(*this);
@@ -30,14 +29,9 @@ errform_page::errform_page(frame::Session& session, QWidget* parent)
         m_botan[element] = make_button(botan_buttons[element], [this, element] { press(element); });
         parts.foot->addWidget(m_botan[element]);
     }
-    parts.foot->addWidget(
-        make_button(help_button, [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"errform"_s); }));
+    parts.foot->addWidget(make_button(
+        frame::help_button, [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"errform"_s); }));
     parts.foot->addWidget(m_msg_tai, 1);
-}
-
-// The list refers to the form, so it goes before it.
-errform_page::~errform_page() {
-    delete m_hyou;
 }
 
 PictureButton* errform_page::make_button(const frame::Button& button, std::function<void()> on_press) {
@@ -47,8 +41,7 @@ PictureButton* errform_page::make_button(const frame::Button& button, std::funct
 }
 
 void errform_page::press(int element) {
-    m_form.botan_Click(element);
-    show_long_note(*m_msg_tai, m_form.msg_tai);
+    act([&] { m_form.botan_Click(element); });
     if (m_form.close_wanted)
         Q_EMIT close_wanted();
 }
@@ -58,10 +51,13 @@ void errform_page::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
-    m_form.Form_Load();
+    act([this] { m_form.Form_Load(); });
+    m_hyou->setFocus();
+}
+
+void errform_page::refresh() {
     show_long_note(*m_msg_tai, m_form.msg_tai);
     m_hyou->refresh();
-    m_hyou->setFocus();
 }
 
 void errform_page::resizeEvent(QResizeEvent* event) {

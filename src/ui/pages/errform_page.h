@@ -5,17 +5,17 @@
 #include "reports/errform.h"
 #include "ui/grid/grid_view.h"
 #include "ui/paper/print_shop.h"
+#include "ui/parts/acting.h"
 #include "ui/parts/picture_button.h"
 
 class QLabel;
 
 namespace ui {
 
-class errform_page : public QWidget {
+class errform_page : public Acting<QWidget> {
     Q_OBJECT
 public:
     explicit errform_page(frame::Session& session, QWidget* parent = nullptr);
-    ~errform_page() override;
 
     const reports::errform& form() const { return m_form; }
     PictureButton* botan(int element) const { return m_botan[element]; }
@@ -31,6 +31,7 @@ protected:
 private:
     PictureButton* make_button(const frame::Button& button, std::function<void()> press);
     void press(int element);
+    void refresh() override;
 
     frame::Session& m_session;
     DesktopPrintShop m_shop;

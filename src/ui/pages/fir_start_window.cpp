@@ -33,7 +33,6 @@ constexpr int time_width = 140;
 constexpr int day_width = 72;
 constexpr int half_width = 380; ///< of what stands in the two panels below
 constexpr frame::Button register_button{1, u"登録", u"zen_tour.BMP", u"zen_tour_b.BMP"};
-constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
 
 QLabel* lettered(QStringView text, Lettering as, QWidget* parent) {
     auto* label = new QLabel(text.toString(), parent);
@@ -106,11 +105,6 @@ fir_start_window::fir_start_window(frame::Session& session, const QString& progr
     time({TimeBox::st_time, 0})->setFocus();
 }
 
-/// The boxes go before the form, which they tell of losing the keyboard.
-fir_start_window::~fir_start_window() {
-    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
-}
-
 QWidget* fir_start_window::make_band() {
     auto* band = new QWidget(this);
     band->setAutoFillBackground(true);
@@ -154,12 +148,7 @@ QWidget* fir_start_window::make_times() {
 FieldBox* fir_start_window::make_time(TimePlace place, QWidget* parent) {
     auto* box = new FieldBox(FieldText::Time,
         {.Change = [this, place](const QString& typed) { act([&] { m_form.time_Change(place, typed); }); },
-            .KeyDown =
-                [this, place](int code) {
-                    bool moved = false;
-                    act([&] { moved = m_form.time_KeyDown(place, code); });
-                    return moved;
-                },
+            .KeyDown = [this, place](int code) { return act([&] { return m_form.time_KeyDown(place, code); }); },
             .GotFocus = [this, place] { act([&] { m_form.time_GotFocus(place); }); },
             .LostFocus = [this, place] { act([&] { m_form.time_LostFocus(place); }); }},
         parent);
@@ -200,7 +189,7 @@ QWidget* fir_start_window::make_printer() {
 QLayout* fir_start_window::make_foot() {
     const QString pictures = frame::picture_folder(m_session.settings);
     m_botan = new PictureButton(pictures, register_button, this);
-    auto* imghelp = new PictureButton(pictures, help_button, this);
+    auto* imghelp = new PictureButton(pictures, frame::help_button, this);
     connect(m_botan, &PictureButton::clicked, this, [this] { act([this] { m_form.botan_Click(); }); });
     connect(imghelp, &PictureButton::clicked, this,
         [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"fir_start"_s); });
@@ -212,12 +201,6 @@ QLayout* fir_start_window::make_foot() {
     row->addWidget(lettered(Form::later_note, Lettering::Comment, this));
     row->addStretch();
     return row;
-}
-
-/// Shows what an act of the person came to, even if it was broken off by an error.
-void fir_start_window::act(const std::function<void()>& of_the_person) {
-    const auto show = qScopeGuard([this] { refresh(); });
-    of_the_person();
 }
 
 void fir_start_window::refresh() {

@@ -4,6 +4,7 @@
 // of the company's month and the printer. The picture of the day follows what is typed.
 
 #include "setup/fir_start.h"
+#include "ui/parts/acting.h"
 #include "ui/parts/field_box.h"
 
 #include <QWidget>
@@ -17,12 +18,11 @@ class DayLine;
 class PictureButton;
 class PrinterBox;
 
-class fir_start_window : public QWidget {
+class fir_start_window : public Acting<QWidget> {
     Q_OBJECT
 public:
     /// `program_folder` is the folder that the program runs from. Throws platform::FileError if a picture isn't there.
     fir_start_window(frame::Session& session, const QString& program_folder);
-    ~fir_start_window() override;
 
     const setup::fir_start& form() const { return m_form; }
     FieldBox* time(setup::TimePlace place) const { return m_time[int(place.box)][size_t(place.band)]; }
@@ -37,8 +37,7 @@ private:
     QWidget* make_printer();
     QLayout* make_foot();
     FieldBox* make_time(setup::TimePlace place, QWidget* parent);
-    void act(const std::function<void()>& of_the_person);
-    void refresh();
+    void refresh() override;
 
     frame::Session& m_session;
     setup::fir_start m_form;

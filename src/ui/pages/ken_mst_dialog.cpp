@@ -10,7 +10,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <utility>
 
 namespace ui {
@@ -36,7 +35,7 @@ constexpr frame::Button botan_buttons[] = {
 } // namespace
 
 ken_mst_dialog::ken_mst_dialog(const base::Settings& settings, QString& mstkenflg, int mode, QWidget* parent)
-    : QDialog(parent), m_form(settings, mstkenflg, mode), m_midasi(new QLabel(this)),
+    : Acting(parent), m_form(settings, mstkenflg, mode), m_midasi(new QLabel(this)),
       m_hyou(master_grid(m_form.hyou, CursorStyle::Row, "hyou", this)),
       m_hyou_go(new GridView(m_form.hyou_go, CursorStyle::Cell, this)),
       m_mojikirikae(new QPushButton(ken_mst::mojikirikae_caption.toString(), this)), m_page(master_note(this)) {
@@ -66,22 +65,13 @@ ken_mst_dialog::ken_mst_dialog(const base::Settings& settings, QString& mstkenfl
     show_form();
 }
 
-// The controls refer to the form, so they go before it.
-ken_mst_dialog::~ken_mst_dialog() {
-    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
-}
-
 void ken_mst_dialog::make_boxes(QGridLayout* fields) {
     for (int element = 0; element < int(m_kenatai.size()); ++element) {
         const bool number = element == ken_mst::number_box;
         m_kenatai[element] = new FieldBox(number ? FieldText::Number : FieldText::Words,
             {.Change = [this, element](const QString& text) { m_form.kenatai_Change(element, text); },
-                .KeyDown =
-                    [this, element](int code) {
-                        bool moved = false;
-                        act([&] { moved = m_form.kenatai_KeyDown(element, code); });
-                        return moved;
-                    }},
+                .KeyDown = [this, element](
+                               int code) { return act([&] { return m_form.kenatai_KeyDown(element, code); }); }},
             this);
         QLabel* label = master_label(box_labels[element], this);
         m_kenatai[element]->setFixedWidth(box_width);
@@ -127,18 +117,14 @@ QLayout* ken_mst_dialog::make_foot(const QString& pictures) {
     return row;
 }
 
-/// Shows what an act of the person came to, even if it was broken off by an error.
-void ken_mst_dialog::act(const std::function<void()>& of_the_person) {
-    {
-        const auto show = qScopeGuard([this] { refresh(); });
-        of_the_person();
-    }
+void ken_mst_dialog::refresh() {
+    show_form();
+    follow_focus_wish();
     if (m_form.ended)
         done(Accepted);
 }
 
-void ken_mst_dialog::refresh() {
-    show_form();
+void ken_mst_dialog::follow_focus_wish() {
     const auto wish = std::exchange(m_form.focus, std::nullopt);
     if (!wish)
         return;
@@ -171,10 +157,7 @@ void ken_mst_dialog::showEvent(QShowEvent* event) {
 bool ken_mst_dialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_hyou && event->type() == QEvent::KeyPress) {
         const int code = key_code(static_cast<QKeyEvent*>(event)->key());
-        bool moved = false;
-        if (code != 0)
-            act([&] { moved = m_form.hyou_KeyDown(code); });
-        return moved;
+        return code != 0 && act([&] { return m_form.hyou_KeyDown(code); });
     }
     return QDialog::eventFilter(watched, event);
 }
@@ -189,7 +172,7 @@ void ken_mst_dialog::done(int result) {
 }
 
 ken_mst_dialog* マスター検索呼出(int mode, const base::Settings& settings, QString& mstkenflg, QWidget* caller) {
-    auto* search = new ken_mst_dialog(settings, mstkenflg, mode, caller->window());
+    auto* search = new Whole<ken_mst_dialog>(settings, mstkenflg, mode, caller->window());
     search->move(caller->window()->pos() + beside_the_frame);
     search->show();
     return search;

@@ -4,6 +4,7 @@
 
 #include "common/ken_mst.h"
 #include "ui/grid/grid_view.h"
+#include "ui/parts/acting.h"
 #include "ui/parts/field_box.h"
 #include "ui/parts/picture_button.h"
 
@@ -15,12 +16,11 @@ class QPushButton;
 
 namespace ui {
 
-class ken_mst_dialog : public QDialog {
+class ken_mst_dialog : public Acting<QDialog> {
     Q_OBJECT
 public:
     /// `mstkenflg` outlives the window.
     ken_mst_dialog(const base::Settings& settings, QString& mstkenflg, int mode, QWidget* parent);
-    ~ken_mst_dialog() override;
 
     const common::ken_mst& form() const { return m_form; }
     FieldBox* kenatai(int element) const { return m_kenatai[element]; }
@@ -45,9 +45,9 @@ private:
     void make_boxes(QGridLayout* fields);
     QLayout* make_kana();
     QLayout* make_foot(const QString& pictures);
-    void act(const std::function<void()>& of_the_person);
-    void refresh();
+    void refresh() override;
     void show_form();
+    void follow_focus_wish();
 
     common::ken_mst m_form;
     QLabel* m_midasi;

@@ -80,10 +80,6 @@ mst_kihon_page::mst_kihon_page(frame::Session& session, QWidget* parent)
     waseireki(m_form.waseireki)->setFocus();
 }
 
-mst_kihon_page::~mst_kihon_page() {
-    take_down();
-}
-
 QWidget* mst_kihon_page::make_shared() {
     auto* panel = new Panel(u"すべてのパソコンに共通"_s, this);
     panel->setFixedWidth(page_width);
@@ -121,12 +117,7 @@ QLayout* mst_kihon_page::make_waseireki() {
 FieldBox* mst_kihon_page::make_atai(int element, QStringView name) {
     m_atai[element] = new FieldBox(FieldText::Number,
         {.Change = [this, element](const QString& typed) { act([&] { m_form.atai_Change(element, typed); }); },
-            .KeyDown =
-                [this, element](int code) {
-                    bool moved = false;
-                    act([&] { moved = m_form.atai_KeyDown(element, code); });
-                    return moved;
-                },
+            .KeyDown = [this, element](int code) { return act([&] { return m_form.atai_KeyDown(element, code); }); },
             .GotFocus = [this, element] { m_form.atai_GotFocus(element); },
             .LostFocus = [this, element] { m_form.atai_LostFocus(element); }},
         this);

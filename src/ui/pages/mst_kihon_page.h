@@ -19,7 +19,6 @@ class mst_kihon_page : public MasterPage {
     Q_OBJECT
 public:
     explicit mst_kihon_page(frame::Session& session, QWidget* parent = nullptr);
-    ~mst_kihon_page() override;
 
     const setup::mst_kihon& form() const { return m_form; }
     FieldBox* atai(int element) const { return m_atai[element]; }

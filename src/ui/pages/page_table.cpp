@@ -31,7 +31,7 @@ QWidget* make_menu(const PageContext& context, QWidget* parent) {
 }
 
 QWidget* make_ent_rovena(const PageContext& context, QWidget* parent) {
-    auto* page = new ent_rovena_page(context.session, parent);
+    auto* page = new Whole<ent_rovena_page>(context.session, parent);
     QObject::connect(page, &ent_rovena_page::close_wanted, page, [&pages = context.pages, &form = context.main_form] {
         pages.close(frame::Page::ent_rovena);
         form.show_info();
@@ -49,7 +49,7 @@ QWidget* make_info(const PageContext& context, QWidget* parent) {
 /// A master leads back to the menu of the masters.
 template <typename MasterPage, frame::Page page>
 QWidget* make_master(const PageContext& context, QWidget* parent) {
-    auto* master = new MasterPage(context.session, parent);
+    auto* master = new Whole<MasterPage>(context.session, parent);
     QObject::connect(master, &MasterPage::close_wanted, master, [&pages = context.pages] {
         pages.close(page);
         pages.show(frame::Page::mst_00);
@@ -58,7 +58,7 @@ QWidget* make_master(const PageContext& context, QWidget* parent) {
 }
 
 QWidget* make_rov_01(const PageContext& context, QWidget* parent) {
-    auto* page = new rov_01_page(context.session, context.main_form, parent);
+    auto* page = new Whole<rov_01_page>(context.session, context.main_form, parent);
     QObject::connect(page, &rov_01_page::close_wanted, page, [&pages = context.pages] {
         pages.close(frame::Page::rov_01);
         pages.show(frame::Page::rov_00);
@@ -67,7 +67,7 @@ QWidget* make_rov_01(const PageContext& context, QWidget* parent) {
 }
 
 QWidget* make_errform(const PageContext& context, QWidget* parent) {
-    auto* page = new errform_page(context.session, parent);
+    auto* page = new Whole<errform_page>(context.session, parent);
     QObject::connect(page, &errform_page::close_wanted, page, [&pages = context.pages, &form = context.main_form] {
         pages.close(frame::Page::errform);
         form.show_info();

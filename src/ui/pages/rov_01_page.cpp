@@ -25,13 +25,12 @@ constexpr frame::Button botan_buttons[] = {
 };
 constexpr frame::Button preview_button{0, u"プレビュー", u"zen_prev.BMP", u"zen_prev_b.BMP"};
 constexpr frame::Button csvex_button{0, u"ファイル作成", u"zen_file.BMP", u"zen_file_b.BMP"};
-constexpr frame::Button help_button{0, u"ヘルプ", u"zen_help.BMP", u"zen_help_b.BMP"};
 
 } // namespace
 
 // The conditions come first, so that Tab comes to them first.
 rov_01_page::rov_01_page(frame::Session& session, frame::mainform& main_form, QWidget* parent)
-    : QWidget(parent), m_session(session), m_mainform(main_form), m_shop(session),
+    : Acting(parent), m_session(session), m_mainform(main_form), m_shop(session),
       m_form(session, main_form, m_shop, windows()),
       m_conditions(new rov_01_conditions(
           m_form, [this](const auto& of_the_person) { act(of_the_person); }, this)),
@@ -50,10 +49,8 @@ rov_01_page::rov_01_page(frame::Session& session, frame::mainform& main_form, QW
     refresh();
 }
 
-// The controls refer to the form, so they go before it.
 rov_01_page::~rov_01_page() {
     close_search();
-    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
 QWidget* rov_01_page::Image1() const {
@@ -95,7 +92,7 @@ void rov_01_page::make_foot(QHBoxLayout* foot) {
     foot->addWidget(m_preview = make_button(preview_button, [this] { m_form.preview_Click(); }));
     foot->addWidget(m_csvex = make_button(csvex_button, [this] { m_form.csvex_Click(); }));
     foot->addWidget(m_botan[0] = make_button(botan_buttons[0], [this] { m_form.botan_Click(0); }));
-    foot->addWidget(make_button(help_button,
+    foot->addWidget(make_button(frame::help_button,
         [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"rov_01"_s, m_form.report.帳票番号); }));
     foot->addWidget(m_karibotan);
     foot->addWidget(m_jyoulab);
@@ -129,12 +126,6 @@ void rov_01_page::close_search() {
 }
 
 // Acts of the person.
-
-/// Shows what an act of the person came to, even if it was broken off by an error.
-void rov_01_page::act(const std::function<void()>& of_the_person) {
-    const auto show = qScopeGuard([this] { refresh(); });
-    of_the_person();
-}
 
 /// The hidden stop takes the focus first, so that the box in hand is left.
 void rov_01_page::press(const std::function<void()>& button) {

@@ -5,6 +5,7 @@
 #include "ui/grid/grid_view.h"
 #include "ui/pages/rov_01_conditions.h"
 #include "ui/paper/print_shop.h"
+#include "ui/parts/acting.h"
 #include "ui/parts/picture_button.h"
 
 #include <QPointer>
@@ -15,7 +16,7 @@ namespace ui {
 
 class ken_mst_dialog;
 
-class rov_01_page : public QWidget {
+class rov_01_page : public Acting<QWidget> {
     Q_OBJECT
 public:
     /// Shows the report that the frame says.
@@ -54,9 +55,8 @@ private:
     void open_search(int mode, int element);
     void close_search();
 
-    void act(const std::function<void()>& of_the_person);
     void press(const std::function<void()>& button);
-    void refresh();
+    void refresh() override;
     void show_texts();
     void fit_sheets();
     void follow_focus_wish();
