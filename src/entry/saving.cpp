@@ -10,7 +10,6 @@ namespace entry {
 
 namespace {
 
-const QString manager_title = u"jyusinkanri"_s;
 constexpr int most_fields = 15;
 
 /// Gives the turn up however the save ends.
@@ -30,8 +29,8 @@ private:
 };
 
 bool manager_at_work(frame::Session& session) {
-    return common::ウィンドウ終了待ち(session.host, manager_title, store::exchange_folder(session.settings)) ==
-           common::Wait::StillRunning;
+    return common::ウィンドウ終了待ち(session.host, store::manager_program.toString(),
+               store::exchange_folder(session.settings)) == common::Wait::StillRunning;
 }
 
 void bind_row(store::Statement& insert, const ExchangeRow& row) {
@@ -72,7 +71,7 @@ bool post_in_turn(frame::Session& session, const QList<ExchangeRow>& rows) {
 } // namespace
 
 bool manager_running(frame::Session& session) {
-    return session.host.program_running(manager_title, store::exchange_folder(session.settings));
+    return session.host.program_running(store::manager_program.toString(), store::exchange_folder(session.settings));
 }
 
 void start_manager(frame::Session& session) {

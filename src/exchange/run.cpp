@@ -18,8 +18,6 @@ using namespace base;
 
 namespace {
 
-const QString window_title = u"jyusinkanri"_s;
-
 using enum store::Code;
 
 /// What a later run won't read either.
@@ -176,7 +174,7 @@ namespace {
 bool apply_in_turn(ManagerRun& run, const QString& folder, std::chrono::milliseconds lock_patience) {
     bool good = true;
     do {
-        platform::ProgramLock lock(folder, window_title);
+        platform::ProgramLock lock(folder, store::manager_program.toString());
         if (!lock.take(std::exchange(lock_patience, {})))
             break;
         good = run.apply_all();

@@ -38,7 +38,7 @@ struct Source {
 
 /// The settings of the PC that has the shared data; there are none where that lies on a disk of the network.
 QString server_losys_path(const base::Settings& settings) {
-    return platform::portable(settings.server_root) + u'/' + settings.product_folder + u"/data/system/losys.mdb"_s;
+    return store::own_path(settings, settings.server_root, u"data/system/losys.mdb");
 }
 
 constexpr Source sources[]{
@@ -147,8 +147,7 @@ void copy_settings_of_pc(const base::Settings& settings, const QString& folder, 
     make_folder(folder);
     const QString place = folder + u"/losys.mdb"_s;
     platform::remove_leftovers(place);
-    Held held(
-        install_root(settings) + u'/' + settings.product_folder + u"/data/system/losys.mdb"_s, Kind::Losys, patience);
+    Held held(store::own_path(settings, install_root(settings), u"data/system/losys.mdb"), Kind::Losys, patience);
     platform::NewFile copy(place);
     store::check_system(copy.make(), place);
     held.copy_into(copy.passing_path());
@@ -181,7 +180,7 @@ QString shared_backup_folder(const base::Settings& settings, QDate day) {
 }
 
 QString local_backup_folder(const base::Settings& settings, QDate day) {
-    return install_root(settings) + u'/' + settings.product_folder + u"/data/bk/"_s + weekday(day);
+    return store::own_path(settings, install_root(settings), u"data/bk/") + weekday(day);
 }
 
 void バックアップ処理(const base::Settings& settings, platform::Host& host, const BackupProgress& progress,

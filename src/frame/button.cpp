@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "platform/paths.h"
+#include "store/files.h"
 
 namespace frame {
 
@@ -10,7 +11,7 @@ using namespace base;
 namespace {
 
 QString pictures(const base::Settings& settings) {
-    return platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/system/pic/"_s;
+    return store::own_path(settings, settings.local_root, u"system/pic/");
 }
 
 } // namespace

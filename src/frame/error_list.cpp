@@ -46,7 +46,7 @@ bool alone_with_waiting(const base::Settings& settings, const std::function<bool
 } // namespace
 
 QString error_file_path(const base::Settings& settings) {
-    return platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/data/trn/errmsg.txt"_s;
+    return store::own_path(settings, settings.local_root, u"data/trn/errmsg.txt");
 }
 
 int error_count(const base::Settings& settings) {

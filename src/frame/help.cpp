@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "platform/paths.h"
+#include "store/files.h"
 
 #include <QUrl>
 
@@ -47,7 +48,7 @@ QStringView page_of(QStringView form, int report_no) {
 } // namespace
 
 QString help_address(const base::Settings& settings, const QString& page) {
-    const QString path = platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/help/"_s + page;
+    const QString path = store::own_path(settings, settings.local_root, u"help/") + page;
     if (!path.startsWith(u'/'))
         return u"file://localhost/"_s + path;
     return u"file://localhost"_s + QString::fromLatin1(QUrl::toPercentEncoding(path, "/"));

@@ -5,6 +5,7 @@
 #include "frame/news.h"
 #include "platform/paths.h"
 #include "platform/whole_file.h"
+#include "store/files.h"
 
 #include <QDir>
 #include <QFile>
@@ -80,7 +81,7 @@ void info::Shown() {
 void info::インフォメーション取得処理() {
     m_deadline = m_session.host.steady_now() + m_times.in_all;
     stop_fetch();
-    if (QFileInfo::exists(news_path()))
+    if (QFileInfo::exists(news_path(m_session.settings)))
         return show_news();
     const auto address = on_server(m_session.settings, u"%1%2"_s.arg(news_folder, news_file));
     if (address)
@@ -90,12 +91,12 @@ void info::インフォメーション取得処理() {
 /// What isn't a news file, such as a page that says so, counts as not there.
 void info::keep_news(const QByteArray* file) {
     const bool is_news = file != nullptr && (file->isEmpty() || !read_news(*file).isEmpty());
-    if (is_news && keep_file(news_path(), *file))
+    if (is_news && keep_file(news_path(m_session.settings), *file))
         show_news();
 }
 
 void info::show_news() {
-    const QList<NewsItem> items = read_news(read_bounded(news_path()));
+    const QList<NewsItem> items = read_news(read_bounded(news_path(m_session.settings)));
     hyou.setRows(0);
     for (const NewsItem& item : items) {
         if (hyou.Rows() > 0) {
@@ -186,15 +187,7 @@ FetchLimits info::limits_for(qsizetype bytes) const {
 }
 
 QString info::trn_folder() const {
-    return platform::portable(m_session.settings.local_root) + u'/' + m_session.settings.product_folder +
-           u"/data/trn"_s;
-}
-
-/// The news lies on the program's own drive, where start-up deletes it; the pictures lie under this PC's root.
-QString info::news_path() const {
-    const base::Settings& settings = m_session.settings;
-    return platform::portable(settings.install_drive + platform::install_tail()) + u'/' + settings.product_folder +
-           u"/data/trn/info/"_s + news_file.toString();
+    return store::own_path(m_session.settings, m_session.settings.local_root, u"data/trn");
 }
 
 QString info::picture_path(const QString& name) const {
@@ -204,6 +197,11 @@ QString info::picture_path(const QString& name) const {
 void info::notify() const {
     if (changed)
         changed();
+}
+
+QString news_path(const base::Settings& settings) {
+    const QString drive = settings.install_drive + platform::install_tail();
+    return store::own_path(settings, drive, u"data/trn/info/") + news_file.toString();
 }
 
 } // namespace frame

@@ -19,6 +19,10 @@ struct FetchTimes {
     std::chrono::milliseconds in_all{10'000};
 };
 
+/// The news lies on the program's own drive, wherever the roots lie: each start deletes it there, so that each run
+/// fetches it anew. The pictures lie under this PC's root.
+QString news_path(const base::Settings& settings);
+
 /// Columns of `hyou`.
 enum NewsColumn { news_picture = 0, news_text = 1, news_link = 2 };
 
@@ -70,7 +74,6 @@ private:
     void keep_picture(int row, const QString& name, const QByteArray* file);
     FetchLimits limits_for(qsizetype bytes) const;
     QString trn_folder() const;
-    QString news_path() const;
     QString picture_path(const QString& name) const;
     void store_net_info(int value);
     void notify() const;

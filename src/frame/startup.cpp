@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "frame/error_list.h"
 #include "frame/exchange_files.h"
+#include "frame/info.h"
 #include "platform/paths.h"
 #include "store/files.h"
 #include "store/setup.h"
@@ -131,10 +132,9 @@ void stg::remake_exchange_files() {
     tell();
 }
 
-/// Each run fetches the news anew. The path is fixed on the program's drive, wherever the roots lie.
+/// Each run fetches the news anew.
 void stg::delete_news() const {
-    QFile::remove(platform::portable(m_settings.install_drive + platform::install_tail()) + u'/' +
-                  m_settings.product_folder + u"/data/trn/info/intinfrov.dat"_s);
+    QFile::remove(news_path(m_settings));
 }
 
 void stg::paint() {

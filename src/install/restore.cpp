@@ -230,7 +230,7 @@ class Alone {
 public:
     explicit Alone(const base::Settings& settings)
         : m_program(store::data_folder(settings), store::desktop_program.toString()),
-          m_manager(store::exchange_folder(settings), u"jyusinkanri"_s) {
+          m_manager(store::exchange_folder(settings), store::manager_program.toString()) {
         if (!m_program.take(std::chrono::milliseconds(0)))
             fail(u"the program is open on this data, here or on another PC: end it first"_s);
         if (!m_manager.take(std::chrono::seconds(5)))

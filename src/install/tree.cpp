@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "platform/paths.h"
 #include "platform/whole_file.h"
+#include "store/files.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -58,9 +59,8 @@ QString below(const QString& folder, QStringView name) {
 }
 
 QString path_of(const Place& place, const base::Settings& settings) {
-    const QString root =
-        place.owner == Owner::Shared ? settings.server_root : below(settings.local_root, settings.product_folder);
-    return below(platform::portable(root), place.below);
+    return place.owner == Owner::Shared ? below(platform::portable(settings.server_root), place.below)
+                                        : store::own_path(settings, settings.local_root, place.below);
 }
 
 [[noreturn]] void fail(const QString& path, const QString& reason) {

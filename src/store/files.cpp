@@ -30,7 +30,11 @@ QString rovdata_path(const base::Settings& settings) {
 }
 
 QString losys_path(const base::Settings& settings) {
-    return platform::portable(settings.local_root) + u"/"_s + settings.product_folder + u"/data/system/losys.mdb"_s;
+    return own_path(settings, settings.local_root, u"data/system/losys.mdb");
+}
+
+QString own_path(const base::Settings& settings, const QString& root, QStringView below) {
+    return u"%1/%2/%3"_s.arg(platform::portable(root), settings.product_folder, below);
 }
 
 QString data_folder(const base::Settings& settings) {

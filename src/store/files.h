@@ -14,6 +14,14 @@ QString allsystem_path(const base::Settings& settings);
 QString rovdata_path(const base::Settings& settings);
 QString losys_path(const base::Settings& settings);
 
+/// A path in the program's own folder below a root: `below` begins without "/", and is empty for the folder itself.
+///   own_path(settings, settings.local_root, u"help") // ".../rovena100/help"
+QString own_path(const base::Settings& settings, const QString& root, QStringView below);
+
+/// The title under which the exchange manager shows its window and holds its lock in the exchange folder: who asks
+/// whether it is at work asks for this.
+inline constexpr QStringView manager_program = u"jyusinkanri";
+
 /// The title under which the desktop programs of all PCs hold a lock together in the data folder, and which a restore
 /// takes alone.
 inline constexpr QStringView desktop_program = u"rovena";

@@ -96,9 +96,8 @@ QStringList suite_tables_in(const Walked& file) {
 } // namespace
 
 QString receiver_path(const base::Settings& settings) {
-    return settings.install_drive + platform::install_tail() +
-           platform::native(
-               u"/%1/system/exe/exe/%2"_s.arg(settings.product_folder, platform::program_file(u"jyurovena.exe"_s)));
+    const QString program = u"system/exe/exe/"_s + platform::program_file(u"jyurovena.exe"_s);
+    return platform::native(own_path(settings, settings.install_drive + platform::install_tail(), program));
 }
 
 std::unique_ptr<FirstStart> 初期セットアップ(const base::Settings& settings) {

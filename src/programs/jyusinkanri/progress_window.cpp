@@ -1,6 +1,7 @@
 #include "progress_window.h"
 
 #include "base/literals.h"
+#include "store/files.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -9,7 +10,7 @@
 using namespace base;
 
 ProgressWindow::ProgressWindow() : m_text(u"勤務データを登録しています"_s) {
-    setWindowTitle(u"jyusinkanri"_s);
+    setWindowTitle(store::manager_program.toString());
     setAttribute(Qt::WA_ShowWithoutActivating);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(&m_text);

@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "platform/paths.h"
+#include "store/files.h"
 #include "ui/paper/pdf_file.h"
 #include "ui/paper/printer_surface.h"
 
@@ -98,7 +99,7 @@ QString reason(const std::error_code& failure) {
 } // namespace
 
 QString print_folder(const base::Settings& settings) {
-    return platform::portable(settings.local_root) + u'/' + settings.product_folder + u"/data/print/"_s;
+    return store::own_path(settings, settings.local_root, u"data/print/");
 }
 
 std::unique_ptr<reports::PrintSurface> DesktopPrintShop::open(const reports::PrintJob& job) {
