@@ -1,4 +1,5 @@
 #include "base/literals.h"
+#include "exchange/event_log.h"
 #include "support/stored.h"
 #include "support/wait_until.h"
 
@@ -167,6 +168,19 @@ TEST_F(TurnService, ClientsBeyondTheOpenFilesOfTheSystemLeaveItListeningAndAbleT
     EXPECT_TRUE(wait_until([&] { return std::ranges::all_of(silent, &RudeClient::done); }));
     Client client(port);
     EXPECT_TRUE(wait_until([&] { return client.done && manager_runs() == 1; }));
+}
+
+TEST(EventLog, AFloodFromOutsideIsToldByItsNumber) {
+    const QTemporaryDir folder;
+    exchange::EventLog log(folder.filePath(u"log"_s));
+    for (int i = 0; i < 10'000; ++i)
+        log.line_from_outside(u"refused"_s);
+    log.line(u"stopped"_s);
+    const QByteArray text = bytes_of(folder.filePath(u"log"_s));
+    EXPECT_GE(text.count("refused"), 1'000) << "a company that comes all at once is told line by line";
+    EXPECT_LT(text.count("refused"), 9'000);
+    EXPECT_TRUE(text.contains("行省きました"));
+    EXPECT_TRUE(text.endsWith("stopped\n"));
 }
 
 TEST_F(TurnService, WithoutAManagerTurnsAreStillGranted) {
