@@ -42,11 +42,20 @@ Shares::Turn Shares::begin_turn(const QByteArray& address, Time now) {
     return {address, now};
 }
 
+Time Shares::allowed(const QByteArray& address, Time limit) const {
+    return limit / (1 << m_shares.at(address).lost_turns);
+}
+
+Time Shares::allowed_to_take(const QByteArray& address, Time limit) const {
+    return std::min(allowed(address, limit), limit / (1 << m_lost_turns));
+}
+
 void Shares::end_turn(const Turn& turn, Time now) {
     Share& share = m_shares.at(turn.address);
     const Time kept = turn.left - turn.begun;
     share.place += std::max(now - turn.begun, Time(1));
-    share.lost_turns = std::clamp(share.lost_turns + (turn.lost ? 1 : -1), 0, most_lost_turns);
+    for (int* lost : {&share.lost_turns, &m_lost_turns})
+        *lost = std::clamp(*lost + (turn.lost ? 1 : -1), 0, most_lost_turns);
     share.remembered_until = now + memory + kept;
     if (kept > m_long_turn) {
         if (now < share.suspect_until)

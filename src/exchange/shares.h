@@ -40,7 +40,10 @@ public:
     /// Nobody else could have the turn until now.
     void end_turn(const Turn& turn, Time now);
     /// What the address has of a limit: it halves with every turn lost, and doubles again with every other one.
-    Time allowed(const QByteArray& address, Time limit) const { return limit / (1 << m_shares.at(address).lost_turns); }
+    Time allowed(const QByteArray& address, Time limit) const;
+    /// The same of a limit for taking the turn, which an honest client does at once: here the turns that all addresses
+    /// lost count as well.
+    Time allowed_to_take(const QByteArray& address, Time limit) const;
 
 private:
     struct Share {
@@ -54,6 +57,7 @@ private:
 
     Time m_long_turn;
     Time m_served{0}; ///< place of the turn given last
+    int m_lost_turns = 0;
     std::map<QByteArray, Share> m_shares;
 };
 

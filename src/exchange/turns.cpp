@@ -128,18 +128,20 @@ void Turns::answer(ClientId id, Client& client, const Rule& rule, Time now) {
 }
 
 void Turns::enter(Client& client, State state, Time now) {
-    const auto allowed = [&](Time limit) { return m_shares.allowed(client.address, limit); };
     client.state = state;
     switch (state) {
     case State::Called:
-        client.deadline = std::min(client.given_up, now + allowed(m_limits.pause));
-        break;
-    case State::Holding:
-        client.deadline = now + std::max(allowed(m_limits.turn), std::min(m_limits.turn, m_limits.patience));
+        client.deadline = std::min(client.given_up, now + m_shares.allowed_to_take(client.address, m_limits.pause));
         break;
     case State::Granted:
+        client.deadline = now + m_shares.allowed_to_take(client.address, m_limits.patience);
+        break;
+    case State::Holding:
+        client.deadline =
+            now + std::max(m_shares.allowed(client.address, m_limits.turn), std::min(m_limits.turn, m_limits.patience));
+        break;
     case State::Leaving:
-        client.deadline = now + allowed(m_limits.patience);
+        client.deadline = now + m_shares.allowed(client.address, m_limits.patience);
         break;
     default:
         client.deadline = now + m_limits.patience;
