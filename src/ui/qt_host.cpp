@@ -16,6 +16,7 @@
 #include <QMessageBox>
 #include <QPrinterInfo>
 #include <QProcess>
+#include <QPushButton>
 #include <QTimer>
 #include <QTranslator>
 #include <QUrl>

@@ -2,6 +2,8 @@
 
 #include "exchange_tree.h"
 
+#include <gmock/gmock.h>
+
 namespace exchange {
 
 namespace {

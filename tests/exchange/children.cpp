@@ -3,6 +3,7 @@
 #include "exchange/run.h"
 #include "frame/exchange_files.h"
 
+#include <QCoreApplication>
 #include <csignal>
 #include <cstdio>
 #include <sys/wait.h>

@@ -2,7 +2,10 @@
 
 #include "base/literals.h"
 
+#include <QMap>
+#include <QSet>
 #include <QStringList>
+#include <gtest/gtest.h>
 
 namespace exchange {
 

@@ -7,6 +7,7 @@
 #include "support/report_sheets.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 using namespace support;

@@ -6,6 +6,7 @@
 #include "ui/parts/key_codes.h"
 #include "ui/parts/page_parts.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScopeGuard>
 #include <utility>

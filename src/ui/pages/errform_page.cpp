@@ -5,6 +5,8 @@
 #include "ui/masters/master_page.h"
 #include "ui/parts/page_parts.h"
 
+#include <QShowEvent>
+
 namespace ui {
 
 using namespace base;

@@ -7,6 +7,7 @@
 // another control; nothing is committed behind a message. A switch to another program and back is neither: the text
 // stays as it was being typed, for a selected one would be wiped by the next key.
 
+#include <Qt>
 #include <QtGlobal>
 
 namespace ui {

@@ -2,6 +2,8 @@
 
 #include "base/literals.h"
 
+#include <QStringList>
+
 namespace ui {
 
 using namespace Qt::StringLiterals;
