@@ -166,7 +166,7 @@ void remove_litter(const QString& folder) {
 class Alone {
 public:
     Alone(const base::Settings& settings, std::chrono::milliseconds patience)
-        : m_lock(store::data_folder(settings), u"hanjyusin"_s) {
+        : m_lock(store::data_folder(settings), store::exchange_maker.toString()) {
         if (!m_lock.take(patience))
             throw Error(Code::Busy, store::exchange_folder(settings), {}, {});
     }

@@ -5,6 +5,8 @@
 #include "install/standing.h"
 #include "install/tree_settings.h"
 #include "platform/paths.h"
+#include "platform/program_lock.h"
+#include "platform/whole_file.h"
 #include "store/files.h"
 
 #include <QFileInfo>
@@ -39,6 +41,29 @@ void make_database(const File& file, const Options& options, const base::Setting
     say(u"made   "_s + platform::native(path));
 }
 
+QStringList missing_exchange_files(const base::Settings& settings) {
+    QStringList missing;
+    for (int number = 1; number <= store::exchange_file_count; ++number)
+        if (const QString path = store::exchange_path(settings, number); !QFileInfo::exists(path))
+            missing << path;
+    return missing;
+}
+
+/// The first start on a main PC would make them as well, but others may save before.
+void make_exchange_files(const base::Settings& settings, const Say& say) {
+    if (missing_exchange_files(settings).isEmpty())
+        return;
+    platform::ProgramLock alone(store::data_folder(settings), store::exchange_maker.toString());
+    if (!alone.take(store::default_patience))
+        throw store::Error(store::Code::Busy, store::exchange_folder(settings), {}, {});
+    const QByteArray image = store::empty_database_image(store::Kind::Exchange);
+    for (const QString& path : missing_exchange_files(settings)) {
+        store::put_away_journal(path);
+        store::check_system(platform::write_new_file(path, image, platform::Durability::Disk), path);
+    }
+    say(u"made   "_s + platform::native(store::exchange_folder(settings)));
+}
+
 /// Where assets lie: beside the installed program, or in the build tree.
 QStringList usual_assets(const QString& program_folder) {
     QStringList there;
@@ -61,8 +86,10 @@ void run(const Options& options, const QString& program_folder, const Say& say) 
     for (const File& file : files)
         if (shared || !file.shared)
             make_database(file, options, settings, say);
-    if (shared)
+    if (shared) {
         register_if_filled(settings);
+        make_exchange_files(settings, say);
+    }
     set_pc(options, say);
     copy_assets(options.assets.isEmpty() ? usual_assets(program_folder) : options.assets, settings, say);
     copy_programs(program_folder, settings, shared, say);

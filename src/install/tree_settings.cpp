@@ -7,6 +7,8 @@
 #include "store/files.h"
 #include "store/setting_tables.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSysInfo>
 #include <stdexcept>
 
@@ -41,6 +43,15 @@ constexpr Known known[]{
 
 QString table_of(Owner owner) {
     return owner == Owner::Pc ? u"losystem"_s : u"kihon"_s;
+}
+
+/// A folder may be reached by several names.
+bool same_folder(const QString& one, const QString& other) {
+    const auto name = [](const QString& path) {
+        const QString real = QFileInfo(platform::portable(path)).canonicalFilePath();
+        return real.isEmpty() ? QDir::cleanPath(platform::portable(path)) : real;
+    };
+    return name(one) == name(other);
 }
 
 /// The settings of a program in the tree, which finds the shared data where it lies.
@@ -114,7 +125,7 @@ QString other_place_of_data(const Options& options) {
     } catch (const store::Error&) {
         // There are none, or they can't be read: whoever needs them says so.
     }
-    return platform::portable(place) == platform::portable(own.server_root) ? QString() : place;
+    return same_folder(place, own.server_root) ? QString() : place;
 }
 
 void set_pc(const Options& options, const Say& say) {
@@ -134,9 +145,10 @@ void set_shared(const Options& options, const Say& say) {
         if (other_place_of_data(options).isEmpty())
             name_main_pc(tables, say);
     } catch (const store::Error& error) {
-        throw std::runtime_error(u"%1 not set, for the shared data can't be written:\n%2"_s
-                                     .arg(given.isEmpty() ? u"サーバー名"_s : given.join(u", "_s), error.text())
-                                     .toStdString());
+        const QString trouble = u"%1 not set, for the shared data can't be written:\n%2"_s;
+        if (given.isEmpty())
+            return say(trouble.arg(u"サーバー名"_s, error.text()));
+        throw std::runtime_error(trouble.arg(given.join(u", "_s), error.text()).toStdString());
     }
 }
 

@@ -24,7 +24,8 @@ QString other_place_of_data(const Options& options);
 void set_pc(const Options& options, const Say& say);
 
 /// The same with the shared settings, wherever they lie. A main PC without a name for the turn service gets this
-/// machine's own. Throws std::runtime_error, naming the options, where the shared data can't be reached or written.
+/// machine's own; that this can't be written is only told. Throws std::runtime_error, naming the options, where the
+/// shared data can't be reached or written.
 void set_shared(const Options& options, const Say& say);
 
 /// Tells all of them as they stand. Throws store::Error for a database that can't be read.

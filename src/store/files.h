@@ -26,6 +26,9 @@ inline constexpr QStringView manager_program = u"jyusinkanri";
 /// takes alone.
 inline constexpr QStringView desktop_program = u"rovena";
 
+/// The title under which whoever makes or remakes the exchange files holds a lock in the data folder.
+inline constexpr QStringView exchange_maker = u"hanjyusin";
+
 /// The folder of the data files of all products of the suite.
 QString data_folder(const base::Settings& settings);
 

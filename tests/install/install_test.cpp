@@ -9,6 +9,8 @@
 #include <QSysInfo>
 #include <QTemporaryDir>
 #ifdef Q_OS_LINUX
+#include <cstdlib>
+#include <fcntl.h>
 #include <sys/stat.h>
 #endif
 
@@ -66,6 +68,7 @@ TEST_F(InstallTree, HoldsWhatAFirstStartNeeds) {
     for (const QString& place : {u"comdata/data/jyusin"_s, u"comdata/data/bk/7"_s, u"rovena100/data/bk/1"_s,
              u"rovena100/data/trn/info"_s, u"rovena100/data/print"_s, u"rovena100/help"_s})
         EXPECT_TRUE(QFileInfo(settings.server_root + u'/' + place).isDir()) << place.toStdString();
+    EXPECT_EQ(rows_of(exchange_path(settings, 20), Kind::Exchange, "select * from jyusin"), QStringList());
 }
 
 TEST_F(InstallTree, KeepsEveryDatabaseThatExistsAndMakesOneThatIsMissing) {
@@ -178,6 +181,26 @@ TEST_F(InstallTree, GivesAnotherPcItsOwnPartOnly) {
 }
 
 #ifdef Q_OS_LINUX
+
+TEST_F(InstallTree, AsksForThePasswordOfTheShareUnseen) {
+    QFile keyboard;
+    ASSERT_TRUE(keyboard.open(posix_openpt(O_RDWR | O_NOCTTY), QIODevice::ReadWrite | QIODevice::Unbuffered));
+    ASSERT_TRUE(grantpt(keyboard.handle()) == 0 && unlockpt(keyboard.handle()) == 0);
+    const auto answered = [&](const char* typed) {
+        QProcess program;
+        program.setStandardInputFile(QString::fromLocal8Bit(ptsname(keyboard.handle())));
+        program.setReadChannel(QProcess::StandardError);
+        program.start(bin + u"/rovena-install"_s, {options().root, u"--share-user"_s, u"clerk"_s});
+        EXPECT_TRUE(program.waitForReadyRead()) << "the question";
+        keyboard.write(typed);
+        EXPECT_TRUE(program.waitForFinished());
+        return program.exitCode();
+    };
+    EXPECT_EQ(answered("typed\n"), 0);
+    EXPECT_EQ(of_pc(settings_of(options()), u"winパスワード"_s), u"typed"_s);
+    EXPECT_FALSE(keyboard.read(100).contains("typed"));
+    EXPECT_EQ(answered("\x03\n"), 1) << "broken off";
+}
 
 TEST_F(InstallTree, BelongsToTheGroupThatItsFolderIsHandedDownTo) {
     const QString root = options().root;

@@ -42,6 +42,7 @@ TEST(Arguments, ARestoreTakesAFolderAndARootUnlessItOnlyLists) {
     EXPECT_TRUE(read(u"restore --list /bk/3"_s).restore->only_list);
     EXPECT_EQ(read(u"restore --list /bk/3"_s).problem, QString());
     EXPECT_FALSE(read(u"/restore"_s).restore);
+    EXPECT_EQ(read(u"show /srv"_s).show, u"/srv"_s);
 }
 
 TEST(Arguments, WhatCantBeUsedIsNamed) {

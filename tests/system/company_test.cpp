@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QSysInfo>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
@@ -111,16 +112,9 @@ private:
     Account m_account;
 };
 
-class Company : public testing::Test {
+/// A main PC with its turn service, and the trees of other PCs beside it.
+class SharedFolder : public testing::Test {
 protected:
-    void SetUp() override {
-        install(u"main"_s, {u"--use-class"_s, u"0"_s, u"--sample"_s, u"5"_s, u"1"_s, u"--until"_s, u"202609"_s});
-        for (const auto& [name, use_class] : {std::pair(u"second"_s, u"1"_s), std::pair(u"third"_s, u"2"_s)})
-            install(name, {u"--use-class"_s, use_class, u"--server-root"_s, settings().server_root, u"--server-name"_s,
-                              u"127.0.0.1"_s}); // the main PC named itself, by a name that no network here knows
-        give_shared_days_a_kind();
-        start_service(0);
-    }
     void TearDown() override {
         service.terminate();
         service.waitForFinished();
@@ -135,6 +129,41 @@ protected:
         result.server_root = drive(u"main"_s) + u"/Program Files/meridan/qn"_s;
         result.local_root = result.server_root;
         return result;
+    }
+
+    void start_service(const QString& program, const QStringList& arguments) {
+        service.setReadChannel(QProcess::StandardError);
+        service.start(program, arguments);
+        static const QRegularExpression opened(u"127\\.0\\.0\\.1:(\\d+)"_s);
+        QString log;
+        while (!opened.match(log).hasMatch() && service.waitForReadyRead(30'000))
+            log += QString::fromUtf8(service.readAllStandardError());
+        port = opened.match(log).captured(1).toUShort();
+    }
+
+    std::map<Day, std::vector<qint64>> stored_days() const {
+        auto rovdata = store::Database::open(store::rovdata_path(settings()), store::Kind::Rovdata);
+        auto query = rovdata.prepare("select 社員システム番号, 出社日, 出社時間 from rovmei where 出社日/100=202610");
+        std::map<Day, std::vector<qint64>> days;
+        while (query.step())
+            days[{query.row().number(0), query.row().number(1)}].push_back(query.row().number(2));
+        return days;
+    }
+
+    QTemporaryDir folder;
+    QProcess service;
+    quint16 port = 0;
+};
+
+class Company : public SharedFolder {
+protected:
+    void SetUp() override {
+        install(u"main"_s, {u"--use-class"_s, u"0"_s, u"--sample"_s, u"5"_s, u"1"_s, u"--until"_s, u"202609"_s});
+        for (const auto& [name, use_class] : {std::pair(u"second"_s, u"1"_s), std::pair(u"third"_s, u"2"_s)})
+            install(name, {u"--use-class"_s, use_class, u"--server-root"_s, settings().server_root, u"--server-name"_s,
+                              u"127.0.0.1"_s}); // the main PC named itself, by a name that no network here knows
+        give_shared_days_a_kind();
+        start_service(0);
     }
 
     void install(const QString& pc, const QStringList& options) {
@@ -155,14 +184,8 @@ protected:
     }
 
     void start_service(quint16 wanted) {
-        service.setReadChannel(QProcess::StandardError);
-        service.start(bin + u"/jyunban"_s,
+        SharedFolder::start_service(bin + u"/jyunban"_s,
             {u"--bind"_s, u"127.0.0.1"_s, u"--port"_s, digits(wanted), u"--root"_s, settings().server_root});
-        static const QRegularExpression opened(u"127\\.0\\.0\\.1:(\\d+)"_s);
-        QString log;
-        while (!opened.match(log).hasMatch() && service.waitForReadyRead(30'000))
-            log += QString::fromUtf8(service.readAllStandardError());
-        port = opened.match(log).captured(1).toUShort();
     }
     void kill_service() {
         service.kill();
@@ -207,18 +230,6 @@ protected:
         EXPECT_EQ(e2e::rows_waiting(settings()), 0);
     }
 
-    std::map<Day, std::vector<qint64>> stored_days() const {
-        auto rovdata = store::Database::open(store::rovdata_path(settings()), store::Kind::Rovdata);
-        auto query = rovdata.prepare("select 社員システム番号, 出社日, 出社時間 from rovmei where 出社日/100=202610");
-        std::map<Day, std::vector<qint64>> days;
-        while (query.step())
-            days[{query.row().number(0), query.row().number(1)}].push_back(query.row().number(2));
-        return days;
-    }
-
-    QTemporaryDir folder;
-    QProcess service;
-    quint16 port = 0;
     int kills = 0;
 };
 
@@ -230,6 +241,58 @@ void expect_whole(const QString& path, store::Kind kind) {
 }
 
 } // namespace
+
+/// What the package lays out, in a folder of the test in the place of the system's.
+class Packaged : public SharedFolder {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(run({u"cmake"_s, u"--install"_s, QStringLiteral(ROVENA_BUILD), u"--prefix"_s, usr}), 0);
+    }
+
+    static int run(const QStringList& command) { return QProcess::execute(command.first(), command.sliced(1)); }
+
+    /// A line of the turn service's unit.
+    QStringList line(const QString& key) const {
+        QFile unit(usr + u"/lib/systemd/system/jyunban.service"_s);
+        EXPECT_TRUE(unit.open(QIODevice::ReadOnly));
+        QString text = QString::fromUtf8(unit.readAll()).section(u'\n' + key + u'=', 1).section(u'\n', 0, 0);
+        text.replace(u"/usr/"_s, usr + u'/').replace(u"/var/lib/rovena"_s, drive(u"main"_s));
+        return QProcess::splitCommand(text);
+    }
+
+    QString shown_by(const QString& pc) const {
+        QProcess show;
+        show.start(usr + u"/bin/rovena-install"_s, {u"show"_s, drive(pc)});
+        EXPECT_TRUE(show.waitForFinished());
+        return QString::fromUtf8(show.readAllStandardOutput());
+    }
+
+    const QString usr = folder.filePath(u"usr"_s);
+};
+
+TEST_F(Packaged, LetsAnotherPcSaveWhatTheServiceOfTheMainPcApplies) {
+    ASSERT_EQ(run(line(u"ExecStartPre"_s) + QStringList{u"--sample"_s, u"5"_s, u"1"_s, u"--until"_s, u"202609"_s}), 0);
+    ASSERT_EQ(run(line(u"ExecStartPre"_s)), 0) << "the service started anew";
+    const QStringList service_line = line(u"ExecStart"_s);
+    start_service(
+        service_line.first(), service_line.sliced(1) + QStringList{u"--bind"_s, u"127.0.0.1"_s, u"--port"_s, u"0"_s});
+
+    const QString tool = usr + u"/bin/rovena-install"_s;
+    ASSERT_EQ(run({tool, drive(u"second"_s), u"--use-class"_s, u"2"_s, u"--server-root"_s, settings().server_root}), 0);
+    EXPECT_TRUE(shown_by(u"second"_s).contains(u"サーバー名 = "_s + QSysInfo::machineHostName()));
+    ASSERT_EQ(run({tool, drive(u"second"_s), u"--server-name"_s, u"127.0.0.1"_s}), 0) << "known to every network";
+    EXPECT_TRUE(shown_by(u"main"_s).contains(u"サーバー名 = 127.0.0.1\n"_s));
+
+    Pc second({programs(u"second"_s), port, 1, 1, 1, 7});
+    EXPECT_TRUE(second.end());
+    EXPECT_GE(second.account().confirmed_saves(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return e2e::rows_waiting(settings()) == 0; }, 60'000));
+    const auto stored = stored_days();
+    for (const auto& [day, wanted] : second.account().days()) {
+        ASSERT_TRUE(stored.contains(day)) << day.second;
+        EXPECT_EQ(wanted.possible, std::set<qint64>{stored.at(day).front()}) << day.second;
+    }
+}
 
 TEST_F(Company, EveryConfirmedDayStandsOnceWhoeverIsKilled) {
     const int seconds = qEnvironmentVariableIntValue("ROVENA_SYSTEM_SECONDS");
