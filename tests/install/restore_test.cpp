@@ -199,6 +199,18 @@ TEST_F(RestoredCompany, IsNotTakenFromItsPeopleByAnother) {
     EXPECT_TRUE(all_rows(settings) == before);
 }
 
+TEST_F(RestoredCompany, StaysOpenToEverybodyWhereItWasAndItsGroupCannotBeGiven) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "files of another person need the administrator";
+    ASSERT_EQ(QProcess::execute(u"chgrp"_s, {u"-R"_s, u"2345"_s, folder.path()}), 0);
+    ASSERT_EQ(QProcess::execute(u"chmod"_s, {u"-R"_s, u"a+rwX"_s, folder.path()}), 0);
+    {
+        const support::AsNobody nobody;
+        EXPECT_EQ(refusal(), QString());
+    }
+    EXPECT_TRUE(QFileInfo(comsys_path(settings)).permission(QFile::WriteOther | QFile::WriteGroup));
+}
+
 #endif
 
 // Each restore is killed one change of a file later than the one before.
