@@ -54,9 +54,13 @@ void close_file(int file) {
 }
 bool another_holds(const QString& path) {
     const int file = open_without_sharing(path, 0, true);
-    if (file >= 0)
+    if (file >= 0) {
         _close(file);
-    return file < 0 && kept_by_another();
+        return false;
+    }
+    if (!kept_by_another() && errno != ENOENT)
+        throw LockError(path, QString::fromStdString(std::generic_category().message(errno)));
+    return kept_by_another();
 }
 #else
 int open_file(const QString& path, bool alone) {
@@ -82,6 +86,8 @@ void close_file(int file) {
 // Asked with a shared lock, so that two who ask don't take each other for the program.
 bool another_holds(const QString& path) {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0 && errno != ENOENT && errno != ENOTDIR)
+        throw LockError(path, QString::fromStdString(std::generic_category().message(errno)));
     if (file < 0)
         return false;
     const bool held = ::flock(file, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;

@@ -31,8 +31,8 @@ public:
     /// round. A file that this person may only read serves as well.
     bool share(std::chrono::milliseconds patience);
 
-    /// Whether some program holds the title in the folder. A folder or file that isn't there, or that this person may
-    /// not read, means none does.
+    /// Whether some program holds the title in the folder. A folder or file that isn't there means none does; LockError
+    /// if the file is there and can't be asked.
     /// Programs that share a title don't hold it in this sense.
     static bool held(const QString& folder, const QString& title);
 

@@ -43,6 +43,10 @@ TEST(ProgramLock, WhatNobodyHoldsAndCannotBeHadIsTold) {
     EXPECT_FALSE(ProgramLock::held(none, u"jyusinkanri"_s));
     EXPECT_THROW(ProgramLock(none, u"jyusinkanri"_s).take(0ms), platform::LockError);
     EXPECT_THROW(ProgramLock(none, u"rovena"_s).share(0ms), platform::LockError);
+#ifdef Q_OS_LINUX
+    ASSERT_TRUE(QFile::link(u"round.lock"_s, dir.filePath(u"round.lock"_s))); // what can't be opened by whomever
+    EXPECT_THROW(ProgramLock::held(dir.path(), u"round"_s), platform::LockError);
+#endif
 }
 
 #ifdef Q_OS_LINUX
