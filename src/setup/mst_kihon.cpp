@@ -106,10 +106,12 @@ void mst_kihon::Form_Load() {
 void mst_kihon::prconb_Click(int item) {
     prconb.index = item;
     atai[printer].text = prconb.text();
+    m_stored_day = first_day_in_kihon(Run::Single);
 }
 
 void mst_kihon::atai_Change(int element, const QString& typed) {
     atai[element].text = field_text(only_of(typed, u"0123456789-"));
+    m_stored_day = first_day_in_kihon(Run::Single);
 }
 
 bool mst_kihon::atai_KeyDown(int element, int key_code) {

@@ -50,6 +50,8 @@ TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
     again.atai_Change(mst_kihon::first_day, u"15"_s);
     EXPECT_TRUE(again.first_day_notice().contains(u"いまは1日"_s)) << "nothing would be lost";
     set_shared(u"月初日付"_s, u"20"_s);
+    again.atai_Change(mst_kihon::offset_y, u"1"_s);
+    EXPECT_TRUE(again.first_day_notice().contains(u"いまの月初日付は20日"_s)) << "before it is lost";
     again.save();
     EXPECT_TRUE(again.first_day_notice().contains(u"20日から15日"_s)) << "another PC stored 20 meanwhile";
 
