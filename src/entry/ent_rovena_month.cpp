@@ -9,6 +9,8 @@ namespace entry {
 
 using namespace base;
 
+constexpr int first_year = 1000; ///< keys of earlier ones have fewer figures, which no stored row has
+
 /// Nothing if the texts name no month.
 std::optional<CompanyMonth> ent_rovena::month_in_boxes() const {
     const QString& typed = ym[year_selector].text;
@@ -17,7 +19,7 @@ std::optional<CompanyMonth> ent_rovena::month_in_boxes() const {
     const int month = ym[month_selector].text.toInt();
     bool is_number = false;
     typed.toInt(&is_number);
-    if (!is_number || year < 1 || year > 9999 || !QDate::isValid(year, month, 1))
+    if (!is_number || year < first_year || year > 9999 || !QDate::isValid(year, month, 1))
         return std::nullopt;
     return CompanyMonth(year, month, m_session.settings.month_start_day);
 }
