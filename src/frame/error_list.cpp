@@ -29,7 +29,11 @@ bool append(const QString& path, QByteArray lines) {
         return false;
     if (file.size() > 0 && file.seek(file.size() - 1) && file.read(1) != "\n")
         lines.prepend('\n');
-    return file.write(lines) == lines.size();
+    const qint64 before = file.size();
+    const bool whole = file.write(lines) == lines.size();
+    if (!whole)
+        file.resize(before); // what stays to be written is written whole
+    return whole;
 }
 
 /// Does it with nobody else at the lines that wait; false if that or the deed fails.
@@ -62,18 +66,22 @@ int error_count(const base::Settings& settings) {
 bool add_error(const base::Settings& settings, const QString& message) {
     const QString time = QDateTime::currentDateTime().toString(u"yyyy/MM/dd hh:mm:ss"_s);
     const QByteArray line = u"\"%1 %2\"\n"_s.arg(time, message.simplified()).toUtf8();
-    if (write_waiting_errors(settings) && append(error_file_path(settings), line))
+    write_waiting_errors(settings);
+    if (append(error_file_path(settings), line))
         return true;
     alone_with_waiting(settings, [&](const QString& waiting) { return append(waiting, line); });
     return false;
 }
 
 bool write_waiting_errors(const base::Settings& settings) {
-    if (!QFileInfo::exists(waiting_path(settings)))
+    if (QFileInfo(waiting_path(settings)).size() == 0) // or none is there
         return true;
     return alone_with_waiting(settings, [&](const QString& waiting) {
         QFile file(waiting);
-        return file.open(QIODevice::ReadOnly) && append(error_file_path(settings), file.readAll()) && file.remove();
+        if (!file.open(QIODevice::ReadWrite) || !append(error_file_path(settings), file.readAll()) || !file.resize(0))
+            return false;
+        file.remove(); // where somebody else's file can't go, it stays empty
+        return true;
     });
 }
 

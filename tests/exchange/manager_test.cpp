@@ -1,5 +1,7 @@
 #include "exchange/run.h"
 #include "exchange_tree.h"
+#include "frame/error_list.h"
+#include "support/disk.h"
 
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -98,6 +100,25 @@ TEST_F(Manager, ALineThatErrmsgTxtDidNotTakeIsWrittenByTheNextRun) {
     ASSERT_EQ(lines.size(), 3) << error_lines().toStdString();
     EXPECT_TRUE(lines[0].contains(u"「98」"_s) && lines[1].contains(u"「99」"_s)) << error_lines().toStdString();
 }
+
+#ifdef Q_OS_LINUX
+TEST_F(Manager, LinesThatWaitedAreWrittenOnceAlsoWhereTheirFileCannotGo) {
+    const QString waiting = store::exchange_folder(tree.settings) + u"/errmsg.txt"_s;
+    QFile file(waiting);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("\"waited\"\n") > 0);
+    file.close();
+    QFile(store::exchange_folder(tree.settings) + u"/errmsg.lock"_s).open(QIODevice::WriteOnly);
+    QDir().mkpath(tree.settings.local_root + u"/rovena100/data/trn"_s);
+    ASSERT_EQ(QProcess::execute(u"chmod"_s, {u"-R"_s, u"a+rwX"_s, tree.folder.path()}), 0);
+    ASSERT_TRUE(QFile::setPermissions(store::exchange_folder(tree.settings), support::enterable));
+    {
+        const support::AsNobody nobody;
+        frame::write_waiting_errors(tree.settings);
+        frame::write_waiting_errors(tree.settings);
+    }
+    EXPECT_EQ(error_lines(), u"\"waited\"\n"_s);
+}
+#endif
 
 TEST_F(Manager, NeedsNoDisplayAndIsNotStoppedByABrokenOne) {
     for (const auto& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
