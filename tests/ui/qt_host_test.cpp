@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "platform/file_error.h"
+#include "platform/program_lock.h"
 #include "store/error.h"
 #include "support/person.h"
 #include "ui/application.h"
@@ -75,9 +76,15 @@ TEST(QtHost, TheWindowStaysAsLongAsTheProgramWaits) {
     EXPECT_TRUE(program.window().close());
 }
 
-TEST(Application, AnErrorOfTheStoreIsToldAndAMissingFileOfTheInstallationEndsTheProgram) {
+TEST(Application, AnErrorOfTheStoreOrOfALockIsToldAndAMissingFileOfTheInstallationEndsTheProgram) {
     const store::Error busy(store::Code::Busy, u"/srv/comsys.mdb"_s, {}, {});
     EXPECT_EQ(told(busy), std::vector({support::Shown{busy.text(), u"就業録"_s, Buttons::Ok}}));
+    const platform::LockError lock(u"/srv/jyusinkanri.lock"_s, u"no"_s);
+    QTimer::singleShot(0, [&] {
+        EXPECT_EQ(told(lock).size(), 1U);
+        QTimer::singleShot(10, [] { QApplication::exit(7); }); // comes to it only if the program goes on
+    });
+    EXPECT_EQ(QApplication::exec(), 7);
     const platform::FileError missing(u"/srv/zen_end.BMP"_s);
     QTimer::singleShot(0, [&] {
         EXPECT_EQ(told(missing), std::vector({support::Shown{missing.text(), u"就業録"_s, Buttons::Ok}}));
