@@ -69,7 +69,8 @@ void 出勤集計処理(MonthSheet& sheet, int r) {
     if (!is_day(sheet, r))
         return;
     blank_break_without_clock(sheet, r);
-    write(sheet, r, day_figures(sheet, r));
+    const bool by_hand = sheet.entry_cell.col == col::break_time;
+    write(sheet, r, day_figures(sheet, r, by_hand ? BreakFrom::Cell : BreakFrom::Rules));
     settle_kind(sheet, r);
     tally_month(sheet);
 }

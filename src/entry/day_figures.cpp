@@ -58,16 +58,15 @@ class Figuring {
 public:
     Figuring(const MonthSheet& sheet, int r) : m_sheet(sheet), m_bands(sheet.band_table[weekday_of(sheet, r)]) {
         m_day.stay = stay_of(sheet, r);
-        m_day.break_by_hand = sheet.entry_cell.col == col::break_time;
         m_day.break_time = sheet.hyou(r, col::break_time);
         for (int column = col::first_category; column < sheet.hyou.Cols(); ++column)
             m_day.categories << sheet.hyou(r, column);
     }
 
-    DayFigures whole() && {
+    DayFigures whole(BreakFrom break_from) && {
         cut_into_bands();
         m_day.outside = outside_of(m_bands, m_day.stay);
-        m_day.break_total = m_day.break_by_hand ? minutes_of(m_day.break_time) : break_by_rules();
+        m_day.break_total = break_from == BreakFrom::Cell ? minutes_of(m_day.break_time) : break_by_rules();
         m_day.work = m_day.stay.length() - m_day.break_total;
         m_day.work_time = work_time_text(m_day.work);
         return std::move(m_day);
@@ -137,8 +136,8 @@ private:
 
 } // namespace
 
-DayFigures day_figures(const MonthSheet& sheet, int r) {
-    return Figuring(sheet, r).whole();
+DayFigures day_figures(const MonthSheet& sheet, int r, BreakFrom break_from) {
+    return Figuring(sheet, r).whole(break_from);
 }
 
 } // namespace entry

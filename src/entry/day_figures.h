@@ -31,7 +31,6 @@ struct DayFigures {
     Stay stay;
     QList<BandFigure> bands;  ///< in order of their numbers
     base::minutes outside{0}; ///< minutes of the stay that lie in no band
-    bool break_by_hand = false;
     base::minutes break_total{0};
     base::minutes work{0}; ///< the stay less the break; negative where the break is longer
 
@@ -40,9 +39,14 @@ struct DayFigures {
     QString work_time;      ///< the text of the work time's cell; empty for no work
 };
 
-/// The figures of a sheet row that is a day, from its clock cells and the schedule. The break in its cell stands
-/// instead of the break rules where `entry_cell` says that it was typed by hand; categories that have no band on the
-/// weekday keep the text that they have.
-DayFigures day_figures(const MonthSheet& sheet, int r);
+/// Whence a day has its break.
+enum class BreakFrom {
+    Rules, ///< the bands' break rules
+    Cell,  ///< typed by hand into its cell
+};
+
+/// The figures of a sheet row that is a day, from its clock cells and the schedule. Categories that have no band on the
+/// weekday keep the text that they have, and so does the break's cell where no rule was asked.
+DayFigures day_figures(const MonthSheet& sheet, int r, BreakFrom break_from);
 
 } // namespace entry

@@ -203,6 +203,17 @@ bool move_by_key(MonthSheet& sheet, Editors& editors, int key_code) {
     return true;
 }
 
+/// The day in hand first, which knows the cell that was edited.
+void calculate_pending_days(MonthSheet& sheet) {
+    const Cell in_hand = sheet.entry_cell;
+    calculate_day_left(sheet);
+    for (int r = row::first_day; r <= row::last_day; ++r) {
+        sheet.entry_cell = {r, col::clock_out};
+        calculate_day_left(sheet);
+    }
+    sheet.entry_cell = in_hand;
+}
+
 void choose_kind(MonthSheet& sheet, KindList& kyucom, int index) {
     const int r = sheet.hyou.Row();
     if (!kyucom.enabled || index < 0 || index >= kyucom.items.size() || !is_day(sheet, r))

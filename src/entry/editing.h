@@ -54,6 +54,9 @@ QString accept_text(MonthSheet& sheet, const QString& text);
 /// A key that moves the cursor: commit, placement, and the new cell's text in `atai`. False if the key moves nothing.
 bool move_by_key(MonthSheet& sheet, Editors& editors, int key_code);
 
+/// Calculates the days that still wait for it, as leaving them would.
+void calculate_pending_days(MonthSheet& sheet);
+
 /// A kind chosen from `kyucom` for the cursor's day: marks it and counts all day kinds anew. Only while enabled; a row
 /// that is no day takes none.
 void choose_kind(MonthSheet& sheet, KindList& kyucom, int index);

@@ -46,6 +46,7 @@ void ent_rovena::Form_Load() {
     editors.atai.close();
     for (Selector& selector : ym)
         selector.enabled = true;
+    open_drafts();
 }
 
 void ent_rovena::Form_Activate() {
@@ -101,8 +102,9 @@ void ent_rovena::社員選択処理() {
         return;
     report(u"データー抽出中"_s);
     load_month(employee);
-    unloaded.dismiss();
     trim_strip(sheet.hyou_day);
+    m_draft.begin(sheet, employee);
+    unloaded.dismiss();
     sheet.hyou_day.setCursor({1, 0});
     hyou_day_shown = true;
     sheet.hyou.setCursor(sheet.entry_cell);
@@ -122,6 +124,7 @@ bool ent_rovena::saved_days_are_in(qint64 employee) {
 
 /// A load that failed or was refused leaves nobody chosen: an empty sheet under a name could be saved over that month.
 void ent_rovena::forget_employee() {
+    m_draft.end();
     for (QString* text : {&syainsyscd, &syalab, &kintypecd, &lab2, &msglab})
         text->clear();
     sheet.band_table = {};
@@ -145,7 +148,8 @@ void ent_rovena::保存処理() {
     if (saving || waiting)
         return;
     const QScopedValueRollback<bool> busy(saving, true);
-    entry::保存処理(m_session, sheet, posted_employee(syalab, syainsyscd));
+    if (entry::保存処理(m_session, sheet, posted_employee(syalab, syainsyscd)) == Saved::Posted)
+        m_draft.posted(sheet);
 }
 
 bool ent_rovena::employee_chosen() {
@@ -185,6 +189,7 @@ void ent_rovena::hyou_Click(Cell cell) {
         cell = {std::min(cell.row, sheet.hyou.last_row()), std::min(cell.col, sheet.hyou.last_col())};
     sheet.hyou.setCursor(cell);
     入力フォーム(sheet, editors);
+    keep_draft();
 }
 
 void ent_rovena::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {
@@ -205,16 +210,21 @@ QString ent_rovena::atai_Insert(const QString& text) {
 }
 
 bool ent_rovena::atai_KeyDown(int key_code) {
-    return move_by_key(sheet, editors, key_code);
+    const bool moved = move_by_key(sheet, editors, key_code);
+    if (moved)
+        keep_draft();
+    return moved;
 }
 
 void ent_rovena::atai_LostFocus() {
     commit(sheet, editors);
+    keep_draft();
 }
 
 void ent_rovena::kyucom_Click(int index) {
     if (employee_chosen())
         choose_kind(sheet, editors.kyucom, index);
+    keep_draft();
 }
 
 void ent_rovena::hyou_day_Click(int column) {
@@ -223,11 +233,14 @@ void ent_rovena::hyou_day_Click(int column) {
 
 void ent_rovena::hyou_day_KeyPress(int character) {
     type_count(sheet.hyou_day, character);
+    m_draft.count_typed(sheet, sheet.hyou_day.Col());
 }
 
 void ent_rovena::hyou_day_KeyDown(int key_code) {
-    if (key_code == key::del)
-        clear_count(sheet.hyou_day);
+    if (key_code != key::del)
+        return;
+    clear_count(sheet.hyou_day);
+    m_draft.count_typed(sheet, sheet.hyou_day.Col());
 }
 
 void ent_rovena::botan_Click(int element) {

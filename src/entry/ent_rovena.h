@@ -16,6 +16,8 @@
 //   ym_Click() or ym_KeyDown(): take no input, don't destroy the form.
 
 #include "entry/editing.h"
+#include "entry/findings.h"
+#include "entry/month_draft.h"
 #include "entry/sheet.h"
 #include "frame/session.h"
 
@@ -39,7 +41,7 @@ public:
     static constexpr QStringView kyuflg_captions[] = {u"休憩時間含", u"実働勤務時間"};
     static constexpr base::Rgb atai_back{240, 240, 255};
 
-    explicit ent_rovena(frame::Session& session) : m_session(session) {}
+    explicit ent_rovena(frame::Session& session) : m_session(session), m_draft(session) {}
 
     // State under the names of the controls.
 
@@ -74,6 +76,29 @@ public:
     void 社員リストソート処理();
     void 社員選択処理();
     void 保存処理();
+
+    // The draft: what was typed and isn't in the tables yet. It is kept with every act that may have typed something.
+
+    /// How the month stands, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty if untouched.
+    QString standing() const { return m_draft.standing(); }
+    /// Whether saved days are on their way into the tables: a page asks now and then, and shows standing() anew.
+    bool days_on_their_way() { return m_draft.on_their_way(); }
+    /// Whether an employee of the list has a draft.
+    bool has_draft(int row) const;
+    /// Days that somebody else changed as well, to be decided one by one.
+    const QList<Clash>& clashes() const { return m_draft.clashes(); }
+    void decide(int clash, MonthDraft::Choice choice);
+    /// "入力を取り消す": the month stands as the tables hold it.
+    void give_up_draft();
+
+    // The look before saving.
+
+    /// What is off, but for the kinds that this PC doesn't look for; nothing where the month isn't to be asked about.
+    QList<Finding> look_before_saving();
+    void calculate_all();
+    void ask_no_more_for_month();
+    FindingKinds kinds_left_out() const;
+    void leave_out(FindingKind kind, bool left_out);
 
     // Acts of the person.
 
@@ -120,7 +145,12 @@ private:
     bool employee_chosen();
     void forget_employee();
 
+    void open_drafts();
+    void keep_draft();
+
     frame::Session& m_session;
+    MonthDraft m_draft;
+    QSet<qint64> m_employees_with_drafts;
 };
 
 } // namespace entry

@@ -91,13 +91,16 @@ void post_rows(const base::Settings& settings, const QList<ExchangeRow>& rows) {
     }
 }
 
-void 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee) {
+Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee) {
     if (employee.key == 0)
-        return;
+        return Saved::Nothing;
     const QString stamp = session.host.now().toString(u"yyyyMMddhhmmss"_s);
     const QList<ExchangeRow> rows = rows_to_post(sheet, employee, stamp);
-    if (!rows.isEmpty() && post_in_turn(session, rows) && is_main_pc(session.settings))
+    if (rows.isEmpty() || !post_in_turn(session, rows))
+        return Saved::Nothing;
+    if (is_main_pc(session.settings))
         start_manager(session);
+    return Saved::Posted;
 }
 
 } // namespace entry

@@ -51,9 +51,11 @@ inline bool is_main_pc(const base::Settings& settings) {
 bool manager_running(frame::Session& session);
 void start_manager(frame::Session& session);
 
+enum class Saved { Nothing, Posted };
+
 /// The whole save: rows, turn, manager's absence, posting, turn given up, manager started. Without a changed day, or
 /// without an employee, nothing happens. Ends with a message and posts nothing if the turn isn't to be had or the
 /// manager is still at work.
-void 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee);
+Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee);
 
 } // namespace entry

@@ -33,6 +33,10 @@ QString losys_path(const base::Settings& settings) {
     return own_path(settings, settings.local_root, u"data/system/losys.mdb");
 }
 
+QString drafts_path(const base::Settings& settings) {
+    return own_path(settings, settings.local_root, u"data/system/sitagaki.mdb");
+}
+
 QString own_path(const base::Settings& settings, const QString& root, QStringView below) {
     return u"%1/%2/%3"_s.arg(platform::portable(root), settings.product_folder, below);
 }

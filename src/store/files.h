@@ -13,6 +13,7 @@ QString comsys_path(const base::Settings& settings);
 QString allsystem_path(const base::Settings& settings);
 QString rovdata_path(const base::Settings& settings);
 QString losys_path(const base::Settings& settings);
+QString drafts_path(const base::Settings& settings); ///< beside losys.mdb; made with the first draft
 
 /// A path in the program's own folder below a root: `below` begins without "/", and is empty for the folder itself.
 ///   own_path(settings, settings.local_root, u"help") // ".../rovena100/help"

@@ -161,6 +161,38 @@ constexpr Field jyusin_error_fields[]{
 constexpr int posted_fields = 49;
 constexpr std::span<const Field> jyusin_fields(jyusin_error_fields, posted_fields);
 
+/// A day as it was read, as it is typed, and how it stands.
+constexpr Field sitagaki_fields[]{
+    {u"社員システム番号", number},
+    {u"年月日", number},
+    {u"前出社時間", text},
+    {u"前退社時間", text},
+    {u"前休憩時間", text},
+    {u"前備考", text},
+    {u"前休暇番号", text},
+    {u"前休暇名", text},
+    {u"前休出", text},
+    {u"出社時間", text},
+    {u"退社時間", text},
+    {u"休憩時間", text},
+    {u"備考", text},
+    {u"休暇番号", text},
+    {u"休暇名", text},
+    {u"休出", text},
+    {u"休憩手入力", number},
+    {u"未計算", number},
+    {u"登録済", number},
+};
+
+constexpr Field sitagaki_nissu_fields[]{
+    {u"社員システム番号", number},
+    {u"年月", number},
+    {u"種類", text},
+    {u"日数", text},
+};
+
+constexpr Field kakuninzumi_fields[]{{u"社員システム番号", number}, {u"年月", number}};
+
 constexpr Table comsys_tables[]{
     {u"kihon", setting_fields},
     {u"waseihen", waseihen_fields},
@@ -182,6 +214,11 @@ constexpr Table rovdata_tables[]{
 };
 constexpr Table losys_tables[]{{u"losystem", setting_fields}};
 constexpr Table exchange_tables[]{{u"jyusin", jyusin_fields}, {u"jyusin_error", jyusin_error_fields}};
+constexpr Table drafts_tables[]{
+    {u"sitagaki", sitagaki_fields},
+    {u"sitagaki_nissu", sitagaki_nissu_fields},
+    {u"kakuninzumi", kakuninzumi_fields},
+};
 
 constexpr Index comsys_indexes[]{
     {u"kihon_key", u"kihon", u"\"項目名\""},
@@ -204,6 +241,11 @@ constexpr Index rovdata_indexes[]{
     {u"rov_kihon_key", u"rov_kihon", u"\"項目名\""},
 };
 constexpr Index losys_indexes[]{{u"losystem_key", u"losystem", u"\"項目名\""}};
+constexpr Index drafts_indexes[]{
+    {u"sitagaki_key", u"sitagaki", u"\"社員システム番号\", \"年月日\""},
+    {u"sitagaki_nissu_key", u"sitagaki_nissu", u"\"社員システム番号\", \"年月\""},
+    {u"kakuninzumi_key", u"kakuninzumi", u"\"社員システム番号\", \"年月\""},
+};
 
 struct Content {
     Kind kind;
@@ -218,6 +260,7 @@ constexpr std::array contents{
     Content{Kind::Rovdata, 0x52560003, rovdata_tables, rovdata_indexes},
     Content{Kind::Losys, 0x52560004, losys_tables, losys_indexes},
     Content{Kind::Exchange, 0x52560005, exchange_tables, {}},
+    Content{Kind::Drafts, 0x52560006, drafts_tables, drafts_indexes},
     Content{Kind::Any, 0, {}, {}},
 };
 

@@ -1,0 +1,137 @@
+#include "entry/draft.h"
+
+#include "base/text.h"
+#include "entry/calculation.h"
+#include "entry/cells.h"
+#include "entry/tally.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace entry {
+
+namespace {
+
+auto as_stored(const TypedDay& day) {
+    const ClockNumber in = clock_of(day.clock_in);
+    const qint64 kind = Val(day.kind_number);
+    return std::tuple(in, end_minutes(in, clock_of(day.clock_out)), clock_of(day.break_time), Trim(day.remark), kind,
+        kind == 0 ? 0 : Val(day.holiday_work));
+}
+
+bool same_times(const TypedDay& a, const TypedDay& b) {
+    return a.clock_in == b.clock_in && a.clock_out == b.clock_out && a.break_time == b.break_time;
+}
+
+/// A day that isn't calculated yet was typed by hand in its break if that isn't the one that was read.
+BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
+    const QString& pause = sheet.hyou(r, col::break_time);
+    const bool by_hand = Val(sheet.mark(r)) == 2
+                             ? pause != read.break_time
+                             : minutes_of(pause) != day_figures(sheet, r, BreakFrom::Rules).break_total;
+    return by_hand ? BreakFrom::Cell : BreakFrom::Rules;
+}
+
+/// A day without work takes its kind from the calculation, which leaves `休出` as it is; a choice sets it.
+bool only_stamped(const MonthSheet& sheet, const TypedDay& before, TypedDay now) {
+    if (now.kind_number != sheet.kind_without_work.number || now.holiday_work != before.holiday_work)
+        return false;
+    now.kind_number = before.kind_number;
+    now.kind_name = before.kind_name;
+    return now == before;
+}
+
+bool stands_as_posted(const QList<DraftDay>& posted, QDate date, const TypedDay& typed) {
+    return std::ranges::any_of(
+        posted, [&](const DraftDay& day) { return day.posted && day.date == date && day.typed == typed; });
+}
+
+void calculate_from(MonthSheet& sheet, int r, int column) {
+    sheet.entry_cell = {r, column};
+    出勤集計処理(sheet, r);
+}
+
+void write_kind(MonthSheet& sheet, int r, const TypedDay& typed) {
+    sheet.hyou_system(r, record::kind_number) = typed.kind_number;
+    sheet.hyou_system(r, record::kind_name) = typed.kind_name;
+    sheet.hyou_system(r, record::holiday_work) = typed.holiday_work;
+    sheet.hyou(r, col::kind) = typed.kind_name;
+}
+
+void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts) {
+    for (int column = 0; column < hyou_day.Cols(); ++column)
+        if (const auto typed = counts.find(hyou_day(strip::tag, column)); typed != counts.end())
+            hyou_day(strip::count, column) = *typed;
+}
+
+} // namespace
+
+TypedDay typed_day(const MonthSheet& sheet, int r) {
+    const auto& hyou = sheet.hyou;
+    const auto& hidden = sheet.hyou_system;
+    return {hyou(r, col::clock_in), hyou(r, col::clock_out), hyou(r, col::break_time), hyou(r, col::remark),
+        hidden(r, record::kind_number), hidden(r, record::kind_name), hidden(r, record::holiday_work)};
+}
+
+bool stored_alike(const TypedDay& a, const TypedDay& b) {
+    return as_stored(a) == as_stored(b);
+}
+
+MonthAsRead month_as_read(const MonthSheet& sheet) {
+    MonthAsRead days;
+    for (int r = row::first_day; r <= row::last_day; ++r)
+        days[r] = typed_day(sheet, r);
+    return days;
+}
+
+int Draft::unsaved_days() const {
+    return static_cast<int>(std::ranges::count(days, false, &DraftDay::posted));
+}
+
+QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const QList<DraftDay>& posted) {
+    QList<DraftDay> days;
+    for (int r = row::first_day; r <= sheet.month.length(); ++r) {
+        const TypedDay now = typed_day(sheet, r);
+        const QDate date = sheet.month.day(r);
+        if (now != read[r] && !only_stamped(sheet, read[r], now))
+            days << DraftDay{date, read[r], now, break_from(sheet, r, read[r]), Val(sheet.mark(r)) == 2,
+                stands_as_posted(posted, date, now)};
+    }
+    return days;
+}
+
+QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
+    const MonthAsRead read = month_as_read(sheet); // the first day laid stamps the others
+    QList<Clash> clashes;
+    for (int r = row::first_day; r <= sheet.month.length(); ++r) {
+        const auto day = std::ranges::find(draft.days, sheet.month.day(r), &DraftDay::date);
+        if (day == draft.days.end() || stored_alike(day->typed, read[r]))
+            continue;
+        if (stored_alike(day->before, read[r]))
+            lay_day(sheet, r, *day);
+        else
+            clashes << Clash{r, *day, read[r]};
+    }
+    lay_counts(sheet.hyou_day, draft.counts);
+    return clashes;
+}
+
+void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
+    const Cell in_hand = sheet.entry_cell;
+    const bool calculated = same_times(typed_day(sheet, r), day.typed);
+    const bool by_hand = day.break_from == BreakFrom::Cell;
+    sheet.hyou(r, col::clock_in) = day.typed.clock_in;
+    sheet.hyou(r, col::clock_out) = day.typed.clock_out;
+    sheet.hyou(r, col::remark) = day.typed.remark;
+    if (by_hand)
+        sheet.hyou(r, col::break_time) = day.typed.break_time;
+    if (!calculated)
+        calculate_from(sheet, r, by_hand ? col::break_time : col::clock_out);
+    if (!day.pending || day.typed.kind_number != day.before.kind_number)
+        write_kind(sheet, r, day.typed);
+    sheet.mark(r) = u"1"_s;
+    tally_month(sheet);
+    sheet.entry_cell = in_hand;
+}
+
+} // namespace entry

@@ -1,0 +1,77 @@
+#pragma once
+
+// A draft: what was typed into a month and isn't in the tables yet, with what each day was beneath it when the month
+// was read. It is a plain value. Laid over the month as the tables hold it later (after a crash, on coming back, or
+// when another PC saved meanwhile), each day that nobody else changed gets the typed values, and the others are told
+// side by side, so that the person decides.
+
+#include "entry/day_figures.h"
+
+#include <QDate>
+#include <QMap>
+
+namespace entry {
+
+/// What a person types into a day; all that its figures follow from.
+struct TypedDay {
+    QString clock_in;
+    QString clock_out;
+    QString break_time;
+    QString remark;
+    QString kind_number;
+    QString kind_name;
+    QString holiday_work;
+    friend bool operator==(const TypedDay&, const TypedDay&) = default;
+};
+
+TypedDay typed_day(const MonthSheet& sheet, int r);
+
+/// Whether both are the same once they are stored and read back: a clock-out of midnight reads back as "24:00", a break
+/// of "0:00" and a kind of number 0 as nothing.
+bool stored_alike(const TypedDay& a, const TypedDay& b);
+
+/// The days of a month as they were read, by sheet row; the rows past its end are blank days.
+using MonthAsRead = std::array<TypedDay, row::total>;
+MonthAsRead month_as_read(const MonthSheet& sheet);
+
+struct DraftDay {
+    QDate date;
+    TypedDay before; ///< as it was read
+    TypedDay typed;
+    BreakFrom break_from = BreakFrom::Rules;
+    bool pending = false; ///< typed and not yet calculated: its kind follows from the calculation
+    bool posted = false;  ///< saved as it is typed, but not yet seen in the tables
+    friend bool operator==(const DraftDay&, const DraftDay&) = default;
+};
+
+struct Draft {
+    qint64 employee = 0;  ///< `システム番号`
+    QList<DraftDay> days; ///< in order
+    /// Counts typed into the strip by hand, by their tag.
+    QMap<QString, QString> counts;
+
+    bool isEmpty() const { return days.isEmpty() && counts.isEmpty(); }
+    int unsaved_days() const; ///< of its days, those that weren't posted as they are typed
+    friend bool operator==(const Draft&, const Draft&) = default;
+};
+
+/// The days of the sheet that differ from what was read, but for those that only got their standard kind by
+/// themselves. `posted` are days of an earlier draft: one that stands as it was posted stays so.
+QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const QList<DraftDay>& posted);
+
+/// A day that both the draft and somebody else changed.
+struct Clash {
+    int row;
+    DraftDay draft;
+    TypedDay stored;
+};
+
+/// Lays the draft over the newly read month: days that stand in the tables as they did get the typed values, are
+/// calculated and marked; days that stand as typed already, and days of other months, are passed over. Then the counts
+/// typed by hand. Gives back the days that are to be decided; they stay as they were read.
+QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
+
+/// Writes the typed values into a day and marks it changed; a day whose times aren't the same is calculated.
+void lay_day(MonthSheet& sheet, int r, const DraftDay& day);
+
+} // namespace entry

@@ -1,0 +1,173 @@
+#include "entry/draft_store.h"
+
+#include "base/literals.h"
+#include "store/database.h"
+#include "store/files.h"
+
+#include <QFile>
+#include <optional>
+
+namespace entry {
+
+using namespace base;
+
+namespace {
+
+/// A draft is written between two keys: it waits for nobody for long.
+constexpr std::chrono::milliseconds patience(500);
+
+bool is_damage(store::Code code) {
+    using enum store::Code;
+    return code == Empty || code == NotADatabase || code == WrongKey || code == Damaged || code == OtherKind;
+}
+
+std::optional<store::Database> open_drafts(const base::Settings& settings) {
+    const QString path = store::drafts_path(settings);
+    if (!QFile::exists(path))
+        return std::nullopt;
+    return store::Database::open(path, store::Kind::Drafts, patience);
+}
+
+store::Database open_or_make(const base::Settings& settings) {
+    if (auto database = open_drafts(settings))
+        return std::move(*database);
+    return store::Database::create(store::drafts_path(settings), store::Kind::Drafts);
+}
+
+TypedDay day_from(const store::Row& fields, int first) {
+    return {fields.text(first), fields.text(first + 1), fields.text(first + 2), fields.text(first + 3),
+        fields.text(first + 4), fields.text(first + 5), fields.text(first + 6)};
+}
+
+void bind_day(store::Statement& insert, int first, const TypedDay& day) {
+    const QString* const texts[] = {&day.clock_in, &day.clock_out, &day.break_time, &day.remark, &day.kind_number,
+        &day.kind_name, &day.holiday_work};
+    for (const QString* text : texts)
+        insert.bind_at(first++, *text);
+}
+
+void add_days(store::Database& database, const Draft& draft) {
+    auto insert = database.prepare("insert into sitagaki values (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    for (const DraftDay& day : draft.days) {
+        insert.bind(draft.employee, date_number(day.date));
+        bind_day(insert, 3, day.before);
+        bind_day(insert, 10, day.typed);
+        insert.bind_at(17, int(day.break_from == BreakFrom::Cell));
+        insert.bind_at(18, int(day.pending));
+        insert.bind_at(19, int(day.posted));
+        insert.run();
+    }
+}
+
+void add_counts(store::Database& database, const Draft& draft, int month_key) {
+    auto insert = database.prepare("insert into sitagaki_nissu values (?,?,?,?)");
+    for (const auto& [tag, days] : draft.counts.asKeyValueRange())
+        insert.bind(draft.employee, month_key, tag, days).run();
+}
+
+void take_away(store::Database& database, qint64 employee, const CompanyMonth& month) {
+    database.prepare("delete from sitagaki where 社員システム番号 = ? and 年月日 between ? and ?")
+        .bind(employee, date_number(month.first()), date_number(month.last()))
+        .run();
+    database.prepare("delete from sitagaki_nissu where 社員システム番号 = ? and 年月 = ?")
+        .bind(employee, month.month_key())
+        .run();
+}
+
+/// A file that isn't there is whole.
+bool is_whole(const base::Settings& settings) {
+    try {
+        auto database = open_drafts(settings);
+        if (!database)
+            return true;
+        auto check = database->prepare("pragma quick_check(1)");
+        return check.step() && check.row().text(0) == u"ok";
+    } catch (const store::Error& error) {
+        if (!is_damage(error.code()))
+            throw;
+        return false;
+    }
+}
+
+} // namespace
+
+QString put_away_damaged_drafts(const base::Settings& settings) {
+    if (is_whole(settings))
+        return {};
+    const QString path = store::drafts_path(settings);
+    const QString kept = store::kept_name(path, QDateTime::currentDateTime());
+    if (!QFile::rename(path, kept))
+        throw store::Error(store::Code::ReadOnly, path, {}, {});
+    store::put_away_journal(path);
+    return kept;
+}
+
+Draft read_draft(const base::Settings& settings, qint64 employee, const CompanyMonth& month) {
+    Draft draft{employee, {}, {}};
+    auto database = open_drafts(settings);
+    if (!database)
+        return draft;
+    auto days = database->prepare("select * from sitagaki where 社員システム番号 = ? and 年月日 between ? and ?"
+                                  " order by 年月日");
+    days.bind(employee, date_number(month.first()), date_number(month.last()));
+    while (days.step()) {
+        const store::Row fields = days.row();
+        draft.days << DraftDay{date_of_number(fields.number(1)), day_from(fields, 2), day_from(fields, 9),
+            BreakFrom(fields.integer(16)), fields.number(17) != 0, fields.number(18) != 0};
+    }
+    auto counts = database->prepare("select 種類, 日数 from sitagaki_nissu where 社員システム番号 = ? and 年月 = ?");
+    counts.bind(employee, month.month_key());
+    while (counts.step())
+        draft.counts.insert(counts.row().text(0), counts.row().text(1));
+    return draft;
+}
+
+void keep_draft(const base::Settings& settings, const Draft& draft, const CompanyMonth& month) {
+    if (draft.isEmpty() && !QFile::exists(store::drafts_path(settings)))
+        return;
+    auto database = open_or_make(settings);
+    store::Transaction transaction(database);
+    take_away(database, draft.employee, month);
+    add_days(database, draft);
+    add_counts(database, draft, month.month_key());
+    transaction.commit();
+}
+
+DraftsWaiting drafts_waiting(const base::Settings& settings) {
+    DraftsWaiting waiting;
+    auto database = open_drafts(settings);
+    if (!database)
+        return waiting;
+    QSet<std::pair<qint64, int>> months;
+    auto days = database->prepare("select 社員システム番号, 年月日, 登録済 from sitagaki");
+    while (days.step()) {
+        const qint64 employee = days.row().number(0);
+        const QDate date = date_of_number(days.row().number(1));
+        months.insert({employee, CompanyMonth::of(date, settings.month_start_day).month_key()});
+    }
+    auto counts = database->prepare("select 社員システム番号, 年月 from sitagaki_nissu");
+    while (counts.step())
+        months.insert({counts.row().number(0), counts.row().integer(1)});
+    for (const auto& [employee, month] : months)
+        waiting.employees.insert(employee);
+    waiting.months = static_cast<int>(months.size());
+    return waiting;
+}
+
+bool is_checked(const base::Settings& settings, qint64 employee, const CompanyMonth& month) {
+    auto database = open_drafts(settings);
+    return database && database->prepare("select 1 from kakuninzumi where 社員システム番号 = ? and 年月 = ?")
+                           .bind(employee, month.month_key())
+                           .step();
+}
+
+void set_checked(const base::Settings& settings, qint64 employee, const CompanyMonth& month) {
+    if (is_checked(settings, employee, month))
+        return;
+    auto database = open_or_make(settings);
+    store::Transaction transaction(database);
+    database.prepare("insert into kakuninzumi values (?,?)").bind(employee, month.month_key()).run();
+    transaction.commit();
+}
+
+} // namespace entry

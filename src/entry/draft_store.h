@@ -1,0 +1,34 @@
+#pragma once
+
+// Drafts on this PC: a small database of its own beside `losys.mdb`, keyed like all others. It is made with the first
+// draft; where there is none, nothing waits. What is kept is on the disk when the call returns.
+
+#include "base/company_month.h"
+#include "base/settings.h"
+#include "entry/draft.h"
+
+#include <QSet>
+
+namespace entry {
+
+/// A file that is damaged is put away beside, and its new name given back; empty if all is well.
+QString put_away_damaged_drafts(const base::Settings& settings);
+
+/// The draft of the employee's days in the month; empty if there is none. The counts are those of the month's key.
+Draft read_draft(const base::Settings& settings, qint64 employee, const base::CompanyMonth& month);
+
+/// Makes the draft the one of its employee and month, in one transaction; an empty one takes the old one away.
+void keep_draft(const base::Settings& settings, const Draft& draft, const base::CompanyMonth& month);
+
+/// Who has drafts: the employees' `システム番号`, and how many months of them all.
+struct DraftsWaiting {
+    QSet<qint64> employees;
+    int months = 0;
+};
+DraftsWaiting drafts_waiting(const base::Settings& settings);
+
+/// The employee's month whose findings aren't to be told again.
+bool is_checked(const base::Settings& settings, qint64 employee, const base::CompanyMonth& month);
+void set_checked(const base::Settings& settings, qint64 employee, const base::CompanyMonth& month);
+
+} // namespace entry

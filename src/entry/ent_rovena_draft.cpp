@@ -1,0 +1,91 @@
+// The draft of ent_rovena and its look before saving: what was typed is never lost, and what is off is told in time.
+
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "entry/draft_store.h"
+#include "entry/ent_rovena.h"
+
+namespace entry {
+
+using namespace base;
+
+namespace {
+
+const QString settings_table = u"losystem"_s;
+
+/// The kinds that aren't looked for, by their numbers, parted by commas.
+const QString left_out_key = u"登録前確認なし"_s;
+
+} // namespace
+
+void ent_rovena::open_drafts() {
+    if (const QString kept = put_away_damaged_drafts(m_session.settings); !kept.isEmpty())
+        m_session.host.tell(u"下書きのファイルが壊れていたため、\n%1\nとして残しました。"_s.arg(kept), u"下書き"_s);
+    m_employees_with_drafts = drafts_waiting(m_session.settings).employees;
+}
+
+void ent_rovena::keep_draft() {
+    m_draft.keep(sheet);
+    const qint64 employee = Val(syainsyscd);
+    if (employee == 0)
+        return;
+    if (!m_draft.isEmpty())
+        m_employees_with_drafts.insert(employee);
+    else if (m_employees_with_drafts.contains(employee))
+        m_employees_with_drafts = drafts_waiting(m_session.settings).employees;
+}
+
+bool ent_rovena::has_draft(int row) const {
+    return m_employees_with_drafts.contains(Val(hyou_syain(row, 2)));
+}
+
+void ent_rovena::decide(int clash, MonthDraft::Choice choice) {
+    m_draft.decide(sheet, clash, choice);
+    keep_draft();
+}
+
+void ent_rovena::give_up_draft() {
+    m_draft.give_up();
+    社員選択処理();
+    keep_draft();
+}
+
+QList<Finding> ent_rovena::look_before_saving() {
+    atai_LostFocus();
+    const qint64 employee = Val(syainsyscd);
+    if (employee == 0 || saving || waiting || is_checked(m_session.settings, employee, sheet.month))
+        return {};
+    return findings(sheet, kinds_left_out());
+}
+
+void ent_rovena::calculate_all() {
+    calculate_pending_days(sheet);
+    keep_draft();
+}
+
+void ent_rovena::ask_no_more_for_month() {
+    set_checked(m_session.settings, Val(syainsyscd), sheet.month);
+}
+
+FindingKinds ent_rovena::kinds_left_out() const {
+    FindingKinds kinds;
+    const QString numbers = m_session.tables.設定読込(settings_table, left_out_key);
+    for (const QStringView number : QStringView(numbers).split(u',', Qt::SkipEmptyParts))
+        kinds.insert(FindingKind(number.toInt()));
+    return kinds;
+}
+
+void ent_rovena::leave_out(FindingKind kind, bool left_out) {
+    FindingKinds kinds = kinds_left_out();
+    if (left_out)
+        kinds.insert(kind);
+    else
+        kinds.remove(kind);
+    QStringList numbers;
+    for (int i = 0; i < int(finding_captions().size()); ++i)
+        if (kinds.contains(FindingKind(i)))
+            numbers << digits(i);
+    m_session.tables.設定書込(settings_table, left_out_key, numbers.join(u','));
+}
+
+} // namespace entry

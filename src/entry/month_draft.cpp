@@ -1,0 +1,156 @@
+#include "entry/month_draft.h"
+
+#include "entry/cells.h"
+#include "entry/draft_store.h"
+#include "entry/waiting_days.h"
+
+#include <algorithm>
+
+namespace entry {
+
+namespace {
+
+/// A day that is stored under a key under which no month finds it can't be looked for.
+bool is_found_again(const MonthSheet& sheet, int r) {
+    return sheet.month.row_of_key(sheet.month.posting_key(r)) == r;
+}
+
+int row_of(const CompanyMonth& month, QDate date) {
+    return static_cast<int>(month.first().daysTo(date)) + row::first_day;
+}
+
+QString words(const QString& text, QTime time) {
+    return time.isValid() ? u"%1 %2"_s.arg(text, time.toString(u"H:mm")) : text;
+}
+
+} // namespace
+
+void MonthDraft::begin(MonthSheet& sheet, qint64 employee) {
+    end();
+    m_employee = employee;
+    m_month = sheet.month;
+    m_read = month_as_read(sheet);
+    m_kept = read_draft(m_session.settings, employee, m_month);
+    if (m_kept.isEmpty())
+        return;
+    leave_what_arrived(sheet);
+    m_counts = m_kept.counts;
+    m_clashes = lay_draft(sheet, m_kept);
+    keep(sheet);
+}
+
+/// A day that was posted is over once its rows are applied, unless the tables still hold what was beneath it: then they
+/// were refused, or the company was taken back to an earlier state, and it is a draft again.
+void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
+    const bool any_posted = std::ranges::any_of(m_kept.days, &DraftDay::posted);
+    if (!any_posted || days_wait(m_session.settings, m_employee))
+        return;
+    const auto arrived = [&](const DraftDay& day) {
+        const int r = row_of(m_month, day.date);
+        return day.posted && !(is_found_again(sheet, r) && stored_alike(day.before, m_read[r]));
+    };
+    m_kept.days.removeIf(arrived);
+    for (DraftDay& day : m_kept.days)
+        day.posted = false;
+    write(m_kept);
+}
+
+void MonthDraft::end() {
+    m_employee = 0;
+    m_kept = {};
+    m_clashes.clear();
+    m_counts.clear();
+    m_saved = {};
+    m_trouble.clear();
+}
+
+Draft MonthDraft::draft_of(const MonthSheet& sheet) {
+    for (int column = 0; column < sheet.hyou_day.Cols(); ++column)
+        if (const QString& tag = sheet.hyou_day(strip::tag, column);
+            m_counts.value(tag) != sheet.hyou_day(strip::count, column))
+            m_counts.remove(tag);
+    Draft draft{m_employee, draft_days(sheet, m_read, m_kept.days), m_counts};
+    for (const Clash& clash : m_clashes)
+        draft.days << clash.draft;
+    std::ranges::sort(draft.days, {}, &DraftDay::date);
+    return draft;
+}
+
+void MonthDraft::keep(const MonthSheet& sheet) {
+    if (m_employee == 0)
+        return;
+    const Draft draft = draft_of(sheet);
+    if (draft != m_kept || !m_trouble.isEmpty())
+        write(draft);
+}
+
+void MonthDraft::write(Draft draft) {
+    try {
+        keep_draft(m_session.settings, draft, m_month);
+        m_trouble.clear();
+    } catch (const store::Error& error) {
+        m_trouble = error.text();
+    }
+    m_kept = std::move(draft);
+}
+
+void MonthDraft::count_typed(const MonthSheet& sheet, int column) {
+    m_counts.insert(sheet.hyou_day(strip::tag, column), sheet.hyou_day(strip::count, column));
+    keep(sheet);
+}
+
+void MonthDraft::posted(const MonthSheet& sheet) {
+    if (m_employee == 0)
+        return;
+    m_saved = m_session.host.now().time();
+    m_counts.clear();
+    Draft draft = draft_of(sheet);
+    const auto undecided = [&](const DraftDay& day) {
+        return std::ranges::any_of(m_clashes, [&](const Clash& clash) { return clash.draft.date == day.date; });
+    };
+    for (DraftDay& day : draft.days)
+        day.posted = !undecided(day);
+    write(draft);
+}
+
+/// What the tables hold now is what the next draft lies over.
+bool MonthDraft::on_their_way() {
+    if (std::ranges::none_of(m_kept.days, &DraftDay::posted))
+        return false;
+    if (days_wait(m_session.settings, m_employee))
+        return true;
+    Draft left = m_kept;
+    for (const DraftDay& day : m_kept.days)
+        if (day.posted)
+            m_read[row_of(m_month, day.date)] = day.typed;
+    left.days.removeIf([](const DraftDay& day) { return day.posted; });
+    write(left);
+    return false;
+}
+
+void MonthDraft::give_up() {
+    m_clashes.clear();
+    m_counts.clear();
+    write({m_employee, {}, {}});
+}
+
+void MonthDraft::decide(MonthSheet& sheet, int clash, Choice choice) {
+    const Clash decided = m_clashes.takeAt(clash);
+    if (choice == Choice::Typed)
+        lay_day(sheet, decided.row, decided.draft);
+    keep(sheet);
+}
+
+QString MonthDraft::standing() const {
+    if (!m_trouble.isEmpty())
+        return u"下書きを保存できません。%1"_s.arg(m_trouble);
+    if (const int days = m_kept.unsaved_days())
+        return u"未登録 %1日"_s.arg(days);
+    if (!m_kept.counts.isEmpty())
+        return u"未登録 日数"_s;
+    if (!m_kept.days.isEmpty())
+        return words(u"反映待ち"_s, m_saved);
+    return m_saved.isValid() ? words(u"登録しました"_s, m_saved) : QString();
+}
+
+} // namespace entry

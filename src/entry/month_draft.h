@@ -1,0 +1,68 @@
+#pragma once
+
+// The draft of the month on the sheet: kept on this PC from the first typed key until what was saved is in the tables.
+// The form says when a month was read, when something may have been typed, and when it was saved.
+
+#include "entry/draft.h"
+#include "frame/session.h"
+
+#include <QTime>
+
+namespace entry {
+
+class MonthDraft {
+public:
+    /// The session must outlive it.
+    explicit MonthDraft(frame::Session& session) : m_session(session) {}
+
+    /// A month was read into the sheet: lays the draft that is kept for it, and what it changes is the draft from now
+    /// on. Days that were saved and have come into the tables leave it.
+    void begin(MonthSheet& sheet, qint64 employee);
+
+    /// No month is on the sheet. What is kept stays kept.
+    void end();
+
+    /// Something may have been typed: writes the draft if it isn't the one that is kept. A draft that can't be written
+    /// is told in standing() and tried again with the next call; it throws nothing.
+    void keep(const MonthSheet& sheet);
+
+    /// A count was typed into the strip by hand; it is kept until the next calculation takes it away.
+    void count_typed(const MonthSheet& sheet, int column);
+
+    /// The days of the sheet were posted.
+    void posted(const MonthSheet& sheet);
+
+    /// Whether saved days are on their way, and those that have come into the tables since leave the draft. Looks into
+    /// the exchange files, so that it isn't asked with every key.
+    bool on_their_way();
+
+    /// The person gives up what was typed; the month is to be read anew.
+    void give_up();
+
+    /// Days that somebody else changed as well, in order; they stand as they were read until they are decided.
+    const QList<Clash>& clashes() const { return m_clashes; }
+    enum class Choice { Typed, Stored };
+    void decide(MonthSheet& sheet, int clash, Choice choice);
+
+    bool isEmpty() const { return m_kept.isEmpty(); }
+
+    /// How things stand, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty for an untouched month.
+    QString standing() const;
+
+private:
+    Draft draft_of(const MonthSheet& sheet);
+    void write(Draft draft);
+    void leave_what_arrived(const MonthSheet& sheet);
+
+    frame::Session& m_session;
+    qint64 m_employee = 0;
+    base::CompanyMonth m_month{2000, 1, 1};
+    MonthAsRead m_read;
+    Draft m_kept; ///< as it lies in the file
+    QList<Clash> m_clashes;
+    QMap<QString, QString> m_counts; ///< typed by hand, as they were typed
+    QTime m_saved;                   ///< when it was posted; invalid if it wasn't since it was read
+    QString m_trouble;               ///< why the draft can't be written
+};
+
+} // namespace entry

@@ -1,0 +1,210 @@
+#include "entry/company.h"
+#include "entry/draft_store.h"
+#include "entry/saving.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace entry;
+
+namespace {
+
+/// Each Form is a program of its own on the one PC: a form that is made anew stands for one that was killed.
+class Drafts : public testing::Test {
+protected:
+    Drafts() { open(); }
+
+    void open() {
+        form.emplace(company.session);
+        form->Form_Load();
+        form->hyou_syain_Click(1);
+    }
+
+    void type_day(int r, const QString& in, const QString& out) {
+        form->hyou_Click({r, col::clock_in});
+        type(*form, in);
+        form->atai_KeyDown(key::enter);
+        type(*form, out);
+        form->atai_KeyDown(key::enter);
+        form->atai_KeyDown(key::enter);
+    }
+
+    /// Another PC's save of employee 1, as it lies in the tables.
+    void others_save(int date, int in, int out) {
+        company.data().prepare("insert into rovmei values (1, ?, ?, ?, 100, 800, '')").bind(date, in, out).run();
+    }
+
+    /// What the manager does with the posted rows: all that the screen sees of it.
+    void apply() {
+        company.exec("delete from rovmei");
+        auto exchange = store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange);
+        auto posted = exchange.prepare(R"(select "7","10","11","13","14","15","16" from jyusin where "2"='51')");
+        auto database = company.data();
+        auto add = database.prepare("insert into rovmei values (?,?,?,?,?,?,?)");
+        while (posted.step()) {
+            for (int i = 0; i < 7; ++i)
+                add.bind_at(i + 1, posted.row().text(i));
+            add.run();
+        }
+        posted.reset();
+        exchange.exec("delete from jyusin");
+    }
+
+    QStringList day(int r) const {
+        return cells_from(form->sheet.hyou, r, col::clock_in).first(6) << form->sheet.mark(r);
+    }
+
+    DraftsWaiting waiting() const { return drafts_waiting(company.tree.settings); }
+
+    Company company;
+    std::optional<ent_rovena> form;
+};
+
+} // namespace
+
+TEST_F(Drafts, WhatWasTypedIsThereAgainAfterAKillAndOnComingBack) {
+    const QStringList worked{u"8:30"_s, u"18:00"_s, u"1:00"_s, u"8:30"_s, {}, u"出勤"_s, u"1"_s};
+    type_day(4, u"830"_s, u"1800"_s);
+    form->hyou_Click({5, col::remark});
+    type(*form, u"直行"_s);
+    form->atai_LostFocus();
+    form->hyou_Click({6, col::kind});
+    form->kyucom_Click(1);
+    EXPECT_EQ(form->standing(), u"未登録 3日"_s);
+    EXPECT_TRUE(form->has_draft(1));
+
+    form->hyou_syain_Click(2);
+    EXPECT_EQ(form->standing(), u""_s);
+    form->hyou_syain_Click(1);
+    EXPECT_EQ(day(4), worked);
+    form->ym_Click(1, 0);
+    EXPECT_EQ(day(4).value(0), u""_s) << "a draft belongs to its month";
+
+    open();
+    EXPECT_EQ(day(4), worked);
+    EXPECT_EQ(form->sheet.hyou(5, col::remark), u"直行"_s);
+    EXPECT_EQ(form->sheet.hyou(6, col::kind), u"有休"_s);
+    EXPECT_EQ(form->standing(), u"未登録 3日"_s);
+    EXPECT_TRUE(form->has_draft(1));
+    EXPECT_FALSE(form->has_draft(2));
+    EXPECT_EQ(waiting().months, 1);
+
+    form->give_up_draft();
+    EXPECT_EQ(day(4).join(QString()), u""_s);
+    EXPECT_EQ(waiting().months, 0);
+    EXPECT_FALSE(form->has_draft(1));
+}
+
+TEST_F(Drafts, ABreakTypedByHandStandsAndADayNotYetCalculatedIsCalculated) {
+    type_day(4, u"830"_s, u"1800"_s);
+    form->hyou_Click({4, col::break_time});
+    type(*form, u"15"_s);
+    form->atai_KeyDown(key::enter);
+    form->hyou_Click({7, col::clock_in});
+    type(*form, u"830"_s);
+    form->atai_KeyDown(key::enter);
+    type(*form, u"1730"_s);
+    form->atai_LostFocus();
+    EXPECT_EQ(form->sheet.mark(7), u"2"_s);
+    open();
+    EXPECT_EQ(day(4).mid(2, 2), QStringList({u"0:15"_s, u"9:15"_s}));
+    EXPECT_EQ(day(7).mid(2, 4), QStringList({u"1:00"_s, u"8:00"_s, {}, u"出勤"_s}));
+}
+
+TEST_F(Drafts, SavingEndsADraftWhenItsRowsAreInTheTables) {
+    type_day(4, u"830"_s, u"1800"_s);
+    form->botan_Click(1);
+    EXPECT_EQ(form->standing(), u"反映待ち "_s + company.host.clock.time().toString(u"H:mm"));
+    EXPECT_TRUE(form->days_on_their_way());
+    type_day(5, u"900"_s, u"1730"_s);
+    EXPECT_EQ(form->standing(), u"未登録 1日"_s) << "typed after the save";
+    apply();
+    EXPECT_FALSE(form->days_on_their_way());
+    EXPECT_EQ(form->standing(), u"未登録 1日"_s);
+    form->botan_Click(1);
+    apply();
+    EXPECT_FALSE(form->days_on_their_way());
+    EXPECT_EQ(form->standing(), u"登録しました "_s + company.host.clock.time().toString(u"H:mm"));
+    EXPECT_EQ(waiting().months, 0);
+}
+
+TEST_F(Drafts, APostedDayThatTheTablesNeverGotIsADraftAgain) {
+    type_day(4, u"830"_s, u"1800"_s);
+    form->botan_Click(1);
+    company.exec("delete from rovmei");
+    store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange)
+        .exec("delete from jyusin");
+    open();
+    EXPECT_EQ(form->standing(), u"未登録 1日"_s);
+    EXPECT_EQ(day(4).value(1), u"18:00"_s);
+    form->botan_Click(1);
+    apply();
+    open();
+    EXPECT_EQ(form->standing(), u""_s) << "it arrived while the program was away";
+    EXPECT_EQ(waiting().months, 0);
+}
+
+TEST_F(Drafts, DaysThatAnotherChangedMeanwhileAreAskedOneByOneAndTheOthersAreLaid) {
+    type_day(4, u"830"_s, u"1800"_s);
+    type_day(5, u"830"_s, u"1900"_s);
+    type_day(6, u"830"_s, u"2000"_s);
+    others_save(20041005, 1000, 1900);
+    others_save(20041006, 1000, 2000);
+    others_save(20041007, 1000, 2100);
+    open();
+    EXPECT_EQ(day(4).value(1), u"18:00"_s) << "nobody else changed it";
+    EXPECT_EQ(day(7).value(1), u"21:00"_s) << "nobody typed it here";
+    ASSERT_EQ(form->clashes().size(), 2);
+    EXPECT_EQ(form->clashes()[0].draft.typed.clock_in + form->clashes()[0].stored.clock_in, u"8:3010:00"_s);
+    EXPECT_EQ(day(5).value(0), u"10:00"_s) << "until it is decided it stands as it was read";
+    open();
+    ASSERT_EQ(form->clashes().size(), 2) << "an undecided day isn't lost";
+    form->decide(0, MonthDraft::Choice::Typed);
+    form->decide(0, MonthDraft::Choice::Stored);
+    EXPECT_EQ(day(5).value(0) + day(6).value(0), u"8:3010:00"_s);
+    open();
+    EXPECT_TRUE(form->clashes().isEmpty());
+    EXPECT_EQ(day(5).value(0) + day(6).value(0), u"8:3010:00"_s);
+}
+
+TEST_F(Drafts, ACountTypedByHandIsKeptUntilACalculationTakesItAway) {
+    type_day(4, u"830"_s, u"1800"_s);
+    form->hyou_day_Click(1);
+    form->hyou_day_KeyDown(key::del);
+    form->hyou_day_KeyPress(u'7');
+    open();
+    EXPECT_EQ(form->sheet.hyou_day(strip::count, 1), u"7"_s);
+    type_day(5, u"830"_s, u"1800"_s);
+    open();
+    EXPECT_EQ(form->sheet.hyou_day(strip::count, 1), u"29"_s);
+}
+
+TEST_F(Drafts, ADamagedFileIsKeptBesideAndTold) {
+    type_day(4, u"830"_s, u"1800"_s);
+    QFile file(store::drafts_path(company.tree.settings));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.seek(4096);
+    file.write(QByteArray(8192, 'x'));
+    file.close();
+    open();
+    ASSERT_EQ(company.host.shown.size(), 1u);
+    EXPECT_EQ(form->standing(), u""_s);
+    type_day(4, u"830"_s, u"1800"_s);
+    EXPECT_EQ(waiting().months, 1);
+}
+
+TEST_F(Drafts, TheLookBeforeSavingIsSilentForAMonthThatIsntToBeAskedAboutAndForKindsLeftOut) {
+    form->hyou_Click({4, col::clock_in});
+    type(*form, u"830"_s);
+    ASSERT_EQ(form->look_before_saving().size(), 2) << "not calculated, and no clock-out";
+    form->calculate_all();
+    ASSERT_EQ(form->look_before_saving().size(), 1) << "no clock-out";
+    form->leave_out(FindingKind::OneClockTime, true);
+    EXPECT_TRUE(form->look_before_saving().isEmpty());
+    form->leave_out(FindingKind::OneClockTime, false);
+    EXPECT_TRUE(form->kinds_left_out().isEmpty());
+    EXPECT_FALSE(form->look_before_saving().isEmpty());
+    form->ask_no_more_for_month();
+    EXPECT_TRUE(form->look_before_saving().isEmpty());
+    EXPECT_TRUE(company.posted().isEmpty());
+}

@@ -1,0 +1,93 @@
+#include "entry/findings.h"
+#include "entry/sheet_builder.h"
+#include "entry/tally.h"
+
+#include <gtest/gtest.h>
+
+using namespace entry;
+
+namespace {
+
+constexpr int A = 11;
+
+/// March 2004, 8:30 to 17:30 every day, all of it counted.
+MonthSheet office_month() {
+    MonthSheet sheet = month_sheet({A});
+    sheet.category_list = {{A, u"普通"_s}};
+    every_day(sheet, 1, band(A, 830, 1730, {{600, 45}}));
+    tally_month(sheet);
+    return sheet;
+}
+
+QStringList told(const MonthSheet& sheet, const FindingKinds& left_out = {}) {
+    QStringList texts;
+    for (const Finding& f : findings(sheet, left_out))
+        texts << u"%1 %2"_s.arg(f.row).arg(f.text);
+    return texts;
+}
+
+} // namespace
+
+TEST(Findings, WhatIsOffInADayIsToldWithItsFiguresAndNothingElseIs) {
+    struct Case {
+        const char* what;
+        QString in, out, pause;
+        QStringList told;
+    };
+    const Case cases[] = {
+        {"a day as it should be", u"8:30"_s, u"17:30"_s, {}, {}},
+        {"no clock-out", u"8:30"_s, {}, {}, {u"2 退社時間がありません"_s}},
+        {"no clock-in", {}, u"17:30"_s, {}, {u"2 出社時間がありません"_s}},
+        {"before and after the band", u"8:00"_s, u"18:15"_s, {}, {u"2 1:15 がどの時間帯にも入っていません"_s}},
+        {"a break longer than the stay", u"8:30"_s, u"9:30"_s, u"1:01"_s,
+            {u"2 休憩 1:01 が在社 1:00 より長くなっています"_s}},
+        {"sixteen hours", u"8:30"_s, u"0:30"_s, {}, {u"2 7:00 がどの時間帯にも入っていません"_s}},
+        {"a minute more", u"8:30"_s, u"0:31"_s, {},
+            {u"2 7:01 がどの時間帯にも入っていません"_s, u"2 在社が 16:01 です"_s}},
+    };
+    for (const Case& c : cases) {
+        MonthSheet sheet = office_month();
+        calculate(sheet, 2, c.in, c.out);
+        if (!c.pause.isEmpty()) {
+            sheet.hyou(2, col::break_time) = c.pause;
+            sheet.entry_cell = {2, col::break_time};
+            出勤集計処理(sheet, 2);
+        }
+        EXPECT_EQ(told(sheet), c.told) << c.what;
+    }
+}
+
+TEST(Findings, OverlappingBandsAndBandsThatCountFromInsideAreMeasuredOnce) {
+    MonthSheet sheet = office_month();
+    every_day(sheet, 2, band(A, 1700, 2200));
+    calculate(sheet, 2, u"8:30"_s, u"22:30"_s);
+    EXPECT_EQ(told(sheet), QStringList{u"2 0:30 がどの時間帯にも入っていません"_s});
+    every_day(sheet, 2, band(A, 1800, 2200, {}, /*from_inside=*/true));
+    EXPECT_EQ(told(sheet).value(0), u"2 5:00 がどの時間帯にも入っていません"_s);
+    sheet.category_list.clear();
+    EXPECT_EQ(told(sheet), QStringList()) << "without a work type there are no bands to lie outside of";
+}
+
+TEST(Findings, ADayThatWaitsForItsCalculationAndSumsThatDontAddUpAreTold) {
+    MonthSheet sheet = office_month();
+    calculate(sheet, 2, u"8:30"_s, u"17:30"_s);
+    sheet.hyou(row::total, col::break_time) = u"0:50"_s;
+    sheet.hyou_day(strip::count, strip::worked_column) = u"2"_s;
+    EXPECT_EQ(told(sheet),
+        QStringList({u"32 休憩時間の合計が 0:50、日の合計は 0:45 です"_s, u"32 出勤の日数が 2、数えると 1 です"_s}));
+    EXPECT_EQ(told(sheet, {FindingKind::Recount}), QStringList());
+    sheet.mark(2) = u"2"_s;
+    EXPECT_EQ(told(sheet), QStringList{u"2 まだ計算していません"_s}) << "its calculation makes the sums anew";
+    EXPECT_TRUE(calculation_helps(findings(sheet)));
+    EXPECT_FALSE(calculation_helps(findings(sheet, {FindingKind::NotCalculated})));
+}
+
+TEST(Findings, JanuaryDaysOfAMonthThatBeginsInDecemberAreToldOnceTheyAreTyped) {
+    MonthSheet sheet = month_sheet({A}, 12, 21);
+    tally_month(sheet);
+    for (int r = row::first_day; r <= row::last_day; ++r)
+        sheet.mark(r).clear();
+    EXPECT_EQ(told(sheet), QStringList());
+    sheet.mark(11) = sheet.mark(12) = u"1"_s;
+    EXPECT_EQ(told(sheet), QStringList{u"12 登録したあと、この画面では呼び出せません"_s});
+}
