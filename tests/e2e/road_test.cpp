@@ -107,12 +107,12 @@ TEST_F(Road, SavingTwiceCountsOnce) {
     EXPECT_EQ(stored[0], stored[1]);
 }
 
-TEST_F(Road, ATopButtonLeavesWithoutSaving) {
+TEST_F(Road, ATopButtonLeavesWithoutSavingAndWhatWasTypedIsThereOnComingBack) {
     open(empty_month, 4);
     type_first_day(u"830"_s, u"1715"_s);
     clerk->press_button(u"集計表"_s);
     open(empty_month, 4);
-    EXPECT_EQ(sheet().hyou(1, entry::col::clock_in), QString());
+    EXPECT_EQ(sheet().hyou(1, entry::col::clock_in), u"8:30"_s);
     EXPECT_TRUE(host.started.isEmpty() && host.shown.empty());
 }
 
