@@ -90,7 +90,7 @@ void apply_rows(benchmark::State& state) {
         store::Database rovdata = store::Database::open(files.rovdata, store::Kind::Rovdata);
         post(exchange);
         state.ResumeTiming();
-        if (exchange::apply_rows(exchange, rovdata, {}) != rows)
+        if (exchange::apply_rows(exchange, rovdata, {}, [] { return true; }) != rows)
             state.SkipWithError("not all rows were taken");
         state.PauseTiming();
         state.ResumeTiming();

@@ -50,7 +50,7 @@ template <typename Page>
 void paint_page(benchmark::State& state) {
     Desk desk;
     for (auto _ : state) {
-        Page page(desk.session);
+        ui::Whole<Page> page(desk.session);
         page.resize(1366, 708);
         page.show();
         benchmark::DoNotOptimize(page.grab());

@@ -36,6 +36,7 @@ public:
     bool start_program(const QString&, const QStringList&) override { return false; }
     bool program_running(const QString&, const QString&) override { return false; }
     QDateTime now() override { return QDateTime(QDate(2026, 12, 1), QTime(9, 0)); }
+    std::chrono::steady_clock::time_point steady_now() override { return {}; }
     QStringList printers() override { return {u"PDF"_s}; }
     bool connect_share(const QString&, const QString&, const QString&) override { return true; }
     void yield() override {}

@@ -20,6 +20,7 @@ struct Line {
 std::vector<Line> setting_read();
 std::vector<Line> month_load();
 std::vector<Line> calculation();
+std::vector<Line> drafts();
 std::vector<Line> apply();
 std::vector<Line> masters();
 std::vector<Line> work_time_lists();
