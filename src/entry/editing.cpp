@@ -4,13 +4,12 @@
 #include "entry/calculation.h"
 #include "entry/cells.h"
 #include "entry/day_kinds.h"
+#include "entry/notices.h"
 #include "entry/tally.h"
 
 namespace entry {
 
 namespace {
-
-constexpr int longest_remark = 255;
 
 Cell cursor_of(const base::Sheet& hyou) {
     return {hyou.Row(), hyou.Col()};
@@ -104,6 +103,14 @@ QString committed_text(int column, const QString& typed) {
     return has_impossible_minutes(typed) ? QString() : time_to_text(typed);
 }
 
+/// A text that stands as it was read says nothing.
+void write_cell(MonthSheet& sheet, Editors& editors, Cell cell) {
+    const QString& typed = editors.atai.text;
+    if (const QString words = typed_notice(cell.col, typed); !words.isEmpty() && typed != editor_text(sheet, cell))
+        editors.notice = {cell, words};
+    sheet.hyou(cell.row, cell.col) = committed_text(cell.col, typed);
+}
+
 bool is_typed_time(int character) {
     return character == key::backspace || (character >= u'0' && character <= u'9');
 }
@@ -173,7 +180,7 @@ void commit(MonthSheet& sheet, Editors& editors) {
         return;
     const Cell cell = sheet.entry_cell;
     if (cell.row != row::category_number)
-        sheet.hyou(cell.row, cell.col) = committed_text(cell.col, editors.atai.text);
+        write_cell(sheet, editors, cell);
     editors.atai.close();
 }
 
@@ -198,6 +205,7 @@ bool move_by_key(MonthSheet& sheet, Editors& editors, int key_code) {
     if (!target)
         return false;
     sheet.hyou.setCursor(*target);
+    editors.notice.reset();
     commit(sheet, editors);
     入力フォーム(sheet, editors);
     return true;

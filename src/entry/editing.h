@@ -29,11 +29,20 @@ struct KindList {
     base::Cell cell; ///< the cell it lies over while visible
 };
 
+/// Said beside a cell: what it made of what was typed there.
+struct CellNotice {
+    base::Cell cell;
+    QString text;
+};
+
 struct Editors {
     base::CellEditor atai;
     KindList kyucom;
     std::optional<Focus> focus;
+    std::optional<CellNotice> notice; ///< until the next key
 };
+
+inline constexpr int longest_remark = 255; ///< characters
 
 /// Places the editor on the sheet's cursor. On the way to a time or remark cell a pending day is calculated.
 /// Columns 0 and 1 take no editor; column 7 takes `kyucom` on the days and calculates nothing.
@@ -41,7 +50,7 @@ void 入力フォーム(MonthSheet& sheet, Editors& editors);
 
 /// The box leaves its cell (`atai` lost the focus): its text goes into `entry_cell`. Does nothing while the box holds
 /// no cell. Times become time text ("830" to "8:30"); minutes above 59 blank the cell; a remark is trimmed and held at
-/// 255 characters. The hidden row of category numbers is never written.
+/// 255 characters. What may not be meant so is said in `notice`. The hidden row of category numbers is never written.
 void commit(MonthSheet& sheet, Editors& editors);
 
 /// A character typed into `atai` on the cursor's cell (Backspace is 8). True if the key stands; then the day is marked.

@@ -7,6 +7,7 @@
 #include "entry/employees.h"
 #include "entry/layout.h"
 #include "entry/month_load.h"
+#include "entry/notices.h"
 #include "entry/saving.h"
 #include "entry/waiting_days.h"
 #include "entry/work_type.h"
@@ -202,11 +203,26 @@ void ent_rovena::atai_Change(const QString& text) {
 }
 
 bool ent_rovena::atai_KeyPress(int character) {
-    return employee_chosen() && type_key(sheet, character);
+    if (!employee_chosen())
+        return false;
+    const bool stands = type_key(sheet, character);
+    say_refused(!stands);
+    return stands;
 }
 
 QString ent_rovena::atai_Insert(const QString& text) {
-    return employee_chosen() ? accept_text(sheet, text) : QString();
+    if (!employee_chosen())
+        return {};
+    const QString standing = accept_text(sheet, text);
+    say_refused(standing.isEmpty() && !text.isEmpty());
+    return standing;
+}
+
+/// What was said before goes with the next key.
+void ent_rovena::say_refused(bool refused) {
+    editors.notice.reset();
+    if (refused)
+        editors.notice = {{sheet.hyou.Row(), sheet.hyou.Col()}, refused_notice(sheet.hyou.Col())};
 }
 
 bool ent_rovena::atai_KeyDown(int key_code) {

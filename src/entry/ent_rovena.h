@@ -143,6 +143,7 @@ private:
     void load_month(qint64 employee);
     void report(const QString& text);
     bool employee_chosen();
+    void say_refused(bool refused);
     void forget_employee();
 
     void open_drafts();

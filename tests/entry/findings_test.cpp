@@ -1,4 +1,5 @@
 #include "entry/findings.h"
+#include "entry/notices.h"
 #include "entry/sheet_builder.h"
 #include "entry/tally.h"
 
@@ -90,4 +91,29 @@ TEST(Findings, JanuaryDaysOfAMonthThatBeginsInDecemberAreToldOnceTheyAreTyped) {
     EXPECT_EQ(told(sheet), QStringList());
     sheet.mark(11) = sheet.mark(12) = u"1"_s;
     EXPECT_EQ(told(sheet), QStringList{u"12 登録したあと、この画面では呼び出せません"_s});
+}
+
+TEST(Notices, WhatACellMakesOfAFigureIsSaidWhereItMayNotBeMeantSo) {
+    struct Case {
+        int column;
+        QString typed, said;
+    };
+    const Case cases[] = {
+        {col::clock_in, u"830"_s, {}},
+        {col::clock_out, u"2530"_s, u"25:30 は 130 と入力します"_s},
+        {col::clock_out, u"2400"_s, u"24:00 は 0 と入力します"_s},
+        {col::clock_out, u"4800"_s, u"48:00 は時刻になりません"_s},
+        {col::clock_in, u"875"_s, u"8:75 は時刻になりません（分は 59 まで）"_s},
+        {col::clock_in, u"8"_s, u"8 は 0:08 です（8時は 800）"_s},
+        {col::clock_in, u"23"_s, u"23 は 0:23 です（23時は 2300）"_s},
+        {col::clock_in, u"24"_s, {}},
+        {col::clock_in, u"0"_s, {}},
+        {col::clock_in, u"005"_s, {}},
+        {col::break_time, u"1"_s, u"1 は 0:01 です（1時間は 100）"_s},
+        {col::break_time, u"45"_s, {}},
+        {col::break_time, u"2530"_s, {}},
+        {col::remark, QString(256, u'あ'), u"備考は 255文字までです"_s},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(typed_notice(c.column, c.typed), c.said) << c.column << ' ' << c.typed.toStdString();
 }
