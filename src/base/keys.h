@@ -6,6 +6,7 @@ namespace base::key {
 
 inline constexpr int backspace = 8;
 inline constexpr int enter = 13;
+inline constexpr int escape = 27;
 inline constexpr int left = 37;
 inline constexpr int up = 38;
 inline constexpr int right = 39;

@@ -48,6 +48,7 @@ void ent_rovena::Form_Load() {
     for (Selector& selector : ym)
         selector.enabled = true;
     open_drafts();
+    load_goes_on();
 }
 
 void ent_rovena::Form_Activate() {
@@ -222,10 +223,14 @@ QString ent_rovena::atai_Insert(const QString& text) {
 void ent_rovena::say_refused(bool refused) {
     editors.notice.reset();
     if (refused)
-        editors.notice = {{sheet.hyou.Row(), sheet.hyou.Col()}, refused_notice(sheet.hyou.Col())};
+        say(refused_notice(sheet.hyou.Col()));
 }
 
 bool ent_rovena::atai_KeyDown(int key_code) {
+    if (enter_goes_on(key_code)) {
+        step_employee(1);
+        return true;
+    }
     const bool moved = move_by_key(sheet, editors, key_code);
     if (moved)
         keep_draft();

@@ -100,6 +100,20 @@ public:
     FindingKinds kinds_left_out() const;
     void leave_out(FindingKind kind, bool left_out);
 
+    // Keys beyond those of the cells.
+
+    /// Whether Enter on the month's last day goes on to the next employee's first one; kept for this PC.
+    bool goes_on = false;
+    void set_goes_on(bool on);
+    /// Opens the employee so many rows on in the list, with the keyboard on the month's first cell.
+    void step_employee(int step);
+    /// The list of kinds for the day in hand, which can be chosen from by number.
+    void go_to_kinds();
+    void kyucom_Digit(int digit);      ///< chooses the item of this place in the list, 0 for no kind
+    bool kyucom_KeyDown(int key_code); ///< Enter goes to the next day, Escape back to this one; false: another key
+    /// Says in the notice why the day in hand has its figures.
+    void explain_day();
+
     // Acts of the person.
 
     void Form_Load();
@@ -144,6 +158,11 @@ private:
     void report(const QString& text);
     bool employee_chosen();
     void say_refused(bool refused);
+    void say(const QString& words);
+    int employee_row() const;
+    void leave_kinds(int r);
+    bool enter_goes_on(int key_code) const;
+    void load_goes_on();
     void forget_employee();
 
     void open_drafts();

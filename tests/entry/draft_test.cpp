@@ -208,3 +208,43 @@ TEST_F(Drafts, TheLookBeforeSavingIsSilentForAMonthThatIsntToBeAskedAboutAndForK
     EXPECT_TRUE(form->look_before_saving().isEmpty());
     EXPECT_TRUE(company.posted().isEmpty());
 }
+
+TEST_F(Drafts, TheKeyboardGoesFromEmployeeToEmployeeAndToTheKindsAndBack) {
+    form->step_employee(-1);
+    EXPECT_EQ(form->editors.notice->text, u"最初の社員です"_s);
+    form->step_employee(1);
+    EXPECT_EQ(form->syalab, u"3:田中"_s);
+    EXPECT_TRUE(form->editors.atai.visible && form->editors.atai.cell == (base::Cell{1, col::clock_in}));
+    form->step_employee(-1);
+    form->hyou_Click({6, col::clock_in});
+    form->go_to_kinds();
+    EXPECT_EQ(form->editors.notice->text, u"1 有休　2 公休　3 出勤　4 休日出勤"_s);
+    form->kyucom_Digit(1);
+    EXPECT_TRUE(form->kyucom_KeyDown(key::enter));
+    EXPECT_EQ(form->sheet.hyou(6, col::kind), u"有休"_s);
+    EXPECT_EQ(form->editors.atai.cell, (base::Cell{7, col::clock_in}));
+
+    const auto enter_on_last_day = [&] {
+        form->hyou_Click({31, col::break_time});
+        form->atai_KeyDown(key::enter);
+    };
+    enter_on_last_day();
+    EXPECT_EQ(form->editors.atai.cell, (base::Cell{32, col::clock_in}));
+    form->set_goes_on(true);
+    open();
+    enter_on_last_day();
+    EXPECT_EQ(form->syalab, u"3:田中"_s);
+}
+
+TEST_F(Drafts, ADayIsExplainedWithTheFiguresThatStandInIt) {
+    type_day(4, u"815"_s, u"1900"_s);
+    form->hyou_Click({4, col::clock_in});
+    form->explain_day();
+    EXPECT_EQ(form->editors.notice->text,
+        u"8:15～19:00 在社 10:45 − 休憩 1:00 ＝ 勤務 9:45（普通 9:00　残業 1:30　時間帯外 0:15　休憩 普通 8:00以上で 1:00）"_s);
+    form->hyou_Click({4, col::break_time});
+    type(*form, u"30"_s);
+    form->explain_day();
+    EXPECT_EQ(form->editors.notice->text,
+        u"8:15～19:00 在社 10:45 − 休憩 0:30 ＝ 勤務 10:15（普通 9:00　残業 1:30　時間帯外 0:15　休憩は手入力）"_s);
+}

@@ -1,0 +1,100 @@
+// The keys of ent_rovena beyond those of its cells: from employee to employee, to the kinds and back, and why.
+
+#include "base/combo_item.h"
+#include "base/literals.h"
+#include "base/numbers.h"
+#include "entry/ent_rovena.h"
+#include "entry/explain.h"
+
+#include <algorithm>
+
+namespace entry {
+
+using namespace base;
+
+namespace {
+
+const QString settings_table = u"losystem"_s;
+const QString goes_on_key = u"次社員入力"_s;
+
+} // namespace
+
+void ent_rovena::say(const QString& words) {
+    editors.notice = {{sheet.hyou.Row(), sheet.hyou.Col()}, words};
+}
+
+/// The list's own row of the chosen employee; its heading's while nobody is chosen.
+int ent_rovena::employee_row() const {
+    for (int r = hyou_syain.FixedRows(); r < hyou_syain.Rows(); ++r)
+        if (!syainsyscd.isEmpty() && hyou_syain(r, 2) == syainsyscd)
+            return r;
+    return hyou_syain.FixedRows() - 1;
+}
+
+void ent_rovena::step_employee(int step) {
+    const int to = employee_row() + step;
+    if (to < hyou_syain.FixedRows())
+        return say(u"最初の社員です"_s);
+    if (to >= hyou_syain.Rows())
+        return say(u"最後の社員です"_s);
+    atai_LostFocus();
+    editors.notice.reset();
+    hyou_syain.setRow(to);
+    hyou_syain_Click(to);
+    if (!syainsyscd.isEmpty())
+        hyou_Click({row::first_day, col::clock_in});
+}
+
+void ent_rovena::go_to_kinds() {
+    hyou_Click({sheet.hyou.Row(), col::kind});
+    QStringList choices;
+    for (int i = 1; i < editors.kyucom.items.size(); ++i)
+        choices << u"%1 %2"_s.arg(i).arg(combo_name(day_kind_item, editors.kyucom.items[i]));
+    if (editors.kyucom.visible)
+        say(choices.join(u"　"_s));
+}
+
+void ent_rovena::kyucom_Digit(int digit) {
+    if (digit < editors.kyucom.items.size())
+        kyucom_Click(digit);
+}
+
+bool ent_rovena::kyucom_KeyDown(int key_code) {
+    const int r = sheet.hyou.Row();
+    if (key_code == key::enter)
+        leave_kinds(r + 1);
+    else if (key_code == key::escape)
+        leave_kinds(r);
+    return key_code == key::enter || key_code == key::escape;
+}
+
+void ent_rovena::leave_kinds(int r) {
+    editors.notice.reset();
+    if (goes_on && r > sheet.month.length())
+        step_employee(1);
+    else
+        hyou_Click({r, col::clock_in});
+}
+
+/// Whether Enter leads past the month's last day, and on to the next employee.
+bool ent_rovena::enter_goes_on(int key_code) const {
+    const bool ends_day = sheet.hyou.Col() != col::clock_in && sheet.hyou.Col() != col::clock_out;
+    return goes_on && key_code == key::enter && ends_day && sheet.hyou.Row() >= sheet.month.length();
+}
+
+void ent_rovena::set_goes_on(bool on) {
+    goes_on = on;
+    m_session.tables.設定書込(settings_table, goes_on_key, digits(on));
+}
+
+void ent_rovena::load_goes_on() {
+    goes_on = Val(m_session.tables.設定読込(settings_table, goes_on_key)) != 0;
+}
+
+void ent_rovena::explain_day() {
+    hyou_Click({sheet.hyou.Row(), sheet.hyou.Col()}); // what is typed in the cell in hand counts
+    const QString words = explained_day(sheet, sheet.hyou.Row());
+    say(words.isEmpty() ? u"この行には時刻がありません"_s : words);
+}
+
+} // namespace entry
