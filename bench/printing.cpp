@@ -92,8 +92,10 @@ void print_months(benchmark::State& state) {
     }
 }
 
-double pixels(double mm) {
-    return mm * 1200 / 25.4;
+constexpr int dots_per_inch = 1200;
+
+QPointF dots(reports::Place place) {
+    return QPointF(place.x, place.y) * dots_per_inch / reports::mm_per_inch;
 }
 
 void paint_page(QPainter& painter, const reports::Page& page) {
@@ -105,11 +107,11 @@ void paint_page(QPainter& painter, const reports::Page& page) {
             font.setBold(true);
             painter.setFont(font);
         }
-        painter.drawText(QPointF(pixels(mark.x), pixels(mark.y)), mark.text);
+        painter.drawText(dots(mark.place), mark.text);
     }
     for (const reports::LineMark& line : page.lines) {
         painter.setPen(QPen(Qt::black, line.width * 2));
-        painter.drawLine(QPointF(pixels(line.x1), pixels(line.y1)), QPointF(pixels(line.x2), pixels(line.y2)));
+        painter.drawLine(dots(line.from), dots(line.to));
     }
 }
 

@@ -113,7 +113,7 @@ TEST_F(Print, WorkCategoriesThatDontFitGoOnToASecondSheet) {
 }
 
 TEST_F(Print, AHeadingStaysInItsColumnHoweverLongTheNameIs) {
-    constexpr double mm_of_a_point = 25.4 / 72;
+    constexpr double mm_of_a_point = reports::mm_per_inch / reports::points_per_inch;
     for (const QStringView letter : {u"W", u"残"})
         for (int length = 1; length <= 30; ++length) {
             reports::Report list = work_time_list(18, 0);
@@ -121,11 +121,11 @@ TEST_F(Print, AHeadingStaysInItsColumnHoweverLongTheNameIs) {
             list.hyou(0, 10) = list.hyou(0, 17) = name;
             int headings = 0;
             for (const reports::Page& page : reports::pages_of(list, {2004, 10, 5}))
-                for (const auto& [y, x, size, text] : page.texts)
+                for (const auto& [place, size, text] : page.texts)
                     if (text.startsWith(letter)) {
                         const double left = ++headings == 1 ? 184 : 83; // of column 10, of column 17 on its sheet
-                        EXPECT_GE(x, left);
-                        EXPECT_LE(x + byte_length(text) * size / 2 * mm_of_a_point, left + 14) << length;
+                        EXPECT_GE(place.x, left);
+                        EXPECT_LE(place.x + byte_length(text) * size / 2 * mm_of_a_point, left + 14) << length;
                     }
             EXPECT_EQ(headings, 2) << length;
         }
@@ -174,12 +174,13 @@ TEST_F(Print, TheWorkTimeListGoesDown28RowsAPage) {
 TEST_F(Print, OffsetsAreTakenOffEveryPlace) {
     pc.set(u"プリンター１Ｘ"_s, u"0.5"_s);
     pc.set(u"プリンター１Ｙ"_s, u"-2"_s);
-    shop.margin = {4.2567, 12.345};
+    shop.margin = {.x = 4.2567, .y = 12.345};
     const auto& page = printed(employee_list(1)).pages[0];
     EXPECT_EQ(at(page, u"-2.00 15.30"_s), 1) << "title at 8 - (12 - 2), 20 - (4.2 + 0.5)";
     EXPECT_TRUE(told_lines(page.lines)[0].startsWith(u"4 (23.30 15.00)-(23.30 274.00)"_s));
-    EXPECT_EQ(reports::print_offset({0.05, 0.99}, {}).x, 0);
-    EXPECT_EQ(reports::print_offset({0.05, 0.99}, {}).y, 0.9);
+    const reports::Place offset = reports::print_offset({.x = 0.05, .y = 0.99}, {});
+    EXPECT_EQ(offset.x, 0);
+    EXPECT_EQ(offset.y, 0.9);
 }
 
 TEST_F(Print, AMissingPrinterIsToldAndStopsBeforeAnyPage) {

@@ -3,6 +3,7 @@
 // The print shop of the tests: keeps what was painted, and tells it as a text that a person can read.
 
 #include "base/literals.h"
+#include "reports/pages/page.h"
 #include "reports/pages/print_surface.h"
 
 #include <QStringList>
@@ -12,14 +13,9 @@ namespace support {
 
 using namespace base;
 
-struct RecordedLine {
-    double x1, y1, x2, y2;
-    int width;
-};
-
 struct RecordedPage {
     QStringList texts; ///< "y x size text", in the order of painting
-    std::vector<RecordedLine> lines;
+    std::vector<reports::LineMark> lines;
 };
 
 struct RecordedJob {
@@ -36,7 +32,7 @@ inline QString mm(double number) {
 class RecordingShop : public reports::PrintShop {
 public:
     QStringList printers{u"PDF"_s};
-    reports::Margin margin;
+    reports::Place margin;
     std::vector<RecordedJob> jobs;
 
     std::unique_ptr<reports::PrintSurface> open(const reports::PrintJob& job) override {
@@ -50,18 +46,19 @@ private:
     class Surface : public reports::PrintSurface {
     public:
         Surface(RecordingShop& shop, size_t index) : m_shop(shop), m_index(index) {}
-        reports::Margin margin() const override { return m_shop.margin; }
+        reports::Place margin() const override { return m_shop.margin; }
         void new_page() override { job().pages.emplace_back(); }
         void set_font(QStringView family, double size, reports::Weight weight) override {
             m_font = mm(size);
             if (family != u"ＭＳ 明朝" || weight != reports::Weight::Bold)
                 m_font += u" another font"_s;
         }
-        void text(double x, double y, const QString& text) override {
-            job().pages.back().texts << u"%1 %2 %3 %4"_s.arg(mm(y), 7).arg(mm(x), 7).arg(m_font, 6).arg(text);
+        void text(reports::Place place, const QString& text) override {
+            job().pages.back().texts
+                << u"%1 %2 %3 %4"_s.arg(mm(place.y), 7).arg(mm(place.x), 7).arg(m_font, 6).arg(text);
         }
-        void line(double x1, double y1, double x2, double y2, int width) override {
-            job().pages.back().lines.push_back({x1, y1, x2, y2, width});
+        void line(reports::Place from, reports::Place to, int width) override {
+            job().pages.back().lines.push_back({from, to, width});
         }
         bool end() override { return job().ended = true; }
 
@@ -75,23 +72,25 @@ private:
 
 /// Lines that follow each other at one distance are told as one: "8 (20.00 31.00)-(200.00 31.00) 3 times by
 /// (0.00 6.00)".
-inline QStringList told_lines(const std::vector<RecordedLine>& lines) {
-    const auto same = [](double a, double b) { return qAbs(a - b) < 0.001; };
-    const auto follows = [&](const RecordedLine& a, const RecordedLine& b, double dx, double dy) {
-        return a.width == b.width && same(b.x1 - a.x1, dx) && same(b.x2 - a.x2, dx) && same(b.y1 - a.y1, dy) &&
-               same(b.y2 - a.y2, dy);
+inline QStringList told_lines(const std::vector<reports::LineMark>& lines) {
+    const auto same = [](reports::Place a, reports::Place b) {
+        return qAbs(a.x - b.x) < 0.001 && qAbs(a.y - b.y) < 0.001;
     };
+    const auto follows = [&](const reports::LineMark& a, const reports::LineMark& b, reports::Place by) {
+        return a.width == b.width && same(b.from - a.from, by) && same(b.to - a.to, by);
+    };
+    const auto shown = [](reports::Place place) { return u"(%1 %2)"_s.arg(mm(place.x), mm(place.y)); };
     QStringList told;
     for (size_t i = 0; i < lines.size();) {
-        const RecordedLine& first = lines[i];
-        const RecordedLine& second = lines[std::min(i + 1, lines.size() - 1)];
-        const double dx = second.x1 - first.x1, dy = second.y1 - first.y1;
+        const reports::LineMark& first = lines[i];
+        const reports::LineMark& second = lines[std::min(i + 1, lines.size() - 1)];
+        const reports::Place by = second.from - first.from;
         size_t count = 1;
-        while (i + count < lines.size() && follows(lines[i + count - 1], lines[i + count], dx, dy))
+        while (i + count < lines.size() && follows(lines[i + count - 1], lines[i + count], by))
             ++count;
-        told << u"%1 (%2 %3)-(%4 %5)"_s.arg(first.width).arg(mm(first.x1), mm(first.y1), mm(first.x2), mm(first.y2));
+        told << u"%1 %2-%3"_s.arg(first.width).arg(shown(first.from), shown(first.to));
         if (count > 1)
-            told.back() += u" %1 times by (%2 %3)"_s.arg(count).arg(mm(dx), mm(dy));
+            told.back() += u" %1 times by %2"_s.arg(count).arg(shown(by));
         i += count;
     }
     return told;

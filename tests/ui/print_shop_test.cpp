@@ -27,7 +27,7 @@ QString output_of(const QString& program, const QStringList& arguments) {
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-constexpr double points_per_mm = 72 / 25.4;
+constexpr double points_per_mm = reports::points_per_inch / reports::mm_per_inch;
 
 struct Word {
     QString text;
@@ -113,7 +113,7 @@ TEST_F(PrintShop, AGivenUpJobLeavesNothing) {
     const auto surface = shop.open({u"PDF"_s, {}, {}, u"社員一覧表"_s});
     surface->new_page();
     surface->set_font(u"ＭＳ 明朝", 9, reports::Weight::Bold);
-    surface->text(20, 20, u"途中"_s);
+    surface->text({.x = 20, .y = 20}, u"途中"_s);
     EXPECT_EQ(files(), QStringList());
     EXPECT_EQ(shop.open({u"ないプリンター"_s, {}, {}, {}}), nullptr);
 }
@@ -122,8 +122,8 @@ TEST(PainterSurface, APrinterThatCouldntBeOpenedIsPaintedOnIntoNothing) {
     QPainter without_device;
     ui::PainterSurface surface(without_device);
     reports::Page page;
-    reports::add_text(page, u"社員一覧表"_s, 16, 8, 20);
-    reports::add_rectangle(page, 20, 25, 200, 284, 8);
+    reports::add_text(page, u"社員一覧表"_s, 16, {.x = 20, .y = 8});
+    reports::add_rectangle(page, {.left = 20, .top = 25, .right = 200, .bottom = 284}, 8);
     reports::paint(page, {}, surface);
     EXPECT_TRUE(surface.end());
 }

@@ -1,6 +1,7 @@
 #include "reports/pages/font_fit.h"
 
 #include "base/text.h"
+#include "reports/pages/place.h"
 
 #include <algorithm>
 #include <iterator>
@@ -16,7 +17,6 @@ struct Step {
 constexpr Step steps[]{{2.1, 12}, {1.95, 11}, {1.8, 10}, {1.7, 9}, {1.6, 8}, {1.3, 7}, {1.1, 6}, {0.9, 5}};
 constexpr double plenty = 2.8;
 constexpr double smallest = 4;
-constexpr double mm_of_a_point = 25.4 / 72;
 
 } // namespace
 
@@ -32,7 +32,7 @@ double 文字サイズ決定(double 幅, double 位置, QStringView 文字列, d
 }
 
 QString cut_to_room(QStringView 文字列, double 幅) {
-    constexpr double half_width_of_smallest = smallest / 2 * mm_of_a_point;
+    constexpr double half_width_of_smallest = smallest / 2 * (mm_per_inch / points_per_inch);
     return base::left_bytes(文字列, int(幅 / half_width_of_smallest));
 }
 

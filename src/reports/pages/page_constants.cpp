@@ -11,10 +11,17 @@ using namespace base;
 
 namespace {
 
+/// By the layout's number less 1.
 constexpr std::array layouts{
-    PageConstants{Orientation::Portrait, 25, 284, 20, 200, 2, 43, 1.4, 1},
-    PageConstants{Orientation::Landscape, 25, 200, 20, 285, 2, 29, 1.4, 1},
-    PageConstants{Orientation::Portrait, 25, 223, 20, 200, 2, 33, 1.4, 1},
+    PageConstants{.orientation = Orientation::Portrait,
+        .table = {.left = 20, .top = 25, .right = 200, .bottom = 284},
+        .last_row = 43},
+    PageConstants{.orientation = Orientation::Landscape,
+        .table = {.left = 20, .top = 25, .right = 285, .bottom = 200},
+        .last_row = 29},
+    PageConstants{.orientation = Orientation::Portrait,
+        .table = {.left = 20, .top = 25, .right = 200, .bottom = 223},
+        .last_row = 33},
 };
 
 struct PrinterKeys {
@@ -25,9 +32,9 @@ struct PrinterKeys {
 
 /// By the printer's number less 1.
 constexpr PrinterKeys printer_keys[]{
-    {u"プリンター１", u"プリンター１Ｙ", u"プリンター１Ｘ"},
-    {u"プリンター２", u"プリンター２Ｙ", u"プリンター２Ｘ"},
-    {u"プリンター３", u"プリンター３Ｙ", u"プリンター３Ｘ"},
+    {.name = u"プリンター１", .y = u"プリンター１Ｙ", .x = u"プリンター１Ｘ"},
+    {.name = u"プリンター２", .y = u"プリンター２Ｙ", .x = u"プリンター２Ｘ"},
+    {.name = u"プリンター３", .y = u"プリンター３Ｙ", .x = u"プリンター３Ｘ"},
 };
 
 } // namespace
@@ -36,13 +43,13 @@ const PageConstants& 印刷設定取得(Layout layout) {
     return layouts[static_cast<size_t>(layout) - 1];
 }
 
-PrinterSetting 印刷設定取得(Layout layout, store::SettingTables& tables) {
+PrinterSetting printer_setting(Layout layout, store::SettingTables& tables) {
     const QString table = u"losystem"_s;
     const PrinterKeys& keys = printer_keys[印刷設定取得(layout).printer - 1];
     const QString name = tables.設定読込(table, keys.name.toString(), store::Run::Begin);
     const QString y = tables.設定読込(table, keys.y.toString(), store::Run::Continue);
     const QString x = tables.設定読込(table, keys.x.toString(), store::Run::End);
-    return {name, decimal_val(y), decimal_val(x)};
+    return {.name = name, .offset = {.x = decimal_val(x), .y = decimal_val(y)}};
 }
 
 } // namespace reports

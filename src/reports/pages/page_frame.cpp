@@ -1,7 +1,6 @@
 #include "reports/pages/page_frame.h"
 
 #include "base/literals.h"
-#include "reports/pages/font_fit.h"
 
 #include <algorithm>
 
@@ -15,10 +14,10 @@ namespace {
 /// where the smallest letters have no room.
 void add_heading(Page& page, const PlacedColumn& column, double y) {
     const double width = column.item.項目幅;
-    add_centred(page, cut_to_room(column.item.項目名, width), heading_size, y, column.left, width);
+    add_centred(page, cut_to_room(column.item.項目名, width), heading_size, {.x = column.left, .y = y}, width);
 }
 
-bool has_line(const PageConstants& table, const PlacedColumns& columns, int col, LineRoom room) {
+bool has_line(const Box& table, const PlacedColumns& columns, int col, LineRoom room) {
     const PlacedColumn& column = columns.columns[size_t(col)];
     const double needed = room == LineRoom::FurtherColumn ? column.item.項目幅 : 0;
     return column.right + needed < table.right && (col != columns.last || column.item.縦線区切 == 1);
@@ -42,37 +41,41 @@ PlacedColumns place_columns(const base::Sheet& hyou, int 帳票番号, double le
     return placed;
 }
 
-void add_columns(
-    Page& page, const PageConstants& table, const PlacedColumns& columns, std::span<const int> cols, LineRoom room) {
+void add_columns(Page& page, const PageConstants& constants, const PlacedColumns& columns, std::span<const int> cols,
+    LineRoom room) {
     for (const int col : cols) {
         const PlacedColumn& column = columns.columns[size_t(col)];
         if (!column.printed())
             continue;
-        add_heading(page, column, table.heading_y());
-        if (has_line(table, columns, col, room))
-            add_vertical_line(page, table, column.right);
+        add_heading(page, column, constants.heading_y());
+        if (has_line(constants.table, columns, col, room))
+            add_vertical_line(page, constants.table, column.right);
     }
 }
 
-void add_vertical_line(Page& page, const PageConstants& table, double x) {
-    page.lines.push_back({x, table.top, x, table.bottom, inner_line});
+void add_vertical_line(Page& page, const Box& table, double x) {
+    page.lines.push_back({{.x = x, .y = table.top}, {.x = x, .y = table.bottom}, inner_line});
 }
 
-void add_box(Page& page, const PageConstants& table, int under_heading, int between_rows) {
-    add_rectangle(page, table.left, table.top, table.right, table.bottom, outer_line);
+void add_box(Page& page, const Box& table, int under_heading, int between_rows) {
+    add_rectangle(page, table, outer_line);
     int width = under_heading;
     for (double y = table.top + row_pitch; y <= table.bottom - row_pitch; y += row_pitch) {
-        page.lines.push_back({table.left, y, table.right, y, width});
+        page.lines.push_back({{.x = table.left, .y = y}, {.x = table.right, .y = y}, width});
         width = between_rows;
     }
 }
 
-QString print_date(QDate today) {
-    return today.toString(u"yyyy年MM月dd日印刷"_s);
+void add_head_line(Page& page, const HeadLine& line, const QString& text) {
+    add_text(page, text, line.size, line.place);
 }
 
-QString spare_lines(const Report& report) {
-    return report.midasi[3] + u' ' + report.midasi[4];
+void add_print_date(Page& page, QDate today) {
+    add_head_line(page, print_date_line, today.toString(u"yyyy年MM月dd日印刷"_s));
+}
+
+void add_spare_lines(Page& page, const Report& report) {
+    add_head_line(page, spare_line, report.midasi[3] + u' ' + report.midasi[4]);
 }
 
 } // namespace reports

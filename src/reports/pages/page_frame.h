@@ -1,7 +1,8 @@
 #pragma once
 
-// The table of a page: where its columns lie, their headings, and its lines.
+// The frame of a page: the headings above the table, where its columns lie, their headings, and its lines.
 
+#include "reports/pages/font_fit.h"
 #include "reports/pages/page.h"
 #include "reports/pages/page_constants.h"
 #include "reports/tallies/report.h"
@@ -12,6 +13,7 @@
 
 namespace reports {
 
+/// Widths of lines, units of 1/600 inch.
 inline constexpr int thin_line = 2;
 inline constexpr int inner_line = 4;
 inline constexpr int outer_line = 8;
@@ -36,6 +38,7 @@ struct FurtherSheet {
     int behind;
 };
 
+/// The first column begins at `left` mm. A sheet without columns gives none.
 PlacedColumns place_columns(
     const base::Sheet& hyou, int 帳票番号, double left, std::span<const FurtherSheet> sheets = {});
 
@@ -44,18 +47,32 @@ PlacedColumns place_columns(
 enum class LineRoom { Line, FurtherColumn };
 
 /// Headings and vertical lines of these columns.
-void add_columns(Page& page, const PageConstants& table, const PlacedColumns& columns, std::span<const int> cols,
+void add_columns(Page& page, const PageConstants& constants, const PlacedColumns& columns, std::span<const int> cols,
     LineRoom room = LineRoom::Line);
 
-void add_vertical_line(Page& page, const PageConstants& table, double x);
+/// From the table's top to its bottom.
+void add_vertical_line(Page& page, const Box& table, double x);
 
 /// The outer box, and the lines under the heading row and between the rows.
-void add_box(Page& page, const PageConstants& table, int under_heading = outer_line, int between_rows = inner_line);
+void add_box(Page& page, const Box& table, int under_heading = outer_line, int between_rows = inner_line);
+
+/// A line above the table.
+struct HeadLine {
+    Place place;
+    double size = heading_size; ///< points
+};
+
+/// Those that every report has at the same place.
+inline constexpr HeadLine title_line{.place = {.x = 20, .y = 8}, .size = 16};
+inline constexpr HeadLine print_date_line{.place = {.x = 20, .y = 15}};
+inline constexpr HeadLine spare_line{.place = {.x = 20, .y = 18}};
+
+void add_head_line(Page& page, const HeadLine& line, const QString& text);
 
 /// "2004年10月05日印刷"
-QString print_date(QDate today);
+void add_print_date(Page& page, QDate today);
 
 /// The two spare lines of the headings, which stand side by side.
-QString spare_lines(const Report& report);
+void add_spare_lines(Page& page, const Report& report);
 
 } // namespace reports

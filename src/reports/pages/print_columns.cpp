@@ -8,45 +8,47 @@ namespace reports {
 
 namespace {
 
-constexpr std::nullopt_t C = std::nullopt; ///< centred
-constexpr QStringView as_on_sheet;         ///< the heading is the sheet's
+constexpr std::nullopt_t centred = std::nullopt;
+constexpr QStringView as_on_sheet; ///< the heading is the sheet's
 
 constexpr CellKind あ = CellKind::Text;
 constexpr CellKind 数 = CellKind::Numeric;
 constexpr CellKind A = CellKind::Fixed;
 
+/// The fields are those of 印刷項目.
 struct Column {
     QStringView 項目名;
+    double 項目幅; ///< mm
     CellKind 項目種別;
     int 項目桁数;
-    QStringView 項目書式;
-    double 項目幅;
-    std::optional<double> 項目位置;
+    QStringView 項目書式 = u"";
+    std::optional<double> 項目位置 = 1.0; ///< mm
 };
 
-constexpr Column hours{as_on_sheet, A, 6, u"@", 14, 1.0}; ///< of a work category
+/// Of a work category.
+constexpr Column hours{.項目名 = as_on_sheet, .項目幅 = category_width, .項目種別 = A, .項目桁数 = 6, .項目書式 = u"@"};
 
 constexpr Column employee_list[]{
-    {u"", 数, 3, u"####", 8, C},
-    {u"社員番号", あ, 15, u"", 26, 1.0},
-    {u"社　　員　　名", あ, 15, u"", 59, 1.0},
-    {u"勤務タイプ", あ, 13, u"", 85, 1.0},
+    {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 3, .項目書式 = u"####", .項目位置 = centred},
+    {.項目名 = u"社員番号", .項目幅 = 26, .項目種別 = あ, .項目桁数 = 15},
+    {.項目名 = u"社　　員　　名", .項目幅 = 59, .項目種別 = あ, .項目桁数 = 15},
+    {.項目名 = u"勤務タイプ", .項目幅 = 85, .項目種別 = あ, .項目桁数 = 13},
 };
 
 constexpr Column work_category_list[]{
-    {u"", 数, 4, u"####", 8, 1.0},
-    {u"勤務種類名", あ, 30, u"", 100, 1.0},
+    {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 4, .項目書式 = u"####"},
+    {.項目名 = u"勤務種類名", .項目幅 = 100, .項目種別 = あ, .項目桁数 = 30},
 };
 
-constexpr Column type_time{as_on_sheet, A, 5, u"@", 12, 1.0};
+constexpr Column type_time{.項目名 = as_on_sheet, .項目幅 = 12, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"};
 constexpr Column work_type_list[]{
-    {u"", 数, 4, u"####", 8, 1.0},
-    {u"勤務タイプ名", あ, 15, u"", 25, 1.0},
-    {u"曜", あ, 1, u"", 5, C},
-    {u"勤務種類名", あ, 13, u"", 25, 1.0},
+    {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 4, .項目書式 = u"####"},
+    {.項目名 = u"勤務タイプ名", .項目幅 = 25, .項目種別 = あ, .項目桁数 = 15},
+    {.項目名 = u"曜", .項目幅 = 5, .項目種別 = あ, .項目桁数 = 1, .項目位置 = centred},
+    {.項目名 = u"勤務種類名", .項目幅 = 25, .項目種別 = あ, .項目桁数 = 13},
     type_time,
     type_time,
-    {u"時間計算", あ, 5, u"", 19, 1.0},
+    {.項目名 = u"時間計算", .項目幅 = 19, .項目種別 = あ, .項目桁数 = 5},
     type_time,
     type_time,
     type_time,
@@ -56,38 +58,38 @@ constexpr Column work_type_list[]{
 };
 
 constexpr Column attendance_detail[]{
-    {u"日", 数, 2, u"", 8, C},
-    {u"曜", あ, 1, u"", 6, 1.0},
-    {u"出社時間", A, 5, u"@", 14, 1.0},
-    {u"退社時間", A, 5, u"@", 14, 1.0},
-    {u"休憩時間", A, 6, u"@", 14, 1.0},
-    {u"勤務時間", A, 6, u"@", 14, 1.0},
-    {u"備　考", あ, 8, u"@", 30, 1.0},
-    {u"出勤・休暇", あ, 5, u"@", 20, 1.0},
+    {.項目名 = u"日", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 2, .項目位置 = centred},
+    {.項目名 = u"曜", .項目幅 = 6, .項目種別 = あ, .項目桁数 = 1},
+    {.項目名 = u"出社時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"},
+    {.項目名 = u"退社時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"},
+    {.項目名 = u"休憩時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 6, .項目書式 = u"@"},
+    {.項目名 = u"勤務時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 6, .項目書式 = u"@"},
+    {.項目名 = u"備　考", .項目幅 = 30, .項目種別 = あ, .項目桁数 = 8, .項目書式 = u"@"},
+    {.項目名 = u"出勤・休暇", .項目幅 = 20, .項目種別 = あ, .項目桁数 = 5, .項目書式 = u"@"},
 };
 
 constexpr Column work_time_list[]{
-    {u"", 数, 2, u"", 8, C},
-    {u"", 数, 1, u"", 0, C},
-    {u"社員番号", あ, 10, u"", 25, 1.0},
-    {u"社員名", あ, 20, u"", 30, 1.0},
-    {u"出社時間", A, 5, u"@", 14, 1.0},
-    {u"退社時間", A, 5, u"@", 14, 1.0},
-    {u"休憩時間", A, 6, u"@", 14, 1.0},
-    {u"勤務時間", A, 6, u"@", 14, 1.0},
-    {u"備考", あ, 6, u"@", 25, 1.0},
-    {u"休暇", あ, 5, u"@", 20, 1.0},
+    {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 2, .項目位置 = centred},
+    {.項目名 = u"", .項目幅 = 0, .項目種別 = 数, .項目桁数 = 1, .項目位置 = centred},
+    {.項目名 = u"社員番号", .項目幅 = 25, .項目種別 = あ, .項目桁数 = 10},
+    {.項目名 = u"社員名", .項目幅 = 30, .項目種別 = あ, .項目桁数 = 20},
+    {.項目名 = u"出社時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"},
+    {.項目名 = u"退社時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"},
+    {.項目名 = u"休憩時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 6, .項目書式 = u"@"},
+    {.項目名 = u"勤務時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 6, .項目書式 = u"@"},
+    {.項目名 = u"備考", .項目幅 = 25, .項目種別 = あ, .項目桁数 = 6, .項目書式 = u"@"},
+    {.項目名 = u"休暇", .項目幅 = 20, .項目種別 = あ, .項目桁数 = 5, .項目書式 = u"@"},
 };
 
 constexpr Column leave_list[]{
-    {u"名称", あ, 10, u"@", 40, 1.0},
-    {u"休暇・出勤", あ, 10, u"", 30, C},
-    {u"標準", あ, 10, u"@", 30, C},
+    {.項目名 = u"名称", .項目幅 = 40, .項目種別 = あ, .項目桁数 = 10, .項目書式 = u"@"},
+    {.項目名 = u"休暇・出勤", .項目幅 = 30, .項目種別 = あ, .項目桁数 = 10, .項目位置 = centred},
+    {.項目名 = u"標準", .項目幅 = 30, .項目種別 = あ, .項目桁数 = 10, .項目書式 = u"@", .項目位置 = centred},
 };
 
 constexpr Column error_list[]{
-    {u"エラー内容", 数, 0, u"####", 0, 0.0},
-    {u"", 数, 2, u"", 6, C},
+    {.項目名 = u"エラー内容", .項目幅 = 0, .項目種別 = 数, .項目桁数 = 0, .項目書式 = u"####", .項目位置 = 0.0},
+    {.項目名 = u"", .項目幅 = 6, .項目種別 = 数, .項目桁数 = 2, .項目位置 = centred},
 };
 
 struct ReportColumns {
@@ -104,17 +106,22 @@ struct ReportColumns {
 
 /// By the report's number less 1.
 constexpr ReportColumns reports_columns[]{
-    {employee_list, nullptr, 0},
-    {work_category_list, nullptr, 1},
-    {work_type_list, nullptr, 0},
-    {attendance_detail, &hours, 1},
-    {work_time_list, &hours, 1},
-    {leave_list, nullptr, 1},
+    {.columns = employee_list},
+    {.columns = work_category_list, .縦線区切 = 1},
+    {.columns = work_type_list},
+    {.columns = attendance_detail, .further = &hours, .縦線区切 = 1},
+    {.columns = work_time_list, .further = &hours, .縦線区切 = 1},
+    {.columns = leave_list, .縦線区切 = 1},
 };
 
 印刷項目 record(const Column& column, int 縦線区切, const QString& on_sheet) {
-    return {column.項目名.isNull() ? base::Trim(on_sheet) : column.項目名.toString(), column.項目種別, column.項目桁数,
-        column.項目書式.toString(), column.項目幅, column.項目位置, 縦線区切};
+    return {.項目名 = column.項目名.isNull() ? base::Trim(on_sheet) : column.項目名.toString(),
+        .項目種別 = column.項目種別,
+        .項目桁数 = column.項目桁数,
+        .項目書式 = column.項目書式.toString(),
+        .項目幅 = column.項目幅,
+        .項目位置 = column.項目位置,
+        .縦線区切 = 縦線区切};
 }
 
 } // namespace

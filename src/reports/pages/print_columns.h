@@ -1,12 +1,15 @@
 #pragma once
 
-// The printed columns of the six reports and of the error list: one constant table each.
+// The printed columns of the six reports and of the error list: one constant table each, whose `項目幅` is the width on
+// paper.
 
 #include "base/sheet.h"
 
 #include <optional>
 
 namespace reports {
+
+inline constexpr double category_width = 14; ///< mm; of the column of a work category
 
 enum class CellKind : char16_t {
     None = u'0',

@@ -1,8 +1,10 @@
 #pragma once
 
-// PrintSurface: what a page is painted on, in millimetres. The origin is the corner of what the printer can print on;
-// how far that lies from the paper's edge is margin(). The real surface paints on a printer or into a PDF file, the
-// recording one keeps what was painted for tests, the preview shows it on the screen.
+// PrintSurface: what a page is painted on, in millimetres. Places count from the corner of what the printer can print
+// on; where that lies on the paper is margin(). The real surface paints on a printer or into a PDF file, the recording
+// one keeps what was painted for tests, the preview shows it on the screen.
+
+#include "reports/pages/place.h"
 
 #include <QString>
 #include <memory>
@@ -12,26 +14,21 @@ namespace reports {
 enum class Orientation { Portrait, Landscape };
 enum class Weight { Normal, Bold };
 
-struct Margin {
-    double x = 0; ///< mm
-    double y = 0;
-};
-
 class PrintSurface {
 public:
     virtual ~PrintSurface() = default;
 
     /// What the printer can't print on at the left and the top; 0 for a PDF file.
-    virtual Margin margin() const = 0;
+    virtual Place margin() const = 0;
 
     /// Starts a page, the first one too. A job without a page puts out nothing.
     virtual void new_page() = 0;
     /// Font of the texts that follow. The size is in points.
     virtual void set_font(QStringView family, double size, Weight weight) = 0;
-    /// Paints a text in one line: (x, y) is the upper left corner of the square that its first character fills.
-    virtual void text(double x, double y, const QString& text) = 0;
-    /// Paints a solid line whose middle runs between the points; the width is in units of 1/600 inch.
-    virtual void line(double x1, double y1, double x2, double y2, int width) = 0;
+    /// Paints a text in one line: the place is the upper left corner of the square that its first character fills.
+    virtual void text(Place place, const QString& text) = 0;
+    /// Paints a solid line whose middle runs between the places; the width is in units of 1/600 inch.
+    virtual void line(Place from, Place to, int width) = 0;
     /// Ends the job and hands it over. False: it couldn't be, and the person has been told.
     /// A surface that goes without it has given up its job.
     virtual bool end() = 0;

@@ -23,23 +23,23 @@ void tell_missing_printer(platform::Host& host) {
 
 } // namespace
 
-Offset print_offset(Margin margin, const PrinterSetting& setting) {
-    return {first_three_characters(margin.y) + setting.y, first_three_characters(margin.x) + setting.x};
+Place print_offset(Place margin, const PrinterSetting& setting) {
+    return Place{.x = first_three_characters(margin.x), .y = first_three_characters(margin.y)} + setting.offset;
 }
 
-void 印字出力(PrintSurface& surface, const Offset& offset, const QString& 文字列, double y, double x) {
-    surface.text(x - offset.x, y - offset.y, 文字列);
+void 印字出力(PrintSurface& surface, Place offset, const QString& 文字列, Place place) {
+    surface.text(place - offset, 文字列);
 }
 
-void paint(const Page& page, const Offset& offset, PrintSurface& surface) {
+void paint(const Page& page, Place offset, PrintSurface& surface) {
     double size = 0;
     for (const TextMark& mark : page.texts) {
         if (mark.size != size)
             surface.set_font(font_name, size = mark.size, Weight::Bold);
-        印字出力(surface, offset, mark.text, mark.y, mark.x);
+        印字出力(surface, offset, mark.text, mark.place);
     }
     for (const LineMark& line : page.lines)
-        surface.line(line.x1 - offset.x, line.y1 - offset.y, line.x2 - offset.x, line.y2 - offset.y, line.width);
+        surface.line(line.from - offset, line.to - offset, line.width);
 }
 
 void 印刷ジョブ名設定(PrintJob& job) {
@@ -48,15 +48,16 @@ void 印刷ジョブ名設定(PrintJob& job) {
 
 Printed print_pages(
     const PrintPlace& place, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make) {
-    const PrinterSetting setting = 印刷設定取得(layout, place.session.tables);
-    PrintJob job{setting.name, {}, 印刷設定取得(layout).orientation, report};
+    const PrinterSetting setting = printer_setting(layout, place.session.tables);
+    PrintJob job{
+        .DeviceName = setting.name, .name = {}, .orientation = 印刷設定取得(layout).orientation, .report = report};
     印刷ジョブ名設定(job);
     const std::unique_ptr<PrintSurface> surface = place.shop.open(job);
     if (!surface) {
         tell_missing_printer(place.session.host);
         return Printed::NoPrinter;
     }
-    const Offset offset = print_offset(surface->margin(), setting);
+    const Place offset = print_offset(surface->margin(), setting);
     place.session.host.yield();
     const Pages pages = make(place.session.host.now().date());
     if (pages.empty())

@@ -15,21 +15,15 @@ enum class Printed {
     Failed,    ///< the printer or the file failed; the person has been told
 };
 
-/// What is taken off every coordinate, mm.
-struct Offset {
-    double y = 0;
-    double x = 0;
-};
+/// What is taken off every place of a page: the printer's margin and what is set for it. Of a margin's decimal text
+/// only the first three characters count: 1.4567 gives 1.4, and 12.345 gives 12.
+Place print_offset(Place margin, const PrinterSetting& setting);
 
-/// The printer's margin and what is set for it. Of a margin's decimal text only the first three characters count:
-/// 1.4567 gives 1.4, and 12.345 gives 12.
-Offset print_offset(Margin margin, const PrinterSetting& setting);
+/// The text primitive: paints the text with its upper left corner at this place of the paper.
+void 印字出力(PrintSurface& surface, Place offset, const QString& 文字列, Place place);
 
-/// The text primitive: paints the text with its upper left corner at (x, y) from the paper's edge.
-void 印字出力(PrintSurface& surface, const Offset& offset, const QString& 文字列, double y, double x);
-
-/// Paints a page in the reports' font.
-void paint(const Page& page, const Offset& offset, PrintSurface& surface);
+/// Paints a page in the reports' font onto the page that the surface has begun.
+void paint(const Page& page, Place offset, PrintSurface& surface);
 
 /// Gives the job the name under which it stands in the printer's queue, whichever report is printed.
 void 印刷ジョブ名設定(PrintJob& job);

@@ -3,19 +3,13 @@
 #include "ui/paper/printer_surface.h"
 #include "ui/parts/colours.h"
 
+#include <QPageSize>
 #include <algorithm>
 
 namespace ui {
 
-namespace {
-
-constexpr QSizeF a4(210, 297);
-constexpr double mm_per_inch = 25.4;
-
-} // namespace
-
 PrintPageView::PrintPageView(
-    const reports::Pages& pages, reports::Offset offset, reports::Orientation orientation, QWidget* parent)
+    const reports::Pages& pages, reports::Place offset, reports::Orientation orientation, QWidget* parent)
     : QWidget(parent), m_pages(pages), m_offset(offset), m_orientation(orientation) {
     set_zoom(1);
 }
@@ -36,7 +30,7 @@ double PrintPageView::zoom_to_fit(QSize room) const {
 }
 
 QSizeF PrintPageView::paper() const {
-    const QSizeF size = a4 * (logicalDpiX() / mm_per_inch);
+    const QSizeF size = QPageSize(QPageSize::A4).size(QPageSize::Millimeter) * (logicalDpiX() / reports::mm_per_inch);
     return m_orientation == reports::Orientation::Portrait ? size : size.transposed();
 }
 

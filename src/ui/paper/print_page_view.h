@@ -11,7 +11,7 @@ namespace ui {
 class PrintPageView : public QWidget {
 public:
     /// A page of these is shown; they and the offset stay as they are.
-    PrintPageView(const reports::Pages& pages, reports::Offset offset, reports::Orientation orientation,
+    PrintPageView(const reports::Pages& pages, reports::Place offset, reports::Orientation orientation,
         QWidget* parent = nullptr);
 
     /// Index of the page shown, held within the pages.
@@ -31,7 +31,7 @@ private:
     QSizeF paper() const; ///< in pixels of the screen at zoom 1
 
     const reports::Pages& m_pages;
-    reports::Offset m_offset;
+    reports::Place m_offset;
     reports::Orientation m_orientation;
     int m_page = 0;
     double m_zoom = 1;

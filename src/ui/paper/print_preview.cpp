@@ -30,8 +30,7 @@ constexpr double largest_zoom = 4;
 
 class PreviewDialog : public QDialog {
 public:
-    PreviewDialog(
-        const reports::Pages& pages, reports::Offset offset, reports::Orientation orientation, QWidget* parent)
+    PreviewDialog(const reports::Pages& pages, reports::Place offset, reports::Orientation orientation, QWidget* parent)
         : QDialog(parent), m_count(int(pages.size())), m_view(new PrintPageView(pages, offset, orientation)) {
         setWindowTitle(u"印刷プレビュー"_s);
         resize(usual_size.boundedTo(screen()->availableSize() - frame_around));
@@ -126,7 +125,7 @@ bool preview(const reports::Report& report, frame::Session& session, reports::Pr
         return false;
     }
     const reports::Layout layout = reports::layout_of(report);
-    const reports::Offset offset = reports::print_offset({}, reports::印刷設定取得(layout, session.tables));
+    const reports::Place offset = reports::print_offset({}, reports::printer_setting(layout, session.tables));
     PreviewDialog dialog(pages, offset, reports::印刷設定取得(layout).orientation, parent);
     return dialog.exec() == QDialog::Accepted && reports::print(report, session, shop) == reports::Printed::Yes;
 }

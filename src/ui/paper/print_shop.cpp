@@ -21,7 +21,7 @@ constexpr QStringView trouble_title = u"印刷エラー";
 /// A job for a printer with paper.
 class PaperJob : public PainterSurface {
 public:
-    PaperJob(std::unique_ptr<QPrinter> printer, reports::Margin margin, platform::Host& host)
+    PaperJob(std::unique_ptr<QPrinter> printer, reports::Place margin, platform::Host& host)
         : PainterSurface(m_painter, margin), m_printer(std::move(printer)), m_host(host) {}
 
     ~PaperJob() override {
@@ -83,7 +83,8 @@ std::unique_ptr<reports::PrintSurface> open_paper(const reports::PrintJob& job, 
     const QMarginsF margins = QPageLayout(printer->pageLayout().pageSize(), printer->pageLayout().orientation(),
         printer->pageLayout().minimumMargins(), printer->pageLayout().units())
                                   .margins(QPageLayout::Millimeter);
-    return std::make_unique<PaperJob>(std::move(printer), reports::Margin{margins.left(), margins.top()}, host);
+    return std::make_unique<PaperJob>(
+        std::move(printer), reports::Place{.x = margins.left(), .y = margins.top()}, host);
 }
 
 QString reason(const std::error_code& failure) {

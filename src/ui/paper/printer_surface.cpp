@@ -10,11 +10,12 @@
 namespace ui {
 
 using namespace base;
+using reports::mm_per_inch;
+using reports::Place;
+using reports::points_per_inch;
 
 namespace {
 
-constexpr double mm_per_inch = 25.4;
-constexpr double points_per_inch = 72;
 constexpr double line_units_per_inch = 600;
 
 /// Of the square that a full-width character fills, what lies above the base line: as the Mincho faces have it. Taken
@@ -32,8 +33,8 @@ double PainterSurface::pixels(double mm) const {
     return m_painter.isActive() ? mm * m_painter.device()->logicalDpiX() / mm_per_inch : 0;
 }
 
-QPointF PainterSurface::place(double x, double y) const {
-    return {pixels(x + m_margin.x), pixels(y + m_margin.y)};
+QPointF PainterSurface::point(Place place) const {
+    return {pixels(place.x + m_margin.x), pixels(place.y + m_margin.y)};
 }
 
 void PainterSurface::set_font(QStringView family, double size, reports::Weight weight) {
@@ -47,15 +48,15 @@ void PainterSurface::set_font(QStringView family, double size, reports::Weight w
     m_ascent = pixels(size / points_per_inch * mm_per_inch * share_above_base);
 }
 
-void PainterSurface::text(double x, double y, const QString& text) {
-    m_painter.drawText(place(x, y) + QPointF(0, m_ascent), text);
+void PainterSurface::text(Place place, const QString& text) {
+    m_painter.drawText(point(place) + QPointF(0, m_ascent), text);
 }
 
-void PainterSurface::line(double x1, double y1, double x2, double y2, int width) {
+void PainterSurface::line(Place from, Place to, int width) {
     if (width != m_line_width)
         draw_waiting_lines();
     m_line_width = width;
-    m_lines.emplace_back(place(x1, y1), place(x2, y2));
+    m_lines.emplace_back(point(from), point(to));
 }
 
 void PainterSurface::draw_waiting_lines() {

@@ -15,13 +15,13 @@ namespace ui {
 class PainterSurface : public reports::PrintSurface {
 public:
     /// `margin` is what the printer can't print on; the painter's own origin is the paper's corner.
-    explicit PainterSurface(QPainter& painter, reports::Margin margin = {}) : m_painter(painter), m_margin(margin) {}
+    explicit PainterSurface(QPainter& painter, reports::Place margin = {}) : m_painter(painter), m_margin(margin) {}
 
-    reports::Margin margin() const override { return m_margin; }
+    reports::Place margin() const override { return m_margin; }
     void new_page() override {}
     void set_font(QStringView family, double size, reports::Weight weight) override;
-    void text(double x, double y, const QString& text) override;
-    void line(double x1, double y1, double x2, double y2, int width) override;
+    void text(reports::Place place, const QString& text) override;
+    void line(reports::Place from, reports::Place to, int width) override;
     /// Completes the page; the painter goes on.
     bool end() override;
 
@@ -31,10 +31,10 @@ protected:
 
 private:
     double pixels(double mm) const;
-    QPointF place(double x, double y) const;
+    QPointF point(reports::Place place) const;
 
     QPainter& m_painter;
-    reports::Margin m_margin;
+    reports::Place m_margin;
     double m_ascent = 0; ///< pixels from the top of a text to its base line
     int m_line_width = 0;
     std::vector<QLineF> m_lines;
