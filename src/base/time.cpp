@@ -54,6 +54,10 @@ QString time_to_cell(ClockNumber clock) {
     return clock.value == 0 ? QString() : time_to_text(clock);
 }
 
+QString without_zero(const QString& time_text) {
+    return time_text == u"0:00" ? QString() : time_text;
+}
+
 QString text_to_time(QStringView text) {
     const auto colon = text.indexOf(u':');
     if (colon < 0)

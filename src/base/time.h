@@ -43,6 +43,9 @@ QString time_to_text(ClockNumber clock);
 /// The time text, and empty for "0:00": the form of a cell that shows no zero.
 QString time_to_cell(ClockNumber clock);
 
+/// The text as it is, and empty for "0:00".
+QString without_zero(const QString& time_text);
+
 /// Time text to the digits of its clock number. Empty stays empty, text without ":" stays as it is.
 ///   text_to_time(u"25:30") // "2530"  text_to_time(u"0:05") // "5"
 QString text_to_time(QStringView text);

@@ -7,7 +7,7 @@
 
 namespace entry {
 
-std::optional<int> category_column(const MonthSheet& sheet, int category) {
+std::optional<int> category_column(const MonthSheet& sheet, qint64 category) {
     for (int column = col::first_category; column < sheet.hyou.Cols(); ++column)
         if (category_of(sheet, column) == category)
             return column;

@@ -16,7 +16,7 @@ inline int category_of(const MonthSheet& sheet, int column) {
 }
 
 /// The column of a work category; nothing if the sheet has none.
-std::optional<int> category_column(const MonthSheet& sheet, int category);
+std::optional<int> category_column(const MonthSheet& sheet, qint64 category);
 
 /// The weekday of a day row, 0 Sunday to 6 Saturday, from the character in its column 1.
 int weekday_of(const MonthSheet& sheet, int r);

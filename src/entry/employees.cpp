@@ -14,7 +14,7 @@ enum Column { number_column, name_column, key_column };
 
 } // namespace
 
-void 社員マスター全呼出(base::Sheet& hyou_syain, store::Database& database, EmployeeOrder order) {
+void 社員マスター全呼出(base::Sheet& hyou_syain, store::Database& database, common::EmployeeOrder order) {
     auto query = database.prepare("select 社員番号, 社員名, システム番号 from syain");
     int filled = 1;
     while (query.step()) {
@@ -33,8 +33,8 @@ void 社員マスター全呼出(base::Sheet& hyou_syain, store::Database& datab
     社員リストソート処理(hyou_syain, order);
 }
 
-void 社員リストソート処理(base::Sheet& hyou_syain, EmployeeOrder order) {
-    if (order == EmployeeOrder::Registered)
+void 社員リストソート処理(base::Sheet& hyou_syain, common::EmployeeOrder order) {
+    if (order == common::EmployeeOrder::Registered)
         hyou_syain.Sort(key_column, SortOrder::NumericAscending);
     else
         hyou_syain.Sort(number_column, SortOrder::GenericAscending);

@@ -23,7 +23,6 @@ using namespace base;
 namespace {
 
 const QString settings_table = u"losystem"_s;
-const QString order_key = u"社員MLソート"_s;
 const QString break_key = u"休憩時間処理"_s;
 
 int element_of(const QString& setting) {
@@ -37,8 +36,8 @@ store::Database ent_rovena::open_data() const {
 }
 
 void ent_rovena::Form_Load() {
-    sortlist = element_of(m_session.tables.設定読込(settings_table, order_key, store::Run::Begin));
-    sheet.kyuflg = BreakHandling(element_of(m_session.tables.設定読込(settings_table, break_key, store::Run::End)));
+    sortlist = int(common::employee_order(m_session.tables));
+    sheet.kyuflg = BreakHandling(element_of(m_session.tables.設定読込(settings_table, break_key)));
     リスト初期設定();
     書式設定();
     書式設定_日();
@@ -84,11 +83,11 @@ void ent_rovena::書式設定_社員() {
 
 void ent_rovena::社員マスター全呼出() {
     auto database = open_data();
-    entry::社員マスター全呼出(hyou_syain, database, EmployeeOrder(sortlist));
+    entry::社員マスター全呼出(hyou_syain, database, common::EmployeeOrder(sortlist));
 }
 
 void ent_rovena::社員リストソート処理() {
-    entry::社員リストソート処理(hyou_syain, EmployeeOrder(sortlist));
+    entry::社員リストソート処理(hyou_syain, common::EmployeeOrder(sortlist));
 }
 
 void ent_rovena::社員選択処理() {
@@ -172,7 +171,7 @@ void ent_rovena::hyou_syain_Click(int row) {
 
 void ent_rovena::sortlist_Click(int element) {
     sortlist = element;
-    m_session.tables.設定書込(settings_table, order_key, digits(element));
+    common::keep_employee_order(m_session.tables, common::EmployeeOrder(element));
     社員リストソート処理();
 }
 

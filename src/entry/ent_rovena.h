@@ -15,6 +15,7 @@
 // - while `saving` or `waiting` is true the interface may be given time inside botan_Click(1), hyou_syain_Click(),
 //   ym_Click() or ym_KeyDown(): take no input, don't destroy the form.
 
+#include "common/employee_order.h"
 #include "entry/editing.h"
 #include "entry/findings.h"
 #include "entry/month_draft.h"
@@ -37,7 +38,7 @@ struct Selector {
 class ent_rovena {
 public:
     static constexpr QStringView caption = u"出勤時間入力";
-    static constexpr QStringView sortlist_captions[] = {u"登録順", u"番号順"};
+    static constexpr const auto& sortlist_captions = common::employee_order_captions;
     static constexpr QStringView kyuflg_captions[] = {u"休憩時間含", u"実働勤務時間"};
     static constexpr base::Rgb atai_back{240, 240, 255};
 

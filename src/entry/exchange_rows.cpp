@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "common/count_tag.h"
 #include "entry/cells.h"
 #include "entry/saving.h"
 
@@ -33,21 +34,8 @@ ExchangeRow hours_row(const MonthSheet& sheet, const PostedEmployee& employee, c
         number_text(clock_of(sheet.hyou(day.row, column))), digits(column)};
 }
 
-struct Tag {
-    qint64 number;
-    int family; ///< 0 a fixed sum or a work category, 1 leave, 2 holiday work
-};
-
-Tag tag_parts(const QString& tag) {
-    if (tag.startsWith(u'k'))
-        return {Val(QStringView(tag).sliced(1)), 1};
-    if (tag.startsWith(u's'))
-        return {Val(QStringView(tag).sliced(1)), 2};
-    return {Val(tag), 0};
-}
-
 /// Kind "53", for `kinnisu`.
-ExchangeRow count_row(const PostedEmployee& employee, int month_key, const Tag& tag, qint64 days) {
+ExchangeRow count_row(const PostedEmployee& employee, int month_key, const common::CountTag& tag, qint64 days) {
     return {u"53"_s, digits(month_key), digits(employee.key), digits(tag.number), digits(tag.family), digits(days),
         u"0"_s, u"0"_s};
 }
@@ -63,7 +51,7 @@ void add_counts(QList<ExchangeRow>& rows, const MonthSheet& sheet, const PostedE
         const QString tag = Trim(sheet.hyou_day(strip::tag, column));
         const qint64 days = count_of(sheet.hyou_day(strip::count, column));
         if (!tag.isEmpty() && days != 0)
-            rows << count_row(employee, sheet.month.month_key(), tag_parts(tag), days);
+            rows << count_row(employee, sheet.month.month_key(), common::CountTag::read(tag), days);
     }
 }
 

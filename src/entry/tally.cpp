@@ -1,5 +1,6 @@
 #include "entry/tally.h"
 
+#include "common/count_tag.h"
 #include "entry/cells.h"
 
 namespace entry {
@@ -12,13 +13,9 @@ void add_one(QString& count) {
     count = digits(Val(count) + 1);
 }
 
-bool is_kind_tag(const QString& tag) {
-    return tag.startsWith(u'k') || tag.startsWith(u's');
-}
-
 QString tag_of_day(const MonthSheet& sheet, int r) {
     const bool leave = Val(sheet.hyou_system(r, record::holiday_work)) == 0;
-    return (leave ? u'k' : u's') + sheet.hyou_system(r, record::kind_number);
+    return (leave ? common::leave_letter : common::holiday_work_letter) + sheet.hyou_system(r, record::kind_number);
 }
 
 void blank_counts(base::Sheet& hyou_day) {
@@ -28,7 +25,7 @@ void blank_counts(base::Sheet& hyou_day) {
 
 void blank_kind_counts(base::Sheet& hyou_day) {
     for (int column = 0; column < hyou_day.Cols(); ++column)
-        if (is_kind_tag(hyou_day(strip::tag, column)))
+        if (common::is_kind_tag(hyou_day(strip::tag, column)))
             hyou_day(strip::count, column).clear();
 }
 

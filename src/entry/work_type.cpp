@@ -1,6 +1,7 @@
 #include "entry/work_type.h"
 
 #include "base/text.h"
+#include "common/saved_month.h"
 #include "entry/cells.h"
 #include "entry/layout.h"
 
@@ -55,32 +56,13 @@ void read_schedule(MonthSheet& sheet, store::Database& database, qint64 type) {
     }
 }
 
-struct StripKind {
-    QString name;
-    QString tag;
-    Rgb back;
-};
-
-QList<StripKind> read_kinds(store::Database& database) {
-    QList<StripKind> kinds;
-    auto query =
-        database.prepare("select 休暇名, システム番号, 休出 from kyutype order by 休出 desc, 通常 desc, システム番号");
-    while (query.step()) {
-        const store::Row row = query.row();
-        const bool leave = row.number(2) == 0;
-        kinds.append(
-            {Trim(row.text(0)), (leave ? u'k' : u's') + digits(row.number(1)), leave ? leave_back : holiday_work_back});
-    }
-    return kinds;
-}
-
-void show_kinds(base::Sheet& hyou_day, const QList<StripKind>& kinds) {
+void show_kinds(base::Sheet& hyou_day, const QList<common::CountedKind>& kinds) {
     hyou_day.setCols(static_cast<int>(kinds.size()) + strip::first_kind);
     int column = strip::first_kind;
-    for (const StripKind& kind : kinds) {
+    for (const common::CountedKind& kind : kinds) {
         hyou_day(strip::name, column) = kind.name;
         hyou_day(strip::tag, column) = kind.tag;
-        hyou_day.setBack(strip::name, column, kind.back);
+        hyou_day.setBack(strip::name, column, kind.leave ? leave_back : holiday_work_back);
         format_strip_column(hyou_day, column++);
     }
 }
@@ -141,7 +123,7 @@ void 勤務タイプデーター呼出処理(MonthSheet& sheet, store::Database&
     if (type == 0)
         return;
     read_schedule(sheet, database, type);
-    show_kinds(sheet.hyou_day, read_kinds(database));
+    show_kinds(sheet.hyou_day, common::counted_kinds(database));
     add_category_columns(sheet);
 }
 

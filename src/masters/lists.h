@@ -4,6 +4,7 @@
 // one screen shows: employees and work types.
 
 #include "base/sheet.h"
+#include "common/employee_order.h"
 #include "masters/combo_box.h"
 #include "store/database.h"
 
@@ -28,13 +29,8 @@ void fill_combo(ComboBox& combo, store::Statement query);
 /// disagree on it comes once for each form of the name.
 store::Statement work_types(store::Database& rovdata);
 
-enum class EmployeeOrder {
-    Registered, ///< by `システム番号`
-    Numbered,   ///< by `社員番号`
-};
-
 /// `社員マスター全呼出`: the employees in the order, those without a `社員番号` left out: number in column 0, name in
 /// 1, key in `key_col`.
-void list_employees(base::Sheet& list, store::Database& rovdata, int key_col, EmployeeOrder order);
+void list_employees(base::Sheet& list, store::Database& rovdata, int key_col, common::EmployeeOrder order);
 
 } // namespace masters

@@ -44,7 +44,7 @@ void mst_kintype::勤務タイプリスト表示() {
 
 void mst_kintype::社員マスター全呼出() {
     auto rovdata = open_rovdata();
-    list_employees(hyou, rovdata, employee_col, EmployeeOrder::Numbered);
+    list_employees(hyou, rovdata, employee_col, common::EmployeeOrder::Numbered);
 }
 
 void mst_kintype::社員勤務種類マスター全呼出() {

@@ -47,7 +47,7 @@ void mst_syain::書式設定_社員リスト() {
 
 void mst_syain::社員マスター全呼出() {
     auto rovdata = open_rovdata();
-    list_employees(hyou, rovdata, key_col, sortlist == 0 ? EmployeeOrder::Registered : EmployeeOrder::Numbered);
+    list_employees(hyou, rovdata, key_col, common::EmployeeOrder(sortlist));
     hyou.setCursor({0, hyou.Cols() - 1});
 }
 
@@ -104,7 +104,7 @@ bool mst_syain::prepare_new_row() {
 }
 
 void mst_syain::Form_Load() {
-    sortlist = Val(m_session.tables.設定読込(u"losystem"_s, u"社員MLソート"_s)) == 0 ? 0 : 1;
+    sortlist = int(common::employee_order(m_session.tables));
     書式設定_社員リスト();
     社員マスター全呼出();
 }
@@ -125,7 +125,7 @@ void mst_syain::Command1_Click() {
 
 void mst_syain::sortlist_Click(int element) {
     sortlist = element;
-    m_session.tables.設定書込(u"losystem"_s, u"社員MLソート"_s, digits(element));
+    common::keep_employee_order(m_session.tables, common::EmployeeOrder(element));
 }
 
 bool mst_syain::atai_KeyDown(int element, int key_code) {

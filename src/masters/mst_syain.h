@@ -4,6 +4,7 @@
 // 全体マスター変更処理 into every data file of the suite. An empty `atai`(0) is a new employee, a filled one the
 // employee shown.
 
+#include "common/employee_order.h"
 #include "masters/field_screen.h"
 
 namespace masters {
@@ -11,7 +12,7 @@ namespace masters {
 class mst_syain : public FieldScreen {
 public:
     static constexpr QStringView caption = u"社員マスター";
-    static constexpr QStringView sortlist_captions[] = {u"登録順", u"番号順"};
+    static constexpr const auto& sortlist_captions = common::employee_order_captions;
     static constexpr QStringView Command1_caption = u"抽出";
 
     /// Elements of `atai`.

@@ -1,8 +1,8 @@
 #pragma once
 
-// What report 4 reads of one employee's month. Masters are read once a tally, the employee's rows by key.
+// What report 4 shows of one employee's month. Masters are read once a tally, the employee's rows by key.
 
-#include "base/company_month.h"
+#include "common/saved_month.h"
 #include "reports/tallies/report.h"
 #include "reports/tallies/selection.h"
 #include "store/database.h"
@@ -33,10 +33,6 @@ public:
     Found read(Report& report, const DetailEmployee& employee);
 
 private:
-    struct Kind {
-        QString name;
-        QString key;
-    };
     struct Hours {
         int row;
         qint64 category;
@@ -51,15 +47,10 @@ private:
     Found read_leave(base::Sheet& hyou, qint64 employee);
     void read_counts(base::Sheet& hyou_day, qint64 employee);
 
-    base::CompanyMonth m_month;
-    int m_last_key; ///< a month's total may lie behind its last day
     store::Database m_rovdata;
-    store::Statement m_days;
-    store::Statement m_hours;
-    store::Statement m_leave;
-    store::Statement m_counts;
+    common::SavedMonth m_saved;
     QHash<qint64, QString> m_categories;
-    QList<Kind> m_kinds;
+    QList<common::CountedKind> m_kinds;
 };
 
 /// Makes a column of the strip look like the others.

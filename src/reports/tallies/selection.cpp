@@ -4,7 +4,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "base/time.h"
+#include "common/employee_order.h"
 #include "store/files.h"
 
 #include <algorithm>
@@ -66,7 +66,7 @@ void set_title(Report& report, const QString& title) {
 }
 
 void sort_employees(Sheet& hyou, const frame::Session& session, int key_col, int number_col) {
-    if (Val(session.tables.設定読込(u"losystem"_s, u"社員MLソート"_s)) == 0)
+    if (common::employee_order(session.tables) == common::EmployeeOrder::Registered)
         hyou.Sort(key_col, SortOrder::NumericAscending);
     else
         hyou.Sort(number_col, SortOrder::TextAscending);
@@ -82,14 +82,6 @@ QHash<qint64, QString> category_names(store::Database& rovdata) {
     while (query.step())
         names.insert(query.row().number(0), Trim(query.row().text(1)));
     return names;
-}
-
-QString without_zero(const QString& time_text) {
-    return time_text == u"0:00" ? QString() : time_text;
-}
-
-QString time_field(const store::Row& row, int column) {
-    return time_to_text(row.text(column));
 }
 
 bool goes_on(const Work& work, qint64 done, qint64 total) {

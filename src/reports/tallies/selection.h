@@ -51,12 +51,6 @@ store::Database open_rovdata(const frame::Session& session);
 /// The names of the work categories by system number, looked up once a tally.
 QHash<qint64, QString> category_names(store::Database& rovdata);
 
-/// What "0:00" shows as in a report: nothing.
-QString without_zero(const QString& time_text);
-
-/// A stored time as time text; an empty field stays empty.
-QString time_field(const store::Row& row, int column);
-
 /// Tells how far the work is. False: the person wants it to end.
 bool goes_on(const Work& work, qint64 done, qint64 total);
 

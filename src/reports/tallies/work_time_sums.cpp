@@ -2,6 +2,7 @@
 
 #include "base/company_month.h"
 #include "base/text.h"
+#include "common/time_field.h"
 
 namespace reports {
 
@@ -29,7 +30,7 @@ minutes minutes_field(const store::Row& row, int column) {
 }
 
 OneDay day_of(const store::Row& row) {
-    OneDay day{time_field(row, 3), time_field(row, 4), Trim(row.text(5))};
+    OneDay day{common::time_field(row, 3), common::time_field(row, 4), Trim(row.text(5))};
     if (day.clock_in == u"0:00" && day.clock_out == u"0:00")
         day.clock_in = day.clock_out = QString();
     return day;

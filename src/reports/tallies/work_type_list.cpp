@@ -5,6 +5,7 @@
 #include "base/month_look.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "common/time_field.h"
 #include "reports/tallies/selection.h"
 
 namespace reports {
@@ -49,10 +50,10 @@ void show_band(Sheet& hyou, int row, const store::Row& band) {
     hyou(row, 2) = weekday_text(band.number(2));
     hyou(row, 3) = Trim(band.text(3));
     for (int col = start_col; col < mode_col; ++col)
-        hyou(row, col) = time_field(band, col);
+        hyou(row, col) = common::time_field(band, col);
     hyou(row, mode_col) = mode_text(band.number(mode_col));
     for (int col = first_break_col; col < hyou.Cols(); ++col)
-        hyou(row, col) = without_zero(time_field(band, col));
+        hyou(row, col) = common::time_field_without_zero(band, col);
 }
 
 } // namespace

@@ -1,0 +1,25 @@
+#include "common/employee_order.h"
+
+#include "base/literals.h"
+#include "base/numbers.h"
+
+namespace common {
+
+using namespace base;
+
+namespace {
+
+const QString table = u"losystem"_s;
+const QString key = u"社員MLソート"_s;
+
+} // namespace
+
+EmployeeOrder employee_order(store::SettingTables& tables) {
+    return Val(tables.設定読込(table, key)) == 0 ? EmployeeOrder::Registered : EmployeeOrder::Numbered;
+}
+
+void keep_employee_order(store::SettingTables& tables, EmployeeOrder order) {
+    tables.設定書込(table, key, digits(int(order)));
+}
+
+} // namespace common

@@ -1,0 +1,100 @@
+#include "common/saved_month.h"
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "common/count_tag.h"
+#include "common/time_field.h"
+
+#include <algorithm>
+
+namespace common {
+
+using namespace base;
+
+namespace {
+
+constexpr minutes midnight = std::chrono::hours(24);
+
+// One range takes in the days and the total; an "or" would make the engine read all the employee's months.
+constexpr std::string_view days_sql = "select 出社日, 出社時間, 退社時間, 休憩時間, 勤務時間, 備考 from rovmei"
+                                      " where 社員システム番号 = ? and 出社日 between ? and ? order by 出社日";
+constexpr std::string_view hours_sql = "select 年月日, 勤務種類, 時間 from kinjisyu"
+                                       " where 社員システム番号 = ? and 年月日 between ? and ? order by 年月日";
+constexpr std::string_view kinds_sql = "select 年月日, システム番号, 休暇名, 休出 from kyumei"
+                                       " where 社員システム番号 = ? and 年月日 between ? and ? order by 年月日";
+constexpr std::string_view counts_sql =
+    "select システム番号, 休暇残業, 日数１ from kinnisu where 社員システム番号 = ? and 年月 = ?";
+
+QString clock_out_field(const store::Row& fields, int column, PastMidnight past_midnight) {
+    const minutes time = time_to_minutes(ClockNumber{fields.number(column)});
+    if (past_midnight == PastMidnight::AsTyped && time > midnight)
+        return time_to_text(minutes_to_time(time - midnight));
+    return time_field(fields, column);
+}
+
+void blank_zero(QString& cell) {
+    cell = without_zero(cell);
+}
+
+} // namespace
+
+SavedMonth::SavedMonth(store::Database& rovdata, const CompanyMonth& month, PastMidnight past_midnight)
+    : m_month(month), m_past_midnight(past_midnight), m_last_key(std::max(month.end_key(), month.total_key())),
+      m_days(rovdata.prepare(days_sql)), m_hours(rovdata.prepare(hours_sql)), m_kinds(rovdata.prepare(kinds_sql)),
+      m_counts(rovdata.prepare(counts_sql)) {}
+
+SavedDay SavedMonth::day(int row, const store::Row& fields) const {
+    SavedDay day{time_field(fields, 1), clock_out_field(fields, 2, m_past_midnight), time_field_without_zero(fields, 3),
+        time_field_without_zero(fields, 4), Trim(fields.text(5))};
+    const bool no_clock = day.clock_in == u"0:00" && day.clock_out == u"0:00";
+    if (no_clock || row == total_row) {
+        blank_zero(day.clock_in);
+        blank_zero(day.clock_out);
+    }
+    return day;
+}
+
+void SavedMonth::days(qint64 employee, const std::function<void(int, const SavedDay&)>& show) {
+    m_days.bind(employee, m_month.start_key(), m_last_key);
+    while (m_days.step())
+        if (const auto row = m_month.row_of_key(m_days.row().integer(0)))
+            show(*row, day(*row, m_days.row()));
+}
+
+void SavedMonth::hours(qint64 employee, const std::function<void(int, qint64, const QString&)>& show) {
+    m_hours.bind(employee, m_month.start_key(), m_last_key);
+    while (m_hours.step())
+        if (const auto row = m_month.row_of_key(m_hours.row().integer(0)))
+            show(*row, m_hours.row().number(1), time_field_without_zero(m_hours.row(), 2));
+}
+
+void SavedMonth::kinds(qint64 employee, const std::function<void(int, const SavedKind&)>& show) {
+    m_kinds.bind(employee, m_month.start_key(), m_month.end_key());
+    while (m_kinds.step()) {
+        const store::Row fields = m_kinds.row();
+        if (const auto row = m_month.row_of_key(fields.integer(0)))
+            show(*row, {fields.text(1), Trim(fields.text(2)), Trim(fields.text(3))});
+    }
+}
+
+void SavedMonth::counts(qint64 employee, const std::function<void(const QString&, const QString&)>& show) {
+    m_counts.bind(employee, m_month.month_key());
+    while (m_counts.step()) {
+        const store::Row fields = m_counts.row();
+        if (fields.number(2) != 0)
+            show(CountTag{fields.number(0), fields.number(1)}.text(), grouped(fields.number(2)));
+    }
+}
+
+QList<CountedKind> counted_kinds(store::Database& rovdata) {
+    QList<CountedKind> kinds;
+    auto query =
+        rovdata.prepare("select 休暇名, システム番号, 休出 from kyutype order by 休出 desc, 通常 desc, システム番号");
+    while (query.step()) {
+        const CountTag tag = CountTag::of_kind(query.row().number(1), query.row().number(2));
+        kinds.append({Trim(query.row().text(0)), tag.text(), tag.family == CountTag::Leave});
+    }
+    return kinds;
+}
+
+} // namespace common

@@ -1,0 +1,75 @@
+#pragma once
+
+// A month as it is saved: the one reader behind the month sheet of attendance entry and the attendance detail. It knows
+// the tables, the keys of the month and what a stored zero shows as; where a figure goes is its caller's matter.
+// Everything is read by key: what else the tables hold costs nothing. The statements are prepared once.
+
+#include "base/company_month.h"
+#include "store/database.h"
+
+#include <QList>
+#include <functional>
+
+namespace common {
+
+/// How a clock-out past midnight shows, which is the one thing that the callers mean differently.
+enum class PastMidnight {
+    AsTyped,  ///< the hour on the clock: 2530 is "1:30"
+    AsStored, ///< counted on from the day's own midnight: 2530 is "25:30"
+};
+
+/// A saved day as the texts of its cells. Both clock times are empty where both are stored as 0; breaks and work of 0
+/// are empty.
+struct SavedDay {
+    QString clock_in;
+    QString clock_out;
+    QString break_time;
+    QString work_time;
+    QString remark;
+};
+
+/// The kind of a saved day.
+struct SavedKind {
+    QString number;
+    QString name;
+    QString holiday_work; ///< `休出`
+};
+
+class SavedMonth {
+public:
+    /// The database must outlive the reader.
+    SavedMonth(store::Database& rovdata, const base::CompanyMonth& month, PastMidnight past_midnight);
+
+    /// What is saved of one employee, each figure with its row of the month, in order of the stored keys. The total's
+    /// row comes with the days and the hours, and its clock times are empty each for itself where they are 0. Keys that
+    /// are no row of the month are passed over.
+    void days(qint64 employee, const std::function<void(int row, const SavedDay&)>& show);
+    void hours(qint64 employee, const std::function<void(int row, qint64 category, const QString& time)>& show);
+    void kinds(qint64 employee, const std::function<void(int row, const SavedKind&)>& show);
+
+    /// The day counts but those of 0, each with its tag (common/count_tag.h) and grouped digits.
+    void counts(qint64 employee, const std::function<void(const QString& tag, const QString& days)>& show);
+
+private:
+    SavedDay day(int row, const store::Row& fields) const;
+
+    base::CompanyMonth m_month;
+    PastMidnight m_past_midnight;
+    int m_last_key; ///< of the days and the total, which may lie behind the last day
+    store::Statement m_days;
+    store::Statement m_hours;
+    store::Statement m_kinds;
+    store::Statement m_counts;
+};
+
+/// A day kind that the strip counts.
+struct CountedKind {
+    QString name;
+    QString tag;
+    bool leave;
+};
+
+/// All day kinds in the order of the strip: holiday work first, then the usual kind, then by number.
+QList<CountedKind> counted_kinds(store::Database& rovdata);
+
+} // namespace common
