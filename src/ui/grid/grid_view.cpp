@@ -1,5 +1,6 @@
 #include "ui/grid/grid_view.h"
 
+#include "base/twips.h"
 #include "ui/grid/grid_painter.h"
 
 #include <QApplication>
@@ -17,8 +18,6 @@
 namespace ui {
 
 namespace {
-
-constexpr int twips_per_inch = 1440;
 
 /// The nearest index in the direction of `step` with a size; the present one if there is none.
 int neighbour(int index, int step, int first, int count, const std::function<int(int)>& size) {
@@ -72,7 +71,7 @@ GridGeometry GridView::geometry_in(QSize view) const {
 }
 
 double GridView::pixels_per_twip() const {
-    return m_zoom * logicalDpiX() / twips_per_inch;
+    return m_zoom * logicalDpiX() / base::twips_an_inch;
 }
 
 void GridView::set_zoom(double zoom) {
@@ -127,7 +126,7 @@ int GridView::view_width() const {
 }
 
 int GridView::own_row_height() const {
-    return base::Sheet::default_row_height * logicalDpiY() / twips_per_inch;
+    return base::Sheet::default_row_height * logicalDpiY() / base::twips_an_inch;
 }
 
 int GridView::full_height(bool with_scroll_bar) const {

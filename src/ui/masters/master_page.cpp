@@ -4,11 +4,9 @@
 #include "frame/help.h"
 #include "ui/grid/grid_view.h"
 #include "ui/parts/colours.h"
-#include "ui/parts/page_parts.h"
 #include "ui/parts/style.h"
 
 #include <QShowEvent>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -18,8 +16,6 @@ using namespace base;
 
 namespace {
 
-constexpr int page_margin = 12;
-constexpr int gap = 8;
 constexpr int row_height = 22; ///< pixels
 
 constexpr frame::Button botan_buttons[] = {
@@ -33,32 +29,25 @@ constexpr int order_at_foot[] = {1, 2, 0};
 
 MasterPage::MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent)
     : Acting(parent), m_session(session), m_name(name), m_buttons(buttons), m_toubotan(new QWidget(this)),
-      m_body(new QHBoxLayout) {
+      m_body(new QHBoxLayout), m_parts(lay_parts(*this)) {
     setWindowTitle(name.caption.toString());
     m_toubotan->setObjectName("toubotan");
     m_toubotan->setFocusPolicy(Qt::ClickFocus);
     m_toubotan->setFixedSize(1, 1);
 
-    m_body->setSpacing(2 * gap);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(page_margin, gap, page_margin, gap);
-    column->setSpacing(gap);
-    column->addWidget(page_heading(name.caption, this));
-    column->addWidget(page_rule(this));
-    column->addLayout(m_body, 1);
+    m_parts.head->addWidget(page_heading(name.caption, this));
+    m_parts.body->addLayout(m_body);
+    m_body->setSpacing(2 * page_gap);
 }
 
 void MasterPage::add_foot(QWidget* behind) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(gap);
     for (const int element : order_at_foot)
         if (element < static_cast<int>(m_buttons))
-            row->addWidget(make_button(element));
-    row->addWidget(make_help_button());
+            m_parts.foot->addWidget(make_button(element));
+    m_parts.foot->addWidget(make_help_button());
     if (behind)
-        row->addWidget(behind);
-    row->addStretch();
-    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+        m_parts.foot->addWidget(behind);
+    m_parts.foot->addStretch();
 }
 
 PictureButton* MasterPage::make_button(int element) {

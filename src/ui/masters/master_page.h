@@ -7,11 +7,9 @@
 #include "masters/grid_screen.h"
 #include "ui/grid/cell_editor.h"
 #include "ui/parts/acting.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/picture_button.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QWidget>
 #include <functional>
 
 namespace ui {
@@ -78,6 +76,7 @@ private:
     QWidget* m_toubotan; ///< takes the focus when a button is pressed, so that a cell in edit is committed
     std::array<PictureButton*, 3> m_botan{};
     QHBoxLayout* m_body;
+    PageParts m_parts;
 };
 
 /// A grid of a master page in its usual size of rows, or smaller so that it is at most `room` pixels wide.

@@ -16,7 +16,6 @@ using namespace base;
 namespace {
 
 constexpr int name_width = 320;
-constexpr int margins = 24;
 
 } // namespace
 
@@ -126,7 +125,7 @@ void mst_kinjikan_page::activate() {
 /// The band grid is as large as all its columns fit beside the list of types.
 void mst_kinjikan_page::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    const int room = width() - margins - m_hyoulist->width() - body()->spacing();
+    const int room = width() - 2 * page_margin - m_hyoulist->width() - body()->spacing();
     fit_master_grid(*m_hyou, room);
     const int full = m_hyou->full_width(false);
     m_hyou->setFixedSize(std::min(full, room), m_hyou->full_height(full > room));

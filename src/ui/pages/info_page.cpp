@@ -6,10 +6,10 @@
 #include "ui/pages/news_picture.h"
 #include "ui/parts/card.h"
 #include "ui/parts/colours.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/style.h"
 
 #include <QCheckBox>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -23,8 +23,6 @@ using namespace base;
 
 namespace {
 
-constexpr int content_width = 1180;
-constexpr int page_margin = 28;
 constexpr int card_margin = 18;
 constexpr QSize picture_room(800, 320);
 constexpr QSize icon_room(112, 112);
@@ -46,14 +44,6 @@ QLabel* label(const QString& text, Lettering as, QWidget* parent) {
     made->setText(text);
     letter(*made, as);
     return made;
-}
-
-QFrame* accent_rule(QWidget* parent) {
-    auto* line = new QFrame(parent);
-    line->setFixedHeight(2);
-    line->setAutoFillBackground(true);
-    line->setPalette(QPalette(QColor::fromRgb(colours::accent)));
-    return line;
 }
 
 QPushButton* push_button(const QString& text, QWidget* parent) {
@@ -93,7 +83,7 @@ QWidget* info_page::make_head() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(20);
     column->addLayout(line);
-    column->addWidget(accent_rule(head));
+    column->addWidget(page_rule(head));
     return head;
 }
 
@@ -202,8 +192,9 @@ void info_page::paintEvent(QPaintEvent* event) {
 }
 
 void info_page::resizeEvent(QResizeEvent*) {
-    const int content = qMin(width() - 2 * page_margin, content_width);
-    m_content->setGeometry((width() - content) / 2, page_margin, content, height() - 2 * page_margin + page_margin / 2);
+    const int content = qMin(width() - 2 * content_margin, content_width);
+    m_content->setGeometry(
+        (width() - content) / 2, content_margin, content, height() - 2 * content_margin + content_margin / 2);
 }
 
 } // namespace ui

@@ -1,6 +1,7 @@
 #include "ui/pages/ken_mst_dialog.h"
 
 #include "base/literals.h"
+#include "base/twips.h"
 #include "frame/button.h"
 #include "ui/masters/master_page.h"
 #include "ui/parts/key_codes.h"
@@ -19,7 +20,6 @@ using common::ken_mst;
 
 namespace {
 
-constexpr int twips_a_pixel = 15;
 constexpr QPoint beside_the_frame(1000 / twips_a_pixel, 200 / twips_a_pixel);
 constexpr QSize usual_size(990, 560);
 constexpr int box_width = 260;

@@ -1,12 +1,13 @@
 #include "ui/pages/menu_page.h"
 
 #include "base/literals.h"
+#include "base/twips.h"
 #include "frame/menus.h"
 #include "ui/parts/colours.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/picture_button.h"
 #include "ui/parts/style.h"
 
-#include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,25 +19,8 @@ using namespace base;
 
 namespace {
 
-constexpr int twips_a_pixel = 15;
 constexpr int entries_a_row = 2;
-constexpr int content_width = 1180;
-constexpr int page_margin = 28;
 constexpr int band_height = 32;
-
-QFrame* rule(QWidget* parent, QRgb colour, int height) {
-    auto* line = new QFrame(parent);
-    line->setFixedHeight(height);
-    line->setAutoFillBackground(true);
-    line->setPalette(QPalette(QColor::fromRgb(colour)));
-    return line;
-}
-
-QLabel* heading(QStringView caption, QWidget* parent) {
-    auto* label = new QLabel(caption.toString(), parent);
-    letter(*label, Lettering::Heading);
-    return label;
-}
 
 QLabel* comment(QString text, QWidget* parent) {
     auto* label = new QLabel(text.remove(u'\r'), parent);
@@ -57,8 +41,8 @@ MenuPage::MenuPage(
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setHorizontalSpacing(28);
     rows->setVerticalSpacing(20);
-    rows->addWidget(heading(caption, m_content), 0, 0, 1, entries_a_row);
-    rows->addWidget(rule(m_content, colours::accent, 2), 1, 0, 1, entries_a_row);
+    rows->addWidget(page_heading(caption, m_content), 0, 0, 1, entries_a_row);
+    rows->addWidget(page_rule(m_content), 1, 0, 1, entries_a_row);
     int row = 2;
     for (int i = 0; i < int(entries.size()); ++i) {
         const int column = i % entries_a_row;
@@ -92,12 +76,12 @@ QWidget* MenuPage::make_band(const QString& pictures) {
 }
 
 void MenuPage::resizeEvent(QResizeEvent*) {
-    const int room = width() - frame::pic_bota_margin / twips_a_pixel - 2 * page_margin;
+    const int room = width() - frame::pic_bota_margin / twips_a_pixel - 2 * content_margin;
     const int content = qMin(room, content_width);
     const int left = (width() - content) / 2;
-    m_content->setGeometry(left, page_margin, content, m_content->heightForWidth(content));
+    m_content->setGeometry(left, content_margin, content, m_content->heightForWidth(content));
     const int top = frame::pic_bota_top(height() * twips_a_pixel, band_height * twips_a_pixel) / twips_a_pixel;
-    m_band->setGeometry(left, qMax(top, m_content->geometry().bottom() + page_margin), content, band_height);
+    m_band->setGeometry(left, qMax(top, m_content->geometry().bottom() + content_margin), content, band_height);
 }
 
 } // namespace ui

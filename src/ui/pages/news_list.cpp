@@ -1,9 +1,11 @@
 #include "ui/pages/news_list.h"
 
 #include "base/literals.h"
+#include "base/twips.h"
 #include "frame/info.h"
 #include "ui/pages/news_picture.h"
 #include "ui/parts/colours.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/style.h"
 
 #include <QHBoxLayout>
@@ -19,7 +21,6 @@ using namespace base;
 
 namespace {
 
-constexpr int twips_a_pixel = 15;
 constexpr int picture_height = 100;
 constexpr int row_margin = 10;
 
@@ -38,13 +39,9 @@ QLabel* plain_label(const QString& text, Lettering as, QWidget* parent) {
 QWidget* rule_between(int height, QWidget* parent) {
     auto* space = new QWidget(parent);
     space->setFixedHeight(height);
-    auto* line = new QFrame(space);
-    line->setFixedHeight(1);
-    line->setAutoFillBackground(true);
-    line->setPalette(QPalette(QColor::fromRgb(colours::line)));
     auto* column = new QVBoxLayout(space);
     column->setContentsMargins(row_margin, 0, row_margin, 0);
-    column->addWidget(line, 0, Qt::AlignVCenter);
+    column->addWidget(rule(space, colours::line, 1), 0, Qt::AlignVCenter);
     return space;
 }
 

@@ -7,29 +7,26 @@
 
 namespace ui {
 
-namespace {
-
-constexpr int page_margin = 12;
-constexpr int gap = 8;
-
-} // namespace
+QWidget* rule(QWidget* parent, QRgb colour, int height) {
+    auto* line = new QFrame(parent);
+    line->setFixedHeight(height);
+    line->setAutoFillBackground(true);
+    line->setPalette(QPalette(QColor::fromRgb(colour)));
+    return line;
+}
 
 QWidget* page_rule(QWidget* parent) {
-    auto* line = new QFrame(parent);
-    line->setFixedHeight(2);
-    line->setAutoFillBackground(true);
-    line->setPalette(QPalette(QColor::fromRgb(colours::accent)));
-    return line;
+    return rule(parent, colours::accent, 2);
 }
 
 PageParts lay_parts(QWidget& page) {
     const PageParts parts{new QHBoxLayout, new QVBoxLayout, new QHBoxLayout};
-    parts.head->setSpacing(2 * gap);
-    parts.body->setSpacing(gap);
-    parts.foot->setSpacing(gap);
+    parts.head->setSpacing(2 * page_gap);
+    parts.body->setSpacing(page_gap);
+    parts.foot->setSpacing(page_gap);
     auto* column = new QVBoxLayout(&page);
-    column->setContentsMargins(page_margin, gap, page_margin, gap);
-    column->setSpacing(gap);
+    column->setContentsMargins(page_margin, page_gap, page_margin, page_gap);
+    column->setSpacing(page_gap);
     column->addLayout(parts.head);
     column->addWidget(page_rule(&page));
     column->addLayout(parts.body, 1);

@@ -5,10 +5,15 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QRgb>
 #include <QVBoxLayout>
 #include <QWidget>
 
 namespace ui {
+
+/// Pixels beside the parts of a page, and between them and what stands in them.
+inline constexpr int page_margin = 12;
+inline constexpr int page_gap = 8;
 
 struct PageParts {
     QHBoxLayout* head;
@@ -19,7 +24,14 @@ struct PageParts {
 /// Lays the parts into a page that has no layout yet.
 PageParts lay_parts(QWidget& page);
 
-/// The line below the heading.
+/// Where a page's content stands in the middle of the window: the most room it takes, and the air around it, pixels.
+inline constexpr int content_width = 1180;
+inline constexpr int content_margin = 28;
+
+/// A line across its parent's layout, so many pixels high.
+QWidget* rule(QWidget* parent, QRgb colour, int height);
+
+/// The line below a heading.
 QWidget* page_rule(QWidget* parent);
 
 /// The title of a page as a heading.
