@@ -1,13 +1,8 @@
-#include "e2e/desk.h"
+#include "e2e/road/desk.h"
 #include "ui/application.h"
 #include "ui/parts/style.h"
 
 #include <gtest/gtest.h>
-
-e2e::Desk& e2e::desk() {
-    static Desk only;
-    return only;
-}
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

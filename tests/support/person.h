@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
+#include <QMap>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -79,11 +80,16 @@ inline void type_word(const QString& word) {
     QApplication::sendEvent(at, &composed);
 }
 
-/// Words parted by blanks; "Enter" is the key.
+/// Words parted by blanks; "Enter" and the names of other keys are those keys.
 inline void type(const QString& words) {
+    static const QMap<QString, Qt::Key> keys{{QStringLiteral("Enter"), Qt::Key_Return},
+        {QStringLiteral("Backspace"), Qt::Key_Backspace}, {QStringLiteral("Delete"), Qt::Key_Delete},
+        {QStringLiteral("Up"), Qt::Key_Up}, {QStringLiteral("Down"), Qt::Key_Down},
+        {QStringLiteral("Left"), Qt::Key_Left}, {QStringLiteral("Right"), Qt::Key_Right},
+        {QStringLiteral("Tab"), Qt::Key_Tab}, {QStringLiteral("F1"), Qt::Key_F1}};
     for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
-        if (word == QLatin1String("Enter"))
-            press(Qt::Key_Return);
+        if (const auto key = keys.find(word); key != keys.end())
+            press(*key);
         else
             type_word(word);
     }

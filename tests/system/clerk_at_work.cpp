@@ -1,14 +1,13 @@
 #include "clerk_at_work.h"
 
-#include "base/company_month.h"
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "e2e/road/clerk.h"
-#include "support/person.h"
-#include "ui/parts/style.h"
+#include "ui/entry/ent_rovena_page.h"
 #include "ui/program.h"
 #include "ui/qt_host.h"
 
+#include <QApplication>
 #include <cstdio>
 #include <random>
 
@@ -26,6 +25,7 @@ public:
         std::fprintf(stderr, "told: %s\n", qPrintable(text));
         return buttons == platform::Buttons::YesNo ? platform::Answer::No : platform::Answer::Ok;
     }
+    QDateTime now() override { return {QDate(2026, 10, 5), QTime(9, 0)}; }
     int told = 0;
 };
 
@@ -42,7 +42,7 @@ void say(const QString& line) {
 class Worker {
 public:
     Worker(ui::Program& program, const PlaceOfWork& place)
-        : m_clerk(program.window()), m_place(place), m_random(unsigned(place.seed)) {}
+        : m_window(program.window()), m_clerk(m_window), m_place(place), m_random(unsigned(place.seed)) {}
 
     void save_some_days() {
         if (!open(some(0, 2) > 0 ? m_place.own_row : m_place.shared_row))
@@ -60,21 +60,24 @@ private:
     /// False if the employee wasn't opened.
     bool open(int employee_row) {
         m_clerk.press_button(u"出勤入力"_s);
-        m_clerk.choose_month(2026, 10);
-        support::click_cell(*m_clerk.entry().controls().hyou_syain, employee_row, 1);
-        return !m_clerk.entry().form().syainsyscd.isEmpty();
+        m_clerk.click_cell(u"hyou_syain"_s, employee_row, 1);
+        return !form().syainsyscd.isEmpty();
     }
 
     void type_day(int row) {
-        const entry::ent_rovena& form = m_clerk.entry().form();
         const int clock_in = some(6, 9) * 100 + some(0, 59);
-        say(u"%1 %2 %3 %4"_s.arg(QString::fromLatin1(say_try), form.syainsyscd)
-                .arg(form.sheet.month.posting_key(row))
+        say(u"%1 %2 %3 %4"_s.arg(QString::fromLatin1(say_try), form().syainsyscd)
+                .arg(form().sheet.month.posting_key(row))
                 .arg(clock_in));
-        support::click_cell(*m_clerk.entry().controls().hyou, row, entry::col::clock_in);
-        support::type(u"%1 Enter 1730 Enter"_s.arg(clock_in));
+        m_clerk.click_cell(u"hyou"_s, row, entry::col::clock_in);
+        m_clerk.type(u"%1 Enter 1730 Enter"_s.arg(clock_in));
     }
 
+    const entry::ent_rovena& form() const {
+        return dynamic_cast<ui::ent_rovena_page&>(*m_window.pages().currentWidget()).form();
+    }
+
+    ui::MainWindow& m_window;
     e2e::Clerk m_clerk;
     const PlaceOfWork& m_place;
     std::mt19937 m_random;

@@ -7,7 +7,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "clerk_at_work.h"
-#include "e2e/road/tables.h"
+#include "e2e/road/files.h"
 #include "platform/program_lock.h"
 #include "store/database.h"
 #include "store/files.h"

@@ -82,6 +82,9 @@ ent_rovena_controls::ent_rovena_controls(
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
     toubotan->setFocusPolicy(Qt::ClickFocus);
     toubotan->setFixedSize(1, 1);
+    hyou->setObjectName("hyou");
+    hyou_day->setObjectName("hyou_day");
+    hyou_syain->setObjectName("hyou_syain");
     fill_left_column();
     order_by_tab();
 }

@@ -1,66 +1,43 @@
 #pragma once
 
-// The clerk: a person at the main window, acting by mouse and keyboard on the real widgets. An act that finds no widget
-// to act on throws.
+// The clerk: a person at a window of the program, acting by mouse and keyboard on the real widgets that are in sight.
+// An act that finds no widget to act on throws a RoadError.
 
-#include "e2e/road/typed_month.h"
-#include "ui/entry/ent_rovena_page.h"
-#include "ui/main_window.h"
+#include "e2e/road/steps.h"
+#include "ui/grid/grid_view.h"
 
-#include <stdexcept>
+#include <functional>
 
 namespace e2e {
 
-/// Something on the road isn't as it must be; the text says what.
-struct RoadError : std::runtime_error {
-    explicit RoadError(const QString& text) : std::runtime_error(text.toStdString()) {}
-};
-
-/// Throws a RoadError unless the condition holds.
-void demand(bool condition, const QString& what);
-
 class Clerk {
 public:
-    explicit Clerk(ui::MainWindow& window) : m_window(window) {}
+    explicit Clerk(QWidget& window) : m_window(window) {}
 
-    /// Clicks the button whose bitmap reads so, anywhere in the window.
+    /// The window, or the dialog over it. A window manager gives it the keyboard back behind a list or a message; a
+    /// desktop without a display has none.
+    QWidget& front();
+
+    /// Clicks the button whose bitmap reads so.
     void press_button(const QString& label);
-
-    /// The entry page in view.
-    ui::ent_rovena_page& entry();
-    /// The grid of this name on the page in view.
-    ui::GridView& grid(const QString& name);
-    void click_cell(const QString& grid_name, int row, int col);
-
-    /// Clicks the radio button or check box that reads so on the page in view.
+    /// Clicks the radio button or check box that reads so.
     void tick(const QString& label);
-    /// Clicks into the text box of this name on the page in view.
+    /// Clicks into the text box of this name.
     void click_box(const QString& label);
-    /// Types a text where the keyboard is and presses Enter.
-    void type_line(const QString& text);
-    /// Steps through a selector to the item by the arrow keys.
-    void step_to(QComboBox& selector, const QString& text);
+    void click_cell(const QString& grid_name, int row, int col);
+    ui::GridView& grid(const QString& name);
+
+    /// Types words and keys where the keyboard is, as support::type().
+    void type(const QString& words);
     /// Opens the list that has the keyboard and steps through it to the item.
     void choose_item(const QString& text);
 
-    void choose_employee(int row);
-    /// Steps through the selectors by the arrow keys.
-    void choose_month(int year, int month);
-
-    /// Types the times of days that follow each other, by the keyboard alone from clock-in over clock-out and break to
-    /// the next day.
-    void type_days(const QList<TypedDay>& days);
-    /// Types the days' remarks and chooses their kinds, each on its cell.
-    void type_remarks(const QList<TypedDay>& days);
-    void choose_kinds(const QList<TypedDay>& days);
-    /// Types a count into the strip.
-    void type_count(int column, const QString& digits);
-
 private:
-    QWidget* keyboard();
-    void come_back();
+    template <typename Widget>
+    Widget& find(const QString& what, const std::function<bool(const Widget&)>& wanted);
+    QWidget& keyboard();
 
-    ui::MainWindow& m_window;
+    QWidget& m_window;
 };
 
 } // namespace e2e

@@ -1,0 +1,39 @@
+#pragma once
+
+// The message boxes and dialogs that come up on a road. One that is awaited is pictured and answered; any other is a
+// fault: it is closed, and what it said is kept.
+
+#include "e2e/road/pictures.h"
+
+#include <QStringList>
+#include <QTimer>
+#include <deque>
+
+namespace e2e {
+
+class Boxes {
+public:
+    explicit Boxes(Pictures& pictures);
+
+    struct Awaited {
+        QString text; ///< part of what the box says, or of the title of a dialog
+        QString button;
+        QString picture; ///< its name; empty takes none
+    };
+    /// The next box, behind those that are awaited already.
+    void await(const Awaited& box) { m_awaited.push_back(box); }
+
+    /// What is wrong: boxes that nobody awaited, and awaited ones that haven't come. Empty if nothing is.
+    QStringList faults() const;
+
+private:
+    void look();
+    void answer(QWidget& box);
+
+    Pictures& m_pictures;
+    QTimer m_timer;
+    std::deque<Awaited> m_awaited;
+    QStringList m_unexpected;
+};
+
+} // namespace e2e
