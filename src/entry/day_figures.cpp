@@ -29,7 +29,7 @@ minutes length_in(const Band& band, const Stay& stay) {
     return counts(band, stay) ? held_inside(band, stay.clock_out) - held_inside(band, stay.clock_in) : minutes(0);
 }
 
-using Bands = std::array<Band, band_count>;
+using Bands = std::array<Band, band_slots>;
 
 /// What lies beyond the bands that come before, in order of their starts: bands may overlap.
 minutes outside_of(const Bands& bands, const Stay& stay) {
@@ -77,7 +77,7 @@ private:
 
     /// A category's figure is overwritten, not added to.
     void cut_into_bands() {
-        for (int number = 0; number < band_count; ++number)
+        for (int number = 0; number < band_slots; ++number)
             if (const auto column = category_column(m_sheet, m_bands[number].category)) {
                 for (BandFigure& earlier : m_day.bands)
                     earlier.stands &= earlier.column != *column;

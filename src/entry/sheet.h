@@ -9,6 +9,7 @@
 #include "base/company_month.h"
 #include "base/sheet.h"
 #include "base/time.h"
+#include "base/work_week.h"
 
 #include <QList>
 #include <array>
@@ -79,9 +80,8 @@ struct Band {
     std::array<BreakRule, 3> rules{};
 };
 
-inline constexpr int weekday_count = 7;   ///< 0 is Sunday
-inline constexpr int band_count = 11;     ///< `連番` 1 to 10; slot 0 stays empty
-inline constexpr int category_room = 101; ///< slots of `category_list`
+inline constexpr int band_slots = base::band_count + 1; ///< by `連番`; slot 0 stays empty
+inline constexpr int category_room = 101;               ///< slots of `category_list`
 
 struct Category {
     int number = 0;
@@ -100,7 +100,7 @@ struct MonthSheet {
     base::Sheet hyou_day{3, 10};                       ///< the count strip
     base::CompanyMonth month{2000, 1, 1};              ///< the month that the rows of `hyou` stand for
 
-    std::array<std::array<Band, band_count>, weekday_count> band_table{};
+    std::array<std::array<Band, band_slots>, base::weekday_count> band_table{};
     QList<Category> category_list; ///< in order of first appearance in the schedule
 
     /// `default_day_kind`: what a day becomes by itself, without work (values 0 and 1) and with work (values 2 and 3).

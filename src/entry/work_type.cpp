@@ -48,7 +48,7 @@ void read_schedule(MonthSheet& sheet, store::Database& database, qint64 type) {
         const store::Row row = query.row();
         const qint64 weekday = row.number(0);
         const qint64 number = row.number(1);
-        if (weekday < 0 || weekday >= weekday_count || number < 0 || number >= band_count)
+        if (weekday < 0 || weekday >= weekday_count || number < 0 || number >= band_slots)
             continue;
         const Band band = band_of(row, 2);
         sheet.band_table[weekday][number] = band;

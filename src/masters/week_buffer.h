@@ -10,13 +10,11 @@
 // right.
 
 #include "base/sheet.h"
+#include "base/work_week.h"
 
 #include <array>
 
 namespace masters {
-
-inline constexpr int weekday_count = 7; ///< 0 is Sunday
-inline constexpr int band_count = 10;   ///< rows 1 to 10 of the grid, `連番` of the store
 
 /// Columns of the band grid and of the buffer.
 namespace band_col {
@@ -38,7 +36,7 @@ class WeekBuffer {
 public:
     /// Whether the buffer has a place for a row of the store.
     static bool holds(qint64 weekday, qint64 band) {
-        return weekday >= 0 && weekday < weekday_count && band >= 1 && band <= band_count;
+        return weekday >= 0 && weekday < base::weekday_count && band >= 1 && band <= base::band_count;
     }
 
     /// The slot of a band from 1 and a column from `start`.
@@ -58,7 +56,7 @@ public:
 
 private:
     using Band = std::array<QString, band_col::count>;
-    std::array<std::array<Band, band_count>, weekday_count> m_slots;
+    std::array<std::array<Band, base::band_count>, base::weekday_count> m_slots;
 };
 
 } // namespace masters

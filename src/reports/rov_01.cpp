@@ -64,13 +64,13 @@ void rov_01::Form_Activate() {
         frame::picture_folder(m_session.settings) + u"mida_chou_%1.bmp"_s.arg((u"000"_s + chouno).right(3));
     if (QFile::exists(picture))
         Image1 = picture;
-    to(Control::botabox);
+    to(ReportControl::botabox);
     if (panels().pic_tantou)
-        to(Control::tancd);
+        to(ReportControl::tancd);
     if (panels().Pic_yyyymm)
-        to(Control::yyyymm, year_box);
+        to(ReportControl::yyyymm, year_box);
     if (panels().pic_ymd_t1)
-        to(Control::ymd);
+        to(ReportControl::ymd);
 }
 
 QString rov_01::shown(QDate date) const {
@@ -105,7 +105,7 @@ void rov_01::work(const std::function<void()>& of_the_button) {
     const QScopedValueRollback working(busy, true);
     jyoulab.clear();
     msg_tai.clear();
-    to(Control::karibotan);
+    to(ReportControl::karibotan);
     m_session.host.yield();
     const auto say_file = qScopeGuard([this] { say(file_line(m_shop)); });
     if (row())
@@ -141,11 +141,11 @@ void rov_01::extract() {
         return;
     say(run_tally());
     if (panels().Pic_yyyymm)
-        to(Control::yyyymm, year_box);
+        to(ReportControl::yyyymm, year_box);
     else if (panels().pic_ymd_t1)
-        to(Control::ymd);
+        to(ReportControl::ymd);
     else if (panels().pic_tantou)
-        to(Control::tancd);
+        to(ReportControl::tancd);
 }
 
 /// What there is to say of it. It ends early if the person cancels, and if an employee couldn't be printed: then the

@@ -108,7 +108,7 @@ private:
     void fill_months();
     void format();
     bool month_stands();
-    void to(Control control, int element = 0) { focus = Wish{control, element}; }
+    void to(ReportControl control, int element = 0) { focus = Wish{control, element}; }
 
     void work(const std::function<void()>& of_the_button);
     void say(const QString& word);

@@ -50,11 +50,11 @@ bool rov_01::tancd_KeyDown(int element, int key_code) {
     if (key_code == key::f1)
         m_windows.search(common::search_employees, element);
     else if (key_code == key::enter)
-        element == 0 ? to(Control::tancd, 1) : to(Control::toubotan);
+        element == 0 ? to(ReportControl::tancd, 1) : to(ReportControl::toubotan);
     else if (key_code == key::left && element == 1)
-        to(Control::tancd, 0);
+        to(ReportControl::tancd, 0);
     else if (key_code == key::left && panels().pic_ymd_t1)
-        to(Control::ymd, 1);
+        to(ReportControl::ymd, 1);
     else
         return false;
     return true;
@@ -62,11 +62,11 @@ bool rov_01::tancd_KeyDown(int element, int key_code) {
 
 void rov_01::ntancd_GotFocus(int element) {
     ntancd_enabled[element] = false;
-    to(Control::tancd, element);
+    to(ReportControl::tancd, element);
 }
 
 void rov_01::search_ended(int element, const std::optional<QString>& number) {
-    to(Control::tancd, element);
+    to(ReportControl::tancd, element);
     if (!number)
         return;
     tancd_Change(element, *number);
@@ -99,9 +99,9 @@ void rov_01::ymd_LostFocus(int element) {
 
 bool rov_01::ymd_KeyDown(int element, int key_code, bool at_the_start) {
     if (key_code == key::enter)
-        element == 0 ? to(Control::ymd, 1) : to(Control::tancd, 0);
+        element == 0 ? to(ReportControl::ymd, 1) : to(ReportControl::tancd, 0);
     else if (key_code == key::left && element == 1 && at_the_start)
-        to(Control::ymd, 0);
+        to(ReportControl::ymd, 0);
     else
         return false;
     return true;
@@ -139,16 +139,16 @@ bool rov_01::month_stands() {
     const qint64 month = Val(report.conditions.yyyymm[month_box]);
     const bool year_is_one = Val(report.conditions.yyyymm[year_box]) > 0;
     if (!year_is_one)
-        to(Control::yyyymm, year_box);
+        to(ReportControl::yyyymm, year_box);
     else if (month < 1 || month > 12)
-        to(Control::yyyymm, month_box);
+        to(ReportControl::yyyymm, month_box);
     return year_is_one && month >= 1 && month <= 12;
 }
 
 bool rov_01::yyyymm_KeyDown(int element, int key_code) {
     if (key_code != key::enter)
         return false;
-    element == year_box ? to(Control::yyyymm, month_box) : to(Control::tancd, 0);
+    element == year_box ? to(ReportControl::yyyymm, month_box) : to(ReportControl::tancd, 0);
     return true;
 }
 

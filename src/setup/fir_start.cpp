@@ -16,7 +16,7 @@ using namespace base;
 
 namespace {
 
-constexpr TimePlace last_place{TimeBox::kyu_time, band_count - 1};
+constexpr TimePlace last_place{TimeBox::kyu_time, seeded_band_count - 1};
 
 TimePlace next(TimePlace place) {
     if (place == last_place)

@@ -30,7 +30,7 @@ struct TimePlace {
 class fir_start {
 public:
     static constexpr QStringView caption = u"初期設定画面";
-    static constexpr QStringView band_headings[band_count] = {u"早朝勤務", u"通常勤務", u"残業"};
+    static constexpr QStringView band_headings[seeded_band_count] = {u"早朝勤務", u"通常勤務", u"残業"};
     static constexpr QStringView time_headings[time_box_count] = {u"開始時間", u"終了時間", u"休憩勤務", u"休憩時間"};
     static constexpr QStringView later_note = u"※後で細かい変更・修正は可能です。";
     static constexpr QStringView time_notes[] = {
@@ -49,10 +49,12 @@ public:
     /// The session must outlive the form. `program_folder` is the folder that the program runs from.
     fir_start(frame::Session& session, QString program_folder);
 
-    std::array<QString, band_count> st_time{QStringLiteral("0:00"), QStringLiteral("8:00"), QStringLiteral("17:00")};
-    std::array<QString, band_count> en_time{QStringLiteral("8:00"), QStringLiteral("17:00"), QStringLiteral("24:00")};
-    std::array<QString, band_count> kyukin_time{QString(), QStringLiteral("7:00")};
-    std::array<QString, band_count> kyu_time{QString(), QStringLiteral("1:00")};
+    std::array<QString, seeded_band_count> st_time{
+        QStringLiteral("0:00"), QStringLiteral("8:00"), QStringLiteral("17:00")};
+    std::array<QString, seeded_band_count> en_time{
+        QStringLiteral("8:00"), QStringLiteral("17:00"), QStringLiteral("24:00")};
+    std::array<QString, seeded_band_count> kyukin_time{QString(), QStringLiteral("7:00")};
+    std::array<QString, seeded_band_count> kyu_time{QString(), QStringLiteral("1:00")};
     std::array<QString, 2> atai{QStringLiteral("1")};
     PrinterList prconb;
 

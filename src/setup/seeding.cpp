@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "base/work_week.h"
 #include "store/files.h"
 #include "store/numbering.h"
 #include "store/schema.h"
@@ -16,9 +17,8 @@ using namespace base;
 
 namespace {
 
-constexpr int weekday_count = 7;
 constexpr QStringView type_name = u"通常勤務";
-constexpr QStringView category_names[band_count] = {u"早朝", u"通常", u"残業"};
+constexpr QStringView category_names[seeded_band_count] = {u"早朝", u"通常", u"残業"};
 
 struct Kind {
     QStringView name;
@@ -86,7 +86,7 @@ void plant_staff(store::Database& rovdata, const QList<QStringList>& staff) {
 void plant_categories(store::Database& rovdata, const Seed& seed) {
     rovdata.exec("delete from kinsyu");
     auto add = rovdata.prepare("insert into kinsyu (システム番号, 種類名) values (?, ?)");
-    for (int band = 0; band < band_count; ++band)
+    for (int band = 0; band < seeded_band_count; ++band)
         add.bind(seed.categories[band], category_names[band]).run();
 }
 
@@ -97,7 +97,7 @@ void plant_type(store::Database& rovdata, const Seed& seed, const Bands& bands) 
         " 休憩勤務時間1, 休憩時間1, 休憩勤務時間2, 休憩時間2, 休憩勤務時間3, 休憩時間3)"
         " values (?, ?, ?, ?, ?, ?, ?, 0, ?, ?, 0, 0, 0, 0)");
     for (int weekday = 0; weekday < weekday_count; ++weekday)
-        for (int i = 0; i < band_count; ++i)
+        for (int i = 0; i < seeded_band_count; ++i)
             add.bind(seed.type, type_name, i + 1, weekday, bands[i].start.value, bands[i].end.value, seed.categories[i],
                    bands[i].break_work.value, bands[i].break_time.value)
                 .run();

@@ -16,7 +16,7 @@
 
 namespace setup {
 
-inline constexpr int band_count = 3; ///< early work, normal work, overtime
+inline constexpr int seeded_band_count = 3; ///< early work, normal work, overtime
 inline constexpr int kind_count = 6;
 
 /// What the company answers about one band of a normal day.
@@ -26,13 +26,13 @@ struct Band {
     base::ClockNumber break_work; ///< length of work from which there is a break; 0 none
     base::ClockNumber break_time;
 };
-using Bands = std::array<Band, band_count>;
+using Bands = std::array<Band, seeded_band_count>;
 
 struct Seed {
     /// The company-wide staff, each as the texts of its fields in the order of `syain`; nothing if there is no
     /// `comsys.mdb`.
     std::optional<QList<QStringList>> staff;
-    std::array<int, band_count> categories; ///< numbers, by band
+    std::array<int, seeded_band_count> categories; ///< numbers, by band
     int type;
     std::array<int, kind_count> kinds;
 };

@@ -58,7 +58,7 @@ struct Rov01 : Company {
     }
 };
 
-constexpr Wish extract_stop{Control::botabox, 0};
+constexpr Wish extract_stop{ReportControl::botabox, 0};
 
 TEST_F(Rov01, EachReportHasItsConditionsAndItsFirstBox) {
     const struct {
@@ -68,13 +68,13 @@ TEST_F(Rov01, EachReportHasItsConditionsAndItsFirstBox) {
         std::array<QString, 2> ymd;
         Wish first;
     } cases[] = {
-        {1, u"社員一覧表"_s, {.pic_tantou = true}, {u"2004/10/1"_s, u"2004/10/31"_s}, {Control::tancd, 0}},
+        {1, u"社員一覧表"_s, {.pic_tantou = true}, {u"2004/10/1"_s, u"2004/10/31"_s}, {ReportControl::tancd, 0}},
         {2, u"勤務種類一覧表"_s, {}, {u"2004/10/5"_s, u"2004/10/5"_s}, extract_stop},
         {3, u"勤務タイプ一覧表"_s, {}, {u"2004/10/5"_s, u"2004/10/5"_s}, extract_stop},
         {4, u"出勤明細一覧表"_s, {.Pic_yyyymm = true, .pic_tantou = true, .print_zero = true, .print_flg = true}, {},
-            {Control::yyyymm, 0}},
+            {ReportControl::yyyymm, 0}},
         {5, u"勤務時間一覧表"_s, {.pic_ymd_t1 = true, .pic_tantou = true}, {u"2004/10/1"_s, u"2004/10/31"_s},
-            {Control::ymd, 0}},
+            {ReportControl::ymd, 0}},
         {6, u"休暇出勤一覧表"_s, {}, {}, extract_stop},
     };
     for (const auto& c : cases) {
@@ -84,7 +84,7 @@ TEST_F(Rov01, EachReportHasItsConditionsAndItsFirstBox) {
         EXPECT_EQ(screen.panels(), c.panels);
         EXPECT_EQ(screen.report.conditions.ymd, c.ymd);
         EXPECT_EQ(wish(), c.first);
-        const Wish afterwards = c.first == extract_stop ? Wish{Control::karibotan, 0} : c.first;
+        const Wish afterwards = c.first == extract_stop ? Wish{ReportControl::karibotan, 0} : c.first;
         screen.botan_Click(1);
         EXPECT_EQ(wish(), afterwards);
         EXPECT_GT(screen.report.hyou.Rows(), 1);
@@ -144,7 +144,7 @@ TEST_F(Rov01, AnEmployeeNumberBringsItsNameAndAnotherOneTakesItAway) {
     form->tancd_LostFocus(1);
     EXPECT_TRUE(form->ntancd_enabled[1]);
     form->ntancd_GotFocus(1);
-    EXPECT_EQ(wish(), (Wish{Control::tancd, 1}));
+    EXPECT_EQ(wish(), (Wish{ReportControl::tancd, 1}));
 }
 
 TEST_F(Rov01, F1FindsAnEmployee) {
@@ -168,17 +168,17 @@ TEST_F(Rov01, KeysMoveFromBoxToBox) {
         EXPECT_EQ(wish(), to);
     };
     wish();
-    moves(form->ymd_KeyDown(0, key::enter, false), Wish{Control::ymd, 1});
-    moves(form->ymd_KeyDown(1, key::enter, false), Wish{Control::tancd, 0});
-    moves(form->ymd_KeyDown(1, key::left, true), Wish{Control::ymd, 0});
+    moves(form->ymd_KeyDown(0, key::enter, false), Wish{ReportControl::ymd, 1});
+    moves(form->ymd_KeyDown(1, key::enter, false), Wish{ReportControl::tancd, 0});
+    moves(form->ymd_KeyDown(1, key::left, true), Wish{ReportControl::ymd, 0});
     moves(form->ymd_KeyDown(1, key::left, false), {});
     moves(form->ymd_KeyDown(0, key::left, true), {});
-    moves(form->tancd_KeyDown(0, key::enter), Wish{Control::tancd, 1});
-    moves(form->tancd_KeyDown(1, key::enter), Wish{Control::toubotan, 0});
-    moves(form->tancd_KeyDown(1, key::left), Wish{Control::tancd, 0});
-    moves(form->tancd_KeyDown(0, key::left), Wish{Control::ymd, 1});
-    moves(form->yyyymm_KeyDown(0, key::enter), Wish{Control::yyyymm, 1});
-    moves(form->yyyymm_KeyDown(1, key::enter), Wish{Control::tancd, 0});
+    moves(form->tancd_KeyDown(0, key::enter), Wish{ReportControl::tancd, 1});
+    moves(form->tancd_KeyDown(1, key::enter), Wish{ReportControl::toubotan, 0});
+    moves(form->tancd_KeyDown(1, key::left), Wish{ReportControl::tancd, 0});
+    moves(form->tancd_KeyDown(0, key::left), Wish{ReportControl::ymd, 1});
+    moves(form->yyyymm_KeyDown(0, key::enter), Wish{ReportControl::yyyymm, 1});
+    moves(form->yyyymm_KeyDown(1, key::enter), Wish{ReportControl::tancd, 0});
     for (const char c : {'0', '9', '\b'})
         EXPECT_TRUE(rov_01::ymd_KeyPress(c) && rov_01::yyyymm_KeyPress(c));
     EXPECT_TRUE(rov_01::yyyymm_KeyPress('-'));
@@ -220,15 +220,15 @@ TEST_F(Rov01, AnotherMonthChosenOrTypedShowsItsDays) {
     EXPECT_EQ(days(31, 0), u"31"_s);
     wish();
     leave_month(1, u"13"_s);
-    EXPECT_EQ(wish(), (Wish{Control::yyyymm, 1}));
+    EXPECT_EQ(wish(), (Wish{ReportControl::yyyymm, 1}));
     EXPECT_EQ(days(31, 0), u"31"_s) << "the old sheet stays";
     form->report.hyou(1, 2) = u"8:30"_s;
     form->botan_Click(1);
-    EXPECT_EQ(wish(), (Wish{Control::yyyymm, 1}));
+    EXPECT_EQ(wish(), (Wish{ReportControl::yyyymm, 1}));
     EXPECT_EQ(days(1, 2), u"8:30"_s) << "and nothing is extracted";
     leave_month(1, u"8"_s);
     leave_month(0, u"0"_s);
-    EXPECT_EQ(wish(), (Wish{Control::yyyymm, 0}));
+    EXPECT_EQ(wish(), (Wish{ReportControl::yyyymm, 0}));
 }
 
 TEST_F(Rov01, TheHeadingPictureShowsTheHeadingsOnTheEleventhClick) {

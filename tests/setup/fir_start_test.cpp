@@ -139,11 +139,11 @@ TEST_F(FirstStart, ABoxShowsDigitsInHandAndTimeWhenLeft) {
 TEST_F(FirstStart, EnterGoesThroughTheBandsAndStaysInTheLastBox) {
     fir_start form = loaded();
     TimePlace at{TimeBox::st_time, 0};
-    for (int step = 1; step < band_count * time_box_count + 3; ++step) {
+    for (int step = 1; step < seeded_band_count * time_box_count + 3; ++step) {
         EXPECT_FALSE(form.time_KeyDown(at, key::down));
         ASSERT_TRUE(form.time_KeyDown(at, key::enter));
         at = *form.focus;
-        const int place = std::min(step, band_count * time_box_count - 1);
+        const int place = std::min(step, seeded_band_count * time_box_count - 1);
         EXPECT_EQ(at, (TimePlace{TimeBox(place % time_box_count), place / time_box_count})) << step;
     }
 }

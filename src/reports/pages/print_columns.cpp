@@ -16,7 +16,7 @@ constexpr CellKind 数 = CellKind::Numeric;
 constexpr CellKind A = CellKind::Fixed;
 
 /// The fields are those of 印刷項目.
-struct Column {
+struct PrintColumn {
     QStringView 項目名;
     double 項目幅; ///< mm
     CellKind 項目種別;
@@ -26,22 +26,23 @@ struct Column {
 };
 
 /// Of a work category.
-constexpr Column hours{.項目名 = as_on_sheet, .項目幅 = category_width, .項目種別 = A, .項目桁数 = 6, .項目書式 = u"@"};
+constexpr PrintColumn hours{
+    .項目名 = as_on_sheet, .項目幅 = category_width, .項目種別 = A, .項目桁数 = 6, .項目書式 = u"@"};
 
-constexpr Column employee_list[]{
+constexpr PrintColumn employee_list[]{
     {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 3, .項目書式 = u"####", .項目位置 = centred},
     {.項目名 = u"社員番号", .項目幅 = 26, .項目種別 = あ, .項目桁数 = 15},
     {.項目名 = u"社　　員　　名", .項目幅 = 59, .項目種別 = あ, .項目桁数 = 15},
     {.項目名 = u"勤務タイプ", .項目幅 = 85, .項目種別 = あ, .項目桁数 = 13},
 };
 
-constexpr Column work_category_list[]{
+constexpr PrintColumn work_category_list[]{
     {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 4, .項目書式 = u"####"},
     {.項目名 = u"勤務種類名", .項目幅 = 100, .項目種別 = あ, .項目桁数 = 30},
 };
 
-constexpr Column type_time{.項目名 = as_on_sheet, .項目幅 = 12, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"};
-constexpr Column work_type_list[]{
+constexpr PrintColumn type_time{.項目名 = as_on_sheet, .項目幅 = 12, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"};
+constexpr PrintColumn work_type_list[]{
     {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 4, .項目書式 = u"####"},
     {.項目名 = u"勤務タイプ名", .項目幅 = 25, .項目種別 = あ, .項目桁数 = 15},
     {.項目名 = u"曜", .項目幅 = 5, .項目種別 = あ, .項目桁数 = 1, .項目位置 = centred},
@@ -57,7 +58,7 @@ constexpr Column work_type_list[]{
     type_time,
 };
 
-constexpr Column attendance_detail[]{
+constexpr PrintColumn attendance_detail[]{
     {.項目名 = u"日", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 2, .項目位置 = centred},
     {.項目名 = u"曜", .項目幅 = 6, .項目種別 = あ, .項目桁数 = 1},
     {.項目名 = u"出社時間", .項目幅 = 14, .項目種別 = A, .項目桁数 = 5, .項目書式 = u"@"},
@@ -68,7 +69,7 @@ constexpr Column attendance_detail[]{
     {.項目名 = u"出勤・休暇", .項目幅 = 20, .項目種別 = あ, .項目桁数 = 5, .項目書式 = u"@"},
 };
 
-constexpr Column work_time_list[]{
+constexpr PrintColumn work_time_list[]{
     {.項目名 = u"", .項目幅 = 8, .項目種別 = 数, .項目桁数 = 2, .項目位置 = centred},
     {.項目名 = u"", .項目幅 = 0, .項目種別 = 数, .項目桁数 = 1, .項目位置 = centred},
     {.項目名 = u"社員番号", .項目幅 = 25, .項目種別 = あ, .項目桁数 = 10},
@@ -81,23 +82,23 @@ constexpr Column work_time_list[]{
     {.項目名 = u"休暇", .項目幅 = 20, .項目種別 = あ, .項目桁数 = 5, .項目書式 = u"@"},
 };
 
-constexpr Column leave_list[]{
+constexpr PrintColumn leave_list[]{
     {.項目名 = u"名称", .項目幅 = 40, .項目種別 = あ, .項目桁数 = 10, .項目書式 = u"@"},
     {.項目名 = u"休暇・出勤", .項目幅 = 30, .項目種別 = あ, .項目桁数 = 10, .項目位置 = centred},
     {.項目名 = u"標準", .項目幅 = 30, .項目種別 = あ, .項目桁数 = 10, .項目書式 = u"@", .項目位置 = centred},
 };
 
-constexpr Column error_list[]{
+constexpr PrintColumn error_list[]{
     {.項目名 = u"エラー内容", .項目幅 = 0, .項目種別 = 数, .項目桁数 = 0, .項目書式 = u"####", .項目位置 = 0.0},
     {.項目名 = u"", .項目幅 = 6, .項目種別 = 数, .項目桁数 = 2, .項目位置 = centred},
 };
 
 struct ReportColumns {
-    std::span<const Column> columns;
-    const Column* further = nullptr; ///< every column behind the table
+    std::span<const PrintColumn> columns;
+    const PrintColumn* further = nullptr; ///< every column behind the table
     int 縦線区切 = 0;
 
-    const Column* at(int col) const {
+    const PrintColumn* at(int col) const {
         if (col < 0)
             return nullptr;
         return col < std::ssize(columns) ? &columns[size_t(col)] : further;
@@ -114,7 +115,7 @@ constexpr ReportColumns reports_columns[]{
     {.columns = leave_list, .縦線区切 = 1},
 };
 
-印刷項目 record(const Column& column, int 縦線区切, const QString& on_sheet) {
+印刷項目 record(const PrintColumn& column, int 縦線区切, const QString& on_sheet) {
     return {.項目名 = column.項目名.isNull() ? base::Trim(on_sheet) : column.項目名.toString(),
         .項目種別 = column.項目種別,
         .項目桁数 = column.項目桁数,
@@ -130,7 +131,7 @@ constexpr ReportColumns reports_columns[]{
     if (帳票番号 < 1 || 帳票番号 > std::ssize(reports_columns))
         return {};
     const ReportColumns& report = reports_columns[帳票番号 - 1];
-    const Column* column = report.at(列番号);
+    const PrintColumn* column = report.at(列番号);
     if (!column)
         return {};
     return record(*column, report.縦線区切, hyou.contains(0, 列番号) ? hyou(0, 列番号) : QString());
@@ -138,7 +139,7 @@ constexpr ReportColumns reports_columns[]{
 
 印刷項目 項目定義取得_エラー(int 列番号) {
     constexpr ReportColumns table{error_list};
-    const Column* column = table.at(列番号);
+    const PrintColumn* column = table.at(列番号);
     return column ? record(*column, table.縦線区切, {}) : 印刷項目();
 }
 

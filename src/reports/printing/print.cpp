@@ -11,7 +11,7 @@ namespace {
 
 struct ReportPrint {
     Layout layout;
-    Printed (*procedure)(const Report& report, const PrintPlace& place);
+    Printed (*procedure)(const Report& report, const PrintTarget& target);
     Pages (*pages)(const Report& report, QDate today);
 };
 
@@ -29,9 +29,9 @@ const ReportPrint* print_of(const Report& report) {
     return report.帳票番号 >= 1 && report.帳票番号 <= std::ssize(prints) ? &prints[report.帳票番号 - 1] : nullptr;
 }
 
-Printed print_report(const Report& report, const PrintPlace& place, Layout layout) {
+Printed print_report(const Report& report, const PrintTarget& target, Layout layout) {
     const QString title = report.midasi[0].section(u' ', 0, 0); // the month may follow
-    return print_pages(place, layout, title, [&](QDate today) { return pages_of(report, today); });
+    return print_pages(target, layout, title, [&](QDate today) { return pages_of(report, today); });
 }
 
 } // namespace
@@ -56,20 +56,20 @@ Layout layout_of(const Report& report) {
     return of_report ? of_report->layout : Layout::Lists;
 }
 
-Printed 帳票印刷_一覧(const Report& report, const PrintPlace& place) {
-    return print_report(report, place, Layout::Lists);
+Printed 帳票印刷_一覧(const Report& report, const PrintTarget& target) {
+    return print_report(report, target, Layout::Lists);
 }
 
-Printed 帳票印刷_出勤明細(const Report& report, const PrintPlace& place) {
-    return print_report(report, place, Layout::Attendance);
+Printed 帳票印刷_出勤明細(const Report& report, const PrintTarget& target) {
+    return print_report(report, target, Layout::Attendance);
 }
 
-Printed 帳票印刷_勤務時間(const Report& report, const PrintPlace& place) {
-    return print_report(report, place, Layout::WorkTime);
+Printed 帳票印刷_勤務時間(const Report& report, const PrintTarget& target) {
+    return print_report(report, target, Layout::WorkTime);
 }
 
-Printed 帳票印刷_エラーリスト(const Sheet& hyou, const PrintPlace& place) {
-    return print_pages(place, Layout::Lists, u"エラーリスト"_s, [&](QDate) { return error_list_pages(hyou); });
+Printed 帳票印刷_エラーリスト(const Sheet& hyou, const PrintTarget& target) {
+    return print_pages(target, Layout::Lists, u"エラーリスト"_s, [&](QDate) { return error_list_pages(hyou); });
 }
 
 } // namespace reports

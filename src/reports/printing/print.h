@@ -22,11 +22,11 @@ QString file_line(PrintShop& shop);
 Layout layout_of(const Report& report);
 
 /// The procedures: the lists (reports 1, 2, 3 and 6), report 4 and report 5.
-Printed 帳票印刷_一覧(const Report& report, const PrintPlace& place);
-Printed 帳票印刷_出勤明細(const Report& report, const PrintPlace& place);
-Printed 帳票印刷_勤務時間(const Report& report, const PrintPlace& place);
+Printed 帳票印刷_一覧(const Report& report, const PrintTarget& target);
+Printed 帳票印刷_出勤明細(const Report& report, const PrintTarget& target);
+Printed 帳票印刷_勤務時間(const Report& report, const PrintTarget& target);
 
 /// Prints the error list from its own grid.
-Printed 帳票印刷_エラーリスト(const base::Sheet& hyou, const PrintPlace& place);
+Printed 帳票印刷_エラーリスト(const base::Sheet& hyou, const PrintTarget& target);
 
 } // namespace reports

@@ -47,19 +47,19 @@ void 印刷ジョブ名設定(PrintJob& job) {
 }
 
 Printed print_pages(
-    const PrintPlace& place, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make) {
-    const PrinterSetting setting = printer_setting(layout, place.session.tables);
+    const PrintTarget& target, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make) {
+    const PrinterSetting setting = printer_setting(layout, target.session.tables);
     PrintJob job{
         .DeviceName = setting.name, .name = {}, .orientation = 印刷設定取得(layout).orientation, .report = report};
     印刷ジョブ名設定(job);
-    const std::unique_ptr<PrintSurface> surface = place.shop.open(job);
+    const std::unique_ptr<PrintSurface> surface = target.shop.open(job);
     if (!surface) {
-        tell_missing_printer(place.session.host);
+        tell_missing_printer(target.session.host);
         return Printed::NoPrinter;
     }
     const Place offset = print_offset(surface->margin(), setting);
-    place.session.host.yield();
-    const Pages pages = make(place.session.host.now().date());
+    target.session.host.yield();
+    const Pages pages = make(target.session.host.now().date());
     if (pages.empty())
         return Printed::Nothing;
     for (const Page& page : pages) {

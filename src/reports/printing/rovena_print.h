@@ -29,13 +29,13 @@ void paint(const Page& page, Place offset, PrintSurface& surface);
 void 印刷ジョブ名設定(PrintJob& job);
 
 /// Where a print goes.
-struct PrintPlace {
+struct PrintTarget {
     frame::Session& session;
     PrintShop& shop;
 };
 
 /// Prints the pages that `make` gives for today on the printer of this PC. `report` is the report's title.
 Printed print_pages(
-    const PrintPlace& place, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make);
+    const PrintTarget& target, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make);
 
 } // namespace reports

@@ -24,14 +24,16 @@ constexpr Panels employees{.pic_tantou = true};
 constexpr Panels month{.Pic_yyyymm = true, .pic_tantou = true, .print_zero = true, .print_flg = true};
 constexpr Panels days{.pic_ymd_t1 = true, .pic_tantou = true};
 
+using enum ReportControl;
+
 constexpr ReportRow table[] = {
     // clang-format off
-    {1, u"社員一覧表",       employees, DateDefault::ThisMonth, false, plain<書式設定_社員一覧>,       集計_社員一覧表,       Control::tancd},
-    {2, u"勤務種類一覧表",   no_panels, DateDefault::Today,     false, plain<書式設定_勤務種類一覧>,   集計_勤務種類一覧表,   Control::karibotan},
-    {3, u"勤務タイプ一覧表", no_panels, DateDefault::Today,     false, plain<書式設定_勤務タイプ一覧>, 集計_勤務タイプ一覧表, Control::karibotan},
-    {4, u"出勤明細一覧表",   month,     DateDefault::None,      true,  書式設定_出勤明細一覧,          集計_出勤明細表,       Control::yyyymm},
-    {5, u"勤務時間一覧表",   days,      DateDefault::ThisMonth, false, plain<書式設定_勤務時間一覧>,   集計_勤務時間一覧表,   Control::ymd},
-    {6, u"休暇出勤一覧表",   no_panels, DateDefault::None,      false, plain<書式設定_休暇出勤>,       集計_休暇出勤一覧表,   Control::karibotan},
+    {1, u"社員一覧表",       employees, DateDefault::ThisMonth, false, plain<書式設定_社員一覧>,       集計_社員一覧表,       tancd},
+    {2, u"勤務種類一覧表",   no_panels, DateDefault::Today,     false, plain<書式設定_勤務種類一覧>,   集計_勤務種類一覧表,   karibotan},
+    {3, u"勤務タイプ一覧表", no_panels, DateDefault::Today,     false, plain<書式設定_勤務タイプ一覧>, 集計_勤務タイプ一覧表, karibotan},
+    {4, u"出勤明細一覧表",   month,     DateDefault::None,      true,  書式設定_出勤明細一覧,          集計_出勤明細表,       yyyymm},
+    {5, u"勤務時間一覧表",   days,      DateDefault::ThisMonth, false, plain<書式設定_勤務時間一覧>,   集計_勤務時間一覧表,   ymd},
+    {6, u"休暇出勤一覧表",   no_panels, DateDefault::None,      false, plain<書式設定_休暇出勤>,       集計_休暇出勤一覧表,   karibotan},
     // clang-format on
 };
 

@@ -9,10 +9,10 @@
 namespace reports {
 
 /// The controls of the report screen that take the keyboard.
-enum class Control { tancd, ymd, yyyymm, botabox, toubotan, karibotan };
+enum class ReportControl { tancd, ymd, yyyymm, botabox, toubotan, karibotan };
 
 struct Wish {
-    Control control;
+    ReportControl control;
     int element = 0; ///< of the control array
     friend bool operator==(const Wish&, const Wish&) = default;
 };
@@ -38,7 +38,7 @@ struct ReportRow {
     bool months; ///< the year and month boxes are filled, with this month chosen
     void (*format)(Report& report, const frame::Session& session);
     Outcome (*tally)(Report& report, Work& work);
-    Control after_print; ///< where the keyboard goes
+    ReportControl after_print; ///< where the keyboard goes
 };
 
 std::span<const ReportRow> report_table();

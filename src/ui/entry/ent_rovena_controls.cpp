@@ -120,8 +120,9 @@ void ent_rovena_controls::order_by_tab() {
 void ent_rovena_controls::lay_out(QSize page) {
     hyou->sheet().setColWidth(entry::col::remark, entry::remark_width);
     int row_height = largest_row;
-    while (!fits_at(row_height, page) && row_height > hyou->own_row_height())
-        --row_height;
+    zoom_to(row_height);
+    while (!fits(page) && row_height > hyou->own_row_height())
+        zoom_to(--row_height);
     const QRect room = sheets_room(page);
     left->setGeometry(page_margin, gap, room.left() - 2 * page_margin, page.height() - 2 * gap);
     hyou_syain->refresh();
@@ -134,10 +135,13 @@ QRect ent_rovena_controls::sheets_room(QSize page) const {
     return {beside, tight_gap, page.width() - beside - page_margin, page.height() - 2 * tight_gap};
 }
 
-/// Sets the zoom for rows of this height and tells whether all of both sheets is in view then.
-bool ent_rovena_controls::fits_at(int row_height, QSize page) {
+void ent_rovena_controls::zoom_to(int row_height) {
     for (GridView* sheet : {hyou, hyou_day, hyou_syain})
         sheet->set_zoom(double(row_height) / hyou->own_row_height());
+}
+
+/// Whether all of both sheets is in view at the present zoom.
+bool ent_rovena_controls::fits(QSize page) const {
     const QRect room = sheets_room(page);
     return std::max(hyou->full_width(false), hyou_day->full_width(false)) <= room.width() &&
            hyou->full_height(false) + tight_gap + hyou_day->full_height(false) <= room.height();

@@ -46,7 +46,8 @@ private:
     void fill_left_column();
     void order_by_tab();
     QRect sheets_room(QSize page) const;
-    bool fits_at(int row_height, QSize page);
+    void zoom_to(int row_height);
+    bool fits(QSize page) const;
     void place_sheets(QRect room);
 };
 

@@ -57,10 +57,10 @@ QLabel* wrapped_note(QStringView text, QWidget* parent) {
 /// The bands as the picture of a day takes them, each under a category of its own.
 masters::DayPicture picture_of(const Form& form) {
     Sheet bands;
-    bands.setRows(setup::band_count + 1);
+    bands.setRows(setup::seeded_band_count + 1);
     bands.setCols(masters::band_col::count);
     bands.setFixed(1, 0);
-    for (int i = 0; i < setup::band_count; ++i) {
+    for (int i = 0; i < setup::seeded_band_count; ++i) {
         bands(i + 1, masters::band_col::start) = form.st_time[size_t(i)];
         bands(i + 1, masters::band_col::end) = form.en_time[size_t(i)];
         bands(i + 1, masters::band_col::category) = QString::number(i + 1);
@@ -127,7 +127,7 @@ QWidget* fir_start_window::make_times() {
     grid->setColumnStretch(setup::time_box_count + 1, 1);
     for (int box = 0; box < setup::time_box_count; ++box)
         grid->addWidget(lettered(Form::time_headings[box], Lettering::Comment, panel), 0, box + 1, Qt::AlignCenter);
-    for (int band = 0; band < setup::band_count; ++band) {
+    for (int band = 0; band < setup::seeded_band_count; ++band) {
         grid->addWidget(lettered(Form::band_headings[band], Lettering::Comment, panel), band + 1, 0);
         for (int box = 0; box < setup::time_box_count; ++box)
             grid->addWidget(make_time({TimeBox(box), band}, panel), band + 1, box + 1);
@@ -205,7 +205,7 @@ QLayout* fir_start_window::make_foot() {
 
 void fir_start_window::refresh() {
     for (int box = 0; box < setup::time_box_count; ++box)
-        for (int band = 0; band < setup::band_count; ++band)
+        for (int band = 0; band < setup::seeded_band_count; ++band)
             time({TimeBox(box), band})->show_text(m_form.text({TimeBox(box), band}));
     m_first_day->show_text(m_form.atai[Form::first_day]);
     m_prconb->show_list(m_form.prconb);

@@ -41,7 +41,7 @@ private:
 
     frame::Session& m_session;
     setup::fir_start m_form;
-    std::array<std::array<FieldBox*, setup::band_count>, setup::time_box_count> m_time{};
+    std::array<std::array<FieldBox*, setup::seeded_band_count>, setup::time_box_count> m_time{};
     FieldBox* m_first_day;
     PrinterBox* m_prconb;
     PictureButton* m_botan;

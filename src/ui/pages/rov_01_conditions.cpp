@@ -12,7 +12,7 @@
 namespace ui {
 
 using namespace base;
-using reports::Control;
+using reports::ReportControl;
 using reports::rov_01;
 
 namespace {
@@ -213,17 +213,17 @@ void rov_01_conditions::refresh() {
 
 QWidget* rov_01_conditions::control(reports::Wish wish) const {
     switch (wish.control) {
-    case Control::tancd:
+    case ReportControl::tancd:
         return m_tancd[wish.element];
-    case Control::ymd:
+    case ReportControl::ymd:
         return m_ymd[wish.element];
-    case Control::yyyymm:
+    case ReportControl::yyyymm:
         return m_yyyymm[wish.element];
-    case Control::botabox:
+    case ReportControl::botabox:
         return m_botabox;
-    case Control::toubotan:
+    case ReportControl::toubotan:
         return m_toubotan;
-    case Control::karibotan:
+    case ReportControl::karibotan:
         break;
     }
     return nullptr;
