@@ -78,7 +78,6 @@ public:
     void setRowHeight(int row, int twips) { m_row_heights[row] = twips; }
     int ColWidth(int col) const { return m_col_widths[col]; }
     void setColWidth(int col, int twips) { m_col_widths[col] = twips; }
-    Alignment ColAlignment(int col) const { return m_col_alignments[col]; }
     void setColAlignment(int col, Alignment alignment) { m_col_alignments[col] = alignment; }
 
     CellLook look(int row, int col) const;

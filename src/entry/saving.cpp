@@ -13,19 +13,20 @@ namespace {
 constexpr int most_fields = 15;
 
 /// Gives the turn up however the save ends.
-class HeldTurn {
+class Turn {
 public:
-    explicit HeldTurn(frame::TurnLink& link) : m_link(link) { m_link.サーバー接続開始(); }
-    ~HeldTurn() {
-        if (!failed())
+    explicit Turn(frame::TurnLink& link) : m_link(link), m_granted(link.サーバー接続開始()) {}
+    ~Turn() {
+        if (m_granted)
             m_link.サーバー接続終了();
     }
-    HeldTurn(const HeldTurn&) = delete;
-    HeldTurn& operator=(const HeldTurn&) = delete;
-    bool failed() const { return m_link.link_failed(); }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    bool granted() const { return m_granted; }
 
 private:
     frame::TurnLink& m_link;
+    bool m_granted;
 };
 
 bool manager_at_work(frame::Session& session) {
@@ -56,8 +57,8 @@ void append(const QString& path, const QList<ExchangeRow>& rows) {
 
 /// False if the save ended with a message and nothing was posted.
 bool post_in_turn(frame::Session& session, const QList<ExchangeRow>& rows) {
-    const HeldTurn turn(session.link);
-    if (turn.failed())
+    const Turn turn(session.link);
+    if (!turn.granted())
         return false;
     if (is_main_pc(session.settings) && manager_at_work(session)) {
         session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);

@@ -17,7 +17,7 @@ using namespace base;
 namespace {
 
 /// A stretch of rows of one kind, and the facts of which a row has been met in it.
-class Run {
+class Stretch {
 public:
     bool contains(const PostedRow& row) const { return !row.target || row.target == m_target; }
 
@@ -53,9 +53,9 @@ public:
             m_writers.push_back({rovdata.prepare(target.remove), rovdata.prepare(target.insert)});
     }
 
-    void apply(const PostedRow& row, Run& run) {
+    void apply(const PostedRow& row, Stretch& stretch) {
         Writer& writer = m_writers[size_t(row.target - targets.data())];
-        if (!row.target->several_rows || run.meets_first(row))
+        if (!row.target->several_rows || stretch.meets_first(row))
             writer.remove.bind(row.employee(), row.date()).run();
         if (row.inserts())
             insert(writer.insert, row);
@@ -89,20 +89,20 @@ struct Batch {
     std::vector<Unreadable> unreadable;
 };
 
-/// Applies rows up to the end of the run in which the batch is full.
+/// Applies rows up to the end of the stretch in which the batch is full.
 Batch apply_batch(store::Statement& posted_rows, Tables& tables, qint64 full) {
     Batch batch;
-    Run run;
+    Stretch stretch;
     while (posted_rows.step()) {
         const PostedRow row = read_row(posted_rows.row());
-        const bool may_end = !run.contains(row) || (row.target && !row.target->several_rows);
+        const bool may_end = !stretch.contains(row) || (row.target && !row.target->several_rows);
         if (batch.rows >= full && may_end)
             break;
-        run.enter(row);
+        stretch.enter(row);
         batch.last_row_id = posted_rows.row().number(0);
         ++batch.rows;
         if (row.reason.isEmpty())
-            tables.apply(row, run);
+            tables.apply(row, stretch);
         else
             batch.unreadable.push_back({batch.last_row_id, row.reason});
     }

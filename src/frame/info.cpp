@@ -15,7 +15,6 @@
 namespace frame {
 
 using namespace base;
-using store::Run;
 
 namespace {
 

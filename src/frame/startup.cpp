@@ -17,7 +17,6 @@
 namespace frame {
 
 using namespace base;
-using store::Run;
 
 stg::stg(Session session, QString program_folder, std::function<void()> changed)
     : m_session(session), m_settings(session.settings), m_program_folder(std::move(program_folder)),
@@ -56,21 +55,20 @@ bool stg::起動時データー設定取得() {
 }
 
 stg::Account stg::read_settings_of_pc() {
-    const QString table = u"losystem"_s;
     const QString server_key = u"サーバーＰＣ"_s, local_key = u"ローカルＰＣ"_s;
     const QString default_root = m_settings.install_drive + platform::install_tail();
-    store::SettingTables& tables = m_session.tables;
+    store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
 
-    const QString server = tables.設定読込(table, server_key, Run::Begin);
-    const QString local = tables.設定読込(table, local_key, Run::Continue);
+    const QString server = losystem.設定読込(server_key);
+    const QString local = losystem.設定読込(local_key);
     if (server.isEmpty())
-        tables.設定書込(table, server_key, default_root, Run::Continue);
+        losystem.設定書込(server_key, default_root);
     if (local.isEmpty())
-        tables.設定書込(table, local_key, default_root, Run::Continue);
-    m_settings.use_class = int_val(tables.設定読込(table, u"使用区分"_s, Run::Continue));
-    Account account{Trim(tables.設定読込(table, u"winユーザー名"_s, Run::Continue)),
-        Trim(tables.設定読込(table, u"winパスワード"_s, Run::Continue))};
-    m_settings.net_info = int_val(tables.設定読込(table, u"ネット情報"_s, Run::End));
+        losystem.設定書込(local_key, default_root);
+    m_settings.use_class = int_val(losystem.設定読込(u"使用区分"_s));
+    Account account{Trim(losystem.設定読込(u"winユーザー名"_s)), Trim(losystem.設定読込(u"winパスワード"_s))};
+    m_settings.net_info = int_val(losystem.設定読込(u"ネット情報"_s));
+    losystem.commit();
     m_settings.server_root = server.isEmpty() ? default_root : server;
     m_settings.local_root = local.isEmpty() ? default_root : local;
     return account;
@@ -88,16 +86,14 @@ bool stg::connect_share(Account account) {
 }
 
 void stg::read_shared_settings() {
-    const auto read = [this](const QString& key, Run run = Run::Continue) {
-        return m_session.tables.設定読込(u"kihon"_s, key, run);
-    };
+    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
     // 総額表示 and 消費税 stand in the table for the other products of the suite.
-    m_settings.date_style = int_val(read(u"和西暦表示"_s, Run::Begin));
-    m_settings.special_soft = int_val(read(u"特別ソフト"_s));
-    m_settings.server_name = Trim(read(u"サーバー名"_s));
-    m_settings.info_server = Trim(read(u"情報サーバー"_s));
-    m_settings.forward_date = int_val(read(u"先付け日付"_s));
-    m_settings.month_start_day = valid_first_day(Val(read(u"月初日付"_s, Run::End)));
+    m_settings.date_style = int_val(kihon.設定読込(u"和西暦表示"_s));
+    m_settings.special_soft = int_val(kihon.設定読込(u"特別ソフト"_s));
+    m_settings.server_name = Trim(kihon.設定読込(u"サーバー名"_s));
+    m_settings.info_server = Trim(kihon.設定読込(u"情報サーバー"_s));
+    m_settings.forward_date = int_val(kihon.設定読込(u"先付け日付"_s));
+    m_settings.month_start_day = valid_first_day(Val(kihon.設定読込(u"月初日付"_s)));
 }
 
 void stg::load_eras() {

@@ -27,7 +27,7 @@ constexpr Reply replies[]{
     {LinkState::Asking, "your", LinkState::Asking},
     {LinkState::Asking, "stok", LinkState::Asking},
     {LinkState::Asking, "st-1", LinkState::Asked},
-    {LinkState::Asked, "so-1", LinkState::Held},
+    {LinkState::Asked, "so-1", LinkState::Granted},
     {LinkState::Releasing, "en-1", LinkState::Released},
     {LinkState::Released, "eo-1", LinkState::Idle},
 };
@@ -65,25 +65,25 @@ TurnLink::TurnLink(
     QObject::connect(&m_socket, &QTcpSocket::readyRead, &m_socket, [this] { reply_arrived(); });
 }
 
-void TurnLink::サーバー接続開始() {
-    m_link_failed = false;
+bool TurnLink::サーバー接続開始() {
     if (m_settings.use_class == 0)
-        return;
+        return true;
     show(u"●"_s);
     m_link_state = LinkState::Idle;
     m_socket.abort();
     m_socket.connectToHost(m_settings.server_name, m_port);
-    if (!wait_for(LinkState::Held)) {
+    const bool granted = wait_for(LinkState::Granted);
+    if (!granted) {
         // First of all: a turn granted while the box stands open would be held by nobody.
         hang_up();
         m_host.tell(u"サーバーにアクセスできません。もう一度登録処理してください"_s, u"サーバー未接続"_s);
     }
     show(u"◎"_s);
+    return granted;
 }
 
 void TurnLink::サーバー接続終了() {
-    m_link_failed = false;
-    if (m_settings.use_class == 0 || m_link_state != LinkState::Held)
+    if (m_settings.use_class == 0 || m_link_state != LinkState::Granted)
         return;
     show(u"○"_s);
     m_link_state = LinkState::Releasing;
@@ -125,7 +125,6 @@ bool TurnLink::wait_for(LinkState state) {
 
 void TurnLink::hang_up() {
     // A turn that the service granted later would be held by nobody.
-    m_link_failed = true;
     m_link_state = LinkState::Idle;
     m_socket.abort();
 }

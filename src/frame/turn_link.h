@@ -15,23 +15,22 @@ namespace frame {
 inline constexpr quint16 turn_port = 1001;
 
 /// `link_state`
-enum class LinkState { Idle = 0, Asking = 1, Asked = 2, Held = 3, Releasing = 4, Released = 5 };
+enum class LinkState { Idle = 0, Asking = 1, Asked = 2, Granted = 3, Releasing = 4, Released = 5 };
 
 class TurnLink {
 public:
-    /// `show` is given the state mark of the frame (`stalab`): "●" asking, "◎" held, "○" releasing, empty at rest.
+    /// `show` is given the state mark of the frame (`stalab`): "●" asking, "◎" granted, "○" releasing, empty at rest.
     TurnLink(const base::Settings& settings, platform::Host& host, std::function<void(const QString&)> show = {},
         quint16 port = turn_port);
 
-    /// Takes the turn; the main PC (`use_class` 0) needs none. Waits at most 10 seconds with the interface running,
-    /// then tells the person that the server can't be reached. A connection that is refused or lost ends the wait at
-    /// once. Afterwards link_failed() tells how it went; the mark is "◎" either way, until the next attempt.
-    void サーバー接続開始();
+    /// Takes the turn and returns whether this PC may post: also on the main PC (`use_class` 0), which needs no turn.
+    /// Waits at most 10 seconds with the interface running, then tells the person that the server can't be reached. A
+    /// connection that is refused or lost ends the wait at once. The mark is "◎" either way, until the next attempt.
+    [[nodiscard]] bool サーバー接続開始();
 
-    /// Gives the turn up; does nothing unless it is held. Waits at most 10 seconds, in silence.
+    /// Gives the turn up; does nothing unless one was granted. Waits at most 10 seconds, in silence.
     void サーバー接続終了();
 
-    bool link_failed() const { return m_link_failed; }
     LinkState link_state() const { return m_link_state; }
 
 private:
@@ -48,7 +47,6 @@ private:
     quint16 m_port;
     QTcpSocket m_socket;
     LinkState m_link_state = LinkState::Idle;
-    bool m_link_failed = false;
 };
 
 } // namespace frame

@@ -9,7 +9,6 @@
 namespace setup {
 
 using namespace base;
-using store::Run;
 
 namespace {
 
@@ -17,6 +16,10 @@ constexpr QStringView special_soft_key = u"特別ソフト";
 
 QString key(mst_kihon::Element element) {
     return mst_kihon::Tag[element].toString();
+}
+
+int first_day_in(store::OpenSettings& kihon) {
+    return valid_first_day(Val(kihon.設定読込(key(mst_kihon::first_day))));
 }
 
 } // namespace
@@ -31,22 +34,21 @@ void mst_kihon::基本マスター呼出() {
 }
 
 void mst_kihon::load_shared() {
-    store::SettingTables& tables = m_session.tables;
-    atai[date_style].text = tables.設定読込(u"kihon"_s, key(date_style), Run::Begin);
-    m_stored_day = m_replaced_day = first_day_in_kihon(Run::Continue);
-    m_session.settings.special_soft = int_val(tables.設定読込(u"kihon"_s, special_soft_key.toString(), Run::End));
+    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
+    atai[date_style].text = kihon.設定読込(key(date_style));
+    m_stored_day = m_replaced_day = first_day_in(kihon);
+    m_session.settings.special_soft = int_val(kihon.設定読込(special_soft_key.toString()));
 }
 
 void mst_kihon::load_of_this_pc() {
-    const auto read = [this](Element element, Run run = Run::Continue) {
-        return m_session.tables.設定読込(u"losystem"_s, key(element), run);
-    };
-    const qint64 day = Val(read(first_day, Run::Begin));
+    store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
+    const auto read = [&](Element element) { return losystem.設定読込(key(element)); };
+    const qint64 day = Val(read(first_day));
     atai[first_day].text = day == 0 ? u"1"_s : digits(day);
     atai[printer].text = Trim(read(printer));
     atai[offset_y].text = digits(Val(read(offset_y)));
     atai[offset_x].text = digits(Val(read(offset_x)));
-    atai[net_info].text = read(net_info, Run::End);
+    atai[net_info].text = read(net_info);
 }
 
 QString mst_kihon::first_day_notice() const {
@@ -61,8 +63,9 @@ QString mst_kihon::first_day_notice() const {
     return {};
 }
 
-int mst_kihon::first_day_in_kihon(Run run) {
-    return valid_first_day(Val(m_session.tables.設定読込(u"kihon"_s, key(first_day), run)));
+int mst_kihon::first_day_in_kihon() {
+    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
+    return first_day_in(kihon);
 }
 
 void mst_kihon::基本情報マスター登録_転記() {
@@ -79,23 +82,21 @@ void mst_kihon::基本情報マスター登録() {
 
 /// `特別ソフト` can't be changed here: what was loaded is written back.
 void mst_kihon::write_shared() {
-    store::SettingTables& tables = m_session.tables;
-    const int replaced = first_day_in_kihon(Run::Single);
-    tables.設定書込(u"kihon"_s, key(date_style), atai[date_style].text, Run::Begin);
-    tables.設定書込(u"kihon"_s, special_soft_key.toString(), digits(m_session.settings.special_soft), Run::Continue);
-    tables.設定書込(u"kihon"_s, key(first_day), atai[first_day].text, Run::End);
+    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
+    const int replaced = first_day_in(kihon);
+    kihon.設定書込(key(date_style), atai[date_style].text);
+    kihon.設定書込(special_soft_key.toString(), digits(m_session.settings.special_soft));
+    kihon.設定書込(key(first_day), atai[first_day].text);
+    kihon.commit();
     m_replaced_day = replaced;
     m_stored_day = valid_first_day(Val(atai[first_day].text));
 }
 
 void mst_kihon::write_of_this_pc() {
-    const auto write = [this](Element element, Run run) {
-        m_session.tables.設定書込(u"losystem"_s, key(element), atai[element].text, run);
-    };
-    write(printer, Run::Begin);
-    write(offset_y, Run::Continue);
-    write(offset_x, Run::Continue);
-    write(net_info, Run::End);
+    store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
+    for (const Element element : {printer, offset_y, offset_x, net_info})
+        losystem.設定書込(key(element), atai[element].text);
+    losystem.commit();
 }
 
 void mst_kihon::Form_Load() {
@@ -106,12 +107,12 @@ void mst_kihon::Form_Load() {
 void mst_kihon::prconb_Click(int item) {
     prconb.index = item;
     atai[printer].text = prconb.text();
-    m_stored_day = first_day_in_kihon(Run::Single);
+    m_stored_day = first_day_in_kihon();
 }
 
 void mst_kihon::atai_Change(int element, const QString& typed) {
     atai[element].text = field_text(only_of(typed, u"0123456789-"));
-    m_stored_day = first_day_in_kihon(Run::Single);
+    m_stored_day = first_day_in_kihon();
 }
 
 bool mst_kihon::atai_KeyDown(int element, int key_code) {

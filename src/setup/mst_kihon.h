@@ -69,7 +69,7 @@ private:
     void load_of_this_pc();
     void write_shared();
     void write_of_this_pc();
-    int first_day_in_kihon(store::Run run);
+    int first_day_in_kihon();
 
     int m_stored_day = 1;   ///< in `kihon`, when anything was typed, chosen or written last: another PC may store one
     int m_replaced_day = 1; ///< what the last save found there; the stored one if there was no save

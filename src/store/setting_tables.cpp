@@ -10,14 +10,6 @@ using namespace base;
 
 namespace {
 
-bool opens(Run run) {
-    return run == Run::Single || run == Run::Begin;
-}
-
-bool closes(Run run) {
-    return run == Run::Single || run == Run::End;
-}
-
 enum class Task { Read, Change, Add };
 
 /// The statements differ in the table's name alone, and only these three tables are of this shape.
@@ -53,45 +45,42 @@ void write(Database& database, const QString& table, const QString& key, const Q
 
 } // namespace
 
-QString SettingTables::設定読込(const QString& table, const QString& key, Run run) {
-    QString value;
-    in_run(table, key, run, [&](Database& database) { value = read(database, m_open_table, key); });
-    return value;
+OpenSettings::OpenSettings(const QString& table, const base::Settings& settings)
+    : m_table(table), m_database(open_file_of(table, settings)) {}
+
+QString OpenSettings::設定読込(const QString& key) {
+    return key.isEmpty() ? QString() : read(m_database, m_table, key);
 }
 
-void SettingTables::設定書込(const QString& table, const QString& key, const QString& value, Run run) {
-    in_run(table, key, run, [&](Database& database) {
-        if (!m_writes)
-            m_writes.emplace(database);
-        write(database, m_open_table, key, value);
-    });
-}
-
-void SettingTables::in_run(
-    const QString& table, const QString& key, Run run, const std::function<void(Database&)>& work) {
-    const bool nameless = table.isEmpty() || key.isEmpty();
-    if (nameless && opens(run))
+void OpenSettings::設定書込(const QString& key, const QString& value) {
+    if (key.isEmpty())
         return;
-    try {
-        open_for(table, run);
-        if (!nameless)
-            work(*m_database);
-        if (closes(run))
-            close();
-    } catch (...) {
-        drop();
-        throw;
-    }
+    if (!m_writes)
+        m_writes.emplace(m_database);
+    write(m_database, m_table, key, value);
 }
 
-void SettingTables::open_for(const QString& table, Run run) {
-    if (opens(run) == m_database.has_value())
-        throw Error(Code::Misuse, {}, {}, u"設定 %1"_s.arg(table));
-    if (!opens(run))
-        return;
+void OpenSettings::commit() {
+    if (m_writes)
+        m_writes->commit();
+    m_writes.reset();
+}
+
+OpenSettings SettingTables::open(const QString& table) {
     supply_roots();
-    m_database.emplace(open_file_of(table, m_settings));
-    m_open_table = table;
+    return OpenSettings(table, m_settings);
+}
+
+QString SettingTables::設定読込(const QString& table, const QString& key) {
+    return table.isEmpty() || key.isEmpty() ? QString() : open(table).設定読込(key);
+}
+
+void SettingTables::設定書込(const QString& table, const QString& key, const QString& value) {
+    if (table.isEmpty() || key.isEmpty())
+        return;
+    OpenSettings settings = open(table);
+    settings.設定書込(key, value);
+    settings.commit();
 }
 
 /// Until the first setting is read no root is known, and `losys.mdb`, which holds them, lies under one.
@@ -100,17 +89,6 @@ void SettingTables::supply_roots() {
     for (QString* root : {&m_settings.server_root, &m_settings.local_root})
         if (root->isEmpty())
             *root = default_root;
-}
-
-void SettingTables::close() {
-    if (m_writes)
-        m_writes->commit();
-    drop();
-}
-
-void SettingTables::drop() {
-    m_writes.reset();
-    m_database.reset();
 }
 
 } // namespace store

@@ -89,30 +89,28 @@ TEST_F(Settings, EachTableLiesInItsOwnFile) {
     EXPECT_EQ(number_from(rovdata, "select count(*) from rov_kihon where データ='rov_kihon'"), 1);
 }
 
-TEST_F(Settings, ARunSharesOneOpeningAndItsWritesStandTogetherAtTheEnd) {
-    tables.設定書込(u"kihon"_s, u"和西暦表示"_s, u"1"_s, Run::Begin);
-    tables.設定書込(u"kihon"_s, u"月初日付"_s, u"21"_s, Run::Continue);
-    SettingTables other(tree.settings);
-    EXPECT_EQ(other.設定読込(u"kihon"_s, u"和西暦表示"_s), QString());
-    EXPECT_EQ(tables.設定読込(u"kihon"_s, u"月初日付"_s, Run::End), u"21"_s);
-    EXPECT_EQ(other.設定読込(u"kihon"_s, u"和西暦表示"_s), u"1"_s);
+TEST_F(Settings, OneOpeningServesSeveralReadsAndItsWritesStandTogetherOrNotAtAll) {
+    const auto write_both = [this](bool commits) {
+        OpenSettings kihon = tables.open(u"kihon"_s);
+        kihon.設定書込(u"和西暦表示"_s, u"1"_s);
+        kihon.設定書込(u"月初日付"_s, u"21"_s);
+        EXPECT_EQ(tables.設定読込(u"kihon"_s, u"和西暦表示"_s), QString()) << "seen by nobody else yet";
+        EXPECT_EQ(kihon.設定読込(u"月初日付"_s), u"21"_s);
+        if (commits)
+            kihon.commit();
+    };
+    write_both(false);
+    write_both(true);
+    EXPECT_EQ(tables.設定読込(u"kihon"_s, u"和西暦表示"_s), u"1"_s);
 }
 
-TEST_F(Settings, WorkingOnWhatStandsOpenNeedsSomethingOpenAndRunsCantBeNested) {
-    const auto read = [this](store::Run run) { tables.設定読込(u"kihon"_s, u"月初日付"_s, run); };
-    EXPECT_EQ(code_of([&] { read(Run::Continue); }), Code::Misuse);
-    EXPECT_EQ(code_of([&] { read(Run::End); }), Code::Misuse);
-    read(Run::Begin);
-    EXPECT_EQ(code_of([&] { read(Run::Begin); }), Code::Misuse);
-    EXPECT_NO_THROW(read(Run::Single)) << "an error ends the run";
-}
-
-TEST_F(Settings, WithoutATableOrAKeyNothingIsReadOrWrittenAndARunStillEnds) {
+TEST_F(Settings, WithoutATableOrAKeyNothingIsReadOrWritten) {
     tables.設定書込(QString(), u"鍵"_s, u"1"_s);
+    EXPECT_EQ(tables.設定読込(QString(), u"鍵"_s), QString());
     tables.設定書込(u"kihon"_s, QString(), u"1"_s);
-    EXPECT_EQ(tables.設定読込(u"kihon"_s, u"鍵"_s, Run::Begin), QString());
-    EXPECT_EQ(tables.設定読込(u"kihon"_s, QString(), Run::End), QString());
-    EXPECT_EQ(tables.設定読込(u"kihon"_s, u"鍵"_s), QString());
+    OpenSettings kihon = tables.open(u"kihon"_s);
+    kihon.設定書込(QString(), u"1"_s);
+    EXPECT_EQ(kihon.設定読込(QString()), QString());
 }
 
 class StartOnData : public testing::Test {

@@ -44,11 +44,11 @@ const PageConstants& 印刷設定取得(Layout layout) {
 }
 
 PrinterSetting printer_setting(Layout layout, store::SettingTables& tables) {
-    const QString table = u"losystem"_s;
+    store::OpenSettings losystem = tables.open(u"losystem"_s);
     const PrinterKeys& keys = printer_keys[印刷設定取得(layout).printer - 1];
-    const QString name = tables.設定読込(table, keys.name.toString(), store::Run::Begin);
-    const QString y = tables.設定読込(table, keys.y.toString(), store::Run::Continue);
-    const QString x = tables.設定読込(table, keys.x.toString(), store::Run::End);
+    const QString name = losystem.設定読込(keys.name.toString());
+    const QString y = losystem.設定読込(keys.y.toString());
+    const QString x = losystem.設定読込(keys.x.toString());
     return {.name = name, .offset = {.x = decimal_val(x), .y = decimal_val(y)}};
 }
 
