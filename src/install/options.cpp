@@ -28,7 +28,7 @@ bool take_month(const QString& text, int& month) {
     return true;
 }
 
-/// The arguments on their way into the options.
+/// The arguments on their way into the options. Why not QCommandLineParser: docs/decisions/0016.
 class Reader {
 public:
     explicit Reader(const QStringList& arguments) : m_rest(arguments) {}
