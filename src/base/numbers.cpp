@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 #include <algorithm>
 #include <limits>
@@ -48,13 +49,7 @@ QString digits(qint64 number) {
 }
 
 QString grouped(qint64 number) {
-    if (number == 0)
-        return {};
-    QString text = QString::number(number);
-    const qsizetype first = number < 0 ? 1 : 0;
-    for (qsizetype at = text.size() - 3; at > first; at -= 3)
-        text.insert(at, u',');
-    return text;
+    return number == 0 ? QString() : QLocale(QLocale::Japanese, QLocale::Japan).toString(number);
 }
 
 } // namespace base
