@@ -41,11 +41,6 @@ bool only_stamped(const MonthSheet& sheet, const TypedDay& before, TypedDay now)
     return now == before;
 }
 
-bool stands_as_posted(const QList<DraftDay>& posted, QDate date, const TypedDay& typed) {
-    return std::ranges::any_of(
-        posted, [&](const DraftDay& day) { return day.posted && day.date == date && day.typed == typed; });
-}
-
 void calculate_from(MonthSheet& sheet, int r, int column) {
     sheet.entry_cell = {r, column};
     出勤集計処理(sheet, r);
@@ -88,14 +83,16 @@ int Draft::unsaved_days() const {
     return static_cast<int>(std::ranges::count(days, false, &DraftDay::posted));
 }
 
-QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const QList<DraftDay>& posted) {
+QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted) {
     QList<DraftDay> days;
     for (int r = row::first_day; r <= sheet.month.length(); ++r) {
         const TypedDay now = typed_day(sheet, r);
-        const QDate date = sheet.month.day(r);
-        if (now != read[r] && !only_stamped(sheet, read[r], now))
-            days << DraftDay{date, read[r], now, break_from(sheet, r, read[r]), Val(sheet.mark(r)) == 2,
-                stands_as_posted(posted, date, now)};
+        const auto as_posted = posted.find(r);
+        const bool stands_as_posted = as_posted != posted.end() && *as_posted == now;
+        const TypedDay& before = as_posted == posted.end() || stands_as_posted ? read[r] : *as_posted;
+        if (stands_as_posted || (now != before && !only_stamped(sheet, before, now)))
+            days << DraftDay{sheet.month.day(r), before, now, break_from(sheet, r, before), Val(sheet.mark(r)) == 2,
+                stands_as_posted};
     }
     return days;
 }

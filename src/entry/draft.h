@@ -55,15 +55,26 @@ struct Draft {
     friend bool operator==(const Draft&, const Draft&) = default;
 };
 
+/// Days as they were posted since the month was read, by sheet row.
+using PostedDays = QMap<int, TypedDay>;
+
 /// The days of the sheet that differ from what was read, but for those that only got their standard kind by
-/// themselves. `posted` are days of an earlier draft: one that stands as it was posted stays so.
-QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const QList<DraftDay>& posted);
+/// themselves. A day that stands as it was posted is told as posted. One that was changed again lies over what was
+/// posted: it is a draft even where it stands as it was read.
+QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted);
 
 /// A day that both the draft and somebody else changed.
 struct Clash {
     int row;
     DraftDay draft;
     TypedDay stored;
+    friend bool operator==(const Clash&, const Clash&) = default;
+};
+
+/// What belongs to the month's draft and stands in no cell.
+struct BesideSheet {
+    QList<Clash> clashes;          ///< not yet decided
+    QMap<QString, QString> counts; ///< typed into the strip by hand, by their tag
 };
 
 /// Lays the draft over the newly read month: days that stand in the tables as they did get the typed values, are

@@ -44,16 +44,21 @@ void calculate_day_left(MonthSheet& sheet) {
     sheet.mark(left.row) = u"1"_s;
 }
 
+void lay_box(MonthSheet& sheet, Editors& editors, Cell here) {
+    hide_kinds(editors.kyucom);
+    sheet.entry_cell = here;
+    const auto method = here.col == col::remark ? InputMethod::On : InputMethod::Off;
+    editors.atai.place(here, editor_text(sheet, here), method);
+    editors.focus = Focus::Atai;
+}
+
 void place_box(MonthSheet& sheet, Editors& editors) {
     hide_kinds(editors.kyucom);
     const Cell here = cursor_of(sheet.hyou);
     if (here.col < sheet.hyou.FixedCols())
         return;
     calculate_day_left(sheet);
-    sheet.entry_cell = here;
-    const auto method = here.col == col::remark ? InputMethod::On : InputMethod::Off;
-    editors.atai.place(here, editor_text(sheet, here), method);
-    editors.focus = Focus::Atai;
+    lay_box(sheet, editors, here);
 }
 
 int item_of_kind(const KindList& kyucom, qint64 number) {
@@ -173,6 +178,20 @@ void 入力フォーム(MonthSheet& sheet, Editors& editors) {
         place_kinds(sheet, editors);
     else
         place_box(sheet, editors);
+}
+
+void place_again(MonthSheet& sheet, Editors& editors) {
+    sheet.hyou.setCursor(sheet.entry_cell);
+    if (sheet.entry_cell.col == col::kind)
+        place_kinds(sheet, editors);
+    else
+        lay_box(sheet, editors, sheet.entry_cell);
+}
+
+bool box_differs(const MonthSheet& sheet, const Editors& editors) {
+    const Cell cell = sheet.entry_cell;
+    return editors.atai.active && cell.row != row::category_number &&
+           committed_text(cell.col, editors.atai.text) != sheet.hyou(cell.row, cell.col);
 }
 
 void commit(MonthSheet& sheet, Editors& editors) {

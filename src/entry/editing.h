@@ -48,6 +48,12 @@ inline constexpr int longest_remark = 255; ///< characters
 /// Columns 0 and 1 take no editor; column 7 takes `kyucom` on the days and calculates nothing.
 void 入力フォーム(MonthSheet& sheet, Editors& editors);
 
+/// Lays the editor anew over `entry_cell`, as the cell stands now, and moves the cursor there. Calculates nothing.
+void place_again(MonthSheet& sheet, Editors& editors);
+
+/// Whether leaving the box would change its cell.
+bool box_differs(const MonthSheet& sheet, const Editors& editors);
+
 /// The box leaves its cell (`atai` lost the focus): its text goes into `entry_cell`. Does nothing while the box holds
 /// no cell. Times become time text ("830" to "8:30"); minutes above 59 blank the cell; a remark is trimmed and held at
 /// 255 characters. What may not be meant so is said in `notice`. The hidden row of category numbers is never written.

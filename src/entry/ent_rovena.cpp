@@ -109,6 +109,7 @@ void ent_rovena::社員選択処理() {
     sheet.hyou_day.setCursor({1, 0});
     hyou_day_shown = true;
     sheet.hyou.setCursor(sheet.entry_cell);
+    m_history.begin(sheet, m_draft.beside_sheet());
     report(u"抽出終了"_s);
 }
 
@@ -126,6 +127,7 @@ bool ent_rovena::saved_days_are_in(qint64 employee) {
 /// A load that failed or was refused leaves nobody chosen: an empty sheet under a name could be saved over that month.
 void ent_rovena::forget_employee() {
     m_draft.end();
+    m_history.end();
     for (QString* text : {&syainsyscd, &syalab, &kintypecd, &lab2, &msglab})
         text->clear();
     sheet.band_table = {};
@@ -149,8 +151,10 @@ void ent_rovena::保存処理() {
     if (saving || waiting)
         return;
     const QScopedValueRollback<bool> busy(saving, true);
-    if (entry::保存処理(m_session, sheet, posted_employee(syalab, syainsyscd)) == Saved::Posted)
-        m_draft.posted(sheet);
+    if (entry::保存処理(m_session, sheet, posted_employee(syalab, syainsyscd)) != Saved::Posted)
+        return;
+    m_draft.posted(sheet);
+    m_history.posted(sheet);
 }
 
 bool ent_rovena::employee_chosen() {
@@ -190,7 +194,7 @@ void ent_rovena::hyou_Click(Cell cell) {
         cell = {std::min(cell.row, sheet.hyou.last_row()), std::min(cell.col, sheet.hyou.last_col())};
     sheet.hyou.setCursor(cell);
     入力フォーム(sheet, editors);
-    keep_draft();
+    keep_draft(UndoHistory::Step::Joins);
 }
 
 void ent_rovena::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {
@@ -254,6 +258,7 @@ void ent_rovena::hyou_day_Click(int column) {
 void ent_rovena::hyou_day_KeyPress(int character) {
     type_count(sheet.hyou_day, character);
     m_draft.count_typed(sheet, sheet.hyou_day.Col());
+    m_history.record(sheet, m_draft.beside_sheet(), UndoHistory::Step::Own);
 }
 
 void ent_rovena::hyou_day_KeyDown(int key_code) {
@@ -261,6 +266,7 @@ void ent_rovena::hyou_day_KeyDown(int key_code) {
         return;
     clear_count(sheet.hyou_day);
     m_draft.count_typed(sheet, sheet.hyou_day.Col());
+    m_history.record(sheet, m_draft.beside_sheet(), UndoHistory::Step::Own);
 }
 
 void ent_rovena::botan_Click(int element) {

@@ -20,6 +20,7 @@
 #include "entry/findings.h"
 #include "entry/month_draft.h"
 #include "entry/sheet.h"
+#include "entry/undo.h"
 #include "frame/session.h"
 
 #include <array>
@@ -101,6 +102,14 @@ public:
     FindingKinds kinds_left_out() const;
     void leave_out(FindingKind kind, bool left_out);
 
+    // Undo and redo of every change of the sheet since the month was read. What is typed in the box counts. The cursor
+    // goes where it stood; the draft follows.
+
+    bool can_undo() const { return m_history.can_undo() || box_differs(sheet, editors); }
+    bool can_redo() const { return m_history.can_redo() && !box_differs(sheet, editors); }
+    void undo();
+    void redo();
+
     // Keys beyond those of the cells.
 
     /// Whether Enter on the month's last day goes on to the next employee's first one; kept for this PC.
@@ -167,10 +176,13 @@ private:
     void forget_employee();
 
     void open_drafts();
-    void keep_draft();
+    void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
+    bool can_act() const;
+    void stand_as_before(BesideSheet (UndoHistory::*go)(MonthSheet&));
 
     frame::Session& m_session;
     MonthDraft m_draft;
+    UndoHistory m_history;
     QSet<qint64> m_employees_with_drafts;
 };
 

@@ -24,8 +24,9 @@ void ent_rovena::open_drafts() {
     m_employees_with_drafts = drafts_waiting(m_session.settings).employees;
 }
 
-void ent_rovena::keep_draft() {
+void ent_rovena::keep_draft(UndoHistory::Step step) {
     m_draft.keep(sheet);
+    m_history.record(sheet, m_draft.beside_sheet(), step);
     const qint64 employee = Val(syainsyscd);
     if (employee == 0)
         return;

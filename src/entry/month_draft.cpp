@@ -34,6 +34,9 @@ void MonthDraft::begin(MonthSheet& sheet, qint64 employee) {
     if (m_kept.isEmpty())
         return;
     leave_what_arrived(sheet);
+    for (const DraftDay& day : std::as_const(m_kept.days))
+        if (day.posted)
+            m_posted.insert(row_of(m_month, day.date), day.typed);
     m_counts = m_kept.counts;
     m_clashes = lay_draft(sheet, m_kept);
     keep(sheet);
@@ -58,6 +61,7 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
 void MonthDraft::end() {
     m_employee = 0;
     m_kept = {};
+    m_posted.clear();
     m_clashes.clear();
     m_counts.clear();
     m_saved = {};
@@ -69,7 +73,7 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
         if (const QString& tag = sheet.hyou_day(strip::tag, column);
             m_counts.value(tag) != sheet.hyou_day(strip::count, column))
             m_counts.remove(tag);
-    Draft draft{m_employee, draft_days(sheet, m_read, m_kept.days), m_counts};
+    Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
     for (const Clash& clash : m_clashes)
         draft.days << clash.draft;
     std::ranges::sort(draft.days, {}, &DraftDay::date);
@@ -104,13 +108,14 @@ void MonthDraft::posted(const MonthSheet& sheet) {
         return;
     m_saved = m_session.host.now().time();
     m_counts.clear();
-    Draft draft = draft_of(sheet);
-    const auto undecided = [&](const DraftDay& day) {
-        return std::ranges::any_of(m_clashes, [&](const Clash& clash) { return clash.draft.date == day.date; });
-    };
-    for (DraftDay& day : draft.days)
-        day.posted = !undecided(day);
-    write(draft);
+    const auto undecided = [&](int r) { return std::ranges::find(m_clashes, r, &Clash::row) != m_clashes.end(); };
+    for (Clash& clash : m_clashes)
+        clash.draft.posted = false;
+    const Draft draft = draft_of(sheet);
+    for (const DraftDay& day : draft.days)
+        if (const int r = row_of(m_month, day.date); !undecided(r))
+            m_posted.insert(r, day.typed);
+    write(draft_of(sheet));
 }
 
 /// What the tables hold now is what the next draft lies over.
@@ -120,9 +125,9 @@ bool MonthDraft::on_their_way() {
     if (days_wait(m_session.settings, m_employee))
         return true;
     Draft left = m_kept;
-    for (const DraftDay& day : m_kept.days)
-        if (day.posted)
-            m_read[row_of(m_month, day.date)] = day.typed;
+    for (const auto& [r, typed] : m_posted.asKeyValueRange())
+        m_read[r] = typed;
+    m_posted.clear();
     left.days.removeIf([](const DraftDay& day) { return day.posted; });
     write(left);
     return false;
@@ -132,6 +137,11 @@ void MonthDraft::give_up() {
     m_clashes.clear();
     m_counts.clear();
     write({m_employee, {}, {}});
+}
+
+void MonthDraft::bring_back(const BesideSheet& beside) {
+    m_clashes = beside.clashes;
+    m_counts = beside.counts;
 }
 
 void MonthDraft::decide(MonthSheet& sheet, int clash, Choice choice) {

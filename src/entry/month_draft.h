@@ -44,6 +44,10 @@ public:
     enum class Choice { Typed, Stored };
     void decide(MonthSheet& sheet, int clash, Choice choice);
 
+    /// What belongs beside the sheet as it stands, and the same brought back with an earlier sheet; to be kept then.
+    BesideSheet beside_sheet() const { return {m_clashes, m_counts}; }
+    void bring_back(const BesideSheet& beside);
+
     bool isEmpty() const { return m_kept.isEmpty(); }
 
     /// How things stand, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty for an untouched month.
@@ -58,6 +62,7 @@ private:
     qint64 m_employee = 0;
     base::CompanyMonth m_month{2000, 1, 1};
     MonthAsRead m_read;
+    PostedDays m_posted;
     Draft m_kept; ///< as it lies in the file
     QList<Clash> m_clashes;
     QMap<QString, QString> m_counts; ///< typed by hand, as they were typed

@@ -1,0 +1,182 @@
+#include "entry/company.h"
+#include "entry/saving.h"
+
+#include <QRandomGenerator>
+#include <gtest/gtest.h>
+
+using namespace entry;
+
+namespace {
+
+class Undo : public testing::Test {
+protected:
+    Undo() { open(); }
+
+    void open() {
+        form.emplace(company.session);
+        form->Form_Load();
+        form->hyou_syain_Click(1);
+    }
+
+    void type_at(Cell cell, const QString& text) {
+        form->hyou_Click(cell);
+        type(*form, text);
+        form->atai_KeyDown(key::enter);
+    }
+
+    void undo_all() {
+        while (form->can_undo())
+            form->undo();
+    }
+
+    void redo_all() {
+        while (form->can_redo())
+            form->redo();
+    }
+
+    QStringList day(int r) const {
+        return cells_from(form->sheet.hyou, r, col::clock_in).first(6) << form->sheet.mark(r);
+    }
+
+    QStringList texts() const {
+        QStringList all;
+        for (const base::Sheet* table : {&form->sheet.hyou, &form->sheet.hyou_system, &form->sheet.hyou_day})
+            for (int r = 0; r < table->Rows(); ++r)
+                all << cells_from(*table, r, 0).join(u'|');
+        return all;
+    }
+
+    Company company;
+    std::optional<ent_rovena> form;
+};
+
+const QStringList worked{u"8:30"_s, u"18:00"_s, u"1:00"_s, u"8:30"_s, {}, u"出勤"_s, u"1"_s};
+const QStringList untouched(7);
+
+} // namespace
+
+TEST_F(Undo, ATypedCellGoesWithTheCalculationThatFollowedFromItAndTheDraftFollows) {
+    type_at({4, col::clock_in}, u"830"_s);
+    type(*form, u"1800"_s);
+    form->atai_LostFocus(); // by a click elsewhere, which calculates the day
+    form->hyou_Click({9, col::clock_in});
+    EXPECT_EQ(day(4), worked);
+    EXPECT_EQ(form->sheet.hyou(9, col::kind), u"公休"_s);
+
+    form->undo();
+    EXPECT_EQ(day(4).first(2), QStringList({u"8:30"_s, {}}));
+    EXPECT_EQ(form->editors.atai.cell, (Cell{4, col::clock_out})) << "the cell that was typed in";
+    EXPECT_EQ(form->editors.atai.text, u""_s);
+    form->undo();
+    EXPECT_EQ(day(4), untouched);
+    EXPECT_EQ(form->sheet.hyou(9, col::kind), u""_s);
+    EXPECT_EQ(form->standing(), u""_s);
+    EXPECT_FALSE(form->can_undo() || form->has_draft(1));
+    form->redo();
+    form->redo();
+    EXPECT_EQ(day(4), worked);
+    EXPECT_EQ(form->editors.atai.cell, (Cell{9, col::clock_in}));
+    EXPECT_EQ(form->standing(), u"未登録 1日"_s);
+
+    form->undo();
+    type(*form, u"1700"_s);
+    EXPECT_TRUE(form->can_undo()) << "what is typed in the box";
+    EXPECT_FALSE(form->can_redo());
+    form->undo();
+    EXPECT_EQ(form->editors.atai.text, u""_s);
+    type_at({5, col::remark}, u"直行"_s);
+    EXPECT_FALSE(form->can_redo()) << "a new change";
+    form->undo();
+    EXPECT_EQ(day(4).first(2), QStringList({u"8:30"_s, {}})) << "what was undone is gone for good";
+    form->ym_Click(1, 0);
+    EXPECT_FALSE(form->can_undo()) << "another month";
+}
+
+TEST_F(Undo, KindsCountsAndDecisionsAreStepsToo) {
+    company.exec("insert into rovmei values (1, 20041005, 900, 1800, 100, 800, '')");
+    open();
+    type_at({5, col::clock_out}, u"1900"_s);
+    company.exec("update rovmei set 退社時間=2000");
+    open();
+    ASSERT_EQ(form->clashes().size(), 1);
+    const QStringList start = texts();
+    form->decide(0, MonthDraft::Choice::Typed);
+    form->hyou_Click({6, col::kind});
+    form->kyucom_Click(1);
+    form->hyou_day_Click(1);
+    form->hyou_day_KeyDown(key::del);
+    form->hyou_day_KeyPress(u'7');
+    const QStringList end = texts();
+    undo_all();
+    EXPECT_EQ(texts(), start);
+    EXPECT_EQ(form->clashes().size(), 1) << "the day is to be decided again";
+    redo_all();
+    EXPECT_EQ(texts(), end);
+    EXPECT_TRUE(form->clashes().isEmpty());
+    open();
+    EXPECT_EQ(form->sheet.hyou_day(strip::count, 1), u"7"_s) << "a count that was brought back is in the draft";
+}
+
+TEST_F(Undo, ADayThatWaitsForItsCalculationAgainGetsIt) {
+    form->hyou_Click({7, col::clock_out});
+    type(*form, u"1000"_s);
+    form->hyou_Click({7, col::kind});
+    form->kyucom_Click(1);
+    form->undo();
+    EXPECT_EQ(day(7).mid(3), QStringList({{}, {}, {}, u"2"_s}));
+    EXPECT_TRUE(form->editors.kyucom.visible);
+    form->hyou_Click({9, col::clock_in});
+    EXPECT_EQ(day(7).mid(3), QStringList({u"10:00"_s, {}, u"出勤"_s, u"1"_s}));
+}
+
+TEST_F(Undo, APostedDayThatIsUndoneIsPostedAgainAndADraftUntilThen) {
+    type_at({4, col::remark}, u"直行"_s);
+    form->botan_Click(1);
+    form->undo();
+    EXPECT_EQ(form->sheet.hyou(4, col::remark) + form->sheet.mark(4), u"1"_s);
+    EXPECT_EQ(form->standing(), u"未登録 1日"_s);
+
+    company.exec("insert into rovmei values (1, 20041004, 0, 0, 0, 0, '直行')"); // the manager applies the save
+    store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange)
+        .exec("delete from jyusin");
+    open();
+    EXPECT_EQ(form->sheet.hyou(4, col::remark) + form->sheet.mark(4), u"1"_s) << "undone on this PC, over the save";
+    EXPECT_TRUE(form->clashes().isEmpty());
+    form->botan_Click(1);
+    EXPECT_EQ(company.posted().filter(u"山田:太郎 0 20041004 0 20041004 0 0 0 "_s).size(), 1);
+    EXPECT_TRUE(form->standing().startsWith(u"反映待ち"_s));
+}
+
+TEST_F(Undo, TwoThousandRandomActsAreUndoneAndDoneAgainAsTheyWere) {
+    QRandomGenerator random(7);
+    const auto any_cell = [&] {
+        return Cell{random.bounded(row::first_day, row::total + 1), random.bounded(col::clock_in, 10)};
+    };
+    const auto moves = {key::enter, key::left, key::right, key::up, key::down};
+    const QList<std::function<void()>> acts{
+        [&] { form->hyou_Click(any_cell()); },
+        [&] {
+            form->hyou_Click({random.bounded(1, 32), random.bounded(2, 4)});
+        },
+        [&] { type(*form, QString::number(random.bounded(2700))); },
+        [&] { form->atai_KeyDown(moves.begin()[random.bounded(5)]); },
+        [&] { form->atai_LostFocus(); },
+        [&] { form->kyucom_Click(random.bounded(5)); },
+        [&] { form->hyou_day_Click(random.bounded(8)), form->hyou_day_KeyPress(u'0' + random.bounded(10)); },
+        [&] { form->calculate_all(); },
+        [&] { random.bounded(2) == 0 ? form->undo() : form->redo(); },
+    };
+    for (int round = 0; round < 2000 / UndoHistory::longest; ++round) {
+        form->give_up_draft();
+        const QStringList start = texts();
+        for (int act = 0; act < UndoHistory::longest; ++act)
+            acts[random.bounded(acts.size())]();
+        form->atai_LostFocus();
+        redo_all();
+        const QStringList end = texts();
+        undo_all();
+        ASSERT_EQ(texts(), start) << round;
+        redo_all();
+        ASSERT_EQ(texts(), end) << round;
+    }
+}
