@@ -137,8 +137,8 @@ void rov_01::csvex_Click() {
 
 /// A month that is none keeps the sheet, and the keyboard goes to its box.
 void rov_01::extract() {
-    if (panels().Pic_yyyymm && !month_stands())
-        return;
+    if (const auto wrong = wrong_month_box(); wrong && panels().Pic_yyyymm)
+        return to(ReportControl::yyyymm, *wrong);
     say(run_tally());
     if (panels().Pic_yyyymm)
         to(ReportControl::yyyymm, year_box);

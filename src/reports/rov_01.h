@@ -107,7 +107,7 @@ private:
     void set_dates(DateDefault dates);
     void fill_months();
     void format();
-    bool month_stands();
+    std::optional<int> wrong_month_box() const;
     void to(ReportControl control, int element = 0) { focus = Wish{control, element}; }
 
     void work(const std::function<void()>& of_the_button);

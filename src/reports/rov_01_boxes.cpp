@@ -130,19 +130,18 @@ void rov_01::yyyymm_GotFocus(int element) {
 
 void rov_01::yyyymm_LostFocus(int element) {
     const auto before = std::exchange(yyyymm[element].remembered, std::nullopt);
-    if (month_stands() && before != report.conditions.yyyymm[element])
+    if (const auto wrong = wrong_month_box())
+        to(ReportControl::yyyymm, *wrong);
+    else if (before != report.conditions.yyyymm[element])
         format();
 }
 
-/// Sends the keyboard back to the box that holds no year or month.
-bool rov_01::month_stands() {
+/// The box that holds no year or no month.
+std::optional<int> rov_01::wrong_month_box() const {
+    if (Val(report.conditions.yyyymm[year_box]) <= 0)
+        return year_box;
     const qint64 month = Val(report.conditions.yyyymm[month_box]);
-    const bool year_is_one = Val(report.conditions.yyyymm[year_box]) > 0;
-    if (!year_is_one)
-        to(ReportControl::yyyymm, year_box);
-    else if (month < 1 || month > 12)
-        to(ReportControl::yyyymm, month_box);
-    return year_is_one && month >= 1 && month <= 12;
+    return month < 1 || month > 12 ? std::optional(month_box) : std::nullopt;
 }
 
 bool rov_01::yyyymm_KeyDown(int element, int key_code) {

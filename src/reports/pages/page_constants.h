@@ -23,7 +23,8 @@ struct PageConstants {
     double text_drop = 1.4; ///< of text below a row's top line
     int printer = 1;        ///< number of the printer on which the layout comes out
 
-    /// Where the text of the row with this index on the page stands, and that of the column headings.
+    /// The y of the text in the row with this index on the page, and in that of the column headings.
+    ///   row_y(first_row) // 33.4      heading_y() // 26.4
     constexpr double row_y(int row) const { return row * row_pitch - 5 + table.top + text_drop; }
     constexpr double heading_y() const { return table.top + text_drop; }
     constexpr int rows() const { return last_row - first_row + 1; }

@@ -46,7 +46,8 @@ PlacedColumns place_columns(
 /// or a whole further column would.
 enum class LineRoom { Line, FurtherColumn };
 
-/// Headings and vertical lines of these columns.
+/// Headings and vertical lines of these columns, which are indices into the placed ones. One that isn't printed is
+/// passed over.
 void add_columns(Page& page, const PageConstants& constants, const PlacedColumns& columns, std::span<const int> cols,
     LineRoom room = LineRoom::Line);
 

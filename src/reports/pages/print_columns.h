@@ -29,8 +29,8 @@ struct 印刷項目 {
     int 縦線区切 = 0;                     ///< 1: the last column has a line on its right
 };
 
-/// The column of a report; headings that the report's person named come from the sheet's row 0.
-/// A column or report that the tables don't know gives an empty record.
+/// The column of a report, both counted as on the sheet: columns from 0, reports from 1. Headings that the report's
+/// person named come from the sheet's row 0. A column or report that the tables don't know gives an empty record.
 印刷項目 項目定義取得(int 列番号, int 帳票番号, const base::Sheet& hyou);
 
 /// The column of the error list.

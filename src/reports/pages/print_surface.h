@@ -21,9 +21,9 @@ public:
     /// What the printer can't print on at the left and the top; 0 for a PDF file.
     virtual Place margin() const = 0;
 
-    /// Starts a page, the first one too. A job without a page puts out nothing.
+    /// Starts a page, the first one too: nothing is painted before it. A job without a page puts out nothing.
     virtual void new_page() = 0;
-    /// Font of the texts that follow. The size is in points.
+    /// Font of the texts that follow, over new pages too. The size is in points.
     virtual void set_font(QStringView family, double size, Weight weight) = 0;
     /// Paints a text in one line: the place is the upper left corner of the square that its first character fills.
     virtual void text(Place place, const QString& text) = 0;
@@ -45,7 +45,7 @@ struct PrintJob {
 class PrintShop {
 public:
     virtual ~PrintShop() = default;
-    /// Nothing if there is no printer of that name.
+    /// Nothing if there is no printer of that name. The shop must outlive the surface.
     virtual std::unique_ptr<PrintSurface> open(const PrintJob& job) = 0;
 
     /// Between these two, jobs for a printer that writes files go one behind the other into one file, which is put out

@@ -1,6 +1,7 @@
 #pragma once
 
-// Printing a finished sheet: the print procedure of each report. What is printed is the sheet as it stands.
+// Printing a finished sheet: the print procedure of each report. What is printed is the sheet as it stands. Throws
+// store::Error where this PC's settings can't be read; nothing is put out then.
 
 #include "reports/printing/rovena_print.h"
 #include "reports/tallies/report.h"
@@ -8,7 +9,7 @@
 namespace reports {
 
 /// Prints the report by the procedure of its number on the printer of this PC. A printer that isn't there is told in a
-/// message box and nothing is printed. A number other than 1 to 6 prints nothing.
+/// message box and nothing is printed. A number other than 1 to 6 prints nothing and gives Printed::Yes.
 Printed print(const Report& report, frame::Session& session, PrintShop& shop);
 
 /// What is said where there is nothing to print.
@@ -26,7 +27,7 @@ Printed 帳票印刷_一覧(const Report& report, const PrintTarget& target);
 Printed 帳票印刷_出勤明細(const Report& report, const PrintTarget& target);
 Printed 帳票印刷_勤務時間(const Report& report, const PrintTarget& target);
 
-/// Prints the error list from its own grid.
+/// Prints the error list from its own grid; Printed::Nothing without messages.
 Printed 帳票印刷_エラーリスト(const base::Sheet& hyou, const PrintTarget& target);
 
 } // namespace reports

@@ -34,7 +34,8 @@ struct PrintTarget {
     PrintShop& shop;
 };
 
-/// Prints the pages that `make` gives for today on the printer of this PC. `report` is the report's title.
+/// Prints the pages that `make` gives for today on the printer of this PC. `report` is the report's title. The pages
+/// are made once the printer is there; if making them throws, the job is given up.
 Printed print_pages(
     const PrintTarget& target, Layout layout, const QString& report, const std::function<Pages(QDate today)>& make);
 

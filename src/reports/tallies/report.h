@@ -1,7 +1,8 @@
 #pragma once
 
 // Report: the one state that the steps of a report share. A tally reads the conditions and fills the sheets and the
-// headings; printing and the CSV file read only these and never the store.
+// headings; printing and the CSV file read only these and never the store. A tally throws store::Error where the store
+// can't be read; what it had filled by then stands on the sheet.
 
 #include "base/sheet.h"
 #include "frame/session.h"
@@ -28,7 +29,7 @@ struct Report {
     base::Sheet hyou;              ///< the report sheet
     base::Sheet hyou_day;          ///< the day counts of report 4
     std::array<QString, 5> midasi; ///< title, two sub headings, two spare lines
-    QString chulab;                ///< the selection that was extracted
+    QString chulab;                ///< the selection that was extracted; empty if it was none
 };
 
 /// Called now and then by long work. False: the person wants the work to end.

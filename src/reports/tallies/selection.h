@@ -16,7 +16,8 @@ struct EmployeeRange {
     bool empty() const { return first == 0 && last == 0; }
 };
 
-/// The range in `systancd`, turned where it was given the wrong way round. One empty end is 0.
+/// The range in `systancd`, turned where it was given the wrong way round. An empty end is 0 and so the first:
+///   "7", "3" // 3 to 7      "7", "" // 0 to 7      "", "" // empty()
 EmployeeRange chosen_employees(const Conditions& conditions);
 
 /// The first and the last employee of the table, the system's own row 0 apart; empty if there is none.
@@ -43,9 +44,11 @@ DateRange chosen_dates(const Conditions& conditions, const frame::Session& sessi
 /// The headings as every format leaves them: the title alone, and no selection.
 void set_title(Report& report, const QString& title);
 
-/// Sorts the sheet as this PC's lists of employees are sorted: by system number, or by employee number as text.
+/// Sorts the sheet as this PC's lists of employees are sorted: by the system numbers in `key_col`, or by the employee
+/// numbers in `number_col` as text.
 void sort_employees(base::Sheet& hyou, const frame::Session& session, int key_col, int number_col);
 
+/// The company's data, for reading. Throws store::Error where it can't be opened.
 store::Database open_rovdata(const frame::Session& session);
 
 /// The names of the work categories by system number, looked up once a tally.

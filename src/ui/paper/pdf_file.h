@@ -20,6 +20,7 @@ public:
     explicit PdfFile(const reports::PrintJob& job);
 
     const QString& report() const { return m_report; }
+    /// Stands on the page begun last; inactive before the first one.
     QPainter& painter() { return m_painter; }
     bool has_pages() const { return m_painter.isActive(); }
     void new_page(reports::Orientation orientation);
@@ -29,8 +30,9 @@ public:
         QString path;
         std::error_code failure;
     };
-    /// Writes the file into the folder, which is made if it isn't there. The name is made of the report's title and the
-    /// time, and a number where such a file stands already. No page can be added afterwards.
+    /// Writes the file into the folder ("/" at its end), which is made if it isn't there. The name is made of the
+    /// report's title and the time, and a number where such a file stands already: "社員一覧表_20041005_090000_2.pdf".
+    /// Needs a page; none can be added afterwards.
     Written write(const QString& folder, const QDateTime& time);
 
 private:

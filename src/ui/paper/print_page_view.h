@@ -10,7 +10,7 @@ namespace ui {
 
 class PrintPageView : public QWidget {
 public:
-    /// A page of these is shown; they and the offset stay as they are.
+    /// A page of these is shown, at first the first one. There must be one, and they must outlive the view.
     PrintPageView(const reports::Pages& pages, reports::Place offset, reports::Orientation orientation,
         QWidget* parent = nullptr);
 
@@ -18,10 +18,10 @@ public:
     int page() const { return m_page; }
     void set_page(int page);
 
-    /// Screen pixels for a pixel of paper at the screen's own resolution; 1 is the size on paper.
+    /// Screen pixels for a pixel of paper at the screen's own resolution; 1 is the size on paper. Above 0.
     double zoom() const { return m_zoom; }
     void set_zoom(double zoom);
-    /// The zoom at which the whole page fits into this room.
+    /// The zoom at which the whole page fits into this room of pixels.
     double zoom_to_fit(QSize room) const;
 
 protected:

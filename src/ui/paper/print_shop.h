@@ -14,6 +14,7 @@ class PdfFile;
 
 class DesktopPrintShop : public reports::PrintShop {
 public:
+    /// The session must outlive the shop. What fails while a job is put out is told to the person.
     explicit DesktopPrintShop(frame::Session& session) : m_session(session) {}
 
     std::unique_ptr<reports::PrintSurface> open(const reports::PrintJob& job) override;

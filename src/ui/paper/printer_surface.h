@@ -14,7 +14,8 @@ namespace ui {
 /// Paints on a painter that stands on a page already. Used as it is for the preview, whose painter is scaled.
 class PainterSurface : public reports::PrintSurface {
 public:
-    /// `margin` is what the printer can't print on; the painter's own origin is the paper's corner.
+    /// `margin` is what the printer can't print on; the painter's own origin is the paper's corner. The painter must
+    /// outlive the surface; while it is inactive, painting does nothing.
     explicit PainterSurface(QPainter& painter, reports::Place margin = {}) : m_painter(painter), m_margin(margin) {}
 
     reports::Place margin() const override { return m_margin; }
