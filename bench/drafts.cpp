@@ -51,7 +51,7 @@ entry::MonthSheet typed_month() {
 }
 
 entry::Draft draft_of(const entry::MonthSheet& sheet, qint64 employee) {
-    return {employee, draft_days(sheet, entry::MonthAsRead{}, {}), {}};
+    return {base::EmployeeKey(employee), draft_days(sheet, entry::MonthAsRead{}, {}), {}};
 }
 
 /// All that leaving a cell costs: the differences to the month as it was read, and the whole draft onto the disk.

@@ -27,9 +27,9 @@ void load(entry::MonthSheet& sheet, const base::Settings& settings) {
     書式設定(sheet, month);
     書式設定_日(sheet);
     store::Database rovdata = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
-    const entry::WorkType type = entry::時間外フォーム呼出処理(rovdata, employee);
-    勤務タイプデーター呼出処理(sheet, rovdata, Val(type.kintypecd));
-    勤務時間取得(sheet, rovdata, employee);
+    const entry::WorkType type = entry::時間外フォーム呼出処理(rovdata, base::EmployeeKey(employee));
+    勤務タイプデーター呼出処理(sheet, rovdata, base::WorkTypeKey(Val(type.kintypecd)));
+    勤務時間取得(sheet, rovdata, base::EmployeeKey(employee));
 }
 
 template <base::Settings& (*Company)()>

@@ -54,21 +54,21 @@ SavedDay SavedMonth::day(int row, const store::Row& fields) const {
     return day;
 }
 
-void SavedMonth::days(qint64 employee, const std::function<void(int, const SavedDay&)>& show) {
+void SavedMonth::days(EmployeeKey employee, const std::function<void(int, const SavedDay&)>& show) {
     m_days.bind(employee, m_month.start_key(), m_last_key);
     while (m_days.step())
         if (const auto row = m_month.row_of_key(m_days.row().integer(0)))
             show(*row, day(*row, m_days.row()));
 }
 
-void SavedMonth::hours(qint64 employee, const std::function<void(int, qint64, const QString&)>& show) {
+void SavedMonth::hours(EmployeeKey employee, const std::function<void(int, qint64, const QString&)>& show) {
     m_hours.bind(employee, m_month.start_key(), m_last_key);
     while (m_hours.step())
         if (const auto row = m_month.row_of_key(m_hours.row().integer(0)))
             show(*row, m_hours.row().number(1), time_field_without_zero(m_hours.row(), 2));
 }
 
-void SavedMonth::kinds(qint64 employee, const std::function<void(int, const SavedKind&)>& show) {
+void SavedMonth::kinds(EmployeeKey employee, const std::function<void(int, const SavedKind&)>& show) {
     m_kinds.bind(employee, m_month.start_key(), m_month.end_key());
     while (m_kinds.step()) {
         const store::Row fields = m_kinds.row();
@@ -77,7 +77,7 @@ void SavedMonth::kinds(qint64 employee, const std::function<void(int, const Save
     }
 }
 
-void SavedMonth::counts(qint64 employee, const std::function<void(const QString&, const QString&)>& show) {
+void SavedMonth::counts(EmployeeKey employee, const std::function<void(const QString&, const QString&)>& show) {
     m_counts.bind(employee, m_month.month_key());
     while (m_counts.step()) {
         const store::Row fields = m_counts.row();

@@ -5,6 +5,7 @@
 // Everything is read by key: what else the tables hold costs nothing. The statements are prepared once.
 
 #include "base/company_month.h"
+#include "base/system_number.h"
 #include "store/database.h"
 
 #include <QList>
@@ -43,12 +44,13 @@ public:
     /// What is saved of one employee, each figure with its row of the month, in order of the stored keys. The total's
     /// row comes with the days and the hours, and its clock times are empty each for itself where they are 0. Keys that
     /// are no row of the month are passed over.
-    void days(qint64 employee, const std::function<void(int row, const SavedDay&)>& show);
-    void hours(qint64 employee, const std::function<void(int row, qint64 category, const QString& time)>& show);
-    void kinds(qint64 employee, const std::function<void(int row, const SavedKind&)>& show);
+    void days(base::EmployeeKey employee, const std::function<void(int row, const SavedDay&)>& show);
+    void hours(
+        base::EmployeeKey employee, const std::function<void(int row, qint64 category, const QString& time)>& show);
+    void kinds(base::EmployeeKey employee, const std::function<void(int row, const SavedKind&)>& show);
 
     /// The day counts but those of 0, each with its tag (common/count_tag.h) and grouped digits.
-    void counts(qint64 employee, const std::function<void(const QString& tag, const QString& days)>& show);
+    void counts(base::EmployeeKey employee, const std::function<void(const QString& tag, const QString& days)>& show);
 
 private:
     SavedDay day(int row, const store::Row& fields) const;

@@ -5,6 +5,7 @@
 // when another PC saved meanwhile), each day that nobody else changed gets the typed values, and the others are told
 // side by side, so that the person decides.
 
+#include "base/system_number.h"
 #include "entry/day_figures.h"
 
 #include <QDate>
@@ -45,7 +46,7 @@ struct DraftDay {
 };
 
 struct Draft {
-    qint64 employee = 0;  ///< `システム番号`
+    base::EmployeeKey employee;
     QList<DraftDay> days; ///< in order
     /// Counts typed into the strip by hand, by their tag.
     QMap<QString, QString> counts;

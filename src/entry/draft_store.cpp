@@ -65,7 +65,7 @@ void add_counts(store::Database& database, const Draft& draft, int month_key) {
         insert.bind(draft.employee, month_key, tag, days).run();
 }
 
-void take_away(store::Database& database, qint64 employee, const CompanyMonth& month) {
+void take_away(store::Database& database, EmployeeKey employee, const CompanyMonth& month) {
     database.prepare("delete from sitagaki where 社員システム番号 = ? and 年月日 between ? and ?")
         .bind(employee, date_number(month.first()), date_number(month.last()))
         .run();
@@ -102,7 +102,7 @@ QString put_away_damaged_drafts(const base::Settings& settings) {
     return kept;
 }
 
-Draft read_draft(const base::Settings& settings, qint64 employee, const CompanyMonth& month) {
+Draft read_draft(const base::Settings& settings, EmployeeKey employee, const CompanyMonth& month) {
     Draft draft{employee, {}, {}};
     auto database = open_drafts(settings);
     if (!database)
@@ -154,14 +154,14 @@ DraftsWaiting drafts_waiting(const base::Settings& settings) {
     return waiting;
 }
 
-bool is_checked(const base::Settings& settings, qint64 employee, const CompanyMonth& month) {
+bool is_checked(const base::Settings& settings, EmployeeKey employee, const CompanyMonth& month) {
     auto database = open_drafts(settings);
     return database && database->prepare("select 1 from kakuninzumi where 社員システム番号 = ? and 年月 = ?")
                            .bind(employee, month.month_key())
                            .step();
 }
 
-void set_checked(const base::Settings& settings, qint64 employee, const CompanyMonth& month) {
+void set_checked(const base::Settings& settings, EmployeeKey employee, const CompanyMonth& month) {
     if (is_checked(settings, employee, month))
         return;
     auto database = open_or_make(settings);

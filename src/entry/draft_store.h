@@ -15,7 +15,7 @@ namespace entry {
 QString put_away_damaged_drafts(const base::Settings& settings);
 
 /// The draft of the employee's days in the month; empty if there is none. The counts are those of the month's key.
-Draft read_draft(const base::Settings& settings, qint64 employee, const base::CompanyMonth& month);
+Draft read_draft(const base::Settings& settings, base::EmployeeKey employee, const base::CompanyMonth& month);
 
 /// Makes the draft the one of its employee and month, in one transaction; an empty one takes the old one away.
 void keep_draft(const base::Settings& settings, const Draft& draft, const base::CompanyMonth& month);
@@ -28,7 +28,7 @@ struct DraftsWaiting {
 DraftsWaiting drafts_waiting(const base::Settings& settings);
 
 /// The employee's month whose findings aren't to be told again.
-bool is_checked(const base::Settings& settings, qint64 employee, const base::CompanyMonth& month);
-void set_checked(const base::Settings& settings, qint64 employee, const base::CompanyMonth& month);
+bool is_checked(const base::Settings& settings, base::EmployeeKey employee, const base::CompanyMonth& month);
+void set_checked(const base::Settings& settings, base::EmployeeKey employee, const base::CompanyMonth& month);
 
 } // namespace entry

@@ -93,8 +93,8 @@ void ent_rovena::社員リストソート処理() {
 void ent_rovena::社員選択処理() {
     editors.atai.close();
     editors.kyucom.visible = editors.kyucom.enabled = false;
-    const qint64 employee = Val(syainsyscd);
-    if (employee == 0)
+    const EmployeeKey employee(Val(syainsyscd));
+    if (employee.none())
         return;
     書式設定();
     書式設定_日();
@@ -119,7 +119,7 @@ void ent_rovena::report(const QString& text) {
         msglab_changed();
 }
 
-bool ent_rovena::saved_days_are_in(qint64 employee) {
+bool ent_rovena::saved_days_are_in(EmployeeKey employee) {
     const QScopedValueRollback<bool> in_hand(waiting, true);
     return 登録待ち(m_session, employee, [this] { report(u"登録完了を待っています"_s); }) == Opening::Free;
 }
@@ -136,14 +136,14 @@ void ent_rovena::forget_employee() {
     書式設定_日();
 }
 
-void ent_rovena::load_month(qint64 employee) {
+void ent_rovena::load_month(EmployeeKey employee) {
     auto database = open_data();
     // One view of the tables for all queries: the exchange manager may be writing meanwhile.
     const store::Transaction view(database, store::Transaction::Lock::Read);
     const WorkType type = 時間外フォーム呼出処理(database, employee);
     kintypecd = type.kintypecd;
     lab2 = type.name;
-    勤務タイプデーター呼出処理(sheet, database, Val(kintypecd));
+    勤務タイプデーター呼出処理(sheet, database, WorkTypeKey(Val(kintypecd)));
     勤務時間取得(sheet, database, employee);
 }
 

@@ -163,8 +163,8 @@ private:
     std::optional<base::CompanyMonth> month_in_boxes() const;
     void show_month();
     void open_month();
-    bool saved_days_are_in(qint64 employee);
-    void load_month(qint64 employee);
+    bool saved_days_are_in(base::EmployeeKey employee);
+    void load_month(base::EmployeeKey employee);
     void report(const QString& text);
     bool employee_chosen();
     void say_refused(bool refused);

@@ -53,8 +53,8 @@ void ent_rovena::give_up_draft() {
 
 QList<Finding> ent_rovena::look_before_saving() {
     atai_LostFocus();
-    const qint64 employee = Val(syainsyscd);
-    if (employee == 0 || saving || waiting || is_checked(m_session.settings, employee, sheet.month))
+    const EmployeeKey employee(Val(syainsyscd));
+    if (employee.none() || saving || waiting || is_checked(m_session.settings, employee, sheet.month))
         return {};
     return findings(sheet, kinds_left_out());
 }
@@ -65,7 +65,7 @@ void ent_rovena::calculate_all() {
 }
 
 void ent_rovena::ask_no_more_for_month() {
-    set_checked(m_session.settings, Val(syainsyscd), sheet.month);
+    set_checked(m_session.settings, EmployeeKey(Val(syainsyscd)), sheet.month);
 }
 
 FindingKinds ent_rovena::kinds_left_out() const {

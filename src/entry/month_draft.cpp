@@ -25,7 +25,7 @@ QString words(const QString& text, QTime time) {
 
 } // namespace
 
-void MonthDraft::begin(MonthSheet& sheet, qint64 employee) {
+void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     end();
     m_employee = employee;
     m_month = sheet.month;
@@ -59,7 +59,7 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
 }
 
 void MonthDraft::end() {
-    m_employee = 0;
+    m_employee = EmployeeKey();
     m_kept = {};
     m_posted.clear();
     m_clashes.clear();
@@ -81,7 +81,7 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
 }
 
 void MonthDraft::keep(const MonthSheet& sheet) {
-    if (m_employee == 0)
+    if (m_employee.none())
         return;
     const Draft draft = draft_of(sheet);
     if (draft != m_kept || !m_trouble.isEmpty())
@@ -104,7 +104,7 @@ void MonthDraft::count_typed(const MonthSheet& sheet, int column) {
 }
 
 void MonthDraft::posted(const MonthSheet& sheet) {
-    if (m_employee == 0)
+    if (m_employee.none())
         return;
     m_saved = m_session.host.now().time();
     m_counts.clear();

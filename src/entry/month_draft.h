@@ -17,7 +17,7 @@ public:
 
     /// A month was read into the sheet: lays the draft that is kept for it, and what it changes is the draft from now
     /// on. Days that were saved and have come into the tables leave it.
-    void begin(MonthSheet& sheet, qint64 employee);
+    void begin(MonthSheet& sheet, base::EmployeeKey employee);
 
     /// No month is on the sheet. What is kept stays kept.
     void end();
@@ -59,7 +59,7 @@ private:
     void leave_what_arrived(const MonthSheet& sheet);
 
     frame::Session& m_session;
-    qint64 m_employee = 0;
+    base::EmployeeKey m_employee;
     base::CompanyMonth m_month{2000, 1, 1};
     MonthAsRead m_read;
     PostedDays m_posted;

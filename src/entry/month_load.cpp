@@ -41,7 +41,7 @@ void show_kind(MonthSheet& sheet, int r, const common::SavedKind& kind) {
 
 } // namespace
 
-void 勤務時間取得(MonthSheet& sheet, store::Database& database, qint64 employee) {
+void 勤務時間取得(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
     common::SavedMonth saved(database, sheet.month, common::PastMidnight::AsTyped);
     saved.days(employee, [&](int r, const common::SavedDay& day) { show_day(sheet.hyou, r, day); });
     saved.hours(employee, [&](int r, qint64 category, const QString& time) { show_hours(sheet, r, category, time); });

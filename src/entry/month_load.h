@@ -11,7 +11,7 @@ namespace entry {
 /// Counts shown are the saved ones; nothing is computed. Figures of a category that has no column are passed over.
 /// Clock-outs past midnight show as the small hour ("25:30" as "1:30"); a day saved with both clock times 0 shows both
 /// blank. Reads by key only: what else the tables hold costs nothing.
-void 勤務時間取得(MonthSheet& sheet, store::Database& database, qint64 employee);
+void 勤務時間取得(MonthSheet& sheet, store::Database& database, base::EmployeeKey employee);
 
 /// Takes off the strip's unused columns behind the last one that has a name; the two fixed sums stay.
 void trim_strip(base::Sheet& hyou_day);

@@ -53,7 +53,7 @@ private:
     std::chrono::steady_clock::time_point m_next;
 };
 
-bool wait_for_days(frame::Session& session, qint64 employee) {
+bool wait_for_days(frame::Session& session, EmployeeKey employee) {
     ManagerStart manager(session);
     const auto limit = session.host.steady_now() + longest_wait;
     while (session.host.steady_now() < limit) {
@@ -67,15 +67,15 @@ bool wait_for_days(frame::Session& session, qint64 employee) {
 
 } // namespace
 
-bool days_wait(const base::Settings& settings, qint64 employee) {
-    const QString number = digits(employee);
+bool days_wait(const base::Settings& settings, EmployeeKey employee) {
+    const QString number = digits(employee.value());
     if (holds_row(store::exchange_path(settings, posting_file), number))
         return true;
     return std::ranges::any_of(
         frame::kept_files(settings), [&](const QString& path) { return holds_row(path, number); });
 }
 
-Opening 登録待ち(frame::Session& session, qint64 employee, const std::function<void()>& waiting) {
+Opening 登録待ち(frame::Session& session, EmployeeKey employee, const std::function<void()>& waiting) {
     if (!days_wait(session.settings, employee))
         return Opening::Free;
     waiting();

@@ -18,13 +18,13 @@ namespace entry {
 /// Whether posted rows of the employee may still wait. A file that another program holds at the moment may hold some; a
 /// file that isn't there or can't be read holds none that the manager would take.
 /// Costs the opening of one file and the reading of the rows that wait in it.
-bool days_wait(const base::Settings& settings, qint64 employee);
+bool days_wait(const base::Settings& settings, base::EmployeeKey employee);
 
 enum class Opening { Free, Refused };
 
 /// Waits until no row of the employee waits, with the interface running, for at most 15 seconds; then the person is
 /// asked whether to open the employee all the same. On the main PC the manager is started if it isn't running.
 /// `waiting` is called once, when the wait begins.
-Opening 登録待ち(frame::Session& session, qint64 employee, const std::function<void()>& waiting);
+Opening 登録待ち(frame::Session& session, base::EmployeeKey employee, const std::function<void()>& waiting);
 
 } // namespace entry

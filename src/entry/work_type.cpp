@@ -37,7 +37,7 @@ void note_category(QList<Category>& list, const Band& band) {
         list.append({band.category, band.name});
 }
 
-void read_schedule(MonthSheet& sheet, store::Database& database, qint64 type) {
+void read_schedule(MonthSheet& sheet, store::Database& database, WorkTypeKey type) {
     auto query = database.prepare("select 曜日, 連番, 種類名, 開始時間, 終了時間, 時間計算, 時間種類,"
                                   " 休憩勤務時間1, 休憩時間1, 休憩勤務時間2, 休憩時間2, 休憩勤務時間3, 休憩時間3"
                                   " from kintype, kinsyu"
@@ -92,7 +92,7 @@ void add_category_columns(MonthSheet& sheet) {
     }
 }
 
-qint64 number_of_type(store::Database& database, qint64 employee, QString& text) {
+qint64 number_of_type(store::Database& database, EmployeeKey employee, QString& text) {
     auto query =
         database.prepare("select 勤務タイプ from syainkinmu where システム社員番号 = ? order by rowid limit 1");
     query.bind(employee);
@@ -105,9 +105,9 @@ qint64 number_of_type(store::Database& database, qint64 employee, QString& text)
 
 } // namespace
 
-WorkType 時間外フォーム呼出処理(store::Database& database, qint64 employee) {
+WorkType 時間外フォーム呼出処理(store::Database& database, EmployeeKey employee) {
     WorkType type{QString(), u"設定なし"_s};
-    const qint64 number = employee == 0 ? 0 : number_of_type(database, employee, type.kintypecd);
+    const qint64 number = employee.none() ? 0 : number_of_type(database, employee, type.kintypecd);
     if (number == 0)
         return type;
     auto query = database.prepare("select 勤務タイプ名 from kintype where システム番号 = ? order by rowid limit 1");
@@ -117,10 +117,10 @@ WorkType 時間外フォーム呼出処理(store::Database& database, qint64 emp
     return type;
 }
 
-void 勤務タイプデーター呼出処理(MonthSheet& sheet, store::Database& database, qint64 type) {
+void 勤務タイプデーター呼出処理(MonthSheet& sheet, store::Database& database, WorkTypeKey type) {
     sheet.band_table = {};
     sheet.category_list.clear();
-    if (type == 0)
+    if (type.none())
         return;
     read_schedule(sheet, database, type);
     show_kinds(sheet.hyou_day, common::counted_kinds(database));

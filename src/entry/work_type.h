@@ -15,11 +15,11 @@ struct WorkType {
 };
 
 /// The work type of an employee.
-WorkType 時間外フォーム呼出処理(store::Database& database, qint64 employee);
+WorkType 時間外フォーム呼出処理(store::Database& database, base::EmployeeKey employee);
 
 /// Fills `band_table` and `category_list`, adds the category columns to `hyou` and the day kinds and categories to the
 /// count strip. Type 0 empties the schedule and adds nothing: such an employee has nothing to count or to measure
 /// against. Bands whose category isn't in the master, or whose weekday or band number has no slot, are passed over.
-void 勤務タイプデーター呼出処理(MonthSheet& sheet, store::Database& database, qint64 type);
+void 勤務タイプデーター呼出処理(MonthSheet& sheet, store::Database& database, base::WorkTypeKey type);
 
 } // namespace entry

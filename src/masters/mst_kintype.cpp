@@ -72,8 +72,8 @@ void mst_kintype::入力フォーム() {
     focus = Focus{Control::AtaiCom};
 }
 
-void mst_kintype::保存処理(qint64 employee, qint64 type) {
-    if (employee == 0 || type == 0)
+void mst_kintype::保存処理(EmployeeKey employee, WorkTypeKey type) {
+    if (employee.none() || type.none())
         return;
     auto rovdata = open_rovdata();
     store::Transaction transaction(rovdata);
@@ -99,7 +99,7 @@ void mst_kintype::atai_com_Click(int item) {
     if (!choice)
         return;
     const int row = atai_com.cell.row;
-    保存処理(Val(hyou(row, employee_col)), Val(choice->number));
+    保存処理(EmployeeKey(Val(hyou(row, employee_col))), WorkTypeKey(Val(choice->number)));
     hyou(row, type_name_col) = choice->name;
     hyou(row, type_col) = choice->number;
 }

@@ -3,6 +3,7 @@
 // mst_kintype, "社員勤務タイプ設定": the form that says which work type each employee follows. A choice is saved the
 // moment it is made, so there is no unsaved state; an assignment can be replaced but not taken back.
 
+#include "base/system_number.h"
 #include "masters/combo_box.h"
 #include "masters/grid_screen.h"
 
@@ -27,7 +28,7 @@ public:
     void 社員マスター全呼出();
     void 社員勤務種類マスター全呼出();
     void 入力フォーム() override;
-    void 保存処理(qint64 employee, qint64 type); ///< nothing if either is 0
+    void 保存処理(base::EmployeeKey employee, base::WorkTypeKey type); ///< nothing if either is 0
 
     // Acts of the person.
 

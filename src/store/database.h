@@ -7,6 +7,7 @@
 // Opening is cheap although every procedure opens its own connection: the key is derived once for each salt and process
 // and kept in memory. A connection is used by the thread that opened it.
 
+#include "base/system_number.h"
 #include "store/error.h"
 
 #include <QByteArray>
@@ -111,6 +112,10 @@ public:
         return *this;
     }
     void bind_at(int place, std::integral auto value) { bind_number(place, qint64(value)); }
+    template <typename Master>
+    void bind_at(int place, base::SystemNumber<Master> value) {
+        bind_number(place, value.value());
+    }
     void bind_at(int place, QStringView value);
     void bind_at(int place, const QString& value) { bind_at(place, QStringView(value)); }
     void bind_utf8(int place, QByteArrayView value);

@@ -11,7 +11,7 @@ class MonthLoad : public testing::Test {
 protected:
     MonthSheet load(MonthSheet sheet) {
         auto database = company.data();
-        勤務時間取得(sheet, database, 1);
+        勤務時間取得(sheet, database, EmployeeKey(1));
         return sheet;
     }
 

@@ -19,13 +19,14 @@ protected:
         return make_company(folder.filePath(name), sample);
     }
 
-    static entry::MonthSheet load(Database& rovdata, qint64 employee, const CompanyMonth& month) {
+    static entry::MonthSheet load(Database& rovdata, EmployeeKey employee, const CompanyMonth& month) {
         entry::MonthSheet sheet;
         entry::KindList kinds;
         load_day_kinds(sheet, kinds, rovdata);
         書式設定(sheet, month);
         書式設定_日(sheet);
-        勤務タイプデーター呼出処理(sheet, rovdata, entry::時間外フォーム呼出処理(rovdata, employee).kintypecd.toInt());
+        const QString type = entry::時間外フォーム呼出処理(rovdata, employee).kintypecd;
+        勤務タイプデーター呼出処理(sheet, rovdata, WorkTypeKey(type.toInt()));
         勤務時間取得(sheet, rovdata, employee);
         return sheet;
     }
@@ -69,7 +70,7 @@ TEST_F(SampleCompany, HasAttendanceThatCalculatesToItselfOnTheEntrySheet) {
     Database rovdata = Database::open(rovdata_path(settings), Kind::Rovdata);
     for (int employee = 1; employee <= 12; ++employee)
         for (int month = 1; month <= 3; ++month) {
-            entry::MonthSheet sheet = load(rovdata, employee, CompanyMonth(2026, month, 1));
+            entry::MonthSheet sheet = load(rovdata, EmployeeKey(employee), CompanyMonth(2026, month, 1));
             const QStringList saved = shown(sheet);
             int worked = 0;
             for (int r = 1; r <= 31; ++r) {

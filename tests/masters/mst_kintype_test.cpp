@@ -46,8 +46,8 @@ TEST_F(Assignments, AChoiceCountsOnlyWhileTheListIsShownOverACell) {
     form.hyou_Click({1, mst_kintype::type_name_col});
     form.atai_com_LostFocus();
     form.atai_com_Click(0);
-    form.保存処理(0, 7);
-    form.保存処理(1, 0);
+    form.保存処理(EmployeeKey(0), WorkTypeKey(7));
+    form.保存処理(EmployeeKey(1), WorkTypeKey(0));
     EXPECT_EQ(stored(), QStringList());
 }
 

@@ -57,8 +57,8 @@ QList<DetailEmployee> DetailReader::employees(const EmployeeRange& range) {
                                    " where システム番号 between ? and ? order by システム番号, rowid");
     query.bind(range.first, range.last);
     while (query.step()) {
-        const qint64 key = query.row().number(0);
-        if (key != 0 && (found.isEmpty() || found.last().key != key))
+        const EmployeeKey key(query.row().number(0));
+        if (!key.none() && (found.isEmpty() || found.last().key != key))
             found << DetailEmployee{key, Trim(query.row().text(1)), Trim(query.row().text(2))};
     }
     return found;
@@ -74,7 +74,7 @@ Found DetailReader::read(Report& report, const DetailEmployee& employee) {
     return std::max({attendance, worked, absent});
 }
 
-Found DetailReader::read_days(Sheet& hyou, qint64 employee) {
+Found DetailReader::read_days(Sheet& hyou, EmployeeKey employee) {
     Found found = Found::Nothing;
     m_saved.days(employee, [&](int row, const common::SavedDay& day) {
         show_day(hyou, row, day);
@@ -92,7 +92,7 @@ void DetailReader::show_kinds(Sheet& hyou_day) const {
 }
 
 /// By category, within a category as they are stored. Hours of a category that is gone aren't shown.
-QList<DetailReader::Hours> DetailReader::stored_hours(qint64 employee) {
+QList<DetailReader::Hours> DetailReader::stored_hours(EmployeeKey employee) {
     QList<Hours> found;
     m_saved.hours(employee, [&](int row, qint64 category, const QString& time) {
         if (m_categories.contains(category))
@@ -128,7 +128,7 @@ Found DetailReader::read_hours(Report& report, const DetailEmployee& employee) {
     return Found::Data;
 }
 
-Found DetailReader::read_leave(Sheet& hyou, qint64 employee) {
+Found DetailReader::read_leave(Sheet& hyou, EmployeeKey employee) {
     Found found = Found::Nothing;
     m_saved.kinds(employee, [&](int row, const common::SavedKind& kind) {
         hyou(row, leave_col) = kind.name;
@@ -137,7 +137,7 @@ Found DetailReader::read_leave(Sheet& hyou, qint64 employee) {
     return found;
 }
 
-void DetailReader::read_counts(Sheet& hyou_day, qint64 employee) {
+void DetailReader::read_counts(Sheet& hyou_day, EmployeeKey employee) {
     const QHash<QString, int> columns = strip_columns(hyou_day);
     m_saved.counts(employee, [&](const QString& tag, const QString& days) {
         if (const auto col = columns.constFind(tag); col != columns.cend())

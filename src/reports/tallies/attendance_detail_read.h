@@ -12,7 +12,7 @@
 namespace reports {
 
 struct DetailEmployee {
-    qint64 key = 0;
+    base::EmployeeKey key;
     QString number;
     QString name;
 };
@@ -39,13 +39,13 @@ private:
         QString text;
     };
 
-    Found read_days(base::Sheet& hyou, qint64 employee);
+    Found read_days(base::Sheet& hyou, base::EmployeeKey employee);
     void show_kinds(base::Sheet& hyou_day) const;
     Found read_hours(Report& report, const DetailEmployee& employee);
-    QList<Hours> stored_hours(qint64 employee);
+    QList<Hours> stored_hours(base::EmployeeKey employee);
     int add_category(Report& report, qint64 category) const;
-    Found read_leave(base::Sheet& hyou, qint64 employee);
-    void read_counts(base::Sheet& hyou_day, qint64 employee);
+    Found read_leave(base::Sheet& hyou, base::EmployeeKey employee);
+    void read_counts(base::Sheet& hyou_day, base::EmployeeKey employee);
 
     store::Database m_rovdata;
     common::SavedMonth m_saved;
