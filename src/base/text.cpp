@@ -20,7 +20,7 @@ QString 文字除去(QString text, QChar character) {
     return text.remove(character);
 }
 
-QString only_of(QStringView text, QStringView allowed) {
+QString only_of(QStringView text, QLatin1StringView allowed) {
     QString kept;
     for (const QChar character : text)
         if (allowed.contains(character))

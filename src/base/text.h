@@ -16,7 +16,7 @@ QString Trim(const QString& text); ///< shares the text where nothing is to be t
 QString 文字除去(QString text, QChar character);
 
 /// The characters of the text that are among the allowed ones.
-QString only_of(QStringView text, QStringView allowed); ///< only_of(u"11日", u"0123456789") // "11"
+QString only_of(QStringView text, QLatin1StringView allowed); ///< only_of(u"11日", "0123456789"_L1) // "11"
 
 /// The text in a field of exactly `width` characters, padded with blanks or cut.
 QString left_justified(QStringView text, int width);  ///< left_justified(u"公休", 4)  // "公休  "

@@ -77,12 +77,12 @@ void SavedMonth::kinds(EmployeeKey employee, const std::function<void(int, const
     }
 }
 
-void SavedMonth::counts(EmployeeKey employee, const std::function<void(const QString&, const QString&)>& show) {
+void SavedMonth::counts(EmployeeKey employee, const std::function<void(const SavedCount&)>& show) {
     m_counts.bind(employee, m_month.month_key());
     while (m_counts.step()) {
         const store::Row fields = m_counts.row();
         if (fields.number(2) != 0)
-            show(CountTag{fields.number(0), fields.number(1)}.text(), grouped(fields.number(2)));
+            show({CountTag{fields.number(0), fields.number(1)}.text(), grouped(fields.number(2))});
     }
 }
 

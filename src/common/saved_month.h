@@ -36,6 +36,12 @@ struct SavedKind {
     QString holiday_work; ///< `休出`
 };
 
+/// A day count other than 0.
+struct SavedCount {
+    QString tag;  ///< common/count_tag.h
+    QString days; ///< in grouped digits
+};
+
 class SavedMonth {
 public:
     /// The database must outlive the reader.
@@ -49,8 +55,8 @@ public:
         base::EmployeeKey employee, const std::function<void(int row, qint64 category, const QString& time)>& show);
     void kinds(base::EmployeeKey employee, const std::function<void(int row, const SavedKind&)>& show);
 
-    /// The day counts but those of 0, each with its tag (common/count_tag.h) and grouped digits.
-    void counts(base::EmployeeKey employee, const std::function<void(const QString& tag, const QString& days)>& show);
+    /// The day counts of the month.
+    void counts(base::EmployeeKey employee, const std::function<void(const SavedCount&)>& show);
 
 private:
     SavedDay day(int row, const store::Row& fields) const;

@@ -23,11 +23,11 @@ void show_hours(MonthSheet& sheet, int r, qint64 category, const QString& time) 
         sheet.hyou(r, *column) = time;
 }
 
-void show_count(base::Sheet& hyou_day, const QString& tag, const QString& days) {
+void show_count(base::Sheet& hyou_day, const common::SavedCount& count) {
     for (int column = 0; column < hyou_day.Cols(); ++column) {
-        if (Trim(hyou_day(strip::tag, column)) != tag)
+        if (Trim(hyou_day(strip::tag, column)) != count.tag)
             continue;
-        hyou_day(strip::count, column) = days;
+        hyou_day(strip::count, column) = count.days;
         return;
     }
 }
@@ -45,7 +45,7 @@ void 勤務時間取得(MonthSheet& sheet, store::Database& database, EmployeeKe
     common::SavedMonth saved(database, sheet.month, common::PastMidnight::AsTyped);
     saved.days(employee, [&](int r, const common::SavedDay& day) { show_day(sheet.hyou, r, day); });
     saved.hours(employee, [&](int r, qint64 category, const QString& time) { show_hours(sheet, r, category, time); });
-    saved.counts(employee, [&](const QString& tag, const QString& days) { show_count(sheet.hyou_day, tag, days); });
+    saved.counts(employee, [&](const common::SavedCount& count) { show_count(sheet.hyou_day, count); });
     saved.kinds(employee, [&](int r, const common::SavedKind& kind) { show_kind(sheet, r, kind); });
     sheet.entry_cell = {row::first_day, col::clock_in};
 }

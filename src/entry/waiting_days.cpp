@@ -26,10 +26,10 @@ constexpr auto patience = 20ms;
 constexpr std::string_view row_of_employee =
     R"(select 1 from jyusin where (case "2" when '51' then "7" else "4" end) = ? limit 1)";
 
-bool holds_row(const QString& path, const QString& employee) {
+bool holds_row(const QString& path, EmployeeKey employee) {
     try {
         auto exchange = store::Database::open(path, store::Kind::Exchange, patience);
-        return exchange.prepare(row_of_employee).bind(employee).step();
+        return exchange.prepare(row_of_employee).bind(digits(employee.value())).step();
     } catch (const store::Error& error) {
         return error.code() == store::Code::Busy;
     }
@@ -68,11 +68,10 @@ bool wait_for_days(frame::Session& session, EmployeeKey employee) {
 } // namespace
 
 bool days_wait(const base::Settings& settings, EmployeeKey employee) {
-    const QString number = digits(employee.value());
-    if (holds_row(store::exchange_path(settings, posting_file), number))
+    if (holds_row(store::exchange_path(settings, posting_file), employee))
         return true;
     return std::ranges::any_of(
-        frame::kept_files(settings), [&](const QString& path) { return holds_row(path, number); });
+        frame::kept_files(settings), [&](const QString& path) { return holds_row(path, employee); });
 }
 
 Opening 登録待ち(frame::Session& session, EmployeeKey employee, const std::function<void()>& waiting) {

@@ -184,16 +184,15 @@ bool apply_in_turn(ManagerRun& run, const QString& folder, std::chrono::millisec
 
 } // namespace
 
-int run_manager(const base::Settings& settings, const Watch& watch, std::chrono::milliseconds lock_patience,
-    std::chrono::milliseconds patience) {
+int run_manager(const base::Settings& settings, const Watch& watch, const Patience& patience) {
     const QString folder = store::exchange_folder(settings);
     if (!can_write(folder)) {
         watch.trouble(u"受信フォルダ %1 に書き込めません"_s.arg(folder));
         return 1;
     }
-    ManagerRun run(settings, watch, patience);
+    ManagerRun run(settings, watch, patience.file);
     try {
-        return apply_in_turn(run, folder, lock_patience) ? 0 : 1;
+        return apply_in_turn(run, folder, patience.manager) ? 0 : 1;
     } catch (const platform::LockError& error) {
         watch.trouble(QString::fromUtf8(error.what()));
         return 1;

@@ -56,11 +56,14 @@ private:
     bool m_good = true;
 };
 
-/// The life of the program: holds the lock that stands for its window "jyusinkanri" and applies. Waits at most
-/// `lock_patience` for another manager, which then sees to the rows itself, and `patience` for a file that another
-/// writes. Gives the exit status, 0 or 1.
-int run_manager(const base::Settings& settings, const Watch& watch,
-    std::chrono::milliseconds lock_patience = std::chrono::seconds(10),
-    std::chrono::milliseconds patience = store::default_patience);
+/// How long the program waits at most.
+struct Patience {
+    std::chrono::milliseconds manager = std::chrono::seconds(10); ///< for another manager, which then sees to the rows
+    std::chrono::milliseconds file = store::default_patience;     ///< for a file that another writes
+};
+
+/// The life of the program: holds the lock that stands for its window "jyusinkanri" and applies. Gives the exit
+/// status, 0 or 1.
+int run_manager(const base::Settings& settings, const Watch& watch, const Patience& patience = {});
 
 } // namespace exchange

@@ -23,19 +23,19 @@ Database open_rovdata(const base::Settings& settings) {
     return Database::open(store::rovdata_path(settings), Kind::Rovdata);
 }
 
-void carry_counters(Database& comsys, Database& rovdata) {
-    store::Statement add = comsys.prepare("insert into bangou (番号名称, 番号) values (?, ?)");
+void carry_counters(Database& from, Database& to) {
+    store::Statement add = to.prepare("insert into bangou (番号名称, 番号) values (?, ?)");
     for (const QStringView counter : store::counter_names)
-        add.bind(counter, store::highest_in_use(rovdata, counter)).run();
+        add.bind(counter, store::highest_in_use(from, counter)).run();
 }
 
-void carry_staff(Database& comsys, Database& rovdata) {
-    store::Statement add = comsys.prepare(
+void carry_staff(Database& from, Database& to) {
+    store::Statement add = to.prepare(
         "insert into syain (システム番号, 社員番号, 社員名, フリガナ, 第１グループ, 第２グループ, 第３グループ)"
         " values (?, ?, ?, ?, ?, ?, ?)");
     store::Statement staff =
-        rovdata.prepare("select システム番号, 社員番号, 社員名, フリガナ, 第１グループ,"
-                        " 第２グループ, 第３グループ from syain where システム番号<>0 order by rowid");
+        from.prepare("select システム番号, 社員番号, 社員名, フリガナ, 第１グループ,"
+                     " 第２グループ, 第３グループ from syain where システム番号<>0 order by rowid");
     while (staff.step()) {
         const store::Row row = staff.row();
         add.bind(row.number(0), row.number(1), row.text(2), row.text(3), row.text(4), row.text(5), row.text(6)).run();
@@ -54,8 +54,8 @@ bool holds_masters(const base::Settings& settings) {
 
 void carry_on(Database& comsys, const base::Settings& settings) {
     Database rovdata = open_rovdata(settings);
-    carry_counters(comsys, rovdata);
-    carry_staff(comsys, rovdata);
+    carry_counters(rovdata, comsys);
+    carry_staff(rovdata, comsys);
 }
 
 void register_if_filled(const base::Settings& settings) {

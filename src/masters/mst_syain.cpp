@@ -5,7 +5,6 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "masters/employee_copies.h"
 #include "masters/lists.h"
 #include "store/numbering.h"
 
@@ -66,14 +65,14 @@ void mst_syain::社員表示処理(qint64 number) {
     for (int i = 0; i < row.columns(); ++i) {
         hyou_syain(i, 0) = row.name(i);
         hyou_syain(i, 1) = row.text(i);
-        show_field(row.name(i), row.text(i));
+        show_field({row.name(i), row.text(i)});
     }
 }
 
-void mst_syain::show_field(const QString& name, const QString& value) {
-    const auto element = std::ranges::find(field_names, name) - std::begin(field_names);
+void mst_syain::show_field(const FieldText& field) {
+    const auto element = std::ranges::find(field_names, field.name) - std::begin(field_names);
     if (element < std::ssize(field_names))
-        atai[element].text = value;
+        atai[element].text = field.text;
 }
 
 void mst_syain::画面クリア() {

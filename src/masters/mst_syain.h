@@ -5,6 +5,7 @@
 // employee shown.
 
 #include "common/employee_order.h"
+#include "masters/employee_copies.h"
 #include "masters/field_screen.h"
 
 namespace masters {
@@ -48,7 +49,7 @@ public:
 private:
     void press(int element) override;
     bool prepare_new_row();
-    void show_field(const QString& name, const QString& value);
+    void show_field(const FieldText& field);
 };
 
 } // namespace masters

@@ -103,7 +103,7 @@ bool fir_start::time_KeyDown(TimePlace place, int key_code) {
 }
 
 void fir_start::atai_Change(const QString& typed) {
-    atai[first_day] = only_of(typed, u"0123456789");
+    atai[first_day] = only_of(typed, "0123456789"_L1);
 }
 
 void fir_start::botan_Click() {

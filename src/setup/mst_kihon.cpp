@@ -111,7 +111,7 @@ void mst_kihon::prconb_Click(int item) {
 }
 
 void mst_kihon::atai_Change(int element, const QString& typed) {
-    atai[element].text = field_text(only_of(typed, u"0123456789-"));
+    atai[element].text = field_text(only_of(typed, "0123456789-"_L1));
     m_stored_day = first_day_in_kihon();
 }
 

@@ -32,24 +32,16 @@ Database open_file_of(const QString& table, const base::Settings& settings) {
     return Database::open(comsys_path(settings), Kind::Comsys);
 }
 
-QString read(Database& database, const QString& table, const QString& key) {
-    Statement statement = database.prepare(sql_for(Task::Read, table));
-    return statement.bind(key).step() ? statement.row().text(0) : QString();
-}
-
-void write(Database& database, const QString& table, const QString& key, const QString& value) {
-    database.prepare(sql_for(Task::Change, table)).bind(value, key).run();
-    if (database.changes() == 0)
-        database.prepare(sql_for(Task::Add, table)).bind(value, key).run();
-}
-
 } // namespace
 
 OpenSettings::OpenSettings(const QString& table, const base::Settings& settings)
     : m_table(table), m_database(open_file_of(table, settings)) {}
 
 QString OpenSettings::設定読込(const QString& key) {
-    return key.isEmpty() ? QString() : read(m_database, m_table, key);
+    if (key.isEmpty())
+        return {};
+    Statement read = m_database.prepare(sql_for(Task::Read, m_table));
+    return read.bind(key).step() ? read.row().text(0) : QString();
 }
 
 void OpenSettings::設定書込(const QString& key, const QString& value) {
@@ -57,7 +49,9 @@ void OpenSettings::設定書込(const QString& key, const QString& value) {
         return;
     if (!m_writes)
         m_writes.emplace(m_database);
-    write(m_database, m_table, key, value);
+    m_database.prepare(sql_for(Task::Change, m_table)).bind(value, key).run();
+    if (m_database.changes() == 0)
+        m_database.prepare(sql_for(Task::Add, m_table)).bind(value, key).run();
 }
 
 void OpenSettings::commit() {

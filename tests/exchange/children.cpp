@@ -46,7 +46,7 @@ void append(const base::Settings& settings, int date, int kind) {
 
 int act_of(const QString& name, const base::Settings& settings) {
     if (name == u"manager"_s)
-        return run_manager(settings, Watch(), patience, patience);
+        return run_manager(settings, Watch(), {.manager = patience, .file = patience});
     return act([&] {
         if (name == u"start"_s)
             frame::交換ファイル作成(

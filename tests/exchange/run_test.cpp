@@ -82,7 +82,7 @@ TEST_F(Run, RowsPostedBehindTheLastPassAreTakenBeforeTheManagerEnds) {
     tree.post({leave(20041001)}, 20);
     const store::Transaction writing(other);
     on_trouble = [&] { tree.post({leave(20041002)}, 1); };
-    EXPECT_EQ(run_manager(tree.settings, watch, 0ms, 50ms), 0);
+    EXPECT_EQ(run_manager(tree.settings, watch, {.manager = 0ms, .file = 50ms}), 0);
     EXPECT_EQ(tree.tables(), stored(20041002));
 }
 
@@ -156,7 +156,7 @@ TEST_F(Run, ItIsSeenAsRunningWhileItAppliesAndASecondOneLeavesTheRowsToTheFirst)
     platform::ProgramLock first(folder, u"jyusinkanri"_s);
     ASSERT_TRUE(first.take(0ms));
     tree.post({leave(20041002)});
-    EXPECT_EQ(run_manager(tree.settings, watch, 0ms), 0);
+    EXPECT_EQ(run_manager(tree.settings, watch, {.manager = 0ms}), 0);
     EXPECT_EQ(tree.tables(), stored(20041001));
     EXPECT_TRUE(told.isEmpty());
 }

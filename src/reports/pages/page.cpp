@@ -36,7 +36,7 @@ QString in_format(const QString& cell, const QString& format) {
 }
 
 bool is_figure(const QString& text) {
-    return only_of(text, u"0123456789:.,-") == text;
+    return only_of(text, "0123456789:.,-"_L1) == text;
 }
 
 void add_whole(Page& page, const 印刷項目& column, const QString& figure, Place start) {

@@ -139,9 +139,9 @@ Found DetailReader::read_leave(Sheet& hyou, EmployeeKey employee) {
 
 void DetailReader::read_counts(Sheet& hyou_day, EmployeeKey employee) {
     const QHash<QString, int> columns = strip_columns(hyou_day);
-    m_saved.counts(employee, [&](const QString& tag, const QString& days) {
-        if (const auto col = columns.constFind(tag); col != columns.cend())
-            hyou_day(detail::strip_count, *col) = days;
+    m_saved.counts(employee, [&](const common::SavedCount& count) {
+        if (const auto col = columns.constFind(count.tag); col != columns.cend())
+            hyou_day(detail::strip_count, *col) = count.days;
     });
 }
 
