@@ -5,6 +5,8 @@
 #include "entry/day_figures.h"
 #include "entry/tally.h"
 
+#include <utility>
+
 namespace entry {
 
 namespace {
@@ -73,6 +75,12 @@ void 出勤集計処理(MonthSheet& sheet, int r) {
     write(sheet, r, day_figures(sheet, r, by_hand ? BreakFrom::Cell : BreakFrom::Rules));
     settle_kind(sheet, r);
     tally_month(sheet);
+}
+
+void calculate_day(MonthSheet& sheet, int r, int edited_column) {
+    const Cell in_hand = std::exchange(sheet.entry_cell, {r, edited_column});
+    出勤集計処理(sheet, r);
+    sheet.entry_cell = in_hand;
 }
 
 } // namespace entry

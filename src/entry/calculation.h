@@ -25,4 +25,7 @@ namespace entry {
 /// - Work time is the whole stay less the break; the bands don't matter to it.
 void 出勤集計処理(MonthSheet& sheet, int r);
 
+/// The same as if the cell in this column of the row had been edited and left; the cell in hand stays.
+void calculate_day(MonthSheet& sheet, int r, int edited_column);
+
 } // namespace entry

@@ -41,11 +41,6 @@ bool only_stamped(const MonthSheet& sheet, const TypedDay& before, TypedDay now)
     return now == before;
 }
 
-void calculate_from(MonthSheet& sheet, int r, int column) {
-    sheet.entry_cell = {r, column};
-    出勤集計処理(sheet, r);
-}
-
 void write_kind(MonthSheet& sheet, int r, const TypedDay& typed) {
     sheet.hyou_system(r, record::kind_number) = typed.kind_number;
     sheet.hyou_system(r, record::kind_name) = typed.kind_name;
@@ -114,7 +109,6 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
 }
 
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
-    const Cell in_hand = sheet.entry_cell;
     const bool calculated = same_times(typed_day(sheet, r), day.typed);
     const bool by_hand = day.break_from == BreakFrom::Cell;
     sheet.hyou(r, col::clock_in) = day.typed.clock_in;
@@ -123,12 +117,11 @@ void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
     if (by_hand)
         sheet.hyou(r, col::break_time) = day.typed.break_time;
     if (!calculated)
-        calculate_from(sheet, r, by_hand ? col::break_time : col::clock_out);
+        calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
     if (!day.pending || day.typed.kind_number != day.before.kind_number)
         write_kind(sheet, r, day.typed);
     sheet.mark(r) = u"1"_s;
     tally_month(sheet);
-    sheet.entry_cell = in_hand;
 }
 
 } // namespace entry

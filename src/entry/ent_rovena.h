@@ -17,8 +17,10 @@
 
 #include "common/employee_order.h"
 #include "entry/editing.h"
+#include "entry/fill.h"
 #include "entry/findings.h"
 #include "entry/month_draft.h"
+#include "entry/paste.h"
 #include "entry/sheet.h"
 #include "entry/undo.h"
 #include "frame/session.h"
@@ -102,6 +104,20 @@ public:
     FindingKinds kinds_left_out() const;
     void leave_out(FindingKind kind, bool left_out);
 
+    // Fill and paste. What is typed in the box counts, the cell in hand stays, and the notice says how many days
+    // changed.
+
+    /// Whether the band that ends a normal day is still to be marked, for this work type: before a fill from standard
+    /// times one of band_choices(sheet) is chosen. Without a work type there are none, and nothing is filled.
+    bool needs_normal_band() const { return normal_band() == 0; }
+    void mark_normal_band(int number); ///< kept for this PC under the work type
+    /// See entry::fill. Gives back how many days were filled, 0 while the mark is needed for the source.
+    int fill(FillSource source, std::optional<RowRange> rows = {});
+    /// Writes nothing of the text. The box has left its cell; who gives the preview up clicks the cell anew.
+    PastePreview preview_paste(const QString& text);
+    /// Lays the preview that was made last; nothing may have been typed since. Gives back how many days changed.
+    int paste(const PastePreview& preview);
+
     // Undo and redo of every change of the sheet since the month was read. What is typed in the box counts. The cursor
     // goes where it stood; the draft follows.
 
@@ -178,6 +194,7 @@ private:
     void open_drafts();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
     bool can_act() const;
+    int normal_band() const;
     void stand_as_before(BesideSheet (UndoHistory::*go)(MonthSheet&));
 
     frame::Session& m_session;

@@ -1,11 +1,66 @@
 // What changes many cells of ent_rovena in one act, or takes acts back.
 
+#include "base/literals.h"
+#include "base/numbers.h"
 #include "entry/ent_rovena.h"
+
+#include <algorithm>
 
 namespace entry {
 
+using namespace base;
+
+namespace {
+
+const QString settings_table = u"losystem"_s;
+
+/// The number of the band that ends a normal day, under this key and the number of the work type.
+const QString normal_band_key = u"標準時間帯"_s;
+
+} // namespace
+
 bool ent_rovena::can_act() const {
     return !saving && !waiting && !syainsyscd.isEmpty();
+}
+
+/// 0 if none is marked, or if the one marked is no band of the work type any longer.
+int ent_rovena::normal_band() const {
+    const int marked = int_val(m_session.tables.設定読込(settings_table, normal_band_key + kintypecd));
+    const QList<BandChoice> choices = band_choices(sheet);
+    return std::ranges::find(choices, marked, &BandChoice::number) == choices.end() ? 0 : marked;
+}
+
+void ent_rovena::mark_normal_band(int number) {
+    m_session.tables.設定書込(settings_table, normal_band_key + kintypecd, digits(number));
+}
+
+int ent_rovena::fill(FillSource source, std::optional<RowRange> rows) {
+    if (!can_act())
+        return 0;
+    atai_LostFocus();
+    const int filled = entry::fill(sheet, source, normal_band(), rows);
+    place_again(sheet, editors);
+    say(filled == 0 ? u"入れる日がありません"_s : u"%1日に時刻を入れました"_s.arg(filled));
+    keep_draft();
+    return filled;
+}
+
+PastePreview ent_rovena::preview_paste(const QString& text) {
+    if (!can_act())
+        return {{}, u"社員を選択してから入力してください"_s};
+    atai_LostFocus();
+    return entry::preview_paste(sheet, text);
+}
+
+int ent_rovena::paste(const PastePreview& preview) {
+    if (!can_act())
+        return 0;
+    atai_LostFocus();
+    const int changed = entry::paste(sheet, preview);
+    place_again(sheet, editors);
+    say(u"%1日に貼り付けました"_s.arg(changed));
+    keep_draft();
+    return changed;
 }
 
 void ent_rovena::stand_as_before(BesideSheet (UndoHistory::*go)(MonthSheet&)) {

@@ -164,6 +164,10 @@ TEST_F(Undo, TwoThousandRandomActsAreUndoneAndDoneAgainAsTheyWere) {
         [&] { form->kyucom_Click(random.bounded(5)); },
         [&] { form->hyou_day_Click(random.bounded(8)), form->hyou_day_KeyPress(u'0' + random.bounded(10)); },
         [&] { form->calculate_all(); },
+        [&] {
+            form->fill(FillSource(random.bounded(3)), RowRange{random.bounded(34), random.bounded(34)});
+        },
+        [&] { form->paste(form->preview_paste(u"830\t1730\t\t直行\n9:00\t25:30\t45\n"_s)); },
         [&] { random.bounded(2) == 0 ? form->undo() : form->redo(); },
     };
     for (int round = 0; round < 2000 / UndoHistory::longest; ++round) {
