@@ -43,6 +43,18 @@ TEST_F(Road, ATopButtonLeavesWithoutSavingAndWhatWasTypedIsThereOnComingBack) {
     walk_sample(u"top-button"_s);
 }
 
+TEST_F(Road, WhatStandsInTheCellInHandIsThereAfterAButtonAndAfterAnEnd) {
+    walk_sample(u"left-in-the-middle"_s);
+}
+
+TEST_F(Road, TheOrderOfTheListAndTheBreakHandlingAreKeptForTheNextTime) {
+    walk_sample(u"as-left"_s);
+}
+
+TEST_F(Road, AnEmployeeIsSearchedByClickAndByKeyOrTheSearchIsLeft) {
+    walk_sample(u"search"_s);
+}
+
 TEST_F(Road, ASaveThatFailsKeepsTheSheetAndCanBeTriedAgain) {
     walk_sample(u"failed-save"_s);
 }

@@ -86,7 +86,8 @@ inline void type(const QString& words) {
         {QStringLiteral("Backspace"), Qt::Key_Backspace}, {QStringLiteral("Delete"), Qt::Key_Delete},
         {QStringLiteral("Up"), Qt::Key_Up}, {QStringLiteral("Down"), Qt::Key_Down},
         {QStringLiteral("Left"), Qt::Key_Left}, {QStringLiteral("Right"), Qt::Key_Right},
-        {QStringLiteral("Tab"), Qt::Key_Tab}, {QStringLiteral("F1"), Qt::Key_F1}};
+        {QStringLiteral("Tab"), Qt::Key_Tab}, {QStringLiteral("Space"), Qt::Key_Space},
+        {QStringLiteral("Escape"), Qt::Key_Escape}, {QStringLiteral("F1"), Qt::Key_F1}};
     for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
         if (const auto key = keys.find(word); key != keys.end())
             press(*key);

@@ -3,7 +3,9 @@
 // A clerk at a PC of the company: the desktop program with its real window, worked by key and mouse for a while. The
 // process says on its standard output what it is about to save and how that ended, and may be killed at any moment.
 
-#include <QString>
+#include "base/literals.h"
+#include "base/numbers.h"
+
 #include <QStringList>
 
 namespace whole {
@@ -16,16 +18,20 @@ struct PlaceOfWork {
     int seconds = 0;
     int seed = 0;
 
-    QStringList arguments() const;
-    static PlaceOfWork of(const QStringList& arguments);
+    QStringList arguments() const {
+        using namespace base;
+        return {u"--clerk"_s, program_folder, digits(turn_port), digits(own_row), digits(shared_row), digits(seconds),
+            digits(seed)};
+    }
+    static PlaceOfWork of(const QStringList& words) {
+        return {words.value(2), words.value(3).toInt(), words.value(4).toInt(), words.value(5).toInt(),
+            words.value(6).toInt(), words.value(7).toInt()};
+    }
 };
 
 /// What a clerk says: a line a day before the save, and a line for how the save ended.
 inline constexpr char say_try[] = "try"; ///< "try EMPLOYEE DATE CLOCK-IN"
 inline constexpr char say_ok[] = "ok";
 inline constexpr char say_refused[] = "refused"; ///< a message was shown: nothing was posted
-
-/// Returns the exit status.
-int work(const PlaceOfWork& place);
 
 } // namespace whole

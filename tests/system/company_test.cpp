@@ -11,6 +11,7 @@
 #include "platform/program_lock.h"
 #include "store/database.h"
 #include "store/files.h"
+#include "support/stored.h"
 
 #include <QDir>
 #include <QProcess>
@@ -33,83 +34,65 @@ constexpr int shared_row = 4; ///< row of the employee that every clerk works on
 
 using Day = std::pair<qint64, qint64>; ///< employee and date
 
-/// What was said about a day: what may stand in the tables, the last confirmed clock-in first.
+/// What may stand in the tables of a day: the clock-in confirmed last, and those of saves after it that were cut off,
+/// which may have been posted or not.
 struct Said {
     std::set<qint64> possible;
     bool confirmed = false;
 };
 
-/// The days of one clerk, told from what his process says. A save that was cut off may have been posted or not.
-class Account {
-public:
-    void hear(const QByteArray& line) {
-        const QByteArrayList words = line.trimmed().split(' ');
-        if (words[0] == whole::say_try && words.size() == 4)
-            m_open[{words[1].toLongLong(), words[2].toLongLong()}] = words[3].toLongLong();
-        else if (words[0] == whole::say_ok)
-            confirm();
-        else if (words[0] == whole::say_refused)
-            m_open.clear();
-    }
-    void cut_off() {
-        for (const auto& [day, clock_in] : m_open)
-            m_days[day].possible.insert(clock_in);
-        m_open.clear();
-    }
-    const std::map<Day, Said>& days() const { return m_days; }
-    int confirmed_saves() const { return m_confirmed; }
-
-private:
-    void confirm() {
-        for (const auto& [day, clock_in] : m_open)
-            m_days[day] = {{clock_in}, true};
-        m_confirmed += m_open.empty() ? 0 : 1;
-        m_open.clear();
-    }
-
-    std::map<Day, qint64> m_open;
-    std::map<Day, Said> m_days;
-    int m_confirmed = 0;
-};
-
-/// A process that is started anew whenever it was killed.
+/// A clerk's process, which is started anew whenever it was killed, and what it said about its days.
 class Pc {
 public:
     explicit Pc(whole::PlaceOfWork place) : m_place(std::move(place)) { start(); }
     ~Pc() { m_process.kill(), m_process.waitForFinished(); }
 
-    void listen() {
+    void listen(int milliseconds) {
+        m_process.waitForReadyRead(milliseconds);
         while (m_process.canReadLine())
-            m_account.hear(m_process.readLine());
+            hear(m_process.readLine().trimmed().split(' '));
     }
     void kill_and_start(int seconds_left) {
         m_process.kill();
-        m_process.waitForFinished();
-        listen();
-        m_account.cut_off();
+        end();
         m_place.seconds = seconds_left;
         ++m_place.seed;
         start();
     }
+    /// Whether it ended of its own accord and well.
     bool end() {
         m_process.waitForFinished(60'000); // false as well of one that has gone already
-        const bool ended = m_process.state() == QProcess::NotRunning;
-        listen();
-        m_account.cut_off();
-        return ended && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+        listen(0);
+        for (const auto& [day, clock_in] : m_open)
+            days[day].possible.insert(clock_in);
+        m_open.clear();
+        return m_process.state() == QProcess::NotRunning && m_process.exitStatus() == QProcess::NormalExit &&
+               m_process.exitCode() == 0;
     }
-    void wait_for_words(int milliseconds) { m_process.waitForReadyRead(milliseconds); }
-    const Account& account() const { return m_account; }
+
+    std::map<Day, Said> days;
+    int confirmed_saves = 0;
 
 private:
     void start() {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(QCoreApplication::applicationFilePath(), m_place.arguments());
     }
+    void hear(const QByteArrayList& words) {
+        if (words[0] == whole::say_try && words.size() == 4)
+            m_open[{words[1].toLongLong(), words[2].toLongLong()}] = words[3].toLongLong();
+        if (words[0] == whole::say_ok) {
+            for (const auto& [day, clock_in] : m_open)
+                days[day] = {{clock_in}, true};
+            confirmed_saves += m_open.empty() ? 0 : 1;
+        }
+        if (words[0] == whole::say_ok || words[0] == whole::say_refused)
+            m_open.clear();
+    }
 
     whole::PlaceOfWork m_place;
     QProcess m_process;
-    Account m_account;
+    std::map<Day, qint64> m_open; ///< what the save in hand is about
 };
 
 /// A main PC with its turn service, and the trees of other PCs beside it.
@@ -167,8 +150,7 @@ protected:
     }
 
     void install(const QString& pc, const QStringList& options) {
-        const QStringList always{drive(pc), u"--assets"_s, bin + u"/../artwork"_s};
-        ASSERT_EQ(QProcess::execute(bin + u"/rovena-install"_s, always + options), 0);
+        e2e::install(QStringList{drive(pc), u"--assets"_s, bin + u"/../artwork"_s} + options);
     }
 
     /// Days that stand empty are posted as days off with the first save. Two clerks who have the same empty month
@@ -207,7 +189,7 @@ protected:
         while (!until.hasExpired()) {
             for (QDeadlineTimer pause(500 + some(1500)); !pause.hasExpired();)
                 for (const auto& pc : pcs)
-                    pc->wait_for_words(20), pc->listen();
+                    pc->listen(20);
             const int victim = some(5);
             if (victim < 3)
                 pcs[size_t(victim)]->kill_and_start(int(until.remainingTime() / 1000) + 1);
@@ -234,10 +216,7 @@ protected:
 };
 
 void expect_whole(const QString& path, store::Kind kind) {
-    auto database = store::Database::open(path, kind);
-    auto check = database.prepare("pragma integrity_check");
-    ASSERT_TRUE(check.step());
-    EXPECT_EQ(check.row().text(0), u"ok"_s) << path.toStdString();
+    EXPECT_EQ(support::rows_of(path, kind, "pragma integrity_check"), QStringList(u"ok"_s)) << path.toStdString();
 }
 
 } // namespace
@@ -285,10 +264,10 @@ TEST_F(Packaged, LetsAnotherPcSaveWhatTheServiceOfTheMainPcApplies) {
 
     Pc second({programs(u"second"_s), port, 1, 1, 1, 7});
     EXPECT_TRUE(second.end());
-    EXPECT_GE(second.account().confirmed_saves(), 1);
+    EXPECT_GE(second.confirmed_saves, 1);
     ASSERT_TRUE(QTest::qWaitFor([&] { return e2e::rows_waiting(settings()) == 0; }, 60'000));
     const auto stored = stored_days();
-    for (const auto& [day, wanted] : second.account().days()) {
+    for (const auto& [day, wanted] : second.days) {
         ASSERT_TRUE(stored.contains(day)) << day.second;
         EXPECT_EQ(wanted.possible, std::set<qint64>{stored.at(day).front()}) << day.second;
     }
@@ -308,8 +287,8 @@ TEST_F(Company, EveryConfirmedDayStandsOnceWhoeverIsKilled) {
     std::map<Day, Said> said;
     for (const auto& pc : pcs) {
         EXPECT_TRUE(pc->end());
-        saves += pc->account().confirmed_saves();
-        for (const auto& [day, of_one] : pc->account().days()) {
+        saves += pc->confirmed_saves;
+        for (const auto& [day, of_one] : pc->days) {
             said[day].possible.insert(of_one.possible.begin(), of_one.possible.end());
             said[day].confirmed |= of_one.confirmed;
         }
@@ -330,10 +309,10 @@ TEST_F(Company, EveryConfirmedDayStandsOnceWhoeverIsKilled) {
                 << day.first << " " << day.second << " holds " << found->second.front();
     }
     EXPECT_EQ(QDir(store::exchange_folder(settings()) + u"/nokori"_s).entryList(QDir::Files), QStringList());
-    for (const auto& [path, kind] : {std::pair(store::rovdata_path(settings()), store::Kind::Rovdata),
-             std::pair(store::comsys_path(settings()), store::Kind::Comsys),
-             std::pair(store::allsystem_path(settings()), store::Kind::Allsystem)})
-        expect_whole(path, kind);
+    for (const QString& name : {u"rovdata"_s, u"comsys"_s, u"allsystem"_s}) {
+        const e2e::DataFile file = e2e::file_called(name, settings());
+        expect_whole(file.path, file.kind);
+    }
     for (int file = 1; file <= store::exchange_file_count; ++file)
         expect_whole(store::exchange_path(settings(), file), store::Kind::Exchange);
 }

@@ -1,17 +1,96 @@
+// The tests, or one clerk of the company that they run.
+
 #include "clerk_at_work.h"
+#include "e2e/road/clerk.h"
 #include "ui/application.h"
+#include "ui/entry/ent_rovena_page.h"
 #include "ui/parts/style.h"
+#include "ui/program.h"
 #include "ui/qt_host.h"
 
+#include <cstdio>
 #include <gtest/gtest.h>
+#include <random>
+
+using namespace base;
+
+namespace {
+
+/// Boxes that open are answered at once and counted. An employee whose days still wait to be applied isn't opened.
+class Desk : public ui::QtHost {
+public:
+    platform::Answer ask(const QString& text, const QString&, platform::Buttons buttons) override {
+        ++told;
+        std::fprintf(stderr, "told: %s\n", qPrintable(text));
+        return buttons == platform::Buttons::YesNo ? platform::Answer::No : platform::Answer::Ok;
+    }
+    QDateTime now() override { return {QDate(2026, 10, 5), QTime(9, 0)}; }
+    int told = 0;
+};
+
+void say(const QString& line) {
+    std::printf("%s\n", qPrintable(line));
+    std::fflush(stdout);
+}
+
+class Worker {
+public:
+    Worker(const Desk& desk, ui::MainWindow& window, const whole::PlaceOfWork& place)
+        : m_desk(desk), m_window(window), m_place(place) {}
+
+    void save_some_days() {
+        m_clerk.press_button(u"出勤入力"_s);
+        m_clerk.click_cell(u"hyou_syain"_s, some(0, 2) > 0 ? m_place.own_row : m_place.shared_row, 1);
+        if (form().syainsyscd.isEmpty())
+            return;
+        for (int day = some(1, 3); day > 0; --day)
+            type_day(some(1, 31));
+        const int told = m_desk.told;
+        m_clerk.press_button(u"登録"_s);
+        say(QString::fromLatin1(m_desk.told == told ? whole::say_ok : whole::say_refused));
+    }
+
+private:
+    int some(int first, int last) { return std::uniform_int_distribution(first, last)(m_random); }
+
+    const entry::ent_rovena& form() const {
+        return dynamic_cast<ui::ent_rovena_page&>(*m_window.pages().currentWidget()).form();
+    }
+
+    void type_day(int row) {
+        const int clock_in = some(6, 9) * 100 + some(0, 59);
+        say(u"%1 %2 %3 %4"_s.arg(QString::fromLatin1(whole::say_try), form().syainsyscd)
+                .arg(form().sheet.month.posting_key(row))
+                .arg(clock_in));
+        m_clerk.click_cell(u"hyou"_s, row, entry::col::clock_in);
+        m_clerk.type(u"%1 Enter 1730 Enter"_s.arg(clock_in));
+    }
+
+    const Desk& m_desk;
+    ui::MainWindow& m_window;
+    const whole::PlaceOfWork& m_place;
+    e2e::Clerk m_clerk{m_window};
+    std::mt19937 m_random{unsigned(m_place.seed)};
+};
+
+int work(Desk& desk, const whole::PlaceOfWork& place) {
+    ui::Program program(desk, place.program_folder, quint16(place.turn_port));
+    if (program.start() != 0 || !program.running())
+        return 1;
+    program.window().resize(1366, 768);
+    Worker worker(desk, program.window(), place);
+    for (QDeadlineTimer until(place.seconds * 1000LL); !until.hasExpired();)
+        worker.save_some_days();
+    return 0;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    ui::QtHost host;
-    ui::Application application(argc, argv, host);
+    Desk desk;
+    ui::Application application(argc, argv, desk);
     ui::apply_style(application);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.value(1) == QLatin1String("--clerk"))
-        return whole::work(whole::PlaceOfWork::of(arguments.sliced(2)));
-    return RUN_ALL_TESTS();
+    return arguments.value(1) == u"--clerk" ? work(desk, whole::PlaceOfWork::of(arguments)) : RUN_ALL_TESTS();
 }

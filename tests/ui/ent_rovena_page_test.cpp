@@ -6,7 +6,6 @@
 
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 namespace {
@@ -188,34 +187,6 @@ TEST_F(EntryPage, ADayIsTypedWithTheKeyboardAlone) {
     press(Qt::Key_Tab);
     EXPECT_EQ(cell(1, clock_out), u"17:15"_s);
     EXPECT_TRUE(controls.hyou_day->hasFocus());
-}
-
-TEST_F(EntryPage, TheOrderOfTheListIsKeptForTheNextTime) {
-    for (const QButtonGroup* group : {controls.sortlist, controls.kyuflg})
-        QTest::mouseClick(group->button(1), Qt::LeftButton);
-    EXPECT_EQ(form.hyou_syain(1, 1), u"佐藤 花子"_s);
-    const ui::Whole<ui::ent_rovena_page> next(session);
-    EXPECT_TRUE(next.controls().sortlist->button(1)->isChecked() && next.controls().kyuflg->button(1)->isChecked());
-}
-
-TEST_F(EntryPage, WhatStandsInTheBoxIsCommittedBeforeAButtonActs) {
-    QSignalSpy closed(&page, &ui::ent_rovena_page::close_wanted);
-    choose_employee();
-    click_sheet(1, clock_in);
-    type(u"830"_s);
-    QTest::mouseClick(controls.botan[0], Qt::LeftButton);
-    EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
-    EXPECT_EQ(closed.count(), 1);
-}
-
-TEST_F(EntryPage, ThePageGoesWithACellInEdit) {
-    auto other = std::make_unique<ui::Whole<ui::ent_rovena_page>>(session);
-    support::bring_up(*other, page.size());
-    click_cell(*other->controls().hyou_syain, 1, 1);
-    click_cell(*other->controls().hyou, 1, clock_in);
-    type(u"830"_s);
-    other.reset();
-    EXPECT_TRUE(host.shown.empty());
 }
 
 } // namespace

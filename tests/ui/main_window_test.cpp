@@ -15,7 +15,6 @@
 
 using namespace base;
 using frame::Page;
-using platform::Answer;
 
 namespace {
 
@@ -48,9 +47,6 @@ struct MainWindowTest : ::testing::Test, InstallTree {
     ui::Program program{host, programs};
 };
 
-const support::Shown question{u"終了しますか？"_s, u"終了"_s, platform::Buttons::YesNo};
-const support::Shown backup_question{u"バックアップしますか？"_s, u"バックアップ"_s, platform::Buttons::YesNo};
-
 } // namespace
 
 TEST_F(MainWindowTest, AButtonShowsItsOtherPictureWhilePressedAndWorksByKeyboard) {
@@ -72,33 +68,6 @@ TEST_F(MainWindowTest, AButtonShowsItsOtherPictureWhilePressedAndWorksByKeyboard
     QTest::keyClick(&button(window(), u"集計表"_s), Qt::Key_Return);
     EXPECT_TRUE(pages().is_open(Page::rov_00));
     EXPECT_FALSE(pages().is_open(Page::mst_00));
-}
-
-TEST_F(MainWindowTest, EveryButtonOfAMenuLeadsToAPage) {
-    start();
-    for (const auto& [top, page] : {std::pair(u"集計表"_s, Page::rov_00), {u"マスター"_s, Page::mst_00}}) {
-        open(top);
-        QStringList labels;
-        for (const auto* entry : pages().page(page)->findChildren<ui::PictureButton*>())
-            labels << entry->accessibleName();
-        EXPECT_EQ(labels.size(), 7) << "six and endbotan";
-        for (const QString& label : labels) {
-            open(top);
-            QTest::mouseClick(&button(*pages().page(page), label), Qt::LeftButton);
-            EXPECT_FALSE(pages().is_open(page)) << label.toStdString();
-        }
-    }
-}
-
-TEST_F(MainWindowTest, TheCloseBoxAsksLikeTheExitButtonAndNoKeepsThePage) {
-    start();
-    open(u"マスター"_s);
-    host.answers = {Answer::No};
-    EXPECT_FALSE(window().close());
-    EXPECT_TRUE(pages().is_open(Page::mst_00));
-    open(u"終了"_s);
-    EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(host.shown, std::vector({question, question, backup_question}));
 }
 
 TEST_F(MainWindowTest, ABackupShowsHowFarItIsAndADatabaseInUseDoesNotKeepTheProgramFromEnding) {

@@ -7,10 +7,8 @@
 #include "ui/main_window.h"
 #include "ui/masters/mst_kinjikan_page.h"
 #include "ui/masters/mst_kinsyu_page.h"
-#include "ui/masters/mst_kintype_page.h"
 #include "ui/masters/mst_syain_page.h"
 
-#include <QAbstractItemView>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -56,15 +54,6 @@ void compose(const QString& text) {
 }
 
 using MstKinsyuPage = MasterPages;
-
-TEST_F(MstKinsyuPage, WhatIsTypedAtOnceOnOpeningLandsUnseenInTheFirstRow) {
-    const auto page = open<ui::mst_kinsyu_page>();
-    type(u"ab"_s);
-    EXPECT_EQ(page->form().hyou(1, masters::mst_kinsyu::name_col), u"ab"_s);
-    EXPECT_FALSE(grid(*page, "hyou").viewport()->rect().intersects(QApplication::focusWidget()->geometry()));
-    type(u"Enter"_s);
-    EXPECT_EQ(categories().first(), u"1|ab"_s);
-}
 
 TEST_F(MstKinsyuPage, TheBoxFollowsItsCellThroughAScroll) {
     rovdata().exec("with recursive n(i) as (select 4 union all select i + 1 from n where i < 80)"
@@ -134,38 +123,6 @@ TEST_F(MstKinsyuPage, ANameThatCantBeSavedStaysInHandAndTheReasonIsToldOnce) {
 
 using MstKinjikanPage = MasterPages;
 
-TEST_F(MstKinjikanPage, ABandTypedByKeysAndItsCategoryChosenAreRegistered) {
-    const auto page = open<ui::mst_kinjikan_page>();
-    type(u"夜勤"_s);
-    ui::GridView& hyou = grid(*page, "hyou");
-    click_cell(hyou, 1, 1);
-    EXPECT_FALSE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
-    type(u"22x00 Enter 600"_s);
-    click_cell(hyou, 1, 3);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    click_cell(hyou, 2, 0);
-    EXPECT_EQ(page->form().atai.cell, (base::Cell{2, 1})) << "the row whose number was clicked";
-    click(*page, 1);
-    EXPECT_EQ(rows("select 曜日, 連番, 開始時間, 終了時間, 時間種類 from kintype where 勤務タイプ名='夜勤'"),
-        QStringList{u"1|1|2200|600|2"_s});
-}
-
-TEST_F(MstKinjikanPage, BackspaceInTheListTakesTheCategoryBackAndAnotherCellPutsTheListAway) {
-    const auto page = open<ui::mst_kinjikan_page>();
-    click_cell(grid(*page, "hyoulist"), 1, 0);
-    ui::GridView& hyou = grid(*page, "hyou");
-    click_cell(hyou, 2, 3);
-    auto* list = qobject_cast<QComboBox*>(QApplication::focusWidget());
-    ASSERT_TRUE(list);
-    EXPECT_EQ(list->currentText(), u"普通残業"_s);
-    press(Qt::Key_Backspace);
-    EXPECT_EQ(page->form().hyou(2, 3), QString());
-    click_cell(hyou, 3, 1);
-    EXPECT_FALSE(list->isEnabled());
-    EXPECT_TRUE(qobject_cast<QLineEdit*>(QApplication::focusWidget()));
-}
-
 TEST_F(MstKinjikanPage, HowTheWorkStandsIsPaintedWhileItGoesOn) {
     const auto page = open<ui::mst_kinjikan_page>();
     const support::PaintedWords painted;
@@ -184,21 +141,6 @@ TEST_F(MstKinjikanPage, AllBandsAreInViewOnALowScreen) {
         EXPECT_TRUE(page->rect().contains(hyou.geometry()));
         EXPECT_EQ(page->size(), size);
     }
-}
-
-using MstKintypePage = MasterPages;
-
-TEST_F(MstKintypePage, AnItemIsChosenInTheListThatDropsDown) {
-    const auto page = open<ui::mst_kintype_page>();
-    press(Qt::Key_Down);
-    press(Qt::Key_Space); // the keyboard stands on the types at once
-    auto* list = qobject_cast<QComboBox*>(QApplication::focusWidget());
-    ASSERT_TRUE(list);
-    QTest::mouseClick(list, Qt::LeftButton);
-    ASSERT_TRUE(list->view()->isVisible()) << "opening it doesn't count as leaving the cell";
-    QTest::keyClick(list->view(), Qt::Key_Home);
-    QTest::keyClick(list->view(), Qt::Key_Return);
-    EXPECT_EQ(rows("select 勤務タイプ from syainkinmu where システム社員番号=3"), QStringList{u"1"_s});
 }
 
 using MstSyainPage = MasterPages;

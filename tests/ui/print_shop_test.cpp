@@ -96,19 +96,6 @@ TEST_F(PrintShop, AFileIsNeverOverwritten) {
         files(), QStringList({u"勤務種類一覧表_20041005_090000.pdf"_s, u"勤務種類一覧表_20041005_090000_2.pdf"_s}));
 }
 
-TEST_F(PrintShop, ContinuousPrintingMakesOneFile) {
-    {
-        const reports::ContinuousPrinting continuous(shop);
-        for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(print(attendance_detail(13)), Printed::Yes);
-        EXPECT_TRUE(pc.host.opened.isEmpty());
-    }
-    EXPECT_EQ(files(), QStringList(u"出勤明細一覧表_20041005_090000.pdf"_s));
-    EXPECT_TRUE(output_of(u"pdfinfo"_s, {last_file()}).contains(QRegularExpression(u"Pages: +6\n"_s)));
-    print(attendance_detail(10));
-    EXPECT_EQ(files().size(), 2) << "and then files of their own again";
-}
-
 TEST_F(PrintShop, AGivenUpJobLeavesNothing) {
     const auto surface = shop.open({u"PDF"_s, {}, {}, u"社員一覧表"_s});
     surface->new_page();

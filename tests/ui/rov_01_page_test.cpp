@@ -42,12 +42,6 @@ struct Rov01Page : testing::Test, EntryCompany {
     }
     ui::rov_01_page& page() { return *qobject_cast<ui::rov_01_page*>(window->pages().page(Page::rov_01)); }
     static void click(QWidget* at) { QTest::mouseClick(at, Qt::LeftButton); }
-    ui::ken_mst_dialog& search_from(int element) {
-        page().conditions().tancd(element)->setFocus();
-        press(Qt::Key_F1);
-        QApplication::setActiveWindow(page().search());
-        return *page().search();
-    }
 };
 
 } // namespace
@@ -101,55 +95,14 @@ TEST_F(Rov01Page, AMonthThatIsNoneKeepsTheKeyboard) {
     EXPECT_EQ(page().form().report.hyou(31, 0), u"31"_s) << "August was chosen";
 }
 
-TEST_F(Rov01Page, TheSearchGivesTheEmployeeThatIsClicked) {
+TEST_F(Rov01Page, TheSearchGoesWithItsScreen) {
     open(1);
-    ui::ken_mst_dialog& search = search_from(1);
-    EXPECT_EQ(search.pos(), window->pos() + QPoint(66, 13));
-    support::click_cell(*search.hyou_go(), 2, 2);
-    support::click_cell(*search.hyou_go(), 0, 0);
-    EXPECT_EQ(search.kenatai(1)->text(), u"や"_s);
-    EXPECT_TRUE(search.hyou()->hasFocus());
-    support::click_cell(*search.hyou(), 1, 0);
-    EXPECT_EQ(page().conditions().tancd(1)->text() + page().conditions().ntancd(1)->text(), u"3山田 太郎"_s);
-    EXPECT_FALSE(search.isVisible());
-}
-
-TEST_F(Rov01Page, TheRowOfTheWholeCompanyEmptiesTheBox) {
-    open(1);
-    page().conditions().tancd(0)->setFocus();
-    type(u"3"_s);
-    store::Database::open(store::comsys_path(settings), store::Kind::Comsys)
-        .exec("insert into syain (システム番号, 社員名) values (0, '全体')");
-    ui::ken_mst_dialog& search = search_from(0);
-    click(search.botan(1));
-    support::click_cell(*search.hyou(), 1, 2);
-    EXPECT_EQ(page().conditions().tancd(0)->text(), QString());
-}
-
-TEST_F(Rov01Page, TheSearchIsWalkedByKeysAndGoesWithItsScreen) {
-    open(1);
-    ui::ken_mst_dialog& search = search_from(0);
-    EXPECT_TRUE(search.kenatai(0)->hasFocus());
-    type(u"Enter た Enter Enter"_s);
-    EXPECT_TRUE(search.hyou()->hasFocus());
-    press(Qt::Key_Up);
-    EXPECT_TRUE(search.kenatai(0)->hasFocus());
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
-    EXPECT_EQ(page().conditions().ntancd(0)->text(), u"田中 次郎"_s);
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(page().conditions().tancd(0)->hasFocus());
-
-    const ui::ken_mst_dialog& left = search_from(1);
-    type(u"Enter Enter Enter"_s);
-    EXPECT_TRUE(left.hyou()->hasFocus());
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(left.isVisible());
-    EXPECT_EQ(page().conditions().tancd(1)->text(), QString()) << "left without a choice";
-    const QPointer<ui::ken_mst_dialog> last = &search_from(1);
+    page().conditions().tancd(1)->setFocus();
+    press(Qt::Key_F1);
+    const QPointer<ui::ken_mst_dialog> search = page().search();
+    EXPECT_EQ(search->pos(), window->pos() + QPoint(66, 13));
     window->form().midasi_Click(2);
-    EXPECT_TRUE(last.isNull());
+    EXPECT_TRUE(search.isNull());
     EXPECT_EQ(window->form().mstkenflg, QString());
 }
 

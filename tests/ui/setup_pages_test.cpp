@@ -61,17 +61,6 @@ TEST_F(FirstStart, TimesAreTypedAsDigitsFromBoxToBox) {
     EXPECT_TRUE(box(TimeBox::st_time, 1).hasFocus());
 }
 
-TEST_F(FirstStart, AfterAFailureTheAnswersStay) {
-    box(TimeBox::st_time, 1).setFocus();
-    type(u"915"_s);
-    const QString data = store::rovdata_path(settings);
-    ASSERT_TRUE(QFile::rename(data, data + u".away"_s));
-    EXPECT_THROW(window().botan()->click(), store::Error);
-    EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(box(TimeBox::st_time, 1).text().remove(u':'), u"915"_s);
-    ASSERT_TRUE(QFile::rename(data + u".away"_s, data));
-}
-
 TEST_F(BasicSettings, NumbersAreTypedFromOffsetToOffsetAndSaved) {
     using Form = setup::mst_kihon;
     host.printer_names = {u"Office"_s, u"PDF"_s};

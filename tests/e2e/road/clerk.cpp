@@ -7,13 +7,13 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
-#include <QLineEdit>
 
 namespace e2e {
 
 using namespace base;
 
 QWidget& Clerk::front() {
+    QCoreApplication::processEvents();
     QWidget* front = &m_window;
     for (auto* dialog : m_window.findChildren<QDialog*>())
         if (dialog->isVisible())
@@ -58,14 +58,22 @@ void Clerk::click_cell(const QString& grid_name, int row, int col) {
 }
 
 QWidget& Clerk::keyboard() {
+    const QWidget& window = front();
     QWidget* at = QApplication::focusWidget();
-    demand(at && front().isAncestorOf(at), u"the keyboard is nowhere in the window"_s);
+    demand(at && window.isAncestorOf(at), u"the keyboard is nowhere in the window"_s);
     return *at;
 }
 
 void Clerk::type(const QString& words) {
     keyboard();
     support::type(words);
+}
+
+QLineEdit& Clerk::in_hand() {
+    auto* list = qobject_cast<QComboBox*>(&keyboard());
+    auto* box = list ? list->lineEdit() : qobject_cast<QLineEdit*>(&keyboard());
+    demand(box != nullptr, u"the keyboard is in no box"_s);
+    return *box;
 }
 
 void Clerk::choose_item(const QString& text) {

@@ -6,6 +6,7 @@
 #include "e2e/road/steps.h"
 #include "ui/grid/grid_view.h"
 
+#include <QLineEdit>
 #include <functional>
 
 namespace e2e {
@@ -29,6 +30,8 @@ public:
 
     /// Types words and keys where the keyboard is, as support::type().
     void type(const QString& words);
+    /// The box that has the keyboard.
+    QLineEdit& in_hand();
     /// Opens the list that has the keyboard and steps through it to the item.
     void choose_item(const QString& text);
 

@@ -3,7 +3,7 @@
 // Roads, as the rows of text files: what a person does at the windows, and what must be seen then.
 //
 //   [name]               begins a road
-//   act word | word      a step; Walker::acts() tells what there is
+//   act word | word      a step; Walker::acts tells what there is
 //       word | word      an indented line belongs to the step above it
 //   # ...                says something to the reader
 

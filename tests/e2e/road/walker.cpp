@@ -1,9 +1,9 @@
 #include "e2e/road/walker.h"
 
-#include "base/numbers.h"
 #include "e2e/road/files.h"
 #include "e2e/road/printed.h"
 #include "frame/backup.h"
+#include "platform/from_cp932.h"
 #include "platform/paths.h"
 #include "support/stored.h"
 #include "ui/paper/print_shop.h"
@@ -65,26 +65,87 @@ Walker::Walker(Desk& desk, Pictures& pictures, const QString& root) : m_desk(des
     m_desk.opened.clear();
 }
 
-const QMap<QString, Walker::Act>& Walker::acts() {
-    static const QMap<QString, Act> acts{{u"walk"_s, &Walker::walk_road}, {u"press"_s, &Walker::press},
-        {u"click"_s, &Walker::click}, {u"box"_s, &Walker::box}, {u"tick"_s, &Walker::tick}, {u"type"_s, &Walker::type},
-        {u"choose"_s, &Walker::choose}, {u"resize"_s, &Walker::resize}, {u"see"_s, &Walker::see},
-        {u"rows"_s, &Walker::rows}, {u"keep"_s, &Walker::keep}, {u"same"_s, &Walker::same}, {u"dump"_s, &Walker::dump},
-        {u"applied"_s, &Walker::applied}, {u"away"_s, &Walker::take_away}, {u"back"_s, &Walker::bring_back},
-        {u"await"_s, &Walker::await}, {u"picture"_s, &Walker::picture}, {u"printed"_s, &Walker::printed},
-        {u"file"_s, &Walker::make_file}, {u"started"_s, &Walker::started}, {u"restart"_s, &Walker::restart},
-        {u"leave"_s, &Walker::leave}, {u"restore"_s, &Walker::restore}};
-    return acts;
-}
+const QMap<QString, Walker::Act> Walker::acts{
+    // walk ROAD | ARGUMENT...
+    {u"walk"_s, [](Walker& at, const Step& step) { at.walk(step.word(0), step.words.sliced(1)); }},
+    // press BUTTON
+    {u"press"_s, [](Walker& at, const Step& step) { at.clerk().press_button(step.word(0)); }},
+    // tick TEXT
+    {u"tick"_s, [](Walker& at, const Step& step) { at.clerk().tick(step.word(0)); }},
+    // box NAME: clicks into it
+    {u"box"_s, [](Walker& at, const Step& step) { at.clerk().click_box(step.word(0)); }},
+    // click GRID ROW COLUMN, a column by its heading or its number
+    {u"click"_s, [](Walker& at, const Step& step) { at.click(step); }},
+    // type WORD..., and keys by their names; each line goes on
+    {u"type"_s,
+        [](Walker& at, const Step& step) {
+            at.clerk().type(step.word(0));
+            for (const QStringList& line : step.lines)
+                at.clerk().type(line.first());
+        }},
+    // choose ITEM of the list that has the keyboard
+    {u"choose"_s, [](Walker& at, const Step& step) { at.clerk().choose_item(step.word(0)); }},
+    // resize WIDTH | HEIGHT
+    {u"resize"_s, [](Walker& at, const Step& step) { at.window().resize(step.word(0).toInt(), step.word(1).toInt()); }},
+    // await TEXT | BUTTON | PICTURE: of a box that the next step brings
+    {u"await"_s,
+        [](Walker& at, const Step& step) {
+            at.m_boxes.await({step.word(0), step.word(1), step.word(2)});
+        }},
+    // picture NAME
+    {u"picture"_s,
+        [](Walker& at, const Step& step) {
+            QTest::qWait(0);
+            at.m_pictures.take(at.clerk().front(), step.word(0));
+        }},
+    // focus NAME: the keyboard is in that box
+    {u"focus"_s,
+        [](Walker& at, const Step& step) { demand_same({step.word(0)}, {at.clerk().in_hand().accessibleName()}); }},
+    // holds TEXT: the box in hand
+    {u"holds"_s, [](Walker& at, const Step& step) { demand_same({step.word(0)}, {at.clerk().in_hand().text()}); }},
+    // see GRID ROW COLUMN | CELL...; each line is the next row of the grid
+    {u"see"_s, [](Walker& at, const Step& step) { at.see(step); }},
+    // rows FILE | QUERY; the lines are all its rows
+    {u"rows"_s, [](Walker& at, const Step& step) { at.rows(step); }},
+    // keep GRID, or tables: remembers what stands there
+    {u"keep"_s, [](Walker& at, const Step& step) { at.m_kept[step.word(0)] = at.texts_of(step.word(0)); }},
+    // same GRID ROW..., or tables: it stands as it was kept, but for these rows
+    {u"same"_s, [](Walker& at, const Step& step) { at.same(step); }},
+    // dump NAME: the tables as NAME.txt
+    {u"dump"_s,
+        [](Walker& at, const Step& step) {
+            support::put_bytes(at.m_pictures.folder().filePath(step.word(0) + u".txt"_s),
+                at.texts_of(u"tables"_s).join(u'\n').toUtf8() + '\n');
+        }},
+    // applied: by the exchange manager, all that was posted
+    {u"applied"_s, [](Walker& at, const Step&) { wait_for_manager(at.settings()); }},
+    // away FILE: it can't be found, until: back FILE
+    {u"away"_s, [](Walker& at, const Step& step) { at.move(step.word(0), {}, u".away"_s); }},
+    {u"back"_s, [](Walker& at, const Step& step) { at.move(step.word(0), u".away"_s, {}); }},
+    // printed NAME | PAGES | TEXT...: in the one file that was opened; it becomes NAME.pdf
+    {u"printed"_s, [](Walker& at, const Step& step) { at.printed(step); }},
+    // file NAME | TEXT...: in the report's CSV file
+    {u"file"_s, [](Walker& at, const Step& step) { at.make_file(step); }},
+    // started PROGRAM...: since the last such step
+    {u"started"_s,
+        [](Walker& at, const Step& step) {
+            demand_same({step.word(0)}, {std::exchange(at.m_desk.started, {}).join(u' ')});
+        }},
+    // restart: the program ends and starts again
+    {u"restart"_s, [](Walker& at, const Step&) { at.m_program.reset(), at.start(); }},
+    // leave: by the exit button
+    {u"leave"_s, [](Walker& at, const Step&) { at.leave(); }},
+    // restore: today's backup, under a second root
+    {u"restore"_s, [](Walker& at, const Step&) { at.restore(); }},
+};
 
 void Walker::walk(const QString& road, const QStringList& arguments) {
     for (const Step& step : steps_of(road, arguments)) {
         try {
             if (!m_program)
                 start();
-            const Act act = acts().value(step.act);
-            demand(act != nullptr, u"there is no such act"_s);
-            (this->*act)(step);
+            demand(acts.contains(step.act), u"there is no such act"_s);
+            acts[step.act](*this, step);
             if (step.act != u"await")
                 demand_none(m_boxes.faults());
         } catch (const RoadError& error) {
@@ -105,10 +166,6 @@ QWidget& Walker::window() {
     return m_program->wizard() ? static_cast<QWidget&>(*m_program->wizard()) : m_program->window();
 }
 
-Clerk Walker::clerk() {
-    return Clerk(window());
-}
-
 QStringList Walker::texts_of(const QString& name) {
     if (name == u"tables")
         return dump_tables(settings());
@@ -120,39 +177,9 @@ QStringList Walker::texts_of(const QString& name) {
     return lines;
 }
 
-void Walker::walk_road(const Step& step) {
-    walk(step.word(0), step.words.sliced(1));
-}
-
-void Walker::press(const Step& step) {
-    clerk().press_button(step.word(0));
-}
-
 void Walker::click(const Step& step) {
     const Place place = place_of(step.word(0), clerk());
     clerk().click_cell(place.grid, place.row, place.col);
-}
-
-void Walker::box(const Step& step) {
-    clerk().click_box(step.word(0));
-}
-
-void Walker::tick(const Step& step) {
-    clerk().tick(step.word(0));
-}
-
-void Walker::type(const Step& step) {
-    clerk().type(step.word(0));
-    for (const QStringList& line : step.lines)
-        clerk().type(line.first());
-}
-
-void Walker::choose(const Step& step) {
-    clerk().choose_item(step.word(0));
-}
-
-void Walker::resize(const Step& step) {
-    window().resize(step.word(0).section(u' ', 0, 0).toInt(), step.word(0).section(u' ', 1, 1).toInt());
 }
 
 void Walker::see(const Step& step) {
@@ -176,10 +203,6 @@ void Walker::rows(const Step& step) {
     demand_same(wanted, support::rows_of(file.path, file.kind, step.word(1).toUtf8().toStdString()));
 }
 
-void Walker::keep(const Step& step) {
-    m_kept[step.word(0)] = texts_of(step.word(0));
-}
-
 void Walker::same(const Step& step) {
     QStringList parts = step.word(0).split(u' ');
     const QString name = parts.takeFirst();
@@ -189,33 +212,9 @@ void Walker::same(const Step& step) {
     demand_same(wanted, there);
 }
 
-void Walker::dump(const Step& step) {
-    support::put_bytes(
-        m_pictures.folder().filePath(step.word(0) + u".txt"_s), (dump_tables(settings()).join(u'\n') + u'\n').toUtf8());
-}
-
-void Walker::applied(const Step&) {
-    wait_for_manager(settings());
-}
-
-void Walker::take_away(const Step& step) {
-    const QString path = file_called(step.word(0), settings()).path;
-    demand(QFile::rename(path, path + u".away"_s), u"it can't be moved"_s);
-}
-
-void Walker::bring_back(const Step& step) {
-    const QString path = file_called(step.word(0), settings()).path;
-    demand(QFile::rename(path + u".away"_s, path), u"it can't be moved"_s);
-}
-
-void Walker::await(const Step& step) {
-    m_boxes.await({step.word(0), step.word(1), step.word(2)});
-}
-
-void Walker::picture(const Step& step) {
-    QWidget& front = clerk().front();
-    QTest::qWait(0);
-    m_pictures.take(front, step.word(0));
+void Walker::move(const QString& file, const QString& from, const QString& to) {
+    const QString path = file_called(file, settings()).path;
+    demand(QFile::rename(path + from, path + to), u"it can't be moved"_s);
 }
 
 void Walker::printed(const Step& step) {
@@ -226,32 +225,23 @@ void Walker::printed(const Step& step) {
     const QString kept = m_pictures.folder().filePath(step.word(0) + u".pdf"_s);
     QFile::remove(kept);
     demand(QFile::rename(at, kept), u"can't move %1 to %2"_s.arg(at, kept));
-    demand_none(faults_of_pdf(kept, step.word(1).toInt(), step.words.sliced(2)));
+    demand_pdf(kept, step.word(1).toInt(), step.words.sliced(2));
 }
 
 void Walker::make_file(const Step& step) {
     const QString path = m_pictures.folder().absoluteFilePath(step.word(0) + u".csv"_s);
     m_desk.answer_to_save = platform::native(path);
     clerk().press_button(u"ファイル作成"_s);
-    demand_none(faults_of_csv(path, step.word(1), clerk().grid(u"hyou"_s).sheet()));
+    demand_texts(platform::from_cp932(support::bytes_of(path)), step.words.sliced(1));
 }
 
-void Walker::started(const Step& step) {
-    demand_same(step.word(0).split(u' ', Qt::SkipEmptyParts), std::exchange(m_desk.started, {}));
-}
-
-void Walker::restart(const Step&) {
-    m_program.reset();
-    start();
-}
-
-void Walker::leave(const Step&) {
+void Walker::leave() {
     clerk().press_button(u"終了"_s);
     demand(!window().isVisible(), u"the main window is still there"_s);
     m_program.reset();
 }
 
-void Walker::restore(const Step&) {
+void Walker::restore() {
     const QString backup = frame::shared_backup_folder(settings(), m_desk.now().date());
     m_program.reset();
     m_root += u"-restored"_s;
