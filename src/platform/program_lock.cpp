@@ -90,9 +90,11 @@ bool another_holds(const QString& path) {
         throw LockError(path, QString::fromStdString(std::generic_category().message(errno)));
     if (file < 0)
         return false;
-    const bool held = ::flock(file, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    const int failure = ::flock(file, LOCK_SH | LOCK_NB) == 0 ? 0 : errno;
     ::close(file);
-    return held;
+    if (failure != 0 && failure != EWOULDBLOCK)
+        throw LockError(path, QString::fromStdString(std::generic_category().message(failure)));
+    return failure != 0;
 }
 #endif
 

@@ -104,6 +104,16 @@ void mst_kihon::Form_Load() {
     基本マスター呼出();
 }
 
+void mst_kihon::waseireki_Click(int element) {
+    waseireki = element;
+    m_stored_day = first_day_in_kihon();
+}
+
+void mst_kihon::ck_Click(bool ticked) {
+    ck = ticked;
+    m_stored_day = first_day_in_kihon();
+}
+
 void mst_kihon::prconb_Click(int item) {
     prconb.index = item;
     atai[printer].text = prconb.text();

@@ -53,8 +53,8 @@ public:
 
     void Form_Load();
 
-    void waseireki_Click(int element) { waseireki = element; }
-    void ck_Click(bool ticked) { ck = ticked; }
+    void waseireki_Click(int element);
+    void ck_Click(bool ticked);
     void prconb_Click(int item);
 
     void atai_Change(int element, const QString& typed); ///< digits and "-" only

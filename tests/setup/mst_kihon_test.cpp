@@ -52,6 +52,12 @@ TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
     set_shared(u"月初日付"_s, u"20"_s);
     again.atai_Change(mst_kihon::offset_y, u"1"_s);
     EXPECT_TRUE(again.first_day_notice().contains(u"いまの月初日付は20日"_s)) << "before it is lost";
+    set_shared(u"月初日付"_s, u"19"_s);
+    again.waseireki_Click(0);
+    EXPECT_TRUE(again.first_day_notice().contains(u"いまの月初日付は19日"_s)) << "whatever is clicked";
+    set_shared(u"月初日付"_s, u"20"_s);
+    again.ck_Click(false);
+    EXPECT_TRUE(again.first_day_notice().contains(u"いまの月初日付は20日"_s));
     again.save();
     EXPECT_TRUE(again.first_day_notice().contains(u"20日から15日"_s)) << "another PC stored 20 meanwhile";
 
