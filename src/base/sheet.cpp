@@ -126,6 +126,11 @@ void Sheet::setAlignment(int row, int col, Alignment alignment) {
     look_of(row, col).alignment = alignment;
 }
 
+void Sheet::setDot(int row, int col, bool dot) {
+    if (look(row, col).dot != dot)
+        look_of(row, col).dot = dot;
+}
+
 void Sheet::Clear() {
     m_cells.fill(QString());
     m_looks.clear();

@@ -27,6 +27,7 @@ struct CellLook {
     std::optional<Rgb> back;
     std::optional<Rgb> fore;
     std::optional<Alignment> alignment;
+    bool dot = false; ///< a round mark at the cell's left edge: something of it waits
 };
 
 enum class SortOrder {
@@ -85,6 +86,7 @@ public:
     void setBack(int row, int col, Rgb colour);
     void setFore(int row, int col, Rgb colour);
     void setAlignment(int row, int col, Alignment alignment);
+    void setDot(int row, int col, bool dot);
 
     /// Empties every cell and takes all looks, sizes and alignments back to their defaults; rows, columns and fixed
     /// counts stay.

@@ -154,6 +154,15 @@ DraftsWaiting drafts_waiting(const base::Settings& settings) {
     return waiting;
 }
 
+QString waiting_words(const base::Settings& settings) {
+    try {
+        const int months = drafts_waiting(settings).months;
+        return months == 0 ? QString() : u"未登録の月が %1件あります"_s.arg(months);
+    } catch (const store::Error&) {
+        return {};
+    }
+}
+
 bool is_checked(const base::Settings& settings, EmployeeKey employee, const CompanyMonth& month) {
     auto database = open_drafts(settings);
     return database && database->prepare("select 1 from kakuninzumi where 社員システム番号 = ? and 年月 = ?")

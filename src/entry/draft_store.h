@@ -27,6 +27,10 @@ struct DraftsWaiting {
 };
 DraftsWaiting drafts_waiting(const base::Settings& settings);
 
+/// What a start says of them: "未登録の月が 3件あります"; empty if there are none, or if the file can't be read: that
+/// is told where months are typed.
+QString waiting_words(const base::Settings& settings);
+
 /// The employee's month whose findings aren't to be told again.
 bool is_checked(const base::Settings& settings, base::EmployeeKey employee, const base::CompanyMonth& month);
 void set_checked(const base::Settings& settings, base::EmployeeKey employee, const base::CompanyMonth& month);

@@ -88,6 +88,7 @@ void ent_rovena::社員マスター全呼出() {
 
 void ent_rovena::社員リストソート処理() {
     entry::社員リストソート処理(hyou_syain, common::EmployeeOrder(sortlist));
+    mark_employees();
 }
 
 void ent_rovena::社員選択処理() {
@@ -106,6 +107,7 @@ void ent_rovena::社員選択処理() {
     trim_strip(sheet.hyou_day);
     m_draft.begin(sheet, employee);
     unloaded.dismiss();
+    keep_draft();
     sheet.hyou_day.setCursor({1, 0});
     hyou_day_shown = true;
     sheet.hyou.setCursor(sheet.entry_cell);

@@ -83,12 +83,13 @@ public:
 
     // The draft: what was typed and isn't in the tables yet. It is kept with every act that may have typed something.
 
+    // An employee who has one carries a dot in the list.
+
     /// How the month stands, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty if untouched.
     QString standing() const { return m_draft.standing(); }
     /// Whether saved days are on their way into the tables: a page asks now and then, and shows standing() anew.
-    bool days_on_their_way() { return m_draft.on_their_way(); }
-    /// Whether an employee of the list has a draft.
-    bool has_draft(int row) const;
+    bool days_on_their_way();
+    bool has_draft() const { return !m_draft.isEmpty(); }
     /// Days that somebody else changed as well, to be decided one by one.
     const QList<Clash>& clashes() const { return m_draft.clashes(); }
     void decide(int clash, MonthDraft::Choice choice);
@@ -102,7 +103,7 @@ public:
     void calculate_all();
     void ask_no_more_for_month();
     FindingKinds kinds_left_out() const;
-    void leave_out(FindingKind kind, bool left_out);
+    void leave_out(const FindingKinds& kinds); ///< from now on, on this PC
 
     // Fill and paste. What is typed in the box counts, the cell in hand stays, and the notice says how many days
     // changed.
@@ -192,6 +193,7 @@ private:
     void forget_employee();
 
     void open_drafts();
+    void mark_employees();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
     bool can_act() const;
     int normal_band() const;

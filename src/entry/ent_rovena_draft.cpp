@@ -22,22 +22,32 @@ void ent_rovena::open_drafts() {
     if (const QString kept = put_away_damaged_drafts(m_session.settings); !kept.isEmpty())
         m_session.host.tell(u"下書きのファイルが壊れていたため、\n%1\nとして残しました。"_s.arg(kept), u"下書き"_s);
     m_employees_with_drafts = drafts_waiting(m_session.settings).employees;
+    mark_employees();
 }
 
+void ent_rovena::mark_employees() {
+    for (int r = hyou_syain.FixedRows(); r < hyou_syain.Rows(); ++r)
+        hyou_syain.setDot(r, 0, m_employees_with_drafts.contains(Val(hyou_syain(r, 2))));
+}
+
+/// Whoever has another month's draft keeps the dot when this month's is over.
 void ent_rovena::keep_draft(UndoHistory::Step step) {
     m_draft.keep(sheet);
     m_history.record(sheet, m_draft.beside_sheet(), step);
     const qint64 employee = Val(syainsyscd);
-    if (employee == 0)
+    if (employee == 0 || has_draft() == m_employees_with_drafts.contains(employee))
         return;
-    if (!m_draft.isEmpty())
+    if (has_draft())
         m_employees_with_drafts.insert(employee);
-    else if (m_employees_with_drafts.contains(employee))
+    else
         m_employees_with_drafts = drafts_waiting(m_session.settings).employees;
+    mark_employees();
 }
 
-bool ent_rovena::has_draft(int row) const {
-    return m_employees_with_drafts.contains(Val(hyou_syain(row, 2)));
+bool ent_rovena::days_on_their_way() {
+    const bool on_their_way = m_draft.on_their_way();
+    keep_draft();
+    return on_their_way;
 }
 
 void ent_rovena::decide(int clash, MonthDraft::Choice choice) {
@@ -76,12 +86,9 @@ FindingKinds ent_rovena::kinds_left_out() const {
     return kinds;
 }
 
-void ent_rovena::leave_out(FindingKind kind, bool left_out) {
-    FindingKinds kinds = kinds_left_out();
-    if (left_out)
-        kinds.insert(kind);
-    else
-        kinds.remove(kind);
+void ent_rovena::leave_out(const FindingKinds& kinds) {
+    if (kinds == kinds_left_out())
+        return;
     QStringList numbers;
     for (int i = 0; i < int(finding_captions().size()); ++i)
         if (kinds.contains(FindingKind(i)))

@@ -20,7 +20,7 @@ using namespace base;
 namespace {
 
 constexpr QRgb mainpic_back = qRgb(200, 200, 255);
-constexpr QSize smallest(1100, 660);
+constexpr QSize smallest(1020, 660); ///< fits a screen of 1024 x 768 with its bars
 
 /// Inside a wait or a question the program is in the middle of something, and the window has to stay.
 bool in_the_middle_of_something() {

@@ -1,6 +1,7 @@
 #include "ui/program.h"
 
 #include "base/literals.h"
+#include "entry/draft_store.h"
 #include "frame/backup.h"
 #include "platform/file_error.h"
 #include "platform/paths.h"
@@ -137,6 +138,8 @@ void Program::show_window() {
     m_window = std::make_unique<MainWindow>(m_session, page_table(), [this] { back_up(); });
     fit_to_screen(*m_window);
     m_window->form().Form_Load();
+    m_window->form().flab = entry::waiting_words(m_settings);
+    m_window->form().changed();
     m_window->show();
 }
 

@@ -71,7 +71,7 @@ TEST_F(Drafts, WhatWasTypedIsThereAgainAfterAKillAndOnComingBack) {
     form->hyou_Click({6, col::kind});
     form->kyucom_Click(1);
     EXPECT_EQ(form->standing(), u"未登録 3日"_s);
-    EXPECT_TRUE(form->has_draft(1));
+    EXPECT_TRUE(form->hyou_syain.look(1, 0).dot);
 
     form->hyou_syain_Click(2);
     EXPECT_EQ(form->standing(), u""_s);
@@ -85,14 +85,14 @@ TEST_F(Drafts, WhatWasTypedIsThereAgainAfterAKillAndOnComingBack) {
     EXPECT_EQ(form->sheet.hyou(5, col::remark), u"直行"_s);
     EXPECT_EQ(form->sheet.hyou(6, col::kind), u"有休"_s);
     EXPECT_EQ(form->standing(), u"未登録 3日"_s);
-    EXPECT_TRUE(form->has_draft(1));
-    EXPECT_FALSE(form->has_draft(2));
+    EXPECT_TRUE(form->hyou_syain.look(1, 0).dot);
+    EXPECT_FALSE(form->hyou_syain.look(2, 0).dot);
     EXPECT_EQ(waiting().months, 1);
 
     form->give_up_draft();
     EXPECT_EQ(day(4).join(QString()), u""_s);
     EXPECT_EQ(waiting().months, 0);
-    EXPECT_FALSE(form->has_draft(1));
+    EXPECT_FALSE(form->hyou_syain.look(1, 0).dot);
 }
 
 TEST_F(Drafts, ABreakTypedByHandStandsAndADayNotYetCalculatedIsCalculated) {
@@ -199,9 +199,9 @@ TEST_F(Drafts, TheLookBeforeSavingIsSilentForAMonthThatIsntToBeAskedAboutAndForK
     ASSERT_EQ(form->look_before_saving().size(), 2) << "not calculated, and no clock-out";
     form->calculate_all();
     ASSERT_EQ(form->look_before_saving().size(), 1) << "no clock-out";
-    form->leave_out(FindingKind::OneClockTime, true);
+    form->leave_out({FindingKind::OneClockTime});
     EXPECT_TRUE(form->look_before_saving().isEmpty());
-    form->leave_out(FindingKind::OneClockTime, false);
+    form->leave_out({});
     EXPECT_TRUE(form->kinds_left_out().isEmpty());
     EXPECT_FALSE(form->look_before_saving().isEmpty());
     form->ask_no_more_for_month();

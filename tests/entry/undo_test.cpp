@@ -71,7 +71,7 @@ TEST_F(Undo, ATypedCellGoesWithTheCalculationThatFollowedFromItAndTheDraftFollow
     EXPECT_EQ(day(4), untouched);
     EXPECT_EQ(form->sheet.hyou(9, col::kind), u""_s);
     EXPECT_EQ(form->standing(), u""_s);
-    EXPECT_FALSE(form->can_undo() || form->has_draft(1));
+    EXPECT_FALSE(form->can_undo() || form->has_draft());
     form->redo();
     form->redo();
     EXPECT_EQ(day(4), worked);

@@ -25,6 +25,20 @@ constexpr frame::Button botan_buttons[] = {
     {1, u"登録", u"zen_tour.BMP", u"zen_tour_b.BMP"},
 };
 
+constexpr FunctionKey function_keys[] = {
+    {Qt::Key_F1, u"ヘルプ"},
+    {Qt::Key_F2, u"内訳"},
+    {Qt::Key_F3, u"上と同じ"},
+    {Qt::Key_F5, u"一括入力"},
+    {Qt::Key_F6, u"区分"},
+    {Qt::Key_F7, u"前社員"},
+    {Qt::Key_F8, u"次社員"},
+    {Qt::Key_F9, u"登録"},
+    {Qt::Key_F11, u"元に戻す"},
+    {Qt::Key_F12, u"やり直し"},
+};
+constexpr int keys_a_row_in_column = 3;
+
 constexpr int selector_width[] = {74, 58};
 constexpr QStringView selector_units[] = {u"年", u"月"};
 
@@ -77,9 +91,17 @@ ent_rovena_controls::ent_rovena_controls(
       sortlist(radio_group(*left, entry::ent_rovena::sortlist_captions)),
       kyuflg(radio_group(*left, entry::ent_rovena::kyuflg_captions)),
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
-      imghelp(new PictureButton(pictures, frame::help_button, left)), toubotan(new QWidget(left)) {
+      imghelp(new PictureButton(pictures, frame::help_button, left)), toubotan(new QWidget(left)),
+      standing(label(*left, 12, colours::text)), give_up(new QPushButton(u"入力を取り消す"_s, left)),
+      goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)), keys(new FunctionBar(function_keys, page)) {
     syalab->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
+    standing->setWordWrap(true);
+    standing->setFixedHeight(2 * standing->fontMetrics().lineSpacing());
+    standing->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    give_up->setFlat(true);
+    give_up->setFocusPolicy(Qt::TabFocus);
+    goes_on->setFocusPolicy(Qt::TabFocus);
     toubotan->setFocusPolicy(Qt::ClickFocus);
     toubotan->setFixedSize(1, 1);
     hyou->setObjectName("hyou");
@@ -107,32 +129,61 @@ void ent_rovena_controls::fill_left_column() {
     column->addLayout(in_a_row(*sortlist));
     column->addWidget(hyou_syain, 1);
     column->addLayout(in_a_row(*kyuflg));
+    column->addWidget(goes_on);
     column->addLayout(buttons);
+    column->addWidget(standing);
+    column->addWidget(give_up, 0, Qt::AlignLeft);
 }
 
 void ent_rovena_controls::order_by_tab() {
     QWidget* const order[] = {ym[0], ym[1], sortlist->button(0), sortlist->button(1), hyou_syain, hyou, hyou_day,
-        kyuflg->button(0), kyuflg->button(1), botan[1], botan[0], imghelp};
+        kyuflg->button(0), kyuflg->button(1), goes_on, botan[1], botan[0], imghelp, give_up};
     for (std::size_t i = 1; i < std::size(order); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
 void ent_rovena_controls::lay_out(QSize page) {
     hyou->sheet().setColWidth(entry::col::remark, entry::remark_width);
+    m_keys_at_foot = keys_fit_at_foot(page);
     int row_height = largest_row;
     zoom_to(row_height);
     while (!fits(page) && row_height > hyou->own_row_height())
         zoom_to(--row_height);
-    const QRect room = sheets_room(page);
-    left->setGeometry(page_margin, gap, room.left() - 2 * page_margin, page.height() - 2 * gap);
     hyou_syain->refresh();
-    place_sheets(room);
+    place_keys(page);
+    place_sheets(sheets_room(page));
+}
+
+/// Whether the sheets at their own size leave room for the keys below them.
+bool ent_rovena_controls::keys_fit_at_foot(QSize page) {
+    zoom_to(hyou->own_row_height());
+    const int width = sheets_room(page).width();
+    const auto height = [&](const GridView& sheet) { return sheet.full_height(sheet.full_width(false) > width); };
+    const int foot = keys->height_for(int(std::size(function_keys)));
+    return height(*hyou) + height(*hyou_day) + foot + 4 * tight_gap <= page.height();
+}
+
+void ent_rovena_controls::place_keys(QSize page) {
+    const QRect room = sheets_room(page);
+    const int columns = m_keys_at_foot ? int(std::size(function_keys)) : keys_a_row_in_column;
+    keys->set_columns(columns);
+    const int height = keys->height_for(columns);
+    QRect column(page_margin, gap, room.left() - 2 * page_margin, page.height() - 2 * gap);
+    const int top = column.bottom() + 1 - height;
+    if (m_keys_at_foot) {
+        keys->setGeometry(room.left(), page.height() - tight_gap - height, room.width(), height);
+    } else {
+        keys->setGeometry(column.left(), top, column.width(), height);
+        column.setBottom(top - gap);
+    }
+    left->setGeometry(column);
 }
 
 /// The place for the sheets beside the left column, which is as wide as the list of employees.
 QRect ent_rovena_controls::sheets_room(QSize page) const {
     const int beside = 2 * page_margin + hyou_syain->full_width(true);
-    return {beside, tight_gap, page.width() - beside - page_margin, page.height() - 2 * tight_gap};
+    const int foot = m_keys_at_foot ? keys->height_for(int(std::size(function_keys))) + tight_gap : 0;
+    return {beside, tight_gap, page.width() - beside - page_margin, page.height() - 2 * tight_gap - foot};
 }
 
 void ent_rovena_controls::zoom_to(int row_height) {

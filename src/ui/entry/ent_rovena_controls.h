@@ -5,13 +5,16 @@
 // left column, so that a whole month is in view on a low screen.
 
 #include "entry/ent_rovena.h"
+#include "ui/entry/function_bar.h"
 #include "ui/grid/cell_editor.h"
 #include "ui/grid/grid_view.h"
 #include "ui/parts/month_box.h"
 #include "ui/parts/picture_button.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QLabel>
+#include <QPushButton>
 #include <array>
 #include <span>
 
@@ -26,6 +29,7 @@ struct ent_rovena_controls {
     /// Lays the controls into a page of this size. The sheets get the largest whole-pixel rows at which all of them is
     /// in view, never below their own size, and no more room than they fill; the list of employees grows with them.
     /// The width that is left beside the month goes to its remarks.
+    /// The function keys lie at the foot of the sheets, on a low screen below the left column.
     void lay_out(QSize page);
 
     QWidget* left; ///< the column beside the sheets
@@ -40,15 +44,23 @@ struct ent_rovena_controls {
     QButtonGroup* kyuflg;
     std::array<PictureButton*, 2> botan; ///< 0 leaves the screen, 1 saves
     PictureButton* imghelp;
-    QWidget* toubotan; ///< takes the focus when a button is pressed, so that a cell in edit is committed
+    QWidget* toubotan;    ///< takes the focus when a button is pressed, so that a cell in edit is committed
+    QLabel* standing;     ///< how the month stands, and what was said of the last key
+    QPushButton* give_up; ///< "入力を取り消す"
+    QCheckBox* goes_on;
+    FunctionBar* keys;
 
 private:
     void fill_left_column();
+    void place_keys(QSize page);
     void order_by_tab();
     QRect sheets_room(QSize page) const;
     void zoom_to(int row_height);
     bool fits(QSize page) const;
+    bool keys_fit_at_foot(QSize page);
     void place_sheets(QRect room);
+
+    bool m_keys_at_foot = false;
 };
 
 } // namespace ui

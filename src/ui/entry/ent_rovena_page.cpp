@@ -3,12 +3,18 @@
 #include "base/literals.h"
 #include "entry/day_kinds.h"
 #include "frame/help.h"
+#include "ui/entry/clash_panel.h"
+#include "ui/entry/fill_panel.h"
+#include "ui/entry/look_panel.h"
+#include "ui/entry/paste_panel.h"
 #include "ui/parts/key_codes.h"
 #include "ui/parts/page_parts.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
+#include <QToolTip>
 #include <utility>
 
 namespace ui {
@@ -16,6 +22,9 @@ namespace ui {
 using namespace base;
 
 namespace {
+
+constexpr int save_button = 1;
+constexpr std::chrono::milliseconds look_again(1000);
 
 entry::ent_rovena& loaded(entry::ent_rovena& form) {
     form.Form_Load();
@@ -39,6 +48,7 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     connect_sheet();
     connect_strip();
     connect_buttons();
+    connect_keys();
     m_form.msglab_changed = [this] { report(); };
     refresh();
 }
@@ -50,6 +60,7 @@ EditorActs ent_rovena_page::editor_acts() {
         .Insert = [this](const QString& text) { return m_form.atai_Insert(text); },
         .Change = [this](const QString& text) { m_form.atai_Change(text); },
         .LostFocus = [this] { act([this] { m_form.atai_LostFocus(); }); },
+        .Paste = [this](const QString& text) { return paste_cells(text); },
     };
 }
 
@@ -114,10 +125,128 @@ void ent_rovena_page::connect_buttons() {
         [this] { frame::ヘルプ表示(m_session.settings, m_session.host, u"ent_rovena"_s); });
 }
 
+void ent_rovena_page::connect_keys() {
+    connect(m_controls.keys, &FunctionBar::pressed, this, &ent_rovena_page::press_key);
+    connect(m_controls.give_up, &QPushButton::clicked, this, [this] { give_up_draft(); });
+    connect(m_controls.goes_on, &QCheckBox::toggled, this, [this](bool on) { m_form.set_goes_on(on); });
+    connect(m_kyucom, &CellCombo::digit_typed, this, [this](int digit) { act([&] { m_form.kyucom_Digit(digit); }); });
+    connect(m_kyucom, &CellCombo::left, this, [this](int key) { act([&] { m_form.kyucom_KeyDown(key_code(key)); }); });
+    m_on_their_way.setInterval(look_again);
+    connect(&m_on_their_way, &QTimer::timeout, this, &ent_rovena_page::follow_saved_days);
+}
+
+void ent_rovena_page::press_key(Qt::Key key) {
+    if (m_form.saving || m_form.waiting)
+        return;
+    switch (key) {
+    case Qt::Key_F1:
+        return m_controls.imghelp->click();
+    case Qt::Key_F2:
+        return act([this] { m_form.explain_day(); });
+    case Qt::Key_F3:
+        return act([this] { m_form.fill(entry::FillSource::DayAbove, row_in_hand()); });
+    case Qt::Key_F5:
+        return fill_days();
+    case Qt::Key_F6:
+        return act([this] { m_form.go_to_kinds(); });
+    case Qt::Key_F7:
+        return act([this] { m_form.step_employee(-1); });
+    case Qt::Key_F8:
+        return act([this] { m_form.step_employee(1); });
+    case Qt::Key_F9:
+        return m_controls.botan[1]->click();
+    case Qt::Key_F11:
+        return act([this] { m_form.undo(); });
+    case Qt::Key_F12:
+        return act([this] { m_form.redo(); });
+    default:
+        return;
+    }
+}
+
+entry::RowRange ent_rovena_page::row_in_hand() const {
+    const int r = m_form.sheet.hyou.Row();
+    return {r, r};
+}
+
+void ent_rovena_page::fill_days() {
+    if (m_form.syainsyscd.isEmpty())
+        return;
+    const bool ask = m_form.needs_normal_band();
+    FillPanel panel(m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(), this);
+    if (panel.exec() != QDialog::Accepted)
+        return;
+    if (const auto band = panel.normal_band(); band && panel.source() == entry::FillSource::StandardTimes)
+        m_form.mark_normal_band(*band);
+    act([&] { m_form.fill(panel.source(), panel.rows()); });
+}
+
+/// A text of several cells; one of a single cell is the box's own.
+bool ent_rovena_page::paste_cells(const QString& text) {
+    if (!text.trimmed().contains(u'\n') && !text.contains(u'\t'))
+        return false;
+    const base::Cell in_hand{m_form.sheet.hyou.Row(), m_form.sheet.hyou.Col()};
+    const entry::PastePreview preview = act([&] { return m_form.preview_paste(text); });
+    PastePanel panel(m_form.sheet, preview, this);
+    if (panel.exec() == QDialog::Accepted)
+        act([&] { m_form.paste(preview); });
+    else
+        act([&] { m_form.hyou_Click(in_hand); });
+    return true;
+}
+
+/// What is off is told before anything is posted. Nothing off: nothing shown.
+bool ent_rovena_page::may_save() {
+    const QList<entry::Finding> found = m_form.look_before_saving();
+    if (found.isEmpty())
+        return true;
+    LookPanel panel(m_form.sheet, found, m_form.kinds_left_out(), this);
+    panel.exec();
+    return take_answer(panel);
+}
+
+bool ent_rovena_page::take_answer(const LookPanel& panel) {
+    m_form.leave_out(panel.left_out());
+    if (panel.asks_no_more_for_month())
+        m_form.ask_no_more_for_month();
+    if (const auto day = panel.day_to_go_to())
+        act([&] { m_form.hyou_Click({*day, entry::col::clock_in}); });
+    if (panel.answer() == LookPanel::Answer::CalculateAndSave)
+        act([this] { m_form.calculate_all(); });
+    return panel.answer() != LookPanel::Answer::Back;
+}
+
+void ent_rovena_page::ask_about_clashes() {
+    if (m_asking || m_form.clashes().isEmpty())
+        return;
+    const QScopedValueRollback asking(m_asking, true);
+    ClashPanel panel(m_form.sheet, m_form.clashes(), this);
+    if (panel.exec() == QDialog::Accepted)
+        act([&] {
+            for (const auto choice : panel.choices())
+                m_form.decide(0, choice);
+        });
+}
+
+void ent_rovena_page::give_up_draft() {
+    const auto answer = m_session.host.ask(u"この月の、まだ登録していない入力を取り消します。\nよろしいですか？"_s,
+        u"入力を取り消す"_s, platform::Buttons::YesNo);
+    if (answer == platform::Answer::Yes)
+        act([this] { m_form.give_up_draft(); });
+}
+
+void ent_rovena_page::follow_saved_days() {
+    if (!m_form.saving && !m_form.waiting && !m_form.days_on_their_way())
+        m_on_their_way.stop();
+    show_standing();
+}
+
 /// The hidden box takes the focus first, so that a cell in edit is committed. While the form saves it may give the
 /// interface time, and the page takes no input meanwhile.
 void ent_rovena_page::press(int botan) {
     m_controls.toubotan->setFocus();
+    if (botan == save_button && !may_save())
+        return;
     {
         setEnabled(false);
         const auto open_again = qScopeGuard([this] {
@@ -126,6 +255,8 @@ void ent_rovena_page::press(int botan) {
         });
         act([&] { m_form.botan_Click(botan); });
     }
+    if (botan == save_button)
+        m_on_their_way.start();
     if (m_form.close_wanted)
         Q_EMIT close_wanted();
 }
@@ -162,6 +293,23 @@ void ent_rovena_page::refresh() {
     m_controls.lay_out(size());
     refresh_editors();
     follow_focus_wish();
+    show_standing();
+    QMetaObject::invokeMethod(this, &ent_rovena_page::ask_about_clashes, Qt::QueuedConnection);
+}
+
+/// What was said of the last key stays in the line until the next one, and beside its cell for a moment.
+void ent_rovena_page::show_standing() {
+    const auto& notice = m_form.editors.notice;
+    const QString words = notice ? notice->text : m_form.standing();
+    m_controls.give_up->setVisible(m_form.has_draft());
+    m_controls.goes_on->setChecked(m_form.goes_on);
+    if (words == m_controls.standing->text())
+        return;
+    m_controls.standing->setText(words);
+    if (!notice)
+        return QToolTip::hideText();
+    const QRect cell = m_controls.hyou->cell_rect(notice->cell);
+    QToolTip::showText(m_controls.hyou->viewport()->mapToGlobal(cell.bottomLeft()), words, m_controls.hyou);
 }
 
 void ent_rovena_page::show_month() {

@@ -7,9 +7,12 @@
 #include "ui/entry/ent_rovena_controls.h"
 #include "ui/parts/acting.h"
 
+#include <QTimer>
 #include <QWidget>
 
 namespace ui {
+
+class LookPanel;
 
 class ent_rovena_page : public Acting<QWidget> {
     Q_OBJECT
@@ -36,11 +39,22 @@ private:
     void connect_sheet();
     void connect_strip();
     void connect_buttons();
+    void connect_keys();
     void press(int botan);
+    void press_key(Qt::Key key);
+    entry::RowRange row_in_hand() const;
+    void fill_days();
+    bool paste_cells(const QString& text);
+    bool may_save();
+    bool take_answer(const LookPanel& panel);
+    void ask_about_clashes();
+    void give_up_draft();
+    void follow_saved_days();
 
     void refresh() override;
     void show_month();
     void report();
+    void show_standing();
     void refresh_editors();
     void follow_focus_wish();
 
@@ -49,6 +63,8 @@ private:
     ent_rovena_controls m_controls;
     CellEditor* m_atai;
     CellCombo* m_kyucom;
+    QTimer m_on_their_way; ///< asks whether saved days have come into the tables
+    bool m_asking = false; ///< inside the panel of days that were changed elsewhere
 };
 
 } // namespace ui

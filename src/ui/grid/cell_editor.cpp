@@ -123,13 +123,18 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
     if (plain && code != 0 && m_acts.KeyDown(code))
         return;
     if (event->matches(QKeySequence::Paste))
-        insert(accepted(QApplication::clipboard()->text()));
+        paste_text(QApplication::clipboard()->text());
     else if (takes_text_away(*event))
         type(event, backspace_key);
     else if (types_text(*event))
         type(event, event->text().front().unicode());
     else
         QLineEdit::keyPressEvent(event);
+}
+
+void CellEditor::paste_text(const QString& text) {
+    if (!m_acts.Paste || !m_acts.Paste(text))
+        insert(accepted(text));
 }
 
 void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
@@ -212,7 +217,13 @@ void CellCombo::paintEvent(QPaintEvent*) {
 }
 
 void CellCombo::keyPressEvent(QKeyEvent* event) {
-    if (pos() != out_of_sight)
+    const int key = event->key();
+    const bool in_sight = pos() != out_of_sight;
+    if (in_sight && key >= Qt::Key_0 && key <= Qt::Key_9)
+        Q_EMIT digit_typed(key - Qt::Key_0);
+    else if (in_sight && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape))
+        Q_EMIT left(key);
+    else if (in_sight)
         QComboBox::keyPressEvent(event);
     event->accept();
 }

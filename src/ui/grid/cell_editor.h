@@ -17,7 +17,7 @@ namespace ui {
 
 class GridView;
 
-/// The form's acts behind the box. Every one must be set.
+/// The form's acts behind the box. Every one but Paste must be set.
 struct EditorActs {
     /// A key that the forms know (see key_codes.h) goes down. True if it moved the cursor; else it is the box's own.
     std::function<bool(int key_code)> KeyDown;
@@ -29,6 +29,8 @@ struct EditorActs {
     std::function<void(const QString& text)> Change;
     /// The focus went to another control of this window.
     std::function<void()> LostFocus;
+    /// The clipboard's text, before it is inserted. True if the page took it for more than this cell.
+    std::function<bool(const QString& text)> Paste{};
 };
 
 class CellEditor : public QLineEdit {
@@ -52,6 +54,7 @@ protected:
 private:
     void type(QKeyEvent* event, int character);
     QString accepted(const QString& text);
+    void paste_text(const QString& text);
     void place();
 
     GridView& m_grid;
@@ -77,6 +80,10 @@ public:
 
     /// The list is as wide as its names, however narrow the cell is.
     void showPopup() override;
+
+Q_SIGNALS:
+    void digit_typed(int digit); ///< 0 to 9
+    void left(int key);          ///< Enter or Escape while no popup is open
 
 protected:
     /// Like a cell, with a small arrow: the desktop's own look would leave no room for the text.

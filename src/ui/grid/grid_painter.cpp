@@ -36,6 +36,8 @@ public:
         m_painter.setPen(
             look.fore ? colour(*look.fore) : QColor::fromRgb(place.heading ? colours::heading_text : colours::text));
         text(place);
+        if (look.dot)
+            dot(place.rect);
     }
 
     /// The heading band goes on beside the last column.
@@ -86,6 +88,16 @@ private:
         set_font_for(place.rect.height());
         const QRect room = place.rect.adjusted(side_margin, 0, -side_margin - 1, -1);
         draw_fitting(m_painter, room, horizontal(place) | Qt::AlignVCenter, content);
+    }
+
+    void dot(const QRect& rect) {
+        const int size = rect.height() / 3;
+        m_painter.save();
+        m_painter.setRenderHint(QPainter::Antialiasing);
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(QColor::fromRgb(colours::waiting));
+        m_painter.drawEllipse(QRect(rect.left() + side_margin, rect.center().y() - size / 2, size, size));
+        m_painter.restore();
     }
 
     Qt::Alignment horizontal(const CellPlace& place) const {

@@ -22,6 +22,7 @@ inline constexpr QRgb row_in_hand = 0xffdadef8;
 inline constexpr QRgb row_in_hand_idle = 0xffe8eaf3;
 inline constexpr QRgb notice = 0xfffff7e3; ///< something waits for the person
 inline constexpr QRgb notice_line = 0xffe3c77d;
+inline constexpr QRgb waiting = 0xffd9822b; ///< the mark of what isn't saved yet
 inline constexpr QRgb line = 0xffdfe2ec;
 
 } // namespace ui::colours

@@ -15,6 +15,7 @@ struct KeyCode {
 constexpr KeyCode key_codes[] = {
     {Qt::Key_Return, 13},
     {Qt::Key_Enter, 13},
+    {Qt::Key_Escape, 27},
     {Qt::Key_Left, 37},
     {Qt::Key_Up, 38},
     {Qt::Key_Right, 39},

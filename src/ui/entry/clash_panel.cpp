@@ -1,0 +1,86 @@
+#include "ui/entry/clash_panel.h"
+
+#include "base/literals.h"
+#include "ui/entry/day_table.h"
+#include "ui/parts/style.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace ui {
+
+using namespace base;
+using Choice = entry::MonthDraft::Choice;
+
+namespace {
+
+constexpr QSize usual_size(760, 360);
+enum Column { day, stored, typed };
+constexpr int column_width[] = {90, 330};
+
+QString words(const entry::TypedDay& content) {
+    QStringList parts;
+    if (!content.clock_in.isEmpty() || !content.clock_out.isEmpty())
+        parts << u"%1～%2"_s.arg(content.clock_in, content.clock_out);
+    if (!content.break_time.isEmpty())
+        parts << u"休憩 "_s + content.break_time;
+    for (const QString& part : {content.kind_name, content.remark})
+        if (!part.isEmpty())
+            parts << part;
+    return parts.isEmpty() ? u"（空）"_s : parts.join(u"　"_s);
+}
+
+} // namespace
+
+ClashPanel::ClashPanel(const entry::MonthSheet& sheet, const QList<entry::Clash>& clashes, QWidget* parent)
+    : QDialog(parent) {
+    setWindowTitle(u"ほかのＰＣでも変更された日"_s);
+    resize(usual_size);
+    auto* note =
+        new QLabel(u"ここで入力したあと、ほかのＰＣで登録された日があります。どちらを残すか選んでください。"_s, this);
+    note->setWordWrap(true);
+    auto* table = day_table({u"日"_s, u"登録されている内容"_s, u"ここで入力した内容"_s}, this);
+    table->setRowCount(static_cast<int>(clashes.size()));
+    for (const Column column : {day, stored})
+        table->setColumnWidth(column, column_width[column]);
+    for (int i = 0; i < clashes.size(); ++i) {
+        table->setItem(i, day, day_item(day_name(sheet, clashes[i].row)));
+        auto* group = new QButtonGroup(this);
+        const auto add = [&](Column column, const entry::TypedDay& content, Choice choice) {
+            auto* button = new QRadioButton(words(content), table);
+            button->setToolTip(words(content));
+            group->addButton(button, static_cast<int>(choice));
+            table->setCellWidget(i, column, button);
+        };
+        add(stored, clashes[i].stored, Choice::Stored);
+        add(typed, clashes[i].draft.typed, Choice::Typed);
+        group->button(static_cast<int>(Choice::Stored))->setChecked(true);
+        m_choices << group;
+    }
+    auto* later = new QPushButton(u"あとで決める"_s, this);
+    auto* decide = new QPushButton(u"決定"_s, this);
+    decide->setDefault(true);
+    connect(later, &QPushButton::clicked, this, &QDialog::reject);
+    connect(decide, &QPushButton::clicked, this, &QDialog::accept);
+    auto* foot = new QHBoxLayout;
+    foot->addStretch();
+    foot->addWidget(decide);
+    foot->addWidget(later);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(note);
+    column->addWidget(table, 1);
+    column->addLayout(foot);
+}
+
+QList<Choice> ClashPanel::choices() const {
+    QList<Choice> chosen;
+    for (const QButtonGroup* group : m_choices)
+        chosen << Choice(group->checkedId());
+    return chosen;
+}
+
+} // namespace ui

@@ -1,0 +1,27 @@
+#pragma once
+
+// Days that were typed here and changed by somebody else meanwhile, side by side: the person decides each. What stands
+// in the tables is shown first; who goes away undecided is asked again on coming back.
+
+#include "entry/draft.h"
+#include "entry/month_draft.h"
+
+#include <QDialog>
+
+class QButtonGroup;
+
+namespace ui {
+
+class ClashPanel : public QDialog {
+    Q_OBJECT
+public:
+    ClashPanel(const entry::MonthSheet& sheet, const QList<entry::Clash>& clashes, QWidget* parent);
+
+    /// A choice a day, in order; meant only if the panel was accepted.
+    QList<entry::MonthDraft::Choice> choices() const;
+
+private:
+    QList<QButtonGroup*> m_choices;
+};
+
+} // namespace ui
