@@ -16,7 +16,6 @@ struct Settings {
     QString product_folder = QStringLiteral("rovena100"); ///< the program's own folder below a root
     QString version_text = QStringLiteral("R240-03");     ///< product code, dash, two-digit version
     QString product_code = QStringLiteral("R240");        ///< written to `allsystem`
-    QString version_no = QStringLiteral("03");            ///< written to `allsystem`
 
     QString server_root; ///< root of the shared data; may be a UNC path; empty until the first setting is read
     QString local_root;  ///< root of the files of this PC; empty until the first setting is read

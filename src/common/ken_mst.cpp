@@ -139,7 +139,7 @@ void ken_mst::Form_Activate() {
     書式設定_抽出リスト();
     書式設定_五十音();
     midasi = m_mode.title.toString();
-    focus = Wish{Focus::Kenatai, name_box};
+    focus = Wish{SearchControl::Kenatai, name_box};
 }
 
 bool ken_mst::has_box(int element) const {
@@ -152,7 +152,7 @@ QString ken_mst::page_name() const {
 
 bool ken_mst::to_list() {
     if (hyou.Rows() > hyou.FixedRows())
-        focus = Wish{Focus::Hyou};
+        focus = Wish{SearchControl::Hyou};
     return hyou.Rows() > hyou.FixedRows();
 }
 
@@ -162,7 +162,7 @@ bool ken_mst::to_next_box(int element) {
         ++next;
     if (next == int(kenatai.size()))
         return false;
-    focus = Wish{Focus::Kenatai, next};
+    focus = Wish{SearchControl::Kenatai, next};
     return true;
 }
 
@@ -187,7 +187,7 @@ void ken_mst::hyou_Click(int row) {
 bool ken_mst::hyou_KeyDown(int key_code) {
     if (key_code != key::up || hyou.Row() > hyou.FixedRows())
         return false;
-    focus = Wish{Focus::Kenatai, name_box};
+    focus = Wish{SearchControl::Kenatai, name_box};
     return true;
 }
 

@@ -43,9 +43,9 @@ public:
     enum Box { name_box, reading_box, spare_box, number_box };
     /// Columns of `hyou`; the first is its fixed one.
     enum Column { row_col, number_col, name_col, key_col };
-    enum class Focus { Kenatai, Hyou };
+    enum class SearchControl { Kenatai, Hyou };
     struct Wish {
-        Focus control;
+        SearchControl control;
         int element = 0;
         friend bool operator==(const Wish&, const Wish&) = default;
     };

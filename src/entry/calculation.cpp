@@ -1,5 +1,6 @@
 #include "entry/calculation.h"
 
+#include "base/literals.h"
 #include "base/text.h"
 #include "entry/cells.h"
 #include "entry/day_figures.h"
@@ -8,6 +9,8 @@
 #include <utility>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

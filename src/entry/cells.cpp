@@ -7,6 +7,8 @@
 
 namespace entry {
 
+using namespace base;
+
 std::optional<int> category_column(const MonthSheet& sheet, qint64 category) {
     for (int column = col::first_category; column < sheet.hyou.Cols(); ++column)
         if (category_of(sheet, column) == category)

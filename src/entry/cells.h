@@ -2,17 +2,14 @@
 
 // Small readings of the month sheet that several rules share.
 
-#include "base/literals.h"
 #include "base/numbers.h"
 #include "entry/sheet.h"
 
 namespace entry {
 
-using namespace base;
-
 /// The number of a column's work category, from the hidden row.
 inline int category_of(const MonthSheet& sheet, int column) {
-    return int_val(sheet.hyou(row::category_number, column));
+    return base::int_val(sheet.hyou(row::category_number, column));
 }
 
 /// The column of a work category; nothing if the sheet has none.

@@ -7,6 +7,8 @@
 
 namespace entry {
 
+using namespace base;
+
 namespace {
 
 Stay stay_of(const MonthSheet& sheet, int r) {

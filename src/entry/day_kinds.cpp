@@ -6,6 +6,8 @@
 
 namespace entry {
 
+using namespace base;
+
 namespace {
 
 /// The way of choosing no kind.

@@ -1,5 +1,6 @@
 #include "entry/draft.h"
 
+#include "base/literals.h"
 #include "base/text.h"
 #include "entry/calculation.h"
 #include "entry/cells.h"
@@ -9,6 +10,8 @@
 #include <tuple>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

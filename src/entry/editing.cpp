@@ -1,5 +1,6 @@
 #include "entry/editing.h"
 
+#include "base/literals.h"
 #include "base/text.h"
 #include "entry/calculation.h"
 #include "entry/cells.h"
@@ -8,6 +9,8 @@
 #include "entry/tally.h"
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 
@@ -49,7 +52,7 @@ void lay_box(MonthSheet& sheet, Editors& editors, Cell here) {
     sheet.entry_cell = here;
     const auto method = here.col == col::remark ? InputMethod::On : InputMethod::Off;
     editors.atai.place(here, editor_text(sheet, here), method);
-    editors.focus = Focus::Atai;
+    editors.focus = EntryControl::Atai;
 }
 
 void place_box(MonthSheet& sheet, Editors& editors) {
@@ -94,7 +97,7 @@ void place_kinds(MonthSheet& sheet, Editors& editors) {
     sheet.hyou(here.row, col::kind) = sheet.hyou_system(here.row, record::kind_name);
     editors.kyucom.cell = here;
     editors.kyucom.visible = editors.kyucom.enabled = true;
-    editors.focus = Focus::Kyucom;
+    editors.focus = EntryControl::Kyucom;
 }
 
 bool has_impossible_minutes(const QString& typed) {

@@ -18,7 +18,7 @@ namespace entry {
 namespace key = base::key;
 
 /// Where the keyboard should go next; the page takes the wish and clears it.
-enum class Focus { Atai, Kyucom, YmYear, YmMonth, Toubotan };
+enum class EntryControl { Atai, Kyucom, YmYear, YmMonth, Toubotan };
 
 /// `kyucom`, the list of day kinds. Items have 30 characters: name 10, number 10, `休出` 10.
 struct KindList {
@@ -38,7 +38,7 @@ struct CellNotice {
 struct Editors {
     base::CellEditor atai;
     KindList kyucom;
-    std::optional<Focus> focus;
+    std::optional<EntryControl> focus;
     std::optional<CellNotice> notice; ///< until the next key
 };
 

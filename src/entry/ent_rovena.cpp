@@ -51,7 +51,7 @@ void ent_rovena::Form_Load() {
 }
 
 void ent_rovena::Form_Activate() {
-    editors.focus = Focus::YmYear;
+    editors.focus = EntryControl::YmYear;
 }
 
 void ent_rovena::リスト初期設定() {
@@ -159,11 +159,8 @@ void ent_rovena::保存処理() {
     m_history.posted(sheet);
 }
 
-bool ent_rovena::employee_chosen() {
-    if (!syainsyscd.isEmpty())
-        return true;
+void ent_rovena::ask_for_employee() {
     m_session.host.tell(u"社員を選択してから入力してください"_s, u"社員未選択"_s);
-    return false;
 }
 
 void ent_rovena::hyou_syain_Click(int row) {
@@ -189,7 +186,7 @@ void ent_rovena::kyuflg_Click(int element) {
 void ent_rovena::hyou_Click(Cell cell) {
     atai_LostFocus();
     if (cell.col != col::kind && !employee_chosen())
-        return;
+        return ask_for_employee();
     if (cell.row < sheet.hyou.FixedRows())
         return;
     if (cell.col != col::kind)
@@ -209,16 +206,20 @@ void ent_rovena::atai_Change(const QString& text) {
 }
 
 bool ent_rovena::atai_KeyPress(int character) {
-    if (!employee_chosen())
+    if (!employee_chosen()) {
+        ask_for_employee();
         return false;
+    }
     const bool stands = type_key(sheet, character);
     say_refused(!stands);
     return stands;
 }
 
 QString ent_rovena::atai_Insert(const QString& text) {
-    if (!employee_chosen())
+    if (!employee_chosen()) {
+        ask_for_employee();
         return {};
+    }
     const QString standing = accept_text(sheet, text);
     say_refused(standing.isEmpty() && !text.isEmpty());
     return standing;
@@ -250,6 +251,8 @@ void ent_rovena::atai_LostFocus() {
 void ent_rovena::kyucom_Click(int index) {
     if (employee_chosen())
         choose_kind(sheet, editors.kyucom, index);
+    else
+        ask_for_employee();
     keep_draft();
 }
 

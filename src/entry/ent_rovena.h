@@ -43,7 +43,6 @@ public:
     static constexpr QStringView caption = u"出勤時間入力";
     static constexpr const auto& sortlist_captions = common::employee_order_captions;
     static constexpr QStringView kyuflg_captions[] = {u"休憩時間含", u"実働勤務時間"};
-    static constexpr base::Rgb atai_back{240, 240, 255};
 
     explicit ent_rovena(frame::Session& session) : m_session(session), m_draft(session) {}
 
@@ -183,7 +182,8 @@ private:
     bool saved_days_are_in(base::EmployeeKey employee);
     void load_month(base::EmployeeKey employee);
     void report(const QString& text);
-    bool employee_chosen();
+    bool employee_chosen() const { return !syainsyscd.isEmpty(); }
+    void ask_for_employee(); ///< before anything is typed
     void say_refused(bool refused);
     void say(const QString& words);
     int employee_row() const;

@@ -62,7 +62,7 @@ bool ent_rovena::ym_KeyDown(int element, int key_code) {
     if (!waiting && typed && typed->month_key() != sheet.month.month_key())
         open_month();
     show_month();
-    editors.focus = element == year_selector ? Focus::YmMonth : Focus::Toubotan;
+    editors.focus = element == year_selector ? EntryControl::YmMonth : EntryControl::Toubotan;
     return true;
 }
 

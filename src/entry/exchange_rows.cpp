@@ -3,7 +3,11 @@
 #include "entry/cells.h"
 #include "entry/saving.h"
 
+#include "base/literals.h"
+
 namespace entry {
+
+using namespace base;
 
 namespace {
 

@@ -1,11 +1,14 @@
 #include "entry/explain.h"
 
+#include "base/literals.h"
 #include "entry/cells.h"
 #include "entry/day_figures.h"
 
 #include <QStringList>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

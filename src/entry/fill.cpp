@@ -1,5 +1,7 @@
 #include "entry/fill.h"
 
+#include "base/literals.h"
+
 #include "entry/calculation.h"
 #include "entry/cells.h"
 #include "entry/editing.h"
@@ -7,6 +9,8 @@
 #include <algorithm>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

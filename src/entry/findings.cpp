@@ -1,5 +1,6 @@
 #include "entry/findings.h"
 
+#include "base/literals.h"
 #include "entry/cells.h"
 #include "entry/day_figures.h"
 #include "entry/tally.h"
@@ -7,6 +8,8 @@
 #include <algorithm>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

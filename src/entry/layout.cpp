@@ -1,11 +1,14 @@
 #include "entry/layout.h"
 
 #include "base/columns.h"
+#include "base/literals.h"
 #include "entry/cells.h"
 
 #include <array>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

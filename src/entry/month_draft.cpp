@@ -1,5 +1,6 @@
 #include "entry/month_draft.h"
 
+#include "base/literals.h"
 #include "entry/cells.h"
 #include "entry/draft_store.h"
 #include "entry/waiting_days.h"
@@ -7,6 +8,8 @@
 #include <algorithm>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

@@ -6,6 +6,8 @@
 
 namespace entry {
 
+using namespace base;
+
 namespace {
 
 void show_day(base::Sheet& hyou, int r, const common::SavedDay& day) {

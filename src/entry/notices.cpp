@@ -1,10 +1,13 @@
 #include "entry/notices.h"
 
+#include "base/literals.h"
 #include "base/text.h"
 #include "entry/cells.h"
 #include "entry/editing.h"
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

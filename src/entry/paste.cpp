@@ -1,5 +1,7 @@
 #include "entry/paste.h"
 
+#include "base/literals.h"
+
 #include "base/text.h"
 #include "entry/calculation.h"
 #include "entry/cells.h"
@@ -11,6 +13,8 @@
 #include <algorithm>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

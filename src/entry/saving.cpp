@@ -1,5 +1,6 @@
 #include "entry/saving.h"
 
+#include "base/literals.h"
 #include "common/program_wait.h"
 #include "entry/cells.h"
 #include "frame/exchange_files.h"
@@ -7,6 +8,8 @@
 #include "store/files.h"
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

@@ -1,9 +1,12 @@
 #include "entry/tally.h"
 
+#include "base/literals.h"
 #include "common/count_tag.h"
 #include "entry/cells.h"
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "entry/work_type.h"
 
+#include "base/literals.h"
 #include "base/text.h"
 #include "common/saved_month.h"
 #include "entry/cells.h"
@@ -8,6 +9,8 @@
 #include <algorithm>
 
 namespace entry {
+
+using namespace base;
 
 namespace {
 

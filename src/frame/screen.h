@@ -27,14 +27,6 @@ struct Focus {
     friend bool operator==(const Focus&, const Focus&) = default;
 };
 
-/// A box of typed text.
-struct TextBox {
-    static constexpr base::Rgb lit_back{240, 240, 255};
-
-    QString text;
-    bool lit = false; ///< has the keyboard: back colour `lit_back`, the whole text selected when it came
-};
-
 class Screen {
 public:
     virtual ~Screen() = default;

@@ -38,7 +38,6 @@ public:
     void cancel() { m_cancelled = true; }
 
     bool running() const { return m_running; }
-    bool cancelled() const { return m_cancelled; } ///< of the work that runs, or of the last one
     const QString& what() const { return m_what; }
     int percent() const { return m_percent; } ///< 0 to 100; -1 while the total isn't known
 

@@ -5,7 +5,7 @@
 namespace masters {
 
 void FieldScreen::atai_Change(int element, const QString& text) {
-    atai[element].text = base::field_text(text);
+    atai[element] = base::field_text(text);
 }
 
 } // namespace masters

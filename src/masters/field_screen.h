@@ -12,12 +12,10 @@ namespace masters {
 class FieldScreen : public Screen {
 public:
     base::Sheet hyou;
-    std::array<TextBox, 4> atai;
+    std::array<QString, 4> atai;
     bool toubotan_lit = false; ///< button 1 shows its "_b" picture
 
     void atai_Change(int element, const QString& text); ///< held at the 255 characters of a field
-    void atai_GotFocus(int element) { atai[element].lit = true; }
-    void atai_LostFocus(int element) { atai[element].lit = false; }
     void toubotan_GotFocus() { toubotan_lit = true; }
     void toubotan_LostFocus() { toubotan_lit = false; }
 

@@ -7,8 +7,8 @@
 // The list of types is filled on opening only, a number drawn for a new type isn't put into `kinjino`, and a delete
 // leaves the rows in hand: so registering twice makes two types, and registering after a delete brings the type back.
 
+#include "common/day_picture.h"
 #include "masters/combo_box.h"
-#include "masters/day_picture.h"
 #include "masters/grid_screen.h"
 #include "masters/week_buffer.h"
 
@@ -51,7 +51,7 @@ public:
     void 登録削除処理(int mode);
 
     /// The picture of the day in the grid, with what is typed in the open cell as it would be committed now.
-    DayPicture picture() const;
+    common::DayPicture picture() const;
 
     // Acts of the person.
 

@@ -51,6 +51,15 @@ QList<qint64> numbers_of(const ComboBox& combo) {
     return numbers;
 }
 
+/// All bands of the grid, the empty ones too, under their row numbers.
+QList<common::DayBand> bands_of(const Sheet& hyou) {
+    QList<common::DayBand> bands;
+    for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row)
+        bands << common::DayBand{
+            row, hyou(row, band_col::start), hyou(row, band_col::end), Val(hyou(row, band_col::category))};
+    return bands;
+}
+
 } // namespace
 
 void mst_kinjikan::入力フォーム() {
@@ -67,13 +76,13 @@ void mst_kinjikan::入力フォーム() {
     focus = Focus{Control::AtaiCom, element};
 }
 
-DayPicture mst_kinjikan::picture() const {
+common::DayPicture mst_kinjikan::picture() const {
     const QList<qint64> categories = numbers_of(atai_com[0]);
     if (!atai.active)
-        return day_picture(hyou, categories);
+        return common::day_picture(bands_of(hyou), categories);
     Sheet as_typed = hyou;
     as_typed(atai.cell.row, atai.cell.col) = committed_time(atai.text);
-    return day_picture(as_typed, categories);
+    return common::day_picture(bands_of(as_typed), categories);
 }
 
 void mst_kinjikan::atai_Change(const QString& text) {

@@ -56,10 +56,10 @@ void mst_kyuka::休暇リスト転記() {
         return;
     const qint64 day_class = hyou(row, class_col) == leave_label ? 0 : 1;
     const qint64 mark = hyou(row, standard_col) == standard_label ? mark_of(day_class) : 0;
-    atai[key_field].text = hyou(row, key_col);
-    atai[name_field].text = hyou(row, name_col);
-    atai[class_field].text = digits(day_class);
-    atai[mark_field].text = digits(mark);
+    atai[key_field] = hyou(row, key_col);
+    atai[name_field] = hyou(row, name_col);
+    atai[class_field] = digits(day_class);
+    atai[mark_field] = digits(mark);
     ch_hyou = mark != 0;
     Op_kyusyu = static_cast<int>(day_class);
 }
@@ -76,25 +76,25 @@ void mst_kyuka::休暇リスト登録(int mode) {
 /// Whether there is something to save or delete; the person is told of a missing name.
 bool mst_kyuka::complete(int mode) {
     if (mode != Save)
-        return !atai[key_field].text.isEmpty();
-    const bool named = !Trim(atai[name_field].text).isEmpty();
+        return !atai[key_field].isEmpty();
+    const bool named = !Trim(atai[name_field]).isEmpty();
     if (!named)
         m_session.host.tell(u"休暇名を入力してください"_s, u"休暇名未入力"_s);
     return named;
 }
 
 void mst_kyuka::write(int mode) {
-    if (mode == Save && atai[key_field].text.isEmpty())
-        atai[key_field].text = digits(store::採番(m_session.settings, u"休暇種類"_s));
-    const qint64 number = Val(atai[key_field].text);
-    const qint64 day_class = Val(atai[class_field].text);
-    const qint64 mark = Val(atai[mark_field].text) == 0 ? 0 : mark_of(day_class);
+    if (mode == Save && atai[key_field].isEmpty())
+        atai[key_field] = digits(store::採番(m_session.settings, u"休暇種類"_s));
+    const qint64 number = Val(atai[key_field]);
+    const qint64 day_class = Val(atai[class_field]);
+    const qint64 mark = Val(atai[mark_field]) == 0 ? 0 : mark_of(day_class);
     auto rovdata = open_rovdata();
     store::Transaction transaction(rovdata);
     rovdata.prepare("delete from kyutype where システム番号=?").bind(number).run();
     if (mode == Save) // a mark that isn't set is stored as no value
         rovdata.prepare("insert into kyutype (システム番号, 休暇名, 通常, 休出) values (?, ?, nullif(?, 0), ?)")
-            .bind(number, Trim(atai[name_field].text), mark, day_class)
+            .bind(number, Trim(atai[name_field]), mark, day_class)
             .run();
     transaction.commit();
 }
@@ -102,7 +102,7 @@ void mst_kyuka::write(int mode) {
 /// The day class stays, so that the next new kind starts from the last one chosen.
 void mst_kyuka::start_new_row() {
     for (const Field field : {key_field, name_field, mark_field})
-        atai[field].text.clear();
+        atai[field].clear();
     ch_hyou = false;
 }
 
@@ -118,12 +118,12 @@ void mst_kyuka::hyou_Click(int row) {
 
 void mst_kyuka::ch_hyou_Click(bool ticked) {
     ch_hyou = ticked;
-    atai[mark_field].text = ticked ? u"1"_s : u"0"_s;
+    atai[mark_field] = ticked ? u"1"_s : u"0"_s;
 }
 
 void mst_kyuka::Op_kyusyu_Click(int element) {
     Op_kyusyu = element;
-    atai[class_field].text = digits(element);
+    atai[class_field] = digits(element);
 }
 
 bool mst_kyuka::atai_KeyDown(int key_code) {

@@ -28,12 +28,12 @@ int draw_number(const base::Settings& settings) {
 }
 
 /// The row on screen, the text boxes overruling the fields that they show.
-QList<FieldText> row_of(const Sheet& hyou_syain, const std::array<TextBox, 4>& atai) {
+QList<FieldText> row_of(const Sheet& hyou_syain, const std::array<QString, 4>& atai) {
     QList<FieldText> row;
     for (int r = 0; r < hyou_syain.Rows(); ++r) {
         const QString& name = hyou_syain(r, 0);
         const auto shown = std::ranges::find(field_names, name) - std::begin(field_names);
-        row << FieldText{name, shown < std::ssize(field_names) ? Trim(atai[shown].text) : hyou_syain(r, 1)};
+        row << FieldText{name, shown < std::ssize(field_names) ? Trim(atai[shown]) : hyou_syain(r, 1)};
     }
     return row;
 }
@@ -72,30 +72,30 @@ void mst_syain::社員表示処理(qint64 number) {
 void mst_syain::show_field(const FieldText& field) {
     const auto element = std::ranges::find(field_names, field.name) - std::begin(field_names);
     if (element < std::ssize(field_names))
-        atai[element].text = field.text;
+        atai[element] = field.text;
 }
 
 void mst_syain::画面クリア() {
-    for (TextBox& box : atai)
-        box.text.clear();
+    for (QString& text : atai)
+        text.clear();
 }
 
 void mst_syain::全体マスター変更処理(int mode) {
-    if (Val(atai[key_field].text) == 0 && !prepare_new_row())
+    if (Val(atai[key_field]) == 0 && !prepare_new_row())
         return;
     const auto row = mode == Delete ? QList<FieldText>() : row_of(hyou_syain, atai);
-    replace_in_every_copy(m_session.settings, Val(atai[key_field].text), row);
+    replace_in_every_copy(m_session.settings, Val(atai[key_field]), row);
     画面クリア();
     社員マスター全呼出();
 }
 
 /// Draws the number of a new employee and lays its row out. False, and the person told, if the name is missing.
 bool mst_syain::prepare_new_row() {
-    if (Trim(atai[name_field].text).isEmpty()) {
+    if (Trim(atai[name_field]).isEmpty()) {
         m_session.host.tell(u"項目を入力してださい"_s, u"未入力"_s);
         return false;
     }
-    atai[key_field].text = digits(draw_number(m_session.settings));
+    atai[key_field] = digits(draw_number(m_session.settings));
     hyou_syain = Sheet(int(std::size(field_names)), 2);
     for (int r = 0; r < hyou_syain.Rows(); ++r)
         hyou_syain(r, 0) = field_names[r].toString();

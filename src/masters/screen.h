@@ -10,6 +10,5 @@ using frame::Busy;
 using frame::Control;
 using frame::Focus;
 using frame::Screen;
-using frame::TextBox;
 
 } // namespace masters

@@ -3,8 +3,6 @@
 // A file of the installation that has to be there and isn't: artwork above all. The program can't go on without it, so
 // this ends it, with a text that names the file.
 
-#include "base/literals.h"
-
 #include <QString>
 #include <stdexcept>
 
@@ -18,10 +16,7 @@ public:
     const QString& file() const { return m_file; }
 
     /// What the person sees.
-    QString text() const {
-        using namespace base;
-        return u"ファイルが見つかりません。\n"_s + m_file;
-    }
+    QString text() const { return QStringLiteral("ファイルが見つかりません。\n") + m_file; }
 
 private:
     QString m_file;

@@ -45,6 +45,16 @@ const QString& fir_start::text(TimePlace place) const {
     return text_of(*this, place);
 }
 
+common::DayPicture fir_start::picture() const {
+    QList<common::DayBand> bands;
+    QList<qint64> categories;
+    for (size_t i = 0; i < seeded_band_count; ++i) {
+        categories << qint64(i) + 1;
+        bands << common::DayBand{0, st_time[i], en_time[i], categories.back()};
+    }
+    return common::day_picture(bands, categories);
+}
+
 void fir_start::登録転記処理() {
     for (auto* boxes : {&st_time, &en_time, &kyukin_time, &kyu_time})
         for (QString& box : *boxes)

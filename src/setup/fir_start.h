@@ -7,6 +7,7 @@
 // Registering replaces the masters without asking. The screen is left through its one button: a window closed by other
 // means has registered nothing, and the next start goes to the main frame all the same.
 
+#include "common/day_picture.h"
 #include "frame/session.h"
 #include "setup/printer_list.h"
 #include "setup/seeding.h"
@@ -62,6 +63,10 @@ public:
     bool close_wanted = false;      ///< the window closes
 
     const QString& text(TimePlace place) const;
+
+    /// The day as its bands are typed, each under a category of its own, which is its place in `band_headings`. The
+    /// pieces carry no numbers.
+    common::DayPicture picture() const;
 
     // Operations.
 

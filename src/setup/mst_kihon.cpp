@@ -27,15 +27,15 @@ int first_day_in(store::OpenSettings& kihon) {
 void mst_kihon::基本マスター呼出() {
     load_shared();
     load_of_this_pc();
-    waseireki = Val(atai[date_style].text) == 0 ? 0 : 1;
-    ck = Val(atai[net_info].text) == 1;
+    waseireki = Val(atai[date_style]) == 0 ? 0 : 1;
+    ck = Val(atai[net_info]) == 1;
     if (!prconb.items.isEmpty())
-        prconb.select(atai[printer].text);
+        prconb.select(atai[printer]);
 }
 
 void mst_kihon::load_shared() {
     store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
-    atai[date_style].text = kihon.設定読込(key(date_style));
+    atai[date_style] = kihon.設定読込(key(date_style));
     m_stored_day = m_replaced_day = first_day_in(kihon);
     m_session.settings.special_soft = int_val(kihon.設定読込(special_soft_key.toString()));
 }
@@ -44,15 +44,15 @@ void mst_kihon::load_of_this_pc() {
     store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
     const auto read = [&](Element element) { return losystem.設定読込(key(element)); };
     const qint64 day = Val(read(first_day));
-    atai[first_day].text = day == 0 ? u"1"_s : digits(day);
-    atai[printer].text = Trim(read(printer));
-    atai[offset_y].text = digits(Val(read(offset_y)));
-    atai[offset_x].text = digits(Val(read(offset_x)));
-    atai[net_info].text = read(net_info);
+    atai[first_day] = day == 0 ? u"1"_s : digits(day);
+    atai[printer] = Trim(read(printer));
+    atai[offset_y] = digits(Val(read(offset_y)));
+    atai[offset_x] = digits(Val(read(offset_x)));
+    atai[net_info] = read(net_info);
 }
 
 QString mst_kihon::first_day_notice() const {
-    const int in_box = valid_first_day(Val(atai[first_day].text)), in_use = m_session.settings.month_start_day;
+    const int in_box = valid_first_day(Val(atai[first_day])), in_use = m_session.settings.month_start_day;
     if (in_box != m_stored_day)
         return u"いまの月初日付は%1日です。登録すると、次に始めたときから%2日に変わります。"_s.arg(m_stored_day)
             .arg(in_box);
@@ -69,9 +69,9 @@ int mst_kihon::first_day_in_kihon() {
 }
 
 void mst_kihon::基本情報マスター登録_転記() {
-    atai[date_style].text = waseireki == 0 ? u"0"_s : u"1"_s;
-    atai[net_info].text = ck ? u"1"_s : u"0"_s;
-    atai[first_day].text = digits(valid_first_day(Val(atai[first_day].text)));
+    atai[date_style] = waseireki == 0 ? u"0"_s : u"1"_s;
+    atai[net_info] = ck ? u"1"_s : u"0"_s;
+    atai[first_day] = digits(valid_first_day(Val(atai[first_day])));
 }
 
 void mst_kihon::基本情報マスター登録() {
@@ -84,18 +84,18 @@ void mst_kihon::基本情報マスター登録() {
 void mst_kihon::write_shared() {
     store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
     const int replaced = first_day_in(kihon);
-    kihon.設定書込(key(date_style), atai[date_style].text);
+    kihon.設定書込(key(date_style), atai[date_style]);
     kihon.設定書込(special_soft_key.toString(), digits(m_session.settings.special_soft));
-    kihon.設定書込(key(first_day), atai[first_day].text);
+    kihon.設定書込(key(first_day), atai[first_day]);
     kihon.commit();
     m_replaced_day = replaced;
-    m_stored_day = valid_first_day(Val(atai[first_day].text));
+    m_stored_day = valid_first_day(Val(atai[first_day]));
 }
 
 void mst_kihon::write_of_this_pc() {
     store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
     for (const Element element : {printer, offset_y, offset_x, net_info})
-        losystem.設定書込(key(element), atai[element].text);
+        losystem.設定書込(key(element), atai[element]);
     losystem.commit();
 }
 
@@ -116,12 +116,12 @@ void mst_kihon::ck_Click(bool ticked) {
 
 void mst_kihon::prconb_Click(int item) {
     prconb.index = item;
-    atai[printer].text = prconb.text();
+    atai[printer] = prconb.text();
     m_stored_day = first_day_in_kihon();
 }
 
 void mst_kihon::atai_Change(int element, const QString& typed) {
-    atai[element].text = field_text(only_of(typed, "0123456789-"_L1));
+    atai[element] = field_text(only_of(typed, "0123456789-"_L1));
     m_stored_day = first_day_in_kihon();
 }
 

@@ -33,7 +33,7 @@ public:
 
     explicit mst_kihon(frame::Session& session) : Screen(session) {}
 
-    std::array<frame::TextBox, element_count> atai;
+    std::array<QString, element_count> atai;
     int waseireki = 0; ///< the option chosen: 0 Western years, 1 Japanese eras
     bool ck = false;
     PrinterList prconb; ///< none selected where the stored printer isn't on this PC
@@ -58,9 +58,7 @@ public:
     void prconb_Click(int item);
 
     void atai_Change(int element, const QString& typed); ///< digits and "-" only
-    void atai_GotFocus(int element) { atai[element].lit = true; }
-    void atai_LostFocus(int element) { atai[element].lit = false; }
-    bool atai_KeyDown(int element, int key_code); ///< Enter leads from one offset to the other; whether it did
+    bool atai_KeyDown(int element, int key_code);        ///< Enter leads from one offset to the other; whether it did
 
 private:
     void press(

@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 
 #include "base/literals.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/picture_button.h"
 #include "ui/parts/style.h"
 #include "ui/parts/work_bar.h"
@@ -20,7 +21,8 @@ using namespace base;
 namespace {
 
 constexpr QRgb mainpic_back = qRgb(200, 200, 255);
-constexpr QSize smallest(1020, 660); ///< fits a screen of 1024 x 768 with its bars
+constexpr QSize smallest(1020, 660);
+constexpr QMargins band_air(10, 8, 16, 8);
 
 /// Inside a wait or a question the program is in the middle of something, and the window has to stay.
 bool in_the_middle_of_something() {
@@ -44,7 +46,7 @@ MainWindow::MainWindow(frame::Session session, std::span<const PageRow> table, s
     setWindowIcon(QIcon(frame::program_icon_path(session.settings)));
     setMinimumSize(smallest);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(no_margins);
     column->setSpacing(0);
     column->addWidget(make_band(frame::picture_folder(session.settings)));
     column->addWidget(m_pages, 1);
@@ -65,7 +67,7 @@ QWidget* MainWindow::make_band(const QString& pictures) {
     palette.setColor(QPalette::Window, QColor::fromRgb(mainpic_back));
     band->setPalette(palette);
     auto* line = new QHBoxLayout(band);
-    line->setContentsMargins(10, 8, 16, 8);
+    line->setContentsMargins(band_air);
     line->setSpacing(8);
     for (const frame::Button& button : frame::midasi_buttons()) {
         auto* midasi = new PictureButton(pictures, button, band);

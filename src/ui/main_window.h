@@ -17,7 +17,8 @@ class WorkBar;
 class MainWindow : public QWidget {
     Q_OBJECT
 public:
-    /// Throws platform::FileError if a picture of the top buttons isn't there.
+    /// `backup` is what the form does before the window closes; unset, nothing is backed up. The table outlives the
+    /// window. Throws platform::FileError if a picture of the top buttons isn't there.
     explicit MainWindow(
         frame::Session session, std::span<const PageRow> table = page_table(), std::function<void()> backup = {});
 

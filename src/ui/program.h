@@ -35,7 +35,7 @@ public:
 
     /// Whether a window is there: the main frame or the wizard.
     bool running() const { return m_window || m_wizard; }
-    MainWindow& window() { return *m_window; }
+    MainWindow& window() { return *m_window; }                  ///< only while running() without a wizard
     fir_start_window* wizard() const { return m_wizard.get(); } ///< null but on the first start
     frame::Session& session() { return m_session; }
 

@@ -7,7 +7,7 @@
 
 using namespace base;
 using common::ken_mst;
-using Focus = ken_mst::Focus;
+using SearchControl = ken_mst::SearchControl;
 
 class KenMst : public ::testing::Test {
 protected:
@@ -49,7 +49,7 @@ TEST_F(KenMst, WithoutConditionsEveryRowComesByNumber) {
     EXPECT_EQ(search.hyou(3, ken_mst::name_col), u"山田 太郎"_s);
     EXPECT_EQ(search.hyou(3, ken_mst::key_col), u"1"_s);
     EXPECT_EQ(search.hyou.Row(), 1);
-    EXPECT_EQ(search.focus, (ken_mst::Wish{Focus::Hyou}));
+    EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Hyou}));
 }
 
 TEST_F(KenMst, TextMatchesWhateverItsCaseWidthAndKanaAndANumberOnlyARowThatHasOne) {
@@ -79,16 +79,16 @@ TEST_F(KenMst, ConditionsHoldTogether) {
 TEST_F(KenMst, EnterGoesThroughTheBoxesAndSearchesInTheLast) {
     for (const int next : {ken_mst::reading_box, ken_mst::number_box}) {
         EXPECT_TRUE(search.kenatai_KeyDown(search.focus->element, key::enter));
-        EXPECT_EQ(search.focus, (ken_mst::Wish{Focus::Kenatai, next})) << "the spare box is out of sight";
+        EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Kenatai, next})) << "the spare box is out of sight";
     }
     search.focus.reset();
     EXPECT_TRUE(search.kenatai_KeyDown(ken_mst::number_box, key::enter));
-    EXPECT_EQ(search.focus, (ken_mst::Wish{Focus::Hyou}));
+    EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Hyou}));
     search.hyou.setRow(2);
     EXPECT_FALSE(search.hyou_KeyDown(key::up));
     search.hyou.setRow(1);
     EXPECT_TRUE(search.hyou_KeyDown(key::up));
-    EXPECT_EQ(search.focus, (ken_mst::Wish{Focus::Kenatai, ken_mst::name_box}));
+    EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Kenatai, ken_mst::name_box}));
 }
 
 TEST_F(KenMst, TheFlagStandsWhileTheSearchIsOpen) {

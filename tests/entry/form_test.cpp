@@ -167,7 +167,7 @@ TEST_F(Form, ATypedMonthIsLoadedByEnterAloneAndNonsenseGoesBack) {
     form.ym_KeyDown(1, key::enter);
     EXPECT_EQ(form.sheet.month.first(), QDate(1999, 8, 1));
     EXPECT_EQ(boxes(), u"1999/8"_s);
-    EXPECT_EQ(form.editors.focus, Focus::Toubotan);
+    EXPECT_EQ(form.editors.focus, EntryControl::Toubotan);
     for (const QString& nonsense : {u""_s, u"0"_s, u"-5"_s, u"500"_s, u"99999"_s, u"13"_s, u"7-"_s})
         for (const int element : {0, 1}) {
             form.ym_Change(element, nonsense == u"13"_s && element == 0 ? u"-"_s : nonsense);

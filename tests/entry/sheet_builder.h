@@ -2,6 +2,7 @@
 
 // Month sheets made by hand, without a store.
 
+#include "base/literals.h"
 #include "entry/calculation.h"
 #include "entry/cells.h"
 #include "entry/layout.h"
@@ -13,6 +14,8 @@ inline void PrintTo(const QString& text, std::ostream* out) {
 }
 
 namespace entry {
+
+using namespace base;
 
 struct Rule {
     int threshold;

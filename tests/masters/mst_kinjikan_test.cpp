@@ -314,9 +314,9 @@ TEST_F(WorkTypes, ThePictureFollowsWhatIsTypedInTheOpenCell) {
     enter_band(1, u"830"_s, u"1715"_s);
     choose(1, band_col::category_name, 1);
     enter(1, band_col::end, u"900"_s);
-    const DayPicture picture = form.picture();
+    const common::DayPicture picture = form.picture();
     ASSERT_EQ(picture.segments.size(), 1);
-    EXPECT_EQ(picture.segments[0].span, (Span{minutes(510), minutes(540)}));
+    EXPECT_EQ(picture.segments[0].span, (common::Span{minutes(510), minutes(540)}));
     EXPECT_EQ(picture.segments[0].colour, 1);
     EXPECT_EQ(form.hyou(1, band_col::end), u"17:15"_s);
 }

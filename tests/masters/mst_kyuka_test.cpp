@@ -54,10 +54,10 @@ TEST_F(DayKinds, AClickTakesTheRowInHandAndASaveNeedsANameAndReplacesIt) {
     form.Form_Load();
     name(u"特休"_s);
     form.botan_Click(2);
-    EXPECT_EQ(form.atai[mst_kyuka::name_field].text, u"特休"_s) << "a new kind has nothing to delete";
+    EXPECT_EQ(form.atai[mst_kyuka::name_field], u"特休"_s) << "a new kind has nothing to delete";
     EXPECT_EQ(form.focus, (Focus{Control::Atai, mst_kyuka::name_field}));
     form.hyou_Click(1);
-    EXPECT_EQ(form.atai[mst_kyuka::key_field].text, u"3"_s);
+    EXPECT_EQ(form.atai[mst_kyuka::key_field], u"3"_s);
     EXPECT_TRUE(form.ch_hyou);
     EXPECT_EQ(form.Op_kyusyu, 1);
     name(u"  "_s);

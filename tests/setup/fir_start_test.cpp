@@ -136,6 +136,17 @@ TEST_F(FirstStart, ABoxShowsDigitsInHandAndTimeWhenLeft) {
     }
 }
 
+TEST_F(FirstStart, ThePictureOfTheDayFollowsWhatIsTyped) {
+    fir_start form = loaded();
+    form.time_Change({TimeBox::en_time, 0}, u"900"_s);
+    form.time_Change({TimeBox::en_time, 2}, u""_s);
+    const common::DayPicture day = form.picture();
+    ASSERT_EQ(day.segments.size(), 3) << "what has no end goes on to midnight";
+    EXPECT_EQ(day.overlaps, (QList<common::Span>{{minutes(8 * 60), minutes(9 * 60)}}));
+    for (int band = 0; band < 3; ++band)
+        EXPECT_TRUE(day.segments[band].colour == band && day.segments[band].band == 0);
+}
+
 TEST_F(FirstStart, EnterGoesThroughTheBandsAndStaysInTheLastBox) {
     fir_start form = loaded();
     TimePlace at{TimeBox::st_time, 0};

@@ -23,15 +23,15 @@ TEST_F(BasicSettings, ShowsWhatIsStored) {
     EXPECT_EQ(form.waseireki, 1);
     EXPECT_EQ(tree.settings.special_soft, 3) << "refreshed here";
     EXPECT_EQ(form.prconb.text(), u"PDF"_s);
-    EXPECT_EQ(form.atai[mst_kihon::offset_y].text, u"-2"_s);
-    EXPECT_EQ(form.atai[mst_kihon::offset_x].text, u"0"_s);
+    EXPECT_EQ(form.atai[mst_kihon::offset_y], u"-2"_s);
+    EXPECT_EQ(form.atai[mst_kihon::offset_x], u"0"_s);
     EXPECT_TRUE(form.ck);
 }
 
 TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
     set_shared(u"月初日付"_s, u"21"_s);
     Loaded form(session);
-    EXPECT_EQ(form.atai[mst_kihon::first_day].text, u"1"_s);
+    EXPECT_EQ(form.atai[mst_kihon::first_day], u"1"_s);
     EXPECT_TRUE(form.first_day_notice().contains(u"21日"_s))
         << "what a save would replace, whatever this run began with";
     form.save();
@@ -62,7 +62,7 @@ TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
     EXPECT_TRUE(again.first_day_notice().contains(u"20日から15日"_s)) << "another PC stored 20 meanwhile";
 
     set_of_this_pc(u"月初日付"_s, u"16"_s);
-    EXPECT_EQ(Loaded(session).atai[mst_kihon::first_day].text, u"16"_s);
+    EXPECT_EQ(Loaded(session).atai[mst_kihon::first_day], u"16"_s);
     for (const auto& [typed, stored] :
         {std::pair(u"0"_s, u"1"_s), {u"32"_s, u"1"_s}, {u"31"_s, u"31"_s}, {u"-5"_s, u"1"_s}, {u"1日0"_s, u"10"_s}}) {
         form.atai_Change(mst_kihon::first_day, typed);

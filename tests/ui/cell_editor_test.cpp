@@ -30,8 +30,7 @@ struct Editing : testing::Test {
             [this](QString text) { return text.removeIf([this](QChar c) { return !stands(c.unicode()); }); },
             [this](const QString& text) { state.text = text; },
             [this] { ++left; },
-        },
-        {240, 240, 255}};
+        }};
 
     Editing() {
         sheet.setFixed(1, 1);

@@ -4,6 +4,7 @@
 #include "support/person.h"
 #include "ui/grid/grid_painter.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
@@ -133,6 +134,94 @@ TEST_F(Grid, ACursorOnAHiddenRowIsShownOnTheNextRowInSight) {
     EXPECT_EQ(ui::shown_cursor(sheet), (base::Cell{2, 2})) << "the count strip keeps its cursor on the hidden tag row";
     sheet.setCursor({0, 2});
     EXPECT_FALSE(ui::shown_cursor(sheet));
+}
+
+/// What a screen reader can ask, and what it is told.
+struct ReadGrid : Grid {
+    ui::GridView list{sheet, ui::CursorStyle::Row};
+    ui::GridTeller teller;
+
+    ReadGrid() {
+        sheet.setRowHeight(2, 0);
+        sheet.setColWidth(3, 0);
+        sheet(0, 4) = u"出社"_s;
+        sheet(3, 0) = u"1"_s;
+        sheet(3, 1) = u"月"_s;
+        sheet(3, 4) = u"830"_s;
+        view.refresh();
+    }
+    static QString words(const QAccessibleEvent& event) {
+        if (event.type() == QAccessible::TableModelChanged) {
+            const auto& change = static_cast<const QAccessibleTableModelChangeEvent&>(event);
+            return u"change %1: %2,%3-%4,%5"_s.arg(change.modelChangeType())
+                .arg(change.firstRow())
+                .arg(change.firstColumn())
+                .arg(change.lastRow())
+                .arg(change.lastColumn());
+        }
+        auto* cell = event.accessibleInterface()->tableCellInterface();
+        return u"%1: %2,%3"_s.arg(event.type() == QAccessible::Focus ? u"focus"_s : u"selection"_s)
+            .arg(cell->rowIndex())
+            .arg(cell->columnIndex());
+    }
+    QStringList news() {
+        QStringList told;
+        for (const auto& event : teller.news(view))
+            told << words(*event);
+        return told;
+    }
+    static QAccessibleTableInterface& table(ui::GridView& of) {
+        return *QAccessible::queryAccessibleInterface(&of)->tableInterface();
+    }
+    static QStringList texts(const QList<QAccessibleInterface*>& cells) {
+        QStringList all;
+        for (const auto* cell : cells)
+            all << cell->text(QAccessible::Name);
+        return all;
+    }
+};
+
+TEST_F(ReadGrid, AScreenReaderReadsCellsHeadingsAndWhatIsInHand) {
+    auto& month = table(view);
+    EXPECT_EQ(std::pair(month.rowCount(), month.columnCount()), std::pair(49, 5)) << "what has no size isn't read";
+    auto* cell = month.cellAt(2, 3);
+    EXPECT_EQ(cell->text(QAccessible::Name), u"830"_s);
+    EXPECT_EQ(cell, month.cellAt(2, 3));
+    EXPECT_EQ(texts(cell->tableCellInterface()->columnHeaderCells()), QStringList{u"出社"_s});
+    EXPECT_EQ(texts(cell->tableCellInterface()->rowHeaderCells()), (QStringList{u"1"_s, u"月"_s}));
+    EXPECT_EQ(month.columnDescription(3) + month.rowDescription(2), u"出社1 月"_s);
+    EXPECT_EQ(month.cellAt(0, 3)->role(), QAccessible::ColumnHeader);
+    EXPECT_EQ(month.cellAt(2, 1)->role(), QAccessible::RowHeader);
+    for (const auto& [row, col] : {std::pair(-1, 0), {49, 0}, {0, 5}})
+        EXPECT_EQ(month.cellAt(row, col), nullptr);
+    auto* grid = QAccessible::queryAccessibleInterface(&view);
+    EXPECT_EQ(grid->child(grid->indexOfChild(cell)), cell);
+    EXPECT_EQ(grid->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
+
+    sheet.setCursor({3, 4});
+    EXPECT_TRUE(cell->state().selected && cell->state().focusable);
+    EXPECT_EQ(texts(month.selectedCells()), QStringList{u"830"_s});
+    EXPECT_EQ(texts(table(list).selectedCells()), (QStringList{u"1"_s, u"月"_s, u""_s, u"830"_s, u""_s})) << "a row";
+    EXPECT_EQ(table(list).selectedRows(), QList{2});
+    sheet.setRows(3);
+    EXPECT_FALSE(cell->isValid());
+}
+
+TEST_F(ReadGrid, AScreenReaderIsToldOfEachChange) {
+    EXPECT_EQ(news(), QStringList()) << "as it was found";
+    support::click_cell(view, 3, 4);
+    view.clearFocus();
+    EXPECT_EQ(news(), QStringList{u"selection: 2,3"_s});
+    sheet(5, 4) = u"900"_s;
+    sheet(4, 5) = u"1700"_s;
+    sheet(4, 3) = u"out of sight"_s;
+    support::bring_up(view, view.size());
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_EQ(news(), (QStringList{u"change 1: 3,3-4,4"_s, u"selection: 3,3"_s, u"focus: 3,3"_s}));
+    EXPECT_EQ(news(), QStringList()) << "nothing new";
+    sheet.setRowHeight(2, 270);
+    EXPECT_EQ(news(), QStringList{u"change 0: -1,-1--1,-1"_s}) << "all is to be read anew";
 }
 
 } // namespace

@@ -36,7 +36,7 @@ entry::ent_rovena& loaded(entry::ent_rovena& form) {
 ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     : Acting(parent), m_session(session), m_form(session),
       m_controls(*this, loaded(m_form), {month_acts(0), month_acts(1)}, frame::picture_folder(session.settings)),
-      m_atai(new CellEditor(*m_controls.hyou, m_form.editors.atai, editor_acts(), entry::ent_rovena::atai_back)),
+      m_atai(new CellEditor(*m_controls.hyou, m_form.editors.atai, editor_acts())),
       m_kyucom(new CellCombo(*m_controls.hyou)) {
     setWindowTitle(entry::ent_rovena::caption.toString());
     for (const QString& item : m_form.editors.kyucom.items)
@@ -340,11 +340,24 @@ void ent_rovena_page::refresh_editors() {
 }
 
 void ent_rovena_page::follow_focus_wish() {
-    const auto wish = std::exchange(m_form.editors.focus, std::nullopt);
-    if (!wish)
-        return;
-    QWidget* const widgets[] = {m_atai, m_kyucom, m_controls.ym[0], m_controls.ym[1], m_controls.toubotan};
-    widgets[static_cast<int>(*wish)]->setFocus();
+    if (const auto wish = std::exchange(m_form.editors.focus, std::nullopt))
+        control(*wish)->setFocus();
+}
+
+QWidget* ent_rovena_page::control(entry::EntryControl wanted) const {
+    switch (wanted) {
+    case entry::EntryControl::Atai:
+        return m_atai;
+    case entry::EntryControl::Kyucom:
+        return m_kyucom;
+    case entry::EntryControl::YmYear:
+        return m_controls.ym[0];
+    case entry::EntryControl::YmMonth:
+        return m_controls.ym[1];
+    case entry::EntryControl::Toubotan:
+        return m_controls.toubotan;
+    }
+    Q_UNREACHABLE();
 }
 
 } // namespace ui

@@ -57,6 +57,7 @@ private:
     void show_standing();
     void refresh_editors();
     void follow_focus_wish();
+    QWidget* control(entry::EntryControl wanted) const;
 
     frame::Session& m_session;
     entry::ent_rovena m_form;

@@ -58,14 +58,14 @@ void draw_arrow(QPainter& painter, QPoint centre) {
 
 } // namespace
 
-CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground)
+CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts)
     : QLineEdit(grid.viewport()), m_grid(grid), m_state(state), m_acts(std::move(acts)) {
     setFrame(false);
     setFocusPolicy(Qt::ClickFocus); // Tab must not lead to it where it is out of sight
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
     QPalette own = palette();
-    own.setColor(QPalette::Base, QColor(ground.red, ground.green, ground.blue));
+    own.setColor(QPalette::Base, QColor::fromRgb(colours::box_in_hand));
     own.setColor(QPalette::Text, QColor::fromRgb(colours::text));
     own.setColor(QPalette::Highlight, QColor::fromRgb(colours::accent));
     own.setColor(QPalette::HighlightedText, Qt::white);

@@ -37,7 +37,7 @@ class CellEditor : public QLineEdit {
     Q_OBJECT
 public:
     /// Grid and state must outlive the box, which becomes a child of the grid's viewport.
-    CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts, base::Rgb ground);
+    CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts);
 
     /// Takes over the state: text, place, alignment of the cell, input method. A fresh placement (`select_all`, taken
     /// back here) brings its cell into view, takes the focus and selects the text.

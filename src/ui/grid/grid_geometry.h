@@ -28,7 +28,7 @@ public:
     GridGeometry(const base::Sheet& sheet, double pixels_per_twip, QSize view);
 
     QSize view() const { return m_view; }
-    int pixels(int twips) const;
+    int pixels(int twips) const; ///< rounded to the nearest
 
     /// What is in view, the last one possibly cut by the edge.
     QList<Span> rows() const;

@@ -58,6 +58,7 @@ int twips_of(int room, const GridGeometry& geometry, double scale, int count, Si
 
 GridView::GridView(base::Sheet& sheet, CursorStyle style, QWidget* parent)
     : QAbstractScrollArea(parent), m_sheet(sheet), m_style(style) {
+    make_grids_readable();
     setFocusPolicy(Qt::StrongFocus);
     setFrameShape(QFrame::StyledPanel);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -86,7 +87,12 @@ void GridView::widen(int col, int pixels) {
 
 void GridView::refresh() {
     update_scroll_bars();
+    show_and_tell();
+}
+
+void GridView::show_and_tell() {
     viewport()->update();
+    m_teller.tell(*this);
 }
 
 void GridView::update_scroll_bars() {
@@ -174,13 +180,13 @@ void GridView::scrollContentsBy(int, int) {
 void GridView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
-    const auto cell = geometry_in(viewport()->size()).cell_at(event->position().toPoint());
+    const auto cell = cell_at(event->position().toPoint());
     if (!cell || cell->row < m_sheet.FixedRows()) {
         Q_EMIT edge_clicked();
         return;
     }
     m_sheet.setCursor({cell->row, cell->col < m_sheet.FixedCols() ? first_col() : cell->col});
-    viewport()->update();
+    show_and_tell();
     Q_EMIT cell_clicked();
 }
 
@@ -205,7 +211,6 @@ bool GridView::move_cursor(int key) {
             to.col, step->cols, m_sheet.FixedCols(), m_sheet.Cols(), [this](int col) { return m_sheet.ColWidth(col); });
     m_sheet.setCursor(to);
     show_cell(to);
-    Q_EMIT cursor_moved();
     return true;
 }
 

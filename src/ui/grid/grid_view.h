@@ -8,6 +8,7 @@
 
 #include "base/sheet.h"
 #include "ui/grid/grid_geometry.h"
+#include "ui/grid/grid_reader.h"
 
 #include <QAbstractScrollArea>
 
@@ -26,6 +27,7 @@ public:
     explicit GridView(base::Sheet& sheet, CursorStyle style, QWidget* parent = nullptr);
 
     base::Sheet& sheet() { return m_sheet; }
+    CursorStyle cursor_style() const { return m_style; }
 
     /// Takes over what changed in the sheet: sizes, cursor, cells, TopRow and LeftCol (held within what can scroll).
     void refresh();
@@ -41,6 +43,9 @@ public:
 
     /// The cell's place in the viewport; empty if hidden or scrolled away.
     QRect cell_rect(base::Cell cell) const { return geometry_in(viewport()->size()).rect(cell); }
+
+    /// The cell at a point of the viewport; nothing beside the cells.
+    std::optional<base::Cell> cell_at(QPoint point) const { return geometry_in(viewport()->size()).cell_at(point); }
 
     /// The view's size in twips, as the sheet's visible_rows() and visible_cols() take it.
     int view_height() const;
@@ -62,8 +67,6 @@ Q_SIGNALS:
     void cell_clicked();
     /// A click on a column's heading or beside the cells; the cursor stays.
     void edge_clicked();
-    /// The cursor was moved by an arrow key.
-    void cursor_moved();
     /// The person scrolled; TopRow and LeftCol are those in view.
     void scrolled();
     /// A key that doesn't move the cursor: a Qt::Key and the text it stands for.
@@ -85,9 +88,11 @@ private:
     bool move_cursor(int key);
     int first_col() const;
     void update_scroll_bars();
+    void show_and_tell();
 
     base::Sheet& m_sheet;
     CursorStyle m_style;
+    GridTeller m_teller;
     double m_zoom = 1.0;
     bool m_following_sheet = false; ///< the scroll bars are being set from the sheet, not by the person
 };

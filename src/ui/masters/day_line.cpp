@@ -44,9 +44,9 @@ struct Meaning {
     QString text;
 };
 
-QList<Meaning> meanings(const masters::DayPicture& day, const QStringList& names) {
+QList<Meaning> meanings(const common::DayPicture& day, const QStringList& names) {
     std::set<int> places;
-    for (const masters::Segment& segment : day.segments)
+    for (const common::Segment& segment : day.segments)
         places.insert(segment.colour);
     QList<Meaning> all;
     for (const int place : places)
@@ -64,13 +64,13 @@ DayLine::DayLine(QWidget* parent) : QWidget(parent) {
     setMinimumHeight(legend_top + legend_height);
 }
 
-void DayLine::show_day(const masters::DayPicture& day, const QStringList& names) {
+void DayLine::show_day(const common::DayPicture& day, const QStringList& names) {
     m_day = day;
     m_names = names;
     update();
 }
 
-QRectF DayLine::place(const masters::Span& span, double top, double height) const {
+QRectF DayLine::place(const common::Span& span, double top, double height) const {
     const double a_minute = double(width() - 2 * side) / day_minutes;
     const double left = side + a_minute * double(span.start.count());
     return {left, top, side + a_minute * double(span.end.count()) - left, height};
@@ -82,7 +82,7 @@ void DayLine::paintEvent(QPaintEvent*) {
     small.setPixelSize(12);
     painter.setFont(small);
     draw_hours(painter);
-    for (const masters::Segment& segment : m_day.segments)
+    for (const common::Segment& segment : m_day.segments)
         draw_segment(painter, segment);
     draw_spans(painter);
     draw_legend(painter);
@@ -105,7 +105,7 @@ void DayLine::draw_hours(QPainter& painter) const {
 }
 
 /// A piece of the next day is paler. The number is the band's in the grid, 0 where it has none.
-void DayLine::draw_segment(QPainter& painter, const masters::Segment& segment) const {
+void DayLine::draw_segment(QPainter& painter, const common::Segment& segment) const {
     const QRectF bar = place(segment.span, bar_top + 3, bar_height - 6);
     QColor ground = colour_of(segment.colour);
     painter.setPen(ground.darker(130));
@@ -120,9 +120,9 @@ void DayLine::draw_segment(QPainter& painter, const masters::Segment& segment) c
 }
 
 void DayLine::draw_spans(QPainter& painter) const {
-    for (const masters::Span& gap : m_day.gaps)
+    for (const common::Span& gap : m_day.gaps)
         painter.fillRect(place(gap, bar_top + 3, bar_height - 6), {QColor::fromRgb(gap_colour), Qt::BDiagPattern});
-    for (const masters::Span& overlap : m_day.overlaps) {
+    for (const common::Span& overlap : m_day.overlaps) {
         const QRectF strip = place(overlap, overlap_top, overlap_height);
         painter.fillRect(strip, {QColor::fromRgb(overlap_colour), Qt::BDiagPattern});
         painter.setPen(QColor::fromRgb(overlap_colour));

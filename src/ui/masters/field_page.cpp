@@ -37,9 +37,8 @@ void FieldPage::add_box(int element, QStringView label, FieldText text, Key key_
     m_atai[element] = new FieldBox(text,
         {.Change = [this, element](
                        const QString& typed) { act([&] { form_of_fields().atai_Change(element, typed); }); },
-            .KeyDown = [this, key_down = std::move(key_down)](int code) { return act([&] { return key_down(code); }); },
-            .GotFocus = [this, element] { form_of_fields().atai_GotFocus(element); },
-            .LostFocus = [this, element] { form_of_fields().atai_LostFocus(element); }},
+            .KeyDown = [this, key_down = std::move(key_down)](
+                           int code) { return act([&] { return key_down(code); }); }},
         this);
     m_atai[element]->setFixedWidth(box_width);
     m_atai[element]->setAccessibleName(label.toString());
@@ -86,7 +85,7 @@ void FieldPage::show_form() {
     m_hyou->refresh();
     for (int element = first_box; element < static_cast<int>(m_atai.size()); ++element)
         if (m_atai[element])
-            m_atai[element]->show_text(form_of_fields().atai[element].text);
+            m_atai[element]->show_text(form_of_fields().atai[element]);
     botan(1)->setDown(form_of_fields().toubotan_lit);
 }
 

@@ -13,6 +13,7 @@ namespace ui {
 class FieldPage : public MasterPage {
     Q_OBJECT
 public:
+    /// Null for element 0, the number that nobody types, and for what the master has no field for.
     FieldBox* atai(int element) const { return m_atai[element]; }
     GridView* hyou() const { return m_hyou; }
 
@@ -30,8 +31,10 @@ protected:
 
     /// The list with what stands over it, and the column of the boxes beside it.
     void add_list(QLayout* above, std::function<void(int row)> choose);
+    /// `element` from 1. `key_down` gives back whether the form took the key.
     void add_box(int element, QStringView label, FieldText text, Key key_down);
     void add_row(QStringView label, QLayout* controls);
+    /// After the last row: the room below and the buttons at the foot.
     void close_fields();
     void set_toubotan_key(Key key_down) { m_toubotan_key = std::move(key_down); }
 

@@ -29,7 +29,9 @@ struct MasterName {
 class MasterPage : public Acting<QWidget> {
     Q_OBJECT
 public:
+    /// Null for a button that the page doesn't have.
     PictureButton* botan(int element) const { return m_botan[element]; }
+    /// Where the keyboard goes before a button does its work; out of sight.
     QWidget* toubotan() const { return m_toubotan; }
 
 Q_SIGNALS:
@@ -37,6 +39,7 @@ Q_SIGNALS:
     void close_wanted();
 
 protected:
+    /// The session outlives the page. A page loads its form, makes its parts, then calls add_foot() and refresh().
     MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent);
     virtual masters::Screen& screen() = 0;
     /// Shows all that the form holds, the place of the keyboard apart.
@@ -52,7 +55,7 @@ protected:
 
     void refresh() override;
 
-    /// The acts of a box that takes any characters.
+    /// The acts of a box that takes any characters; the form outlives the page's controls.
     EditorActs editor_acts(masters::EditorScreen& form, std::function<void(const QString&)> change);
     void connect_sheet(GridView& view, masters::GridScreen& form);
     /// A list of which a row is chosen; row 0 for its heading and for the ground beside it.

@@ -55,7 +55,7 @@ void mst_kinjikan_page::make_editors() {
     EditorActs acts = editor_acts(m_form, [this](const QString& text) { m_form.atai_Change(text); });
     acts.KeyPress = masters::mst_kinjikan::atai_KeyPress;
     acts.Insert = masters::mst_kinjikan::atai_Insert;
-    m_atai = new CellEditor(*m_hyou, m_form.atai, std::move(acts), frame::TextBox::lit_back);
+    m_atai = new CellEditor(*m_hyou, m_form.atai, std::move(acts));
     for (int element = 0; element < 2; ++element)
         m_atai_com[element] = make_list(element);
 }

@@ -8,8 +8,8 @@ mst_kinsyu_page::mst_kinsyu_page(frame::Session& session, QWidget* parent)
     : MasterPage(session, {u"mst_kinsyu", u"勤務種類"}, MasterButtons::All, parent), m_form(session) {
     m_form.Form_Load();
     m_hyou = master_grid(m_form.hyou, CursorStyle::Cell, "hyou", this);
-    m_atai = new CellEditor(*m_hyou, m_form.atai,
-        editor_acts(m_form, [this](const QString& text) { m_form.atai_Change(text); }), frame::TextBox::lit_back);
+    m_atai = new CellEditor(
+        *m_hyou, m_form.atai, editor_acts(m_form, [this](const QString& text) { m_form.atai_Change(text); }));
     show_only(*m_hyou, m_form);
     refresh();
 }

@@ -12,6 +12,7 @@ namespace ui {
 namespace {
 
 constexpr QSize panel_size(420, 96);
+constexpr QMargins air(24, 16, 24, 20);
 
 } // namespace
 
@@ -25,7 +26,7 @@ BackupPanel::BackupPanel(QWidget& window) : QFrame(&window), m_text(new QLabel(t
     letter(*m_text, Lettering::Section);
     m_bar->setTextVisible(false);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 16, 24, 20);
+    column->setContentsMargins(air);
     column->addWidget(m_text);
     column->addWidget(m_bar);
     resize(panel_size);

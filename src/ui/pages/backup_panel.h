@@ -16,6 +16,7 @@ public:
     /// Not seen before the first step.
     explicit BackupPanel(QWidget& window);
 
+    /// `done` of `of` steps are done; with `of` 0 the bar only says that something goes on.
     void show_step(const QString& text, int done, int of);
 
 private:

@@ -15,6 +15,7 @@ namespace ui {
 class errform_page : public Acting<QWidget> {
     Q_OBJECT
 public:
+    /// Loads the form. The session outlives the page.
     explicit errform_page(frame::Session& session, QWidget* parent = nullptr);
 
     const reports::errform& form() const { return m_form; }

@@ -3,11 +3,11 @@
 #include "base/literals.h"
 #include "frame/button.h"
 #include "frame/help.h"
-#include "masters/week_buffer.h"
 #include "ui/masters/day_line.h"
 #include "ui/masters/master_page.h"
 #include "ui/pages/printer_box.h"
 #include "ui/parts/colours.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/panel.h"
 #include "ui/parts/picture_button.h"
 #include "ui/parts/style.h"
@@ -29,6 +29,7 @@ namespace {
 constexpr QRgb band_back = qRgb(200, 200, 255);
 constexpr int margin = 20;
 constexpr int air = 12;
+constexpr int band_name_width = 90;
 constexpr int time_width = 140;
 constexpr int day_width = 72;
 constexpr int half_width = 380; ///< of what stands in the two panels below
@@ -52,23 +53,6 @@ QLabel* wrapped_note(QStringView text, QWidget* parent) {
     label->setWordWrap(true);
     label->setFixedSize(half_width, label->heightForWidth(half_width));
     return label;
-}
-
-/// The bands as the picture of a day takes them, each under a category of its own.
-masters::DayPicture picture_of(const Form& form) {
-    Sheet bands;
-    bands.setRows(setup::seeded_band_count + 1);
-    bands.setCols(masters::band_col::count);
-    bands.setFixed(1, 0);
-    for (int i = 0; i < setup::seeded_band_count; ++i) {
-        bands(i + 1, masters::band_col::start) = form.st_time[size_t(i)];
-        bands(i + 1, masters::band_col::end) = form.en_time[size_t(i)];
-        bands(i + 1, masters::band_col::category) = QString::number(i + 1);
-    }
-    masters::DayPicture picture = masters::day_picture(bands, {1, 2, 3});
-    for (masters::Segment& segment : picture.segments)
-        segment.band = 0; // the rows of this screen have names, not numbers
-    return picture;
 }
 
 QStringList band_names() {
@@ -96,7 +80,7 @@ fir_start_window::fir_start_window(frame::Session& session, const QString& progr
     work->addLayout(below);
     work->addLayout(make_foot());
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(no_margins);
     column->setSpacing(0);
     column->setSizeConstraint(QLayout::SetFixedSize);
     column->addWidget(make_band());
@@ -123,7 +107,7 @@ QWidget* fir_start_window::make_times() {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
     grid->setVerticalSpacing(6);
-    grid->setColumnMinimumWidth(0, 90);
+    grid->setColumnMinimumWidth(0, band_name_width);
     grid->setColumnStretch(setup::time_box_count + 1, 1);
     for (int box = 0; box < setup::time_box_count; ++box)
         grid->addWidget(lettered(Form::time_headings[box], Lettering::Comment, panel), 0, box + 1, Qt::AlignCenter);
@@ -209,7 +193,7 @@ void fir_start_window::refresh() {
             time({TimeBox(box), band})->show_text(m_form.text({TimeBox(box), band}));
     m_first_day->show_text(m_form.atai[Form::first_day]);
     m_prconb->show_list(m_form.prconb);
-    m_day->show_day(picture_of(m_form), band_names());
+    m_day->show_day(m_form.picture(), band_names());
     if (const auto wish = std::exchange(m_form.focus, std::nullopt))
         time(*wish)->setFocus(Qt::OtherFocusReason);
     if (m_form.close_wanted)

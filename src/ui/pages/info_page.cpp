@@ -24,6 +24,7 @@ using namespace base;
 namespace {
 
 constexpr int card_margin = 18;
+constexpr QSize beside_words(24, 6); ///< in a push button, both sides together
 constexpr QSize picture_room(800, 320);
 constexpr QSize icon_room(112, 112);
 
@@ -49,7 +50,7 @@ QLabel* label(const QString& text, Lettering as, QWidget* parent) {
 QPushButton* push_button(const QString& text, QWidget* parent) {
     auto* button = new QPushButton(text, parent);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setFixedSize(button->sizeHint() + QSize(24, 6));
+    button->setFixedSize(button->sizeHint() + beside_words);
     return button;
 }
 
@@ -61,7 +62,7 @@ info_page::info_page(frame::Session& session, std::function<void()> show_errors,
     setWindowTitle(frame::info::Caption.toString());
     m_form.Form_Load();
     auto* column = new QVBoxLayout(m_content);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(no_margins);
     column->setSpacing(14);
     for (QWidget* part : {make_head(), make_notice(), make_guide()})
         column->addWidget(part);
@@ -80,7 +81,7 @@ QWidget* info_page::make_head() {
     line->addWidget(label(u"バージョン"_s, Lettering::Quiet, head));
     line->addWidget(label(m_form.seihin_no, Lettering::Section, head));
     auto* column = new QVBoxLayout(head);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(no_margins);
     column->setSpacing(20);
     column->addLayout(line);
     column->addWidget(page_rule(head));
@@ -88,7 +89,7 @@ QWidget* info_page::make_head() {
 }
 
 QWidget* info_page::make_notice() {
-    auto* band = new Card(m_content, colours::notice, colours::notice_line);
+    auto* band = new Card(m_content, {.ground = colours::notice, .line = colours::notice_line});
     m_notice = new QPushButton(band);
     m_notice->setFlat(true);
     m_notice->setFocusPolicy(Qt::TabFocus);
@@ -148,7 +149,7 @@ QWidget* info_page::make_foot() {
     m_down = push_button(u"メーカーのページを開く"_s, foot);
     connect(m_down, &QPushButton::clicked, this, [this] { m_form.down_Click(); });
     auto* line = new QHBoxLayout(foot);
-    line->setContentsMargins(0, 0, 0, 0);
+    line->setContentsMargins(no_margins);
     line->addWidget(m_intjyuflg);
     line->addStretch(1);
     line->addWidget(m_down);

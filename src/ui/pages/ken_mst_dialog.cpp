@@ -129,7 +129,7 @@ void ken_mst_dialog::follow_focus_wish() {
     if (!wish)
         return;
     QWidget* control = m_hyou;
-    if (wish->control == ken_mst::Focus::Kenatai)
+    if (wish->control == ken_mst::SearchControl::Kenatai)
         control = m_kenatai[wish->element];
     control->setFocus(Qt::OtherFocusReason);
 }

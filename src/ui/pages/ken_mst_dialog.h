@@ -19,14 +19,14 @@ namespace ui {
 class ken_mst_dialog : public Acting<QDialog> {
     Q_OBJECT
 public:
-    /// `mstkenflg` outlives the window.
+    /// Loads the form. Settings and `mstkenflg` outlive the window. `mode` is the master that is searched, one that the
+    /// product has.
     ken_mst_dialog(const base::Settings& settings, QString& mstkenflg, int mode, QWidget* parent);
 
     const common::ken_mst& form() const { return m_form; }
     FieldBox* kenatai(int element) const { return m_kenatai[element]; }
     GridView* hyou() const { return m_hyou; }
     GridView* hyou_go() const { return m_hyou_go; }
-    QPushButton* mojikirikae() const { return m_mojikirikae; }
     PictureButton* botan(int element) const { return m_botan[element]; }
 
 Q_SIGNALS:

@@ -20,12 +20,16 @@ using namespace base;
 namespace {
 
 constexpr int entries_a_row = 2;
+constexpr int first_entry_row = 2; ///< below the heading and its line
 constexpr int band_height = 32;
+constexpr int comment_height = 44; ///< of two lines, so that the rows stand evenly
+constexpr int between_columns = 28;
+constexpr int between_rows = 20;
 
 QLabel* comment(QString text, QWidget* parent) {
     auto* label = new QLabel(text.remove(u'\r'), parent);
     label->setTextFormat(Qt::PlainText);
-    label->setMinimumHeight(44);
+    label->setMinimumHeight(comment_height);
     label->setWordWrap(true);
     letter(*label, Lettering::Comment);
     return label;
@@ -38,12 +42,12 @@ MenuPage::MenuPage(
     : QWidget(parent), m_acts(std::move(acts)), m_content(new QWidget(this)), m_band(make_band(pictures)) {
     setWindowTitle(caption.toString());
     auto* rows = new QGridLayout(m_content);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setHorizontalSpacing(28);
-    rows->setVerticalSpacing(20);
+    rows->setContentsMargins(no_margins);
+    rows->setHorizontalSpacing(between_columns);
+    rows->setVerticalSpacing(between_rows);
     rows->addWidget(page_heading(caption, m_content), 0, 0, 1, entries_a_row);
     rows->addWidget(page_rule(m_content), 1, 0, 1, entries_a_row);
-    int row = 2;
+    int row = first_entry_row;
     for (int i = 0; i < int(entries.size()); ++i) {
         const int column = i % entries_a_row;
         if (column == 0 && i > 0)
@@ -58,7 +62,7 @@ MenuPage::MenuPage(
 QWidget* MenuPage::make_entry(const MenuEntry& entry, const QString& pictures) {
     auto* place = new QWidget(m_content);
     auto* line = new QHBoxLayout(place);
-    line->setContentsMargins(0, 0, 0, 0);
+    line->setContentsMargins(no_margins);
     line->setSpacing(18);
     auto* button = new PictureButton(pictures, *entry.button, place);
     line->addWidget(button, 0, Qt::AlignTop);

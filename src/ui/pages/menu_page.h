@@ -17,14 +17,16 @@ struct MenuEntry {
     QString comment; ///< lines parted by CR LF
 };
 
+/// The acts of the menu's form. Both must be set.
 struct MenuActs {
-    std::function<void(int index)> botan_Click;
+    std::function<void(int index)> botan_Click; ///< the entry's place in the list, from 0
     std::function<void()> endbotan_Click;
 };
 
 class MenuPage : public QWidget {
     Q_OBJECT
 public:
+    /// `pictures` ends in "/"; the buttons are read from there. Throws platform::FileError if one isn't there.
     MenuPage(QStringView caption, const std::vector<MenuEntry>& entries, const QString& pictures, MenuActs acts,
         QWidget* parent = nullptr);
 

@@ -117,9 +117,7 @@ QLayout* mst_kihon_page::make_waseireki() {
 FieldBox* mst_kihon_page::make_atai(int element, QStringView name) {
     m_atai[element] = new FieldBox(FieldText::Number,
         {.Change = [this, element](const QString& typed) { act([&] { m_form.atai_Change(element, typed); }); },
-            .KeyDown = [this, element](int code) { return act([&] { return m_form.atai_KeyDown(element, code); }); },
-            .GotFocus = [this, element] { m_form.atai_GotFocus(element); },
-            .LostFocus = [this, element] { m_form.atai_LostFocus(element); }},
+            .KeyDown = [this, element](int code) { return act([&] { return m_form.atai_KeyDown(element, code); }); }},
         this);
     m_atai[element]->setFixedWidth(number_width);
     m_atai[element]->setAccessibleName(name.toString());
@@ -129,10 +127,10 @@ FieldBox* mst_kihon_page::make_atai(int element, QStringView name) {
 void mst_kihon_page::show_form() {
     m_waseireki->button(m_form.waseireki)->setChecked(true);
     m_ck->setChecked(m_form.ck);
-    m_prconb->show_list(m_form.prconb, m_form.atai[Form::printer].text);
+    m_prconb->show_list(m_form.prconb, m_form.atai[Form::printer]);
     for (size_t element = 0; element < m_atai.size(); ++element)
         if (m_atai[element])
-            m_atai[element]->show_text(m_form.atai[element].text);
+            m_atai[element]->show_text(m_form.atai[element]);
     const QString in_force = m_form.first_day_notice();
     m_in_force->setText(in_force);
     m_in_force->setVisible(!in_force.isEmpty());

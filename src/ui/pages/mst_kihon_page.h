@@ -21,7 +21,7 @@ public:
     explicit mst_kihon_page(frame::Session& session, QWidget* parent = nullptr);
 
     const setup::mst_kihon& form() const { return m_form; }
-    FieldBox* atai(int element) const { return m_atai[element]; }
+    FieldBox* atai(int element) const { return m_atai[element]; } ///< null for an element that has no box of its own
     QAbstractButton* waseireki(int element) const { return m_waseireki->button(element); }
     QCheckBox* ck() const { return m_ck; }
     PrinterBox* prconb() const { return m_prconb; }

@@ -122,7 +122,7 @@ NewsList::NewsList(const Sheet& hyou, NewsActs acts, QWidget* parent)
         ground->setPalette(white);
         ground->setAutoFillBackground(true);
     }
-    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setContentsMargins(no_margins);
     m_column->setSpacing(0);
 }
 

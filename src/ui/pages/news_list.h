@@ -23,6 +23,7 @@ public:
 
     /// How large the picture may be, in the screen's own pixels.
     QSize picture_room() const;
+    /// Takes the room beside the text; the picture must fit into it.
     void show_picture(const QImage& picture);
     bool has_picture() const { return m_has_picture; }
 
@@ -38,6 +39,7 @@ private:
     bool m_has_picture = false;
 };
 
+/// The acts of the page's form. All must be set.
 struct NewsActs {
     std::function<bool(int row)> is_link;
     std::function<void(int row)> hyou_Click;
@@ -47,11 +49,13 @@ struct NewsActs {
 class NewsList : public QScrollArea {
     Q_OBJECT
 public:
+    /// The sheet outlives the list. Nothing is shown before the first refresh().
     NewsList(const base::Sheet& hyou, NewsActs acts, QWidget* parent);
 
     /// Shows what the sheet holds now. Rows that are the same stay, with the pictures that they have.
     void refresh();
 
+    /// From top to bottom.
     QList<NewsRow*> rows() const { return m_rows.values(); }
 
 private:

@@ -21,9 +21,11 @@ struct PageContext {
 
 struct PageRow {
     frame::Page page;
+    /// Made as a child of `parent`, which owns it. Throws what its form throws where it can't be loaded.
     QWidget* (*make)(const PageContext& context, QWidget* parent);
 };
 
+/// Every page of this program, in no order that matters.
 std::span<const PageRow> page_table();
 
 } // namespace ui

@@ -1,11 +1,13 @@
 #include "ui/pages/printer_box.h"
 
+#include "ui/parts/page_parts.h"
+
 namespace ui {
 
 PrinterBox::PrinterBox(std::function<void(int item)> choose, QWidget* parent) : QComboBox(parent) {
     setObjectName("prconb");
     setAccessibleName(QStringLiteral("プリンター"));
-    setMinimumHeight(30);
+    setMinimumHeight(box_height);
     connect(this, &QComboBox::activated, this, std::move(choose));
 }
 

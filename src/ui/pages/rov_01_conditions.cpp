@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "ui/masters/master_page.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/style.h"
 
 #include <QEvent>
@@ -49,7 +50,7 @@ QLabel* caption(QStringView text, QWidget* parent) {
 rov_01_conditions::rov_01_conditions(rov_01& form, Act act, QWidget* parent)
     : QWidget(parent), m_form(form), m_act(std::move(act)), m_help(master_note(this)), m_botabox(make_stop()) {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(no_margins);
     column->setSpacing(gap);
     auto* row = new QHBoxLayout;
     row->setSpacing(panel_gap);
@@ -72,7 +73,7 @@ QWidget* rov_01_conditions::make_panel(QStringView label, QHBoxLayout*& row) {
     auto* panel = new QWidget(this);
     panel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     row = new QHBoxLayout(panel);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(no_margins);
     row->setSpacing(gap);
     if (!label.isEmpty())
         row->addWidget(caption(label, panel));

@@ -68,7 +68,7 @@ ken_mst_dialog* rov_01_page::search() const {
 void rov_01_page::make_head(QHBoxLayout* head) {
     m_Image1->installEventFilter(this);
     auto* row = new QHBoxLayout(m_pic_msg);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(no_margins);
     row->setSpacing(12);
     for (QLabel*& midasi : m_midasi)
         row->addWidget(midasi = master_label({}, m_pic_msg));

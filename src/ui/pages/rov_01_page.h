@@ -29,9 +29,8 @@ public:
     QWidget* karibotan() const { return m_karibotan; }
     PictureButton* botan(int element) const { return m_botan[element]; }
     PictureButton* preview() const { return m_preview; }
-    PictureButton* csvex() const { return m_csvex; }
-    QWidget* Image1() const;
-    QWidget* pic_msg() const;
+    QWidget* Image1() const;  ///< the heading picture
+    QWidget* pic_msg() const; ///< the headings over the sheet, in sight where the form says so
     /// The search that is open; null if none is.
     ken_mst_dialog* search() const;
 

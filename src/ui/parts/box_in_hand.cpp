@@ -1,6 +1,9 @@
 #include "ui/parts/box_in_hand.h"
 
+#include "ui/parts/colours.h"
+
 #include <QApplication>
+#include <QLineEdit>
 #include <utility>
 
 namespace ui {
@@ -16,6 +19,12 @@ bool stays_in_program() {
 
 bool leaves_control(Qt::FocusReason reason) {
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+}
+
+void tint(QLineEdit& box, bool in_hand) {
+    QPalette own = box.palette();
+    own.setColor(QPalette::Base, QColor::fromRgb(in_hand ? colours::box_in_hand : colours::ground));
+    box.setPalette(own);
 }
 
 bool BoxInHand::came(Qt::FocusReason reason) {

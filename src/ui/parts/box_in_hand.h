@@ -10,11 +10,16 @@
 #include <Qt>
 #include <QtGlobal>
 
+class QLineEdit;
+
 namespace ui {
 
 /// Whether a focus that goes for this reason goes to another control: a window that comes before this one, or a list or
 /// menu that opens, isn't a step to another control.
 bool leaves_control(Qt::FocusReason reason);
+
+/// The ground of a box: tinted while it has the keyboard.
+void tint(QLineEdit& box, bool in_hand);
 
 class BoxInHand {
 public:

@@ -4,17 +4,16 @@
 
 namespace ui {
 
-Card::Card(QWidget* parent, QRgb ground, QRgb line) : QWidget(parent), m_ground(ground), m_line(line) {}
+Card::Card(QWidget* parent, CardLook look) : QWidget(parent), m_look(look) {}
 
 void Card::paintEvent(QPaintEvent*) {
     constexpr qreal half_a_line = 0.5;
-    constexpr qreal rounding = 6;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor::fromRgb(m_line));
-    painter.setBrush(QColor::fromRgb(m_ground));
-    painter.drawRoundedRect(
-        QRectF(rect()).adjusted(half_a_line, half_a_line, -half_a_line, -half_a_line), rounding, rounding);
+    painter.setPen(QColor::fromRgb(m_look.line));
+    painter.setBrush(QColor::fromRgb(m_look.ground));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(half_a_line, half_a_line, -half_a_line, -half_a_line),
+        m_look.rounding, m_look.rounding);
 }
 
 } // namespace ui

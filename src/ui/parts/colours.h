@@ -7,9 +7,10 @@
 
 namespace ui::colours {
 
-inline constexpr QRgb accent = 0xff4e53b8; ///< what is in hand: the frame of a cell, the bar of a list
-inline constexpr QRgb page = 0xfff0f0f0;   ///< the ground of every page; the bitmaps' corners carry it
-inline constexpr QRgb ground = 0xffffffff; ///< the ground of cells and boxes
+inline constexpr QRgb accent = 0xff4e53b8;      ///< what is in hand: the frame of a cell, the bar of a list
+inline constexpr QRgb page = 0xfff0f0f0;        ///< the ground of every page; the bitmaps' corners carry it
+inline constexpr QRgb ground = 0xffffffff;      ///< the ground of cells and boxes
+inline constexpr QRgb box_in_hand = 0xfff0f0ff; ///< the ground of a box that has the keyboard
 inline constexpr QRgb text = 0xff1d2030;
 inline constexpr QRgb quiet_text = 0xff5b6080;
 

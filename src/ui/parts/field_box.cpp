@@ -1,8 +1,7 @@
 #include "ui/parts/field_box.h"
 
-#include "frame/screen.h"
-#include "ui/parts/colours.h"
 #include "ui/parts/key_codes.h"
+#include "ui/parts/page_parts.h"
 
 #include <QKeyEvent>
 #include <algorithm>
@@ -14,7 +13,7 @@ FieldBox::FieldBox(FieldText text, FieldActs acts, QWidget* parent)
     : QLineEdit(parent), m_kind(text), m_acts(std::move(acts)) {
     setAttribute(Qt::WA_InputMethodEnabled, text == FieldText::Words);
     setInputMethodHints(text == FieldText::Words ? Qt::ImhNone : Qt::ImhPreferLatin | Qt::ImhNoPredictiveText);
-    setMinimumHeight(30);
+    setMinimumHeight(box_height);
     setTextMargins(4, 0, 4, 0);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& typed) { m_acts.Change(typed); });
 }
@@ -47,7 +46,7 @@ void FieldBox::focusInEvent(QFocusEvent* event) {
     if (!m_keyboard.came(event->reason()))
         return;
     m_clicked_into = event->reason() == Qt::MouseFocusReason;
-    tint(true);
+    tint(*this, true);
     if (m_acts.GotFocus)
         m_acts.GotFocus();
     select_text();
@@ -58,7 +57,7 @@ void FieldBox::focusOutEvent(QFocusEvent* event) {
     if (!m_keyboard.went(event->reason()))
         return;
     m_clicked_into = false;
-    tint(false);
+    tint(*this, false);
     if (m_acts.LostFocus)
         m_acts.LostFocus();
 }
@@ -68,13 +67,6 @@ void FieldBox::select_text() {
         setSelection(int(text().size()), -int(text().size()));
     else
         selectAll();
-}
-
-void FieldBox::tint(bool lit) {
-    const base::Rgb back = frame::TextBox::lit_back;
-    QPalette own = palette();
-    own.setColor(QPalette::Base, lit ? QColor(back.red, back.green, back.blue) : QColor::fromRgb(colours::ground));
-    setPalette(own);
 }
 
 } // namespace ui

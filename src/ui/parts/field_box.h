@@ -38,7 +38,6 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void tint(bool lit);
     void select_text();
 
     FieldText m_kind;

@@ -1,5 +1,7 @@
 #include "ui/parts/key_codes.h"
 
+#include "base/keys.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -13,15 +15,15 @@ struct KeyCode {
 };
 
 constexpr KeyCode key_codes[] = {
-    {Qt::Key_Return, 13},
-    {Qt::Key_Enter, 13},
-    {Qt::Key_Escape, 27},
-    {Qt::Key_Left, 37},
-    {Qt::Key_Up, 38},
-    {Qt::Key_Right, 39},
-    {Qt::Key_Down, 40},
-    {Qt::Key_Delete, 46},
-    {Qt::Key_F1, 112},
+    {Qt::Key_Return, base::key::enter},
+    {Qt::Key_Enter, base::key::enter},
+    {Qt::Key_Escape, base::key::escape},
+    {Qt::Key_Left, base::key::left},
+    {Qt::Key_Up, base::key::up},
+    {Qt::Key_Right, base::key::right},
+    {Qt::Key_Down, base::key::down},
+    {Qt::Key_Delete, base::key::del},
+    {Qt::Key_F1, base::key::f1},
 };
 
 } // namespace
@@ -33,7 +35,7 @@ int key_code(int qt_key) {
 
 int key_character(int qt_key, const QString& text) {
     if (qt_key == Qt::Key_Backspace)
-        return 8;
+        return base::key::backspace;
     return text.isEmpty() || !text.front().isPrint() ? 0 : text.front().unicode();
 }
 

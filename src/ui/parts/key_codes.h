@@ -6,10 +6,10 @@
 
 namespace ui {
 
-/// 13, 37 to 40, 46, 112 (Enter, the arrows, Delete, F1); 0 for a key that no form knows.
+/// The number in base/keys.h of Enter (either one), an arrow, Delete or F1; 0 for a key that no form knows.
 int key_code(int qt_key);
 
-/// The character that a key types: Backspace is 8, otherwise the first of its text; 0 if it types none.
+/// The character that a key types: key::backspace for Backspace, otherwise the first of its text; 0 if it types none.
 int key_character(int qt_key, const QString& text);
 
 } // namespace ui

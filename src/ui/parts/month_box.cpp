@@ -1,7 +1,5 @@
 #include "ui/parts/month_box.h"
 
-#include "frame/screen.h"
-#include "ui/parts/colours.h"
 #include "ui/parts/key_codes.h"
 
 #include <QKeyEvent>
@@ -55,7 +53,7 @@ void MonthBox::focusInEvent(QFocusEvent* event) {
     if (!m_keyboard.came(event->reason()))
         return;
     m_clicked_into = event->reason() == Qt::MouseFocusReason;
-    tint(true);
+    tint(*lineEdit(), true);
     m_acts.GotFocus();
     lineEdit()->selectAll();
 }
@@ -68,20 +66,13 @@ void MonthBox::focusOutEvent(QFocusEvent* event) {
     m_clicked_into = false;
     if (!m_keyboard.went(event->reason()))
         return;
-    tint(false);
+    tint(*lineEdit(), false);
     m_acts.LostFocus();
 }
 
 bool MonthBox::eventFilter(QObject* watched, QEvent* event) {
     return (event->type() == QEvent::MouseButtonPress && std::exchange(m_clicked_into, false)) ||
            QComboBox::eventFilter(watched, event);
-}
-
-void MonthBox::tint(bool lit) {
-    const base::Rgb back = frame::TextBox::lit_back;
-    QPalette own = lineEdit()->palette();
-    own.setColor(QPalette::Base, lit ? QColor(back.red, back.green, back.blue) : QColor::fromRgb(colours::ground));
-    lineEdit()->setPalette(own);
 }
 
 } // namespace ui

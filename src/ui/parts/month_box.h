@@ -37,8 +37,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void tint(bool lit);
-
     MonthActs m_acts;
     BoxInHand m_keyboard;
     bool m_clicked_into = false; ///< the click that brings the keyboard leaves the text selected

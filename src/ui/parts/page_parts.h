@@ -5,6 +5,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMargins>
 #include <QRgb>
 #include <QVBoxLayout>
 #include <QWidget>
@@ -14,6 +15,11 @@ namespace ui {
 /// Pixels beside the parts of a page, and between them and what stands in them.
 inline constexpr int page_margin = 12;
 inline constexpr int page_gap = 8;
+
+/// The height of a box of one line, pixels.
+inline constexpr int box_height = 30;
+/// Beside parts that lie in another layout's air already.
+inline constexpr QMargins no_margins;
 
 struct PageParts {
     QHBoxLayout* head;

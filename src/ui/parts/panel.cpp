@@ -4,7 +4,6 @@
 #include "ui/parts/style.h"
 
 #include <QLabel>
-#include <QPainter>
 
 namespace ui {
 
@@ -12,24 +11,17 @@ namespace {
 
 constexpr int side = 20;
 constexpr int air = 12;
-constexpr int corner = 8;
+constexpr int between = 8;
+constexpr CardLook look{.line = colours::heading_line, .rounding = 8};
 
 } // namespace
 
-Panel::Panel(const QString& heading, QWidget* parent) : QWidget(parent), m_body(new QVBoxLayout(this)) {
+Panel::Panel(const QString& heading, QWidget* parent) : Card(parent, look), m_body(new QVBoxLayout(this)) {
     m_body->setContentsMargins(side, air, side, air);
-    m_body->setSpacing(8);
+    m_body->setSpacing(between);
     auto* label = new QLabel(heading, this);
     letter(*label, Lettering::Section);
     m_body->addWidget(label);
-}
-
-void Panel::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor::fromRgb(colours::heading_line));
-    painter.setBrush(QColor::fromRgb(colours::ground));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
 }
 
 } // namespace ui

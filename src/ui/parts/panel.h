@@ -1,21 +1,19 @@
 #pragma once
 
-// Panel: a white sheet on a page with a heading, for controls that belong together.
+// Panel: a card with a heading, for controls that belong together. They are laid into body(), below the heading.
+
+#include "ui/parts/card.h"
 
 #include <QVBoxLayout>
-#include <QWidget>
 
 namespace ui {
 
-class Panel : public QWidget {
+class Panel : public Card {
     Q_OBJECT
 public:
     Panel(const QString& heading, QWidget* parent);
 
     QVBoxLayout* body() const { return m_body; }
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     QVBoxLayout* m_body;

@@ -8,7 +8,8 @@
 
 namespace ui {
 
-/// One button a caption, made as children of the parent, each under the number of its element.
+/// One button a caption, made as children of the parent, each under the number of its element. None is
+/// on yet; the group belongs to the parent too.
 QButtonGroup* radio_group(QWidget& parent, std::span<const QStringView> captions);
 
 /// The group's buttons side by side, the room behind them left free.

@@ -1,6 +1,7 @@
 #include "ui/parts/work_bar.h"
 
 #include "base/literals.h"
+#include "ui/parts/page_parts.h"
 #include "ui/parts/style.h"
 
 #include <QHBoxLayout>
@@ -31,7 +32,7 @@ WorkBar::WorkBar(frame::WorkLine& line, QWidget* parent)
         m_cancel->setEnabled(false);
     });
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(no_margins);
     row->setSpacing(8);
     for (QWidget* part : {static_cast<QWidget*>(m_what), static_cast<QWidget*>(m_bar), static_cast<QWidget*>(m_cancel)})
         row->addWidget(part);

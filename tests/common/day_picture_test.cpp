@@ -1,9 +1,13 @@
-#include "masters/day_picture.h"
+#include "common/day_picture.h"
 
-#include "masters/company.h"
-#include "masters/week_buffer.h"
+#include "base/literals.h"
+#include "base/numbers.h"
 
-namespace masters {
+#include <gtest/gtest.h>
+
+namespace common {
+
+using namespace base;
 
 namespace {
 
@@ -26,16 +30,12 @@ QString text(const QList<Segment>& segments) {
 
 /// The picture of bands told as "start-end-category", with the categories 4, 2 and 9.
 DayPicture picture_of(const QString& bands) {
-    Sheet hyou(1 + band_count, band_col::count);
-    hyou.setFixed(1, 1);
-    int row = 0;
+    QList<DayBand> day;
     for (const QString& band : bands.split(u' ')) {
         const QStringList cells = band.split(u'-');
-        hyou(++row, band_col::start) = cells[0];
-        hyou(row, band_col::end) = cells[1];
-        hyou(row, band_col::category) = cells.value(2);
+        day << DayBand{0, cells[0], cells[1], Val(cells.value(2))};
     }
-    return day_picture(hyou, {4, 2, 9});
+    return day_picture(day, {4, 2, 9});
 }
 
 } // namespace
@@ -65,4 +65,4 @@ TEST(DayPicture, BandsStandOnTheLineWithTheirOverlapsGapsAndColours) {
     }
 }
 
-} // namespace masters
+} // namespace common

@@ -1,11 +1,8 @@
-#include "masters/day_picture.h"
-
-#include "base/numbers.h"
-#include "masters/week_buffer.h"
+#include "common/day_picture.h"
 
 #include <algorithm>
 
-namespace masters {
+namespace common {
 
 using namespace base;
 
@@ -14,10 +11,9 @@ namespace {
 constexpr minutes day_length(24 * 60);
 
 /// A band as the working day sees it: it may end after 24:00.
-struct DayBand {
-    int row;
+struct DrawnBand {
+    const DayBand* band;
     Span span;
-    qint64 category;
 };
 
 struct Piece {
@@ -25,21 +21,19 @@ struct Piece {
     bool next_day;
 };
 
-Span span_of(const Sheet& hyou, int row) {
-    const ClockNumber start = clock_of(hyou(row, band_col::start));
+Span span_of(const DayBand& band) {
+    const ClockNumber start = clock_of(band.start);
     const minutes begin = std::max(minutes(0), time_to_minutes(start));
-    const minutes end = end_minutes(start, clock_of(hyou(row, band_col::end)));
+    const minutes end = end_minutes(start, clock_of(band.end));
     return {begin, std::min(end, begin + day_length)};
 }
 
-QList<DayBand> bands_of(const Sheet& hyou) {
-    QList<DayBand> bands;
-    for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row) {
-        const Span span = span_of(hyou, row);
-        if (span.end > span.start)
-            bands << DayBand{row, span, Val(hyou(row, band_col::category))};
-    }
-    return bands;
+QList<DrawnBand> drawn(const QList<DayBand>& bands) {
+    QList<DrawnBand> with_length;
+    for (const DayBand& band : bands)
+        if (const Span span = span_of(band); span.end > span.start)
+            with_length << DrawnBand{&band, span};
+    return with_length;
 }
 
 /// The span cut at each midnight.
@@ -58,14 +52,14 @@ bool share_time(Span a, Span b) {
     return a.start < b.end && b.start < a.end;
 }
 
-bool overlaps_another(const QList<DayBand>& bands, const DayBand& band) {
+bool overlaps_another(const QList<DrawnBand>& bands, const DrawnBand& one) {
     return std::ranges::any_of(
-        bands, [&](const DayBand& other) { return other.row != band.row && share_time(other.span, band.span); });
+        bands, [&](const DrawnBand& other) { return other.band != one.band && share_time(other.span, one.span); });
 }
 
-QList<minutes> bounds_of(const QList<DayBand>& bands) {
+QList<minutes> bounds_of(const QList<DrawnBand>& bands) {
     QList<minutes> bounds;
-    for (const DayBand& band : bands)
+    for (const DrawnBand& band : bands)
         bounds << band.span.start << band.span.end;
     std::ranges::sort(bounds);
     return bounds;
@@ -73,13 +67,13 @@ QList<minutes> bounds_of(const QList<DayBand>& bands) {
 
 /// The time between the first start and the last end that is covered by a number of bands that `wanted` accepts.
 template <typename Wanted>
-QList<Span> covered(const QList<DayBand>& bands, Wanted wanted) {
+QList<Span> covered(const QList<DrawnBand>& bands, Wanted wanted) {
     QList<Span> spans;
     const QList<minutes> bounds = bounds_of(bands);
     for (qsizetype i = 0; i + 1 < bounds.size(); ++i) {
         const Span span{bounds[i], bounds[i + 1]};
         const auto depth =
-            std::ranges::count_if(bands, [&](const DayBand& band) { return share_time(band.span, span); });
+            std::ranges::count_if(bands, [&](const DrawnBand& band) { return share_time(band.span, span); });
         if (span.start == span.end || !wanted(depth))
             continue;
         if (!spans.isEmpty() && spans.back().end == span.start)
@@ -100,16 +94,17 @@ QList<Span> on_the_line(const QList<Span>& spans) {
 
 } // namespace
 
-DayPicture day_picture(const Sheet& hyou, const QList<qint64>& categories) {
-    const QList<DayBand> bands = bands_of(hyou);
+DayPicture day_picture(const QList<DayBand>& bands, const QList<qint64>& categories) {
+    const QList<DrawnBand> on_picture = drawn(bands);
     DayPicture picture;
-    for (const DayBand& band : bands)
-        for (const Piece& piece : pieces_of(band.span))
-            picture.segments << Segment{band.row, piece.span, band.category,
-                static_cast<int>(categories.indexOf(band.category)), piece.next_day, overlaps_another(bands, band)};
-    picture.gaps = on_the_line(covered(bands, [](auto depth) { return depth == 0; }));
-    picture.overlaps = on_the_line(covered(bands, [](auto depth) { return depth > 1; }));
+    for (const DrawnBand& one : on_picture)
+        for (const Piece& piece : pieces_of(one.span))
+            picture.segments << Segment{one.band->number, piece.span, one.band->category,
+                static_cast<int>(categories.indexOf(one.band->category)), piece.next_day,
+                overlaps_another(on_picture, one)};
+    picture.gaps = on_the_line(covered(on_picture, [](auto depth) { return depth == 0; }));
+    picture.overlaps = on_the_line(covered(on_picture, [](auto depth) { return depth > 1; }));
     return picture;
 }
 
-} // namespace masters
+} // namespace common
