@@ -34,6 +34,8 @@ TEST(Era, TheEraOfTodayServesAllDates) {
     EXPECT_EQ(日付表示変換(u"20041003"_s, s, heisei_day), u"16/10/3"_s);
     EXPECT_EQ(日付表示変換(u"20041003"_s, s, QDate(2026, 1, 1)), u"-14/10/3"_s) << "before the present era";
     EXPECT_EQ(日付文字変換(u"20041003"_s, s, heisei_day), u"平成 16年 10月 3日"_s);
+    EXPECT_EQ(日付表示変換(u"20190430"_s, s, QDate(2019, 4, 30)), u"31/4/30"_s) << "an era's last day is still its own";
+    EXPECT_EQ(日付表示変換(u"20190501"_s, s, QDate(2019, 5, 1)), u"1/5/1"_s);
 }
 
 TEST(Era, WesternDisplayShowsSlashesWithoutZeros) {

@@ -53,9 +53,10 @@ protected:
         }
     }
 
-    std::unique_ptr<QProcess> child(const QStringList& task, int kill_before_change = 0) const {
+    std::unique_ptr<QProcess> child(const QStringList& task,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const {
         auto process = std::make_unique<QProcess>();
-        process->setProcessEnvironment(support::killed_before_change(kill_before_change));
+        process->setProcessEnvironment(environment);
         process->start(QCoreApplication::applicationFilePath(), QStringList{u"--child"_s} + task);
         EXPECT_TRUE(process->waitForStarted());
         return process;
@@ -125,6 +126,10 @@ TEST_F(Backup, WithDataOnAShareItStillGoesToThisPcsOwnDrive) {
     EXPECT_EQ(host.shown, std::vector{question});
     EXPECT_EQ(files(own + u"/comdata/data/bk/3"_s), all_files);
     EXPECT_EQ(files(own + u"/rovena100/data/bk/3"_s), QStringList{u"losys.mdb"_s});
+    QFile::remove(live_files[3].path);
+    run();
+    EXPECT_EQ(host.shown, std::vector(2, question)) << "a disk of the network has no settings of a PC";
+    EXPECT_EQ(files(own + u"/comdata/data/bk/3"_s).size(), 3);
 }
 
 TEST_F(Backup, AWholeOldGenerationStaysWhenANewOneCannotBeMade) {
@@ -198,12 +203,24 @@ TEST_F(Backup, AFullDiskAndAReadOnlyFolderAreToldAndChangeNothing) {
     expect_live("1 rows, 1 in all");
 }
 
+TEST_F(Backup, ADiskThatLosesAPageWithoutAWordSpoilsNoGeneration) {
+    run();
+    for (const auto& live : live_files)
+        tree.save(live, 2);
+    for (const int page : {1, 10, 25}) {
+        const auto backup = child({u"backup"_s, tree.folder.path()}, support::shimmed(u"LOSE_WRITE_OF_COPY"_s, page));
+        ASSERT_TRUE(backup->waitForFinished(60'000));
+        expect_in_backup("1 rows, 1 in all");
+        expect_live("2 rows, 3 in all");
+    }
+}
+
 // Each backup is killed one change of a file later than the one before, from its first change to its last.
 TEST_F(Backup, KilledAtEveryChangeOfAFileItLosesNothing) {
     int kills = 0, cut_short = 0;
     int sum = 1;
     for (bool killed = true; killed; kills += killed) {
-        const auto backup = child({u"backup"_s, tree.folder.path()}, kills + 1);
+        const auto backup = child({u"backup"_s, tree.folder.path()}, support::killed_before_change(kills + 1));
         ASSERT_TRUE(backup->waitForFinished(60'000));
         killed = backup->exitStatus() == QProcess::CrashExit;
         cut_short += std::ranges::any_of(

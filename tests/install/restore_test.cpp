@@ -55,9 +55,10 @@ protected:
         Database::open(comsys_path(settings), Kind::Comsys).exec("delete from syain");
     }
 
-    int run(const QStringList& arguments, int kill_before_change = 0) const {
+    int run(const QStringList& arguments,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const {
         QProcess process;
-        process.setProcessEnvironment(support::killed_before_change(kill_before_change));
+        process.setProcessEnvironment(environment);
         process.start(qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s, QStringList{u"restore"_s} + arguments);
         EXPECT_TRUE(process.waitForFinished(60'000));
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
@@ -213,6 +214,15 @@ TEST_F(RestoredCompany, StaysOpenToEverybodyWhereItWasAndItsGroupCannotBeGiven) 
 
 #endif
 
+TEST_F(RestoredCompany, StaysAsItIsWhereTheDiskLosesPartOfACopyWithoutAWord) {
+    change();
+    const QStringList changed = all_rows(settings);
+    for (const int database : {1, 2, 3, 4}) {
+        EXPECT_EQ(run({backup, folder.filePath(u"first"_s)}, support::shimmed(u"LOSE_WRITE_OF_COPY"_s, database)), 1);
+        EXPECT_TRUE(all_rows(settings) == changed) << database;
+    }
+}
+
 // Each restore is killed one change of a file later than the one before.
 TEST_F(RestoredCompany, IsWholeAfterARestoreThatIsKilledAtAnyChangeOfAFile) {
     change();
@@ -220,7 +230,8 @@ TEST_F(RestoredCompany, IsWholeAfterARestoreThatIsKilledAtAnyChangeOfAFile) {
     for (size_t i = 0; i < changed.size(); ++i)
         changed[i] = all_rows(shared_files[i].path(settings), shared_files[i].kind);
     int kills = 0, status = -1;
-    for (; (status = run({backup, folder.filePath(u"first"_s)}, kills + 1)) == -1; ++kills) {
+    for (; (status = run({backup, folder.filePath(u"first"_s)}, support::killed_before_change(kills + 1))) == -1;
+         ++kills) {
         for (size_t i = 0; i < changed.size(); ++i) {
             const auto& [kind, path] = shared_files[i];
             open_checked(path(settings), kind);

@@ -14,9 +14,14 @@ TEST(Paths, ARootWithTwoBackslashesIsAShare) {
     EXPECT_FALSE(platform::is_share(u"\\main\\data"_s));
     EXPECT_FALSE(platform::is_share(u"C:\\Program Files\\meridan\\qn"_s));
     EXPECT_FALSE(platform::is_share(QString()));
+    EXPECT_FALSE(platform::is_share(u"/srv/data"_s)) << "a folder of this PC";
 }
 
 #ifndef Q_OS_WIN
+
+TEST(Paths, ARootWithTwoSlashesIsAShareToo) {
+    EXPECT_TRUE(platform::is_share(u"//main/data"_s));
+}
 
 TEST(Paths, TheDriveIsTheNearestFolderUpwardsThatHoldsTheInstallTree) {
     QTemporaryDir dir;

@@ -1,5 +1,6 @@
 #include "reports/company.h"
 #include "reports/csv.h"
+#include "support/disk.h"
 #include "support/report_sheets.h"
 #include "support/stored.h"
 
@@ -44,6 +45,13 @@ TEST_F(Csv, SaysNothingWhenCancelledAndNamesAFileThatCantBeWritten) {
             u"書き込みエラー"_s, platform::Buttons::Ok}}));
     EXPECT_EQ(statuses, QStringList{u"出力開始"_s});
 }
+
+#ifdef Q_OS_LINUX
+TEST_F(Csv, IsNotCalledWrittenWhereTheDiskIsFull) {
+    const support::ShortFiles disk(expected.size() - 1);
+    EXPECT_EQ(write_csv(report, path), Written::Failed);
+}
+#endif
 
 TEST_F(Csv, NamesTheCellsInWhichACharacterWasReplaced) {
     report.hyou(2, 0) = u"𠮷田"_s;

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #ifdef Q_OS_LINUX
+#include <csignal>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace support {
@@ -42,6 +44,24 @@ public:
 
 private:
     QByteArray m_folder;
+};
+
+/// A disk that takes only so many bytes of any file that this program writes.
+class ShortFiles {
+public:
+    explicit ShortFiles(rlim_t bytes) : m_signalled(std::signal(SIGXFSZ, SIG_IGN)) {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_was), 0);
+        const rlimit shorter{bytes, m_was.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &shorter), 0);
+    }
+    ~ShortFiles() {
+        setrlimit(RLIMIT_FSIZE, &m_was);
+        std::signal(SIGXFSZ, m_signalled);
+    }
+
+private:
+    rlimit m_was{};
+    void (*m_signalled)(int);
 };
 
 } // namespace support

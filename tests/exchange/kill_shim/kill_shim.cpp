@@ -1,7 +1,8 @@
 // Preloaded into a program, ends it without warning just before its nth change of a file, lets the disk fail from its
-// nth change on, or stops it just before its nth step, for another to act in between. n is KILL_BEFORE_CHANGE,
-// FAIL_FROM_CHANGE or STOP_BEFORE_STEP; a step is a change or the asking for a lock. Kills and races by time meet the
-// few moments that matter hardly ever; this meets every one of them.
+// nth change on, stops it just before its nth step, for another to act in between, or loses the nth write into a file
+// in the making (*.new) as if it had been done. n is KILL_BEFORE_CHANGE, FAIL_FROM_CHANGE, STOP_BEFORE_STEP or
+// LOSE_WRITE_OF_COPY; a step is a change or the asking for a lock. Kills and races by time meet the few moments that
+// matter hardly ever; this meets every one of them.
 
 #include <cerrno>
 #include <csignal>
@@ -9,6 +10,8 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <string>
+#include <string_view>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -36,6 +39,17 @@ bool change() {
     return !fails || --good > 0;
 }
 
+/// Whether the write is told as done and isn't.
+bool lost(int file) {
+    static long left = count_from("LOSE_WRITE_OF_COPY");
+    if (left <= 0)
+        return false;
+    char name[4096];
+    const std::string link = "/proc/self/fd/" + std::to_string(file);
+    const ssize_t length = ::readlink(link.c_str(), name, sizeof name);
+    return length > 0 && std::string_view(name, size_t(length)).ends_with(".new") && --left == 0;
+}
+
 } // namespace
 
 #define BEFORE(result, name, parameters, arguments)                                                                    \
@@ -47,10 +61,19 @@ bool change() {
         return -1;                                                                                                     \
     }
 
+#define BEFORE_WRITE(name, parameters, arguments)                                                                      \
+    ssize_t name parameters {                                                                                          \
+        static const auto next = reinterpret_cast<ssize_t(*) parameters>(::dlsym(RTLD_NEXT, #name));                   \
+        if (change())                                                                                                  \
+            return lost(file) ? ssize_t(size) : next arguments;                                                        \
+        errno = EIO;                                                                                                   \
+        return -1;                                                                                                     \
+    }
+
 extern "C" {
-BEFORE(ssize_t, pwrite64, (int file, const void* data, size_t size, off64_t place), (file, data, size, place))
+BEFORE_WRITE(pwrite64, (int file, const void* data, size_t size, off64_t place), (file, data, size, place))
 BEFORE(int, ftruncate64, (int file, off64_t size) noexcept, (file, size))
-BEFORE(ssize_t, write, (int file, const void* data, size_t size), (file, data, size))
+BEFORE_WRITE(write, (int file, const void* data, size_t size), (file, data, size))
 BEFORE(int, rename, (const char* from, const char* to) noexcept, (from, to))
 BEFORE(int, renameat2, (int from_folder, const char* from, int to_folder, const char* to, unsigned flags) noexcept,
     (from_folder, from, to_folder, to, flags))
