@@ -1,7 +1,10 @@
-// Draws the artwork anew into a temporary folder and looks at it as the screens do: by file name.
+// Draws the artwork anew into a temporary folder and looks at it as the screens do: by the file names in their sources.
 
 #include <QtCore/QDir>
+#include <QtCore/QDirIterator>
+#include <QtCore/QMap>
 #include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QImage>
 
@@ -9,40 +12,27 @@
 
 namespace {
 
+/// A button's picture as it lies and as it is pressed, by the names in the sources of the screens.
 struct Pair {
-    const char* up;
-    const char* pressed;
+    QString up;
+    QString pressed;
 };
 
-// As the screens name them, the case of the extensions included.
-constexpr Pair pairs[] = {
-    {"top_ent.BMP", "top_ent_b.BMP"},
-    {"top_rov.BMP", "top_rov_b.BMP"},
-    {"top_mst.BMP", "top_mst_b.BMP"},
-    {"top_help.BMP", "top_help_b.BMP"},
-    {"top_end.BMP", "top_end_b.BMP"},
-    {"botan_syain.bmp", "botan_syain_b.bmp"},
-    {"botan_kinmusyu.bmp", "botan_kinmusyu_b.bmp"},
-    {"botan_kinmutype.bmp", "botan_kinmutype_b.bmp"},
-    {"botan_rovmei.bmp", "botan_rovmei_b.bmp"},
-    {"botan_kinmujikan.bmp", "botan_kinmujikan_b.bmp"},
-    {"botan_kyusyu.bmp", "botan_kyusyu_b.bmp"},
-    {"mida_syain.bmp", "mida_syain_b.bmp"},
-    {"mida_kinsyu.bmp", "mida_kinsyu_b.BMP"},
-    {"mida_kintype_time.bmp", "mida_kintype_time_b.BMP"},
-    {"mida_kintype_sya.bmp", "mida_kintype_sya_b.BMP"},
-    {"mida_system.BMP", "mida_system_b.BMP"},
-    {"mida_kyusyu.BMP", "mida_kyusyu_b.BMP"},
-    {"zen_end.BMP", "zen_end_b.BMP"},
-    {"zen_tour.BMP", "zen_tour_b.BMP"},
-    {"zen_saku.BMP", "zen_saku_b.BMP"},
-    {"zen_chu.BMP", "zen_chu_b.BMP"},
-    {"zen_kens.BMP", "zen_kens_b.BMP"},
-    {"zen_print.BMP", "zen_print_b.BMP"},
-    {"zen_prev.BMP", "zen_prev_b.BMP"},
-    {"zen_file.BMP", "zen_file_b.BMP"},
-    {"zen_help.BMP", "zen_help_b.BMP"},
-};
+QList<Pair> pairs() {
+    static const QRegularExpression pair(QString::fromLatin1(R"~("(\w+)(\.bmp|\.BMP)",\s*u?"(\1_b(\.bmp|\.BMP))")~"));
+    QMap<QString, Pair> found;
+    QDirIterator files(QStringLiteral(ROVENA_SRC), {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+        QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        for (const QRegularExpressionMatch& match : pair.globalMatch(text))
+            found[match.captured(1)] = {match.captured(1) + match.captured(2), match.captured(3)};
+    }
+    EXPECT_GT(found.size(), 20);
+    return found.values();
+}
 
 class Artwork : public testing::Test {
 protected:
@@ -57,15 +47,15 @@ protected:
     static void TearDownTestSuite() { out.reset(); }
 
     static QImage picture(const QString& name) { return QImage(out->filePath(name)); }
-    static QImage button(const char* name) { return picture(QStringLiteral("botan/") + QString::fromLatin1(name)); }
+    static QImage button(const QString& name) { return picture(QStringLiteral("botan/") + name); }
 
     static inline std::unique_ptr<QTemporaryDir> out;
 };
 
 TEST_F(Artwork, EveryButtonHasItsPictureUnderTheNameTheScreenLoads) {
     QStringList expected;
-    for (const Pair& pair : pairs)
-        expected << QString::fromLatin1(pair.up) << QString::fromLatin1(pair.pressed);
+    for (const Pair& pair : pairs())
+        expected << pair.up << pair.pressed;
     for (int report = 1; report <= 6; ++report)
         expected << QStringLiteral("mida_chou_%1.bmp").arg(report, 3, 10, QLatin1Char('0'));
     QStringList drawn = QDir(out->filePath(QStringLiteral("botan"))).entryList(QDir::Files);
@@ -74,30 +64,24 @@ TEST_F(Artwork, EveryButtonHasItsPictureUnderTheNameTheScreenLoads) {
     EXPECT_EQ(drawn, expected);
 }
 
-TEST_F(Artwork, APressedButtonLooksPressedAndKeepsItsPlace) {
-    for (const Pair& pair : pairs) {
-        SCOPED_TRACE(pair.up);
+TEST_F(Artwork, APressedButtonLooksPressedAndKeepsItsPlaceAndNoTwoLookAlike) {
+    QList<QImage> seen;
+    for (const Pair& pair : pairs()) {
+        SCOPED_TRACE(pair.up.toStdString());
         const QImage up = button(pair.up);
         const QImage pressed = button(pair.pressed);
         ASSERT_FALSE(up.isNull());
         EXPECT_EQ(up.size(), pressed.size());
         EXPECT_NE(up, pressed);
         EXPECT_EQ(up.pixelColor(0, 0), pressed.pixelColor(0, 0));
-    }
-}
-
-TEST_F(Artwork, NoTwoButtonsLookAlike) {
-    QList<QImage> seen;
-    for (const Pair& pair : pairs) {
-        const QImage up = button(pair.up);
-        EXPECT_FALSE(seen.contains(up)) << pair.up;
+        EXPECT_FALSE(seen.contains(up));
         seen << up;
     }
 }
 
 TEST_F(Artwork, TheCornersOfATopButtonVanishInTheBand) {
-    EXPECT_EQ(button("top_ent.BMP").pixelColor(0, 0), QColor(200, 200, 255));
-    EXPECT_EQ(button("zen_end.BMP").pixelColor(0, 0), QColor(240, 240, 240));
+    EXPECT_EQ(button(QStringLiteral("top_ent.BMP")).pixelColor(0, 0), QColor(200, 200, 255));
+    EXPECT_EQ(button(QStringLiteral("zen_end.BMP")).pixelColor(0, 0), QColor(240, 240, 240));
 }
 
 TEST_F(Artwork, SplashAndIconAreThereInTheirSizes) {
