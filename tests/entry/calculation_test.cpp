@@ -1,5 +1,6 @@
 #include "entry/sheet_builder.h"
 
+#include <QMap>
 #include <gtest/gtest.h>
 
 using namespace entry;
@@ -31,20 +32,53 @@ QString hours_in(const Band& made, const QString& in, const QString& out) {
 
 } // namespace
 
-TEST(DayCalculation, AStayIsCutIntoBandsAndTheRuleReachedLastIsItsBreak) {
-    MonthSheet sheet = office_month();
-    calculate(sheet, 1, u"8:15"_s, u"19:00"_s);
-    EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"9:45"_s, u"9:00"_s, u"1:30"_s}));
-}
-
-TEST(DayCalculation, NetWorkTimeTakesTheBreakOffTheCategoryAndNotTwice) {
-    MonthSheet sheet = office_month();
-    sheet.kyuflg = BreakHandling::Deducted;
-    calculate(sheet, 1, u"8:15"_s, u"19:00"_s);
-    const QStringList wanted{u"1:00"_s, u"9:45"_s, u"8:00"_s, u"1:30"_s};
-    EXPECT_EQ(day(sheet, 1), wanted);
-    出勤集計処理(sheet, 1);
-    EXPECT_EQ(day(sheet, 1), wanted);
+TEST(DayCalculation, AStayIsCutIntoTheBandsOfItsCategoriesAndTheirRulesMakeTheBreak) {
+    const Band office = band(A, 830, 1730, {{600, 45}, {800, 100}}), evening = band(B, 1730, 2200);
+    constexpr auto gross = BreakHandling::Included, net = BreakHandling::Deducted;
+    struct Case {
+        const char* what;
+        QMap<int, Band> bands; ///< by their numbers
+        BreakHandling breaks;
+        QString in, out;
+        QString figures; ///< break, work time and the hours of A and B
+    };
+    const Case cases[] = {
+        {"the rule reached last is the break", {{1, office}, {2, evening}}, gross, u"8:15"_s, u"19:00"_s,
+            u"1:00|9:45|9:00|1:30"_s},
+        {"the break is taken off the category", {{1, office}, {2, evening}}, net, u"8:15"_s, u"19:00"_s,
+            u"1:00|9:45|8:00|1:30"_s},
+        {"a later band overwrites the earlier one", {{1, band(A, 800, 1200)}, {2, band(A, 1300, 1700)}}, gross,
+            u"8:00"_s, u"15:00"_s, u"|7:00|2:00|"_s},
+        {"even with nothing", {{1, band(A, 800, 1200)}, {2, band(A, 1300, 1700)}}, gross, u"8:00"_s, u"12:00"_s,
+            u"|4:00||"_s},
+        {"rules look at all hours that stand, and the breaks of all bands add",
+            {{1, band(A, 800, 1000, {{400, 10}})}, {2, band(A, 1000, 1500, {{400, 20}})},
+                {3, band(B, 1500, 1700, {{200, 5}})}},
+            gross, u"8:00"_s, u"17:00"_s, u"0:35|8:25|5:00|2:00"_s},
+        // A comes first: its band 2 shortens B's column, and then B's own rule still reaches one hour.
+        {"the band's number tells the column",
+            {{1, band(B, 800, 1000, {{100, 15}})}, {2, band(A, 1000, 1200, {{100, 20}})}}, net, u"8:00"_s, u"12:00"_s,
+            u"0:35|3:25|1:45|1:40"_s},
+        {"a figure shortened before its turn is what its rules see",
+            {{1, band(B, 800, 1000, {{200, 15}})}, {2, band(A, 1000, 1200, {{100, 20}})}}, net, u"8:00"_s, u"12:00"_s,
+            u"0:20|3:40|2:00|1:40"_s},
+        {"a number that points past the sheet", {{10, band(A, 800, 1700, {{600, 45}})}}, net, u"8:00"_s, u"17:00"_s,
+            u"0:45|8:15|9:00|"_s},
+    };
+    for (const Case& c : cases) {
+        MonthSheet sheet = month_sheet({A, B, C});
+        sheet.kyuflg = c.breaks;
+        for (const auto& [number, made] : c.bands.asKeyValueRange())
+            every_day(sheet, number, made);
+        sheet.hyou(1, col::first_category) = u"2:00"_s;
+        sheet.hyou(1, 10) = u"0:45"_s;
+        calculate(sheet, 1, c.in, c.out);
+        for (const char* again : {"", "calculated again"}) {
+            EXPECT_EQ(day(sheet, 1).join(u'|'), c.figures) << c.what << again;
+            EXPECT_EQ(sheet.hyou(1, 10), u"0:45"_s) << "a category without a band on this weekday keeps its figure";
+            出勤集計処理(sheet, 1);
+        }
+    }
 }
 
 TEST(DayCalculation, BandsMeasureTheStayFromTheClockInToItsEndOnTheSameOrTheNextDay) {
@@ -84,18 +118,6 @@ TEST(DayCalculation, TheBandsOfTheDaysOwnWeekdayApply) {
     EXPECT_EQ(sheet.hyou(7, 8), u"2:00"_s);
 }
 
-TEST(DayCalculation, ALaterBandOfACategoryOverwritesTheEarlierOneEvenWithNothing) {
-    MonthSheet sheet = month_sheet({A, B});
-    every_day(sheet, 1, band(A, 800, 1200));
-    every_day(sheet, 2, band(A, 1300, 1700));
-    sheet.hyou(1, 9) = u"0:45"_s;
-    calculate(sheet, 1, u"8:00"_s, u"15:00"_s);
-    EXPECT_EQ(sheet.hyou(1, 8), u"2:00"_s);
-    calculate(sheet, 1, u"8:00"_s, u"12:00"_s);
-    EXPECT_EQ(sheet.hyou(1, 8), u""_s);
-    EXPECT_EQ(sheet.hyou(1, 9), u"0:45"_s) << "a category without a band on this weekday keeps its figure";
-}
-
 TEST(DayCalculation, TheLastRuleReachedWinsWhateverItsBreak) {
     const std::pair<QString, QString> cases[] = {{u"10:00"_s, u""_s}, {u"14:00"_s, u"1:00"_s}, {u"16:00"_s, u"0:30"_s},
         {u"18:00"_s, u"0:10"_s}, {u"17:59"_s, u"0:30"_s}};
@@ -105,45 +127,6 @@ TEST(DayCalculation, TheLastRuleReachedWinsWhateverItsBreak) {
         calculate(sheet, 1, u"8:00"_s, out);
         EXPECT_EQ(sheet.hyou(1, col::break_time), pause) << out.toStdString();
     }
-}
-
-TEST(DayCalculation, RulesLookAtTheCategorysHoursAndTheBreaksOfAllItsBandsAdd) {
-    MonthSheet sheet = month_sheet({A, B});
-    every_day(sheet, 1, band(A, 800, 1000, {{400, 10}}));
-    every_day(sheet, 2, band(A, 1000, 1500, {{400, 20}}));
-    every_day(sheet, 3, band(B, 1500, 1700, {{200, 5}}));
-    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(sheet.hyou(1, col::break_time), u"0:35"_s)
-        << "the band of two hours takes its break by the five hours that stand";
-    EXPECT_EQ(sheet.hyou(1, col::work_time), u"8:25"_s);
-}
-
-TEST(DayCalculation, ABreakIsTakenOffTheColumnOfTheBandsNumber) {
-    MonthSheet sheet = month_sheet({A, B, C});
-    sheet.kyuflg = BreakHandling::Deducted;
-    every_day(sheet, 1, band(B, 800, 1000, {{100, 15}}));
-    every_day(sheet, 2, band(A, 1000, 1200, {{100, 20}}));
-    calculate(sheet, 1, u"8:00"_s, u"12:00"_s);
-    // A comes first: its band 2 shortens B's column, and then B's own rule still reaches one hour.
-    EXPECT_EQ(cells_from(sheet.hyou, 1, 8), QStringList({u"1:45"_s, u"1:40"_s, u""_s}));
-    EXPECT_EQ(sheet.hyou(1, col::break_time), u"0:35"_s);
-}
-
-TEST(DayCalculation, AFigureShortenedBeforeItsTurnIsWhatItsRulesSee) {
-    MonthSheet sheet = month_sheet({A, B});
-    sheet.kyuflg = BreakHandling::Deducted;
-    every_day(sheet, 1, band(B, 800, 1000, {{200, 15}}));
-    every_day(sheet, 2, band(A, 1000, 1200, {{100, 20}}));
-    calculate(sheet, 1, u"8:00"_s, u"12:00"_s);
-    EXPECT_EQ(sheet.hyou(1, col::break_time), u"0:20"_s);
-}
-
-TEST(DayCalculation, ABandNumberThatPointsPastTheSheetTakesNothingOff) {
-    MonthSheet sheet = month_sheet({A});
-    sheet.kyuflg = BreakHandling::Deducted;
-    every_day(sheet, 10, band(A, 800, 1700, {{600, 45}}));
-    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(cells_from(sheet.hyou, 1, 4), QStringList({u"0:45"_s, u"8:15"_s, u""_s, u"出勤"_s, u"9:00"_s}));
 }
 
 TEST(DayCalculation, TakingNothingOffAnEmptyFigureLeavesAZero) {

@@ -4,8 +4,11 @@
 
 #include "entry/ent_rovena.h"
 #include "entry/sheet_builder.h"
+#include "exchange/run.h"
 #include "store/test_tree.h"
 #include "support/fake_host.h"
+
+#include <gtest/gtest.h>
 
 namespace entry {
 
@@ -42,9 +45,19 @@ struct Company {
     }
     void exec(std::string_view sql) const { data().exec(sql); }
 
+    store::Database exchange() const {
+        return store::Database::open(store::exchange_path(tree.settings, 1), store::Kind::Exchange);
+    }
+
+    /// The manager's run over what was posted.
+    void apply() const {
+        const exchange::Watch watch;
+        EXPECT_TRUE(exchange::ManagerRun(tree.settings, watch).apply_all());
+    }
+
     /// The posted rows from field "2" on, each as one text.
     QStringList posted() const {
-        auto database = store::Database::open(store::exchange_path(tree.settings, 1), store::Kind::Exchange);
+        auto database = exchange();
         auto query = database.prepare("select * from jyusin order by rowid");
         QStringList rows;
         while (query.step()) {
@@ -55,6 +68,26 @@ struct Company {
         }
         return rows;
     }
+};
+
+/// The company, and its form with employee 1 chosen. A form that is opened anew stands for one that was killed.
+class OpenForm : public testing::Test {
+protected:
+    OpenForm() { open(); }
+
+    void open() {
+        form.emplace(company.session);
+        form->Form_Load();
+        form->hyou_syain_Click(1);
+    }
+
+    /// Clock times to kind of a day, and its mark.
+    QStringList day(int r) const {
+        return cells_from(form->sheet.hyou, r, col::clock_in).first(6) << form->sheet.mark(r);
+    }
+
+    Company company;
+    std::optional<ent_rovena> form;
 };
 
 /// Types digits or text into the cell in hand, as the keys of a keyboard do.

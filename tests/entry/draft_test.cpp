@@ -9,17 +9,8 @@ using namespace entry;
 
 namespace {
 
-/// Each Form is a program of its own on the one PC: a form that is made anew stands for one that was killed.
-class Drafts : public testing::Test {
+class Drafts : public OpenForm {
 protected:
-    Drafts() { open(); }
-
-    void open() {
-        form.emplace(company.session);
-        form->Form_Load();
-        form->hyou_syain_Click(1);
-    }
-
     void type_day(int r, const QString& in, const QString& out) {
         form->hyou_Click({r, col::clock_in});
         type(*form, in);
@@ -34,30 +25,7 @@ protected:
         company.data().prepare("insert into rovmei values (1, ?, ?, ?, 100, 800, '')").bind(date, in, out).run();
     }
 
-    /// What the manager does with the posted rows: all that the screen sees of it.
-    void apply() {
-        company.exec("delete from rovmei");
-        auto exchange = store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange);
-        auto posted = exchange.prepare(R"(select "7","10","11","13","14","15","16" from jyusin where "2"='51')");
-        auto database = company.data();
-        auto add = database.prepare("insert into rovmei values (?,?,?,?,?,?,?)");
-        while (posted.step()) {
-            for (int i = 0; i < 7; ++i)
-                add.bind_at(i + 1, posted.row().text(i));
-            add.run();
-        }
-        posted.reset();
-        exchange.exec("delete from jyusin");
-    }
-
-    QStringList day(int r) const {
-        return cells_from(form->sheet.hyou, r, col::clock_in).first(6) << form->sheet.mark(r);
-    }
-
     DraftsWaiting waiting() const { return drafts_waiting(company.tree.settings); }
-
-    Company company;
-    std::optional<ent_rovena> form;
 };
 
 } // namespace
@@ -118,11 +86,11 @@ TEST_F(Drafts, SavingEndsADraftWhenItsRowsAreInTheTables) {
     EXPECT_TRUE(form->days_on_their_way());
     type_day(5, u"900"_s, u"1730"_s);
     EXPECT_EQ(form->standing(), u"未登録 1日"_s) << "typed after the save";
-    apply();
+    company.apply();
     EXPECT_FALSE(form->days_on_their_way());
     EXPECT_EQ(form->standing(), u"未登録 1日"_s);
     form->botan_Click(1);
-    apply();
+    company.apply();
     EXPECT_FALSE(form->days_on_their_way());
     EXPECT_EQ(form->standing(), u"登録しました "_s + company.host.clock.time().toString(u"H:mm"));
     EXPECT_EQ(waiting().months, 0);
@@ -132,13 +100,12 @@ TEST_F(Drafts, APostedDayThatTheTablesNeverGotIsADraftAgain) {
     type_day(4, u"830"_s, u"1800"_s);
     form->botan_Click(1);
     company.exec("delete from rovmei");
-    store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange)
-        .exec("delete from jyusin");
+    company.exchange().exec("delete from jyusin");
     open();
     EXPECT_EQ(form->standing(), u"未登録 1日"_s);
     EXPECT_EQ(day(4).value(1), u"18:00"_s);
     form->botan_Click(1);
-    apply();
+    company.apply();
     open();
     EXPECT_EQ(form->standing(), u""_s) << "it arrived while the program was away";
     EXPECT_EQ(waiting().months, 0);

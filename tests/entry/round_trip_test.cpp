@@ -7,35 +7,6 @@ using namespace entry;
 
 namespace {
 
-struct Insert {
-    QString kind;
-    int last_value; ///< the posted fields from the kind on are the values 1 to this
-    std::string_view statement;
-};
-
-const Insert inserts[] = {
-    {u"51"_s, 15, "insert into rovmei values (?6, ?9, ?10, ?12, ?13, ?14, ?15)"},
-    {u"52"_s, 5, "insert into kinjisyu values (?3, ?2, ?4, ?5)"},
-    {u"53"_s, 6, "insert into kinnisu values (?3, ?2, ?4, ?5, ?6)"},
-    {u"54"_s, 6, "insert into kyumei values (?3, ?2, ?4, ?5, ?6)"},
-};
-
-/// Puts every posted row of an empty company into the table that it is for.
-void take_over(const Company& company) {
-    auto exchange = store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange);
-    auto rovdata = company.data();
-    for (const Insert& insert : inserts) {
-        auto posted = exchange.prepare("select * from jyusin where \"2\" = ? order by rowid");
-        auto taking = rovdata.prepare(insert.statement);
-        for (posted.bind(insert.kind); posted.step(); taking.run()) {
-            taking.reset();
-            for (int value = 1; value <= insert.last_value; ++value)
-                taking.bind_at(value, posted.row().text(value));
-        }
-    }
-    exchange.exec("delete from jyusin");
-}
-
 class RoundTrip : public testing::TestWithParam<int> {
 protected:
     QString some_clock() { return QString::number(some(0, 23) * 100 + some(1, 59)); }
@@ -86,7 +57,7 @@ TEST_P(RoundTrip, WhatIsSavedComesBackAsItStood) {
             fill_day(form, r);
     form.hyou_Click({1, 5});
     form.botan_Click(1);
-    take_over(company);
+    company.apply();
     open(again);
     for (int r = 0; r <= row::total; ++r)
         form.sheet.mark(r).clear();

@@ -1,6 +1,7 @@
 #include "entry/company.h"
 #include "entry/saving.h"
 #include "platform/whole_file.h"
+#include "store/error.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -21,23 +22,15 @@ QStringList lines(const QList<ExchangeRow>& rows, const QString& kind = {}) {
     return made;
 }
 
-class Saving : public testing::Test {
+class Saving : public OpenForm {
 protected:
-    Saving() {
-        form.Form_Load();
-        form.hyou_syain_Click(1);
-    }
-
     void work_on_the_fourth() {
-        form.hyou_Click({4, 2});
+        form->hyou_Click({4, 2});
         for (const QString& text : {u"815"_s, u"1900"_s}) {
-            type(form, text);
-            form.atai_KeyDown(key::enter);
+            type(*form, text);
+            form->atai_KeyDown(key::enter);
         }
     }
-
-    Company company;
-    ent_rovena form{company.session};
 };
 
 } // namespace
@@ -136,13 +129,13 @@ TEST(ExchangeRows, TheEmployeesNumberEndsAtTheFirstColon) {
 
 TEST_F(Saving, AMonthWithoutChangeTouchesNothing) {
     QFile::remove(store::exchange_path(company.tree.settings, 1));
-    form.botan_Click(1);
+    form->botan_Click(1);
     EXPECT_TRUE(company.host.started.isEmpty());
 }
 
 TEST_F(Saving, TheSheetIsPostedAndTheManagerStarted) {
     work_on_the_fourth();
-    form.botan_Click(1);
+    form->botan_Click(1);
     const QStringList posted = company.posted();
     EXPECT_EQ(posted.first(), u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041001 0 20041001 0 0 0 "_s);
     EXPECT_EQ(posted[3], u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041004 815 20041004 1900 100 945 "_s);
@@ -150,35 +143,35 @@ TEST_F(Saving, TheSheetIsPostedAndTheManagerStarted) {
     EXPECT_EQ(posted.last(), u"54 20041031 1 2 公休 "_s);
     ASSERT_EQ(company.host.started.size(), 1);
     EXPECT_TRUE(company.host.started[0].contains(u"/comdata/exe/exe/jyusinkanri"_s));
-    form.botan_Click(1);
+    form->botan_Click(1);
     EXPECT_EQ(company.posted().size(), 2 * posted.size()) << "the marks stay: a second save posts the same days";
 }
 
 TEST_F(Saving, WhatStandsInTheBoxComesHomeButIsNotCalculated) {
-    form.hyou_Click({4, 2});
-    type(form, u"815"_s);
-    form.botan_Click(1);
+    form->hyou_Click({4, 2});
+    type(*form, u"815"_s);
+    form->botan_Click(1);
     EXPECT_EQ(company.posted().first(),
         u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041004 815 20041004 2400 0 0 "_s);
-    EXPECT_EQ(form.sheet.mark(4), u"2"_s);
+    EXPECT_EQ(form->sheet.mark(4), u"2"_s);
 }
 
 TEST_F(Saving, AManagerStillAtWorkAfter15SecondsStopsTheSave) {
     work_on_the_fourth();
     company.host.running.insert(u"jyusinkanri"_s);
-    form.botan_Click(1);
+    form->botan_Click(1);
     EXPECT_TRUE(company.posted().isEmpty());
     EXPECT_TRUE(company.host.started.isEmpty());
     EXPECT_EQ(company.host.shown, std::vector({support::Shown{u"もう一度、ボタンを押してください"_s,
                                       u"プログラム使用中"_s, platform::Buttons::Ok}}));
-    EXPECT_EQ(form.sheet.mark(4), u"1"_s);
+    EXPECT_EQ(form->sheet.mark(4), u"1"_s);
 }
 
 TEST_F(Saving, APcWithoutTheTurnPostsNothing) {
     work_on_the_fourth();
     company.tree.settings.use_class = 1;
     company.tree.settings.server_name = u"127.0.0.1"_s;
-    form.botan_Click(1);
+    form->botan_Click(1);
     EXPECT_TRUE(company.posted().isEmpty());
     ASSERT_EQ(company.host.shown.size(), 1u);
     EXPECT_EQ(company.host.shown[0].title, u"サーバー未接続"_s);
@@ -188,27 +181,23 @@ TEST_F(Saving, APcWithoutTheTurnPostsNothing) {
 TEST_F(Saving, ASaveInHandTakesNoSecondPress) {
     work_on_the_fourth();
     company.host.on_yield = [this] {
-        EXPECT_TRUE(form.saving);
-        form.botan_Click(1);
+        EXPECT_TRUE(form->saving);
+        form->botan_Click(1);
     };
-    form.botan_Click(1);
-    EXPECT_FALSE(form.saving);
+    form->botan_Click(1);
+    EXPECT_FALSE(form->saving);
     EXPECT_EQ(company.posted().filter(u" 20041004 815 "_s).size(), 1);
 }
 
 TEST_F(Saving, AFailedSavePostsNothingAndKeepsTheSheet) {
     work_on_the_fourth();
-    const QString path = store::exchange_path(company.tree.settings, 1);
-    {
-        auto exchange = store::Database::open(path, store::Kind::Exchange);
-        exchange.exec("create trigger half after insert on jyusin when new.\"2\" = '54' begin"
-                      " select raise(abort, 'half way'); end");
-    }
-    EXPECT_THROW(form.botan_Click(1), store::Error);
-    EXPECT_FALSE(form.saving);
+    company.exchange().exec("create trigger half after insert on jyusin when new.\"2\" = '54' begin"
+                            " select raise(abort, 'half way'); end");
+    EXPECT_THROW(form->botan_Click(1), store::Error);
+    EXPECT_FALSE(form->saving);
     EXPECT_TRUE(company.posted().isEmpty());
-    EXPECT_EQ(form.sheet.hyou(4, 3), u"19:00"_s);
-    EXPECT_EQ(form.sheet.mark(4), u"1"_s);
+    EXPECT_EQ(form->sheet.hyou(4, 3), u"19:00"_s);
+    EXPECT_EQ(form->sheet.mark(4), u"1"_s);
     EXPECT_TRUE(company.host.started.isEmpty());
 }
 
@@ -239,8 +228,20 @@ TEST_F(Saving, AFileThatIsReplacedBeforeTheRowsGoInIsOpenedOnceMore) {
 #endif
 
 TEST_F(Saving, NoEmployeeMeansNoPosting) {
-    form.syainsyscd.clear();
-    form.sheet.mark(1) = u"1"_s;
-    form.保存処理();
+    form->syainsyscd.clear();
+    form->sheet.mark(1) = u"1"_s;
+    form->保存処理();
     EXPECT_TRUE(company.posted().isEmpty());
+}
+
+TEST_F(Saving, ALoadThatFailsLeavesNobodyChosenSoThatNoEmptyMonthIsSavedOverAStoredOne) {
+    const QString data = store::rovdata_path(company.tree.settings);
+    ASSERT_TRUE(QFile::rename(data, data + u".away"_s));
+    EXPECT_THROW(form->hyou_syain_Click(2), store::Error);
+    EXPECT_EQ(form->syainsyscd + form->syalab, u""_s);
+    EXPECT_EQ(form->sheet.hyou.Cols(), col::first_category);
+    ASSERT_TRUE(QFile::rename(data + u".away"_s, data));
+    form->hyou_Click({1, col::clock_in});
+    form->botan_Click(1);
+    EXPECT_EQ(company.posted(), QStringList());
 }

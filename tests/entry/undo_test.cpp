@@ -8,16 +8,8 @@ using namespace entry;
 
 namespace {
 
-class Undo : public testing::Test {
+class Undo : public OpenForm {
 protected:
-    Undo() { open(); }
-
-    void open() {
-        form.emplace(company.session);
-        form->Form_Load();
-        form->hyou_syain_Click(1);
-    }
-
     void type_at(Cell cell, const QString& text) {
         form->hyou_Click(cell);
         type(*form, text);
@@ -34,10 +26,6 @@ protected:
             form->redo();
     }
 
-    QStringList day(int r) const {
-        return cells_from(form->sheet.hyou, r, col::clock_in).first(6) << form->sheet.mark(r);
-    }
-
     QStringList texts() const {
         QStringList all;
         for (const base::Sheet* table : {&form->sheet.hyou, &form->sheet.hyou_system, &form->sheet.hyou_day})
@@ -45,9 +33,6 @@ protected:
                 all << cells_from(*table, r, 0).join(u'|');
         return all;
     }
-
-    Company company;
-    std::optional<ent_rovena> form;
 };
 
 const QStringList worked{u"8:30"_s, u"18:00"_s, u"1:00"_s, u"8:30"_s, {}, u"出勤"_s, u"1"_s};
@@ -117,11 +102,13 @@ TEST_F(Undo, KindsCountsAndDecisionsAreStepsToo) {
     EXPECT_EQ(form->sheet.hyou_day(strip::count, 1), u"7"_s) << "a count that was brought back is in the draft";
 }
 
-TEST_F(Undo, ADayThatWaitsForItsCalculationAgainGetsIt) {
+TEST_F(Undo, ADayThatWaitsForItsCalculationGetsItBesideTheKindThatWasChosenAndAgainWithoutIt) {
     form->hyou_Click({7, col::clock_out});
     type(*form, u"1000"_s);
     form->hyou_Click({7, col::kind});
     form->kyucom_Click(1);
+    form->hyou_Click({9, col::clock_in});
+    EXPECT_EQ(day(7).mid(3, 3), QStringList({u"10:00"_s, {}, u"有休"_s}));
     form->undo();
     EXPECT_EQ(day(7).mid(3), QStringList({{}, {}, {}, u"2"_s}));
     EXPECT_TRUE(form->editors.kyucom.visible);
@@ -137,8 +124,7 @@ TEST_F(Undo, APostedDayThatIsUndoneIsPostedAgainAndADraftUntilThen) {
     EXPECT_EQ(form->standing(), u"未登録 1日"_s);
 
     company.exec("insert into rovmei values (1, 20041004, 0, 0, 0, 0, '直行')"); // the manager applies the save
-    store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange)
-        .exec("delete from jyusin");
+    company.exchange().exec("delete from jyusin");
     open();
     EXPECT_EQ(form->sheet.hyou(4, col::remark) + form->sheet.mark(4), u"1"_s) << "undone on this PC, over the save";
     EXPECT_TRUE(form->clashes().isEmpty());

@@ -33,15 +33,12 @@ protected:
 
     void choose(int row) { form.hyou_syain_Click(row); }
 
-    store::Database exchange() const {
-        return store::Database::open(store::exchange_path(company.tree.settings, 1), store::Kind::Exchange);
-    }
-    void post(std::string_view row) const { exchange().exec(row); }
+    void post(std::string_view row) const { company.exchange().exec(row); }
 
     /// The manager's work, as far as the screen can tell.
     void apply() const {
         company.exec("delete from rovmei; insert into rovmei values (1, 20041005, 815, 1730, 0, 915, '')");
-        exchange().exec("delete from jyusin");
+        company.exchange().exec("delete from jyusin");
         QDir(frame::kept_folder(company.tree.settings)).removeRecursively();
     }
     qint64 waited() const { return (company.host.steady - opened) / 1ms; }
@@ -104,7 +101,7 @@ TEST_F(WaitingDays, NothingElseDelays) {
 }
 
 TEST_F(WaitingDays, AFileHeldByAnotherProgramIsLookedAtAgain) {
-    std::optional<store::Database> other = exchange();
+    std::optional<store::Database> other = company.exchange();
     std::optional<store::Transaction> writing(std::in_place, *other, store::Transaction::Lock::Exclusive);
     company.host.on_yield = [&] { writing.reset(); };
     choose(2);
