@@ -5,8 +5,7 @@
 #include "entry/ent_rovena.h"
 #include "entry/sheet_builder.h"
 #include "exchange/run.h"
-#include "store/test_tree.h"
-#include "support/fake_host.h"
+#include "support/company.h"
 
 #include <gtest/gtest.h>
 
@@ -25,25 +24,12 @@ inline constexpr std::string_view masters = R"(
         from (select 1 d union select 2 union select 3 union select 4 union select 5);
 )";
 
-inline constexpr quint16 nobody_listens = 1;
-
-struct Company {
-    TestTree tree;
-    support::FakeHost host;
-    store::SettingTables tables{tree.settings};
-    frame::TurnLink link{tree.settings, host, {}, nobody_listens};
-    frame::Session session{tree.settings, host, tables, link};
-
+struct Company : support::Company {
     Company() {
         exec(masters);
         QDir().mkpath(store::exchange_folder(tree.settings));
         store::Database::create(store::exchange_path(tree.settings, 1), store::Kind::Exchange);
     }
-
-    store::Database data() const {
-        return store::Database::open(store::rovdata_path(tree.settings), store::Kind::Rovdata);
-    }
-    void exec(std::string_view sql) const { data().exec(sql); }
 
     store::Database exchange() const {
         return store::Database::open(store::exchange_path(tree.settings, 1), store::Kind::Exchange);

@@ -22,7 +22,7 @@ protected:
 
     /// Another PC's save of employee 1, as it lies in the tables.
     void others_save(int date, int in, int out) {
-        company.data().prepare("insert into rovmei values (1, ?, ?, ?, 100, 800, '')").bind(date, in, out).run();
+        company.rovdata().prepare("insert into rovmei values (1, ?, ?, ?, 100, 800, '')").bind(date, in, out).run();
     }
 
     DraftsWaiting waiting() const { return drafts_waiting(company.tree.settings); }

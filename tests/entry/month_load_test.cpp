@@ -10,7 +10,7 @@ namespace {
 class MonthLoad : public testing::Test {
 protected:
     MonthSheet load(MonthSheet sheet) {
-        auto database = company.data();
+        auto database = company.rovdata();
         勤務時間取得(sheet, database, EmployeeKey(1));
         return sheet;
     }

@@ -6,12 +6,7 @@
 #include "entry/calculation.h"
 #include "entry/cells.h"
 #include "entry/layout.h"
-
-#include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
+#include "support/printed.h"
 
 namespace entry {
 

@@ -1,19 +1,13 @@
 #pragma once
 
-// A company of the tests: a tree of new databases, a scripted desktop, and the session that forms are given.
+// The company of the tests, and what its masters hold.
 
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/sheet.h"
-#include "frame/session.h"
-#include "store/test_tree.h"
-#include "support/fake_host.h"
+#include "support/company.h"
 
 #include <gtest/gtest.h>
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace masters {
 
@@ -27,22 +21,8 @@ constexpr int top = 2147483647; ///< the last number that a record can have
 /// A name that a careless screen would damage.
 inline const QString odd_name = u"　O'Neil \"x\"; --😀"_s;
 
-class Company : public ::testing::Test {
+class Company : public ::testing::Test, protected support::Company {
 protected:
-    TestTree tree;
-    support::FakeHost host;
-    store::SettingTables tables{tree.settings};
-    frame::TurnLink link{tree.settings, host};
-    frame::Session session{tree.settings, host, tables, link};
-
-    store::Database rovdata() {
-        return store::Database::open(store::rovdata_path(tree.settings), store::Kind::Rovdata);
-    }
-    store::Database comsys() { return store::Database::open(store::comsys_path(tree.settings), store::Kind::Comsys); }
-    store::Database allsystem() {
-        return store::Database::open(store::allsystem_path(tree.settings), store::Kind::Allsystem);
-    }
-
     /// The rows of a query, each as its columns joined by "|"; Null as "-".
     static QStringList rows(store::Database database, std::string_view sql) {
         QStringList found;

@@ -29,7 +29,6 @@ struct Company : masters::Company {
 
     Company() { exec(masters); }
 
-    void exec(std::string_view sql) { rovdata().exec(sql); }
     void sort_by_number() { tables.設定書込(u"losystem"_s, u"社員MLソート"_s, u"1"_s); }
     void show_eras() {
         tree.settings.date_style = 1;

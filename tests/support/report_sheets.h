@@ -5,22 +5,18 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "reports/tallies/report.h"
-#include "store/test_tree.h"
-#include "support/fake_host.h"
+#include "support/company.h"
 
 namespace support {
 
 using namespace base;
 
 /// A PC whose printer is set, at nine o'clock on 2004-10-05.
-struct PrintingPc : TestTree {
+struct PrintingPc : Company {
     PrintingPc() { set(u"プリンター１"_s, u"PDF"_s); }
     void set(const QString& key, const QString& value) { tables.設定書込(u"losystem"_s, key, value); }
 
-    FakeHost host;
-    store::SettingTables tables{settings};
-    frame::TurnLink link{settings, host};
-    frame::Session session{settings, host, tables, link};
+    const base::Settings& settings = tree.settings;
 };
 
 using Rows = std::initializer_list<std::initializer_list<QStringView>>;
