@@ -61,12 +61,6 @@ TEST(CompanyMonth, AMonthWithoutItsFirstDayStartsOnTheFirstOfTheNext) {
     EXPECT_EQ(april.row_of_key(20050430), std::nullopt);
     EXPECT_EQ(CompanyMonth(2005, 2, 29).row_of_key(20050328), 28);
     EXPECT_EQ(CompanyMonth(2004, 12, 31).posting_key(31), 8830);
-}
-
-TEST(CompanyMonth, PostingKeysAreDatesUntilTheYearTurns) {
-    EXPECT_EQ(CompanyMonth(2004, 3, 21).posting_key(16), 20040405);
-    EXPECT_EQ(CompanyMonth(2004, 12, 21).posting_key(11), 20041231);
-    EXPECT_EQ(CompanyMonth(2004, 12, 21).posting_key(16), 8805);
     EXPECT_EQ(CompanyMonth(2004, 12, 21).posting_key(total_row), 20041232);
 }
 

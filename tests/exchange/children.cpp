@@ -3,7 +3,6 @@
 #include "exchange/run.h"
 #include "frame/exchange_files.h"
 
-#include <QCoreApplication>
 #include <csignal>
 #include <cstdio>
 #include <sys/wait.h>
@@ -99,15 +98,6 @@ int child_main(const QStringList& task) {
     return task.size() > 2 ? act_until_done(task.at(0), settings) : act_of(task.at(0), settings);
 }
 
-std::unique_ptr<QProcess> start_child(const QStringList& task, const QProcessEnvironment& environment) {
-    auto process = std::make_unique<QProcess>();
-    process->setProcessEnvironment(environment);
-    process->setProcessChannelMode(QProcess::ForwardedChannels);
-    process->start(QCoreApplication::applicationFilePath(), QStringList{u"--child"_s} + task);
-    EXPECT_TRUE(process->waitForStarted());
-    return process;
-}
-
 bool stops(const QProcess& process) {
     siginfo_t info{};
     const int result = ::waitid(P_PID, id_t(process.processId()), &info, WEXITED | WSTOPPED | WNOWAIT);
@@ -117,8 +107,7 @@ bool stops(const QProcess& process) {
 int ends(QProcess& process) {
     if (process.state() == QProcess::Running)
         ::kill(pid_t(process.processId()), SIGCONT);
-    EXPECT_TRUE(process.waitForFinished(-1));
-    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    return support::status_of(process);
 }
 
 } // namespace exchange

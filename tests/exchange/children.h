@@ -5,10 +5,9 @@
 #include "exchange_tree.h"
 #include "support/killed.h"
 
-#include <QProcess>
-#include <memory>
-
 namespace exchange {
+
+using support::start_child;
 
 /// How a task ended.
 enum Ended { ended_well, ended_with_error, ended_busy, ended_read_only };
@@ -33,9 +32,6 @@ constexpr int date_of_save(int writer, int save) {
 /// - "writer ROOT WRITER COUNT" posts so many leaves, the number of the save being the kind,
 /// - "start", "manager" or "reader ROOT again" acts until the folder ROOT/done is there and says how often it did.
 int child_main(const QStringList& task);
-
-std::unique_ptr<QProcess> start_child(
-    const QStringList& task, const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
 
 /// Waits until it has stopped, which is true, or ended.
 bool stops(const QProcess& process);

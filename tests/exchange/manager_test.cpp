@@ -3,11 +3,8 @@
 #include "frame/error_list.h"
 #include "support/disk.h"
 
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <array>
-#include <memory>
 
 namespace exchange {
 
@@ -33,20 +30,10 @@ Rows month_save(int employee, int round) {
 class Manager : public testing::Test {
 protected:
     std::unique_ptr<QProcess> start() const {
-        auto process = std::make_unique<QProcess>();
-        process->setProcessEnvironment(environment);
-        process->setStandardErrorFile(QProcess::nullDevice());
-        process->start(qEnvironmentVariable("ROVENA_BIN") + u"/jyusinkanri"_s,
-            {u"--root"_s, tree.settings.server_root, u"--local"_s, tree.settings.local_root});
-        EXPECT_TRUE(process->waitForStarted());
-        return process;
+        return support::start_program(qEnvironmentVariable("ROVENA_BIN") + u"/jyusinkanri"_s,
+            {u"--root"_s, tree.settings.server_root, u"--local"_s, tree.settings.local_root}, environment);
     }
-
-    static int status(QProcess& manager) {
-        EXPECT_TRUE(manager.waitForFinished(60'000));
-        return manager.exitStatus() == QProcess::NormalExit ? manager.exitCode() : -1;
-    }
-    int run() const { return status(*start()); }
+    int run() const { return support::status_of(*start()); }
 
     QString error_lines() const {
         return QString::fromUtf8(bytes_of(tree.settings.local_root + u"/rovena100/data/trn/errmsg.txt"_s));
@@ -138,7 +125,7 @@ TEST_F(Manager, SeveralAtOnceCountEveryRowOnce) {
         managers.push_back(start());
     }
     for (const auto& manager : managers)
-        EXPECT_EQ(status(*manager), 0);
+        EXPECT_EQ(support::status_of(*manager), 0);
     apply_all(alone);
     EXPECT_EQ(tree.tables(), alone.tables());
     EXPECT_EQ(tree.errors(tree.exchange_path()), alone.errors(alone.exchange_path()));
@@ -156,12 +143,10 @@ TEST_F(Manager, KilledAtEveryChangeOfAFileItCountsEveryRowOnce) {
             posted[i] += saves[i];
         }
     };
-    environment.insert(u"LD_PRELOAD"_s, qEnvironmentVariable("ROVENA_BIN") + u"/kill_shim.so"_s);
-    environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0:verify_asan_link_order=0"_s);
     int kills = 0;
     for (bool killed = true; killed; kills += killed) {
         post(kills);
-        environment.insert(u"KILL_BEFORE_CHANGE"_s, QString::number(kills + 1));
+        environment = support::killed_before_change(kills + 1);
         killed = run() == -1;
         apply_all(tree);
     }

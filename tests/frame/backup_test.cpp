@@ -7,7 +7,6 @@
 #include "support/killed.h"
 #include "support/stored.h"
 
-#include <QProcess>
 #include <gtest/gtest.h>
 
 using namespace base;
@@ -53,13 +52,8 @@ protected:
         }
     }
 
-    std::unique_ptr<QProcess> child(const QStringList& task,
-        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const {
-        auto process = std::make_unique<QProcess>();
-        process->setProcessEnvironment(environment);
-        process->start(QCoreApplication::applicationFilePath(), QStringList{u"--child"_s} + task);
-        EXPECT_TRUE(process->waitForStarted());
-        return process;
+    int run_child(const QProcessEnvironment& environment) const {
+        return support::status_of(*support::start_child({u"backup"_s, tree.folder.path()}, environment));
     }
 
     BackupTree tree;
@@ -208,8 +202,7 @@ TEST_F(Backup, ADiskThatLosesAPageWithoutAWordSpoilsNoGeneration) {
     for (const auto& live : live_files)
         tree.save(live, 2);
     for (const int page : {1, 10, 25}) {
-        const auto backup = child({u"backup"_s, tree.folder.path()}, support::shimmed(u"LOSE_WRITE_OF_COPY"_s, page));
-        ASSERT_TRUE(backup->waitForFinished(60'000));
+        run_child(support::shimmed(u"LOSE_WRITE_OF_COPY"_s, page));
         expect_in_backup("1 rows, 1 in all");
         expect_live("2 rows, 3 in all");
     }
@@ -220,16 +213,15 @@ TEST_F(Backup, KilledAtEveryChangeOfAFileItLosesNothing) {
     int kills = 0, cut_short = 0;
     int sum = 1;
     for (bool killed = true; killed; kills += killed) {
-        const auto backup = child({u"backup"_s, tree.folder.path()}, support::killed_before_change(kills + 1));
-        ASSERT_TRUE(backup->waitForFinished(60'000));
-        killed = backup->exitStatus() == QProcess::CrashExit;
+        const int status = run_child(support::killed_before_change(kills + 1));
+        killed = status == -1;
         cut_short += std::ranges::any_of(
             live_files, [](const auto& live) { return QFileInfo(live.path + u"-journal"_s).size() > 0; });
         const std::string saved = tree.rows(kills + 1, sum);
         expect_live(saved);
         expect_in_backup(in_backup(0));
         if (!killed) {
-            EXPECT_EQ(backup->exitCode(), 0);
+            EXPECT_EQ(status, 0);
             expect_in_backup(saved);
             EXPECT_EQ(files(shared()), all_files);
         }
@@ -250,7 +242,7 @@ TEST_F(Backup, WhatTwoProgramsSaveMeanwhileIsThere) {
     std::vector<std::unique_ptr<QProcess>> savers;
     for (int saver = 0; saver < 2; ++saver)
         for (const int file : {0, 1})
-            savers.push_back(child({u"save"_s, tree.folder.path(), QString::number(file),
+            savers.push_back(support::start_child({u"save"_s, tree.folder.path(), QString::number(file),
                 QString::number(1000 * (saver + 1)), QString::number(each)}));
     const auto at_work = [&] {
         return std::ranges::any_of(savers, [](const auto& saver) {

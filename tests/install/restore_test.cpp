@@ -57,11 +57,8 @@ protected:
 
     int run(const QStringList& arguments,
         const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const {
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s, QStringList{u"restore"_s} + arguments);
-        EXPECT_TRUE(process.waitForFinished(60'000));
-        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        return support::status_of(*support::start_program(qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s,
+            QStringList{u"restore"_s} + arguments, environment));
     }
 
     QTemporaryDir folder{support::fast_place() + u"/restore-XXXXXX"_s};

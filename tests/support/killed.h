@@ -1,10 +1,13 @@
 #pragma once
 
-// Programs that are ended without warning just before their nth change of a file.
+// Other programs at work beside the test, some of them ended without warning just before their nth change of a file.
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QProcessEnvironment>
+#include <QProcess>
+#include <gtest/gtest.h>
+#include <memory>
 
 namespace support {
 
@@ -34,6 +37,29 @@ inline QProcessEnvironment killed_before_change(int n) {
 /// Of a program that stops before so many steps, until it is told to go on.
 inline QProcessEnvironment stopped_before_step(int n) {
     return shimmed(QStringLiteral("STOP_BEFORE_STEP"), n);
+}
+
+inline std::unique_ptr<QProcess> start_program(const QString& file, const QStringList& arguments,
+    const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
+    auto process = std::make_unique<QProcess>();
+    process->setProcessEnvironment(environment);
+    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process->start(file, arguments);
+    EXPECT_TRUE(process->waitForStarted());
+    return process;
+}
+
+/// This test program started anew with a task of its own.
+inline std::unique_ptr<QProcess> start_child(
+    const QStringList& task, const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
+    return start_program(
+        QCoreApplication::applicationFilePath(), QStringList{QStringLiteral("--child")} + task, environment);
+}
+
+/// The exit status of a program, which is waited for; -1 for one that was killed.
+inline int status_of(QProcess& process) {
+    EXPECT_TRUE(process.waitForFinished(-1));
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }
 
 } // namespace support
