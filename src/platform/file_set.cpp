@@ -22,6 +22,7 @@ QString in(const QString& folder, QStringView name) {
 /// Passing names by the names that they stand for. A name is one of this folder: what has a path in it is none.
 using Names = QMap<QString, QString>;
 
+/// A list that names nothing is one that the disk lost, and none.
 std::optional<Names> listed(const QString& folder) {
     QFile list(in(folder, file_set_list));
     if (!list.open(QIODevice::ReadOnly))
@@ -30,7 +31,7 @@ std::optional<Names> listed(const QString& folder) {
     for (const QString& line : QString::fromUtf8(list.readAll()).split(u'\n', Qt::SkipEmptyParts))
         if (const QStringList words = line.split(u' '); words.size() == 2 && !line.contains(u'/'))
             names[words[0]] = words[1];
-    return names;
+    return names.isEmpty() ? std::nullopt : std::optional(names);
 }
 
 void remove_others(const QString& folder, const Names& names) {

@@ -1,3 +1,4 @@
+#include "platform/file_set.h"
 #include "platform/whole_file.h"
 
 #include "base/literals.h"
@@ -27,6 +28,16 @@ TEST_F(WholeFile, AFileThatStandsIsNotWrittenOverByANewOneAndNothingStaysBesideI
     EXPECT_FALSE(platform::replace_file(path, "third", Durability::Disk));
     EXPECT_EQ(support::bytes_of(path), "third");
     EXPECT_EQ(files(), QStringList{u"file"_s});
+}
+
+TEST_F(WholeFile, AListThatTheDiskLostTakesNoFileOfTheSetWithIt) {
+    for (const QByteArray& lost : {QByteArray(), QByteArray(64, '\0')}) {
+        platform::replace_file(path, "the last good one", Durability::Cache);
+        platform::replace_file(folder.filePath(platform::file_set_list.toString()), lost, Durability::Cache);
+        platform::settle_set(folder.path());
+        EXPECT_EQ(support::bytes_of(path), "the last good one");
+        EXPECT_EQ(platform::file_of_set(folder.path(), u"file"_s), path);
+    }
 }
 
 #ifdef Q_OS_LINUX
