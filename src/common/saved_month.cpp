@@ -38,6 +38,18 @@ void blank_zero(QString& cell) {
 
 } // namespace
 
+QString SavedKind::number() const {
+    return m_fields.text(1);
+}
+
+QString SavedKind::name() const {
+    return Trim(m_fields.text(2));
+}
+
+QString SavedKind::holiday_work() const {
+    return Trim(m_fields.text(3));
+}
+
 SavedMonth::SavedMonth(store::Database& rovdata, const CompanyMonth& month, PastMidnight past_midnight)
     : m_month(month), m_past_midnight(past_midnight), m_last_key(std::max(month.end_key(), month.total_key())),
       m_days(rovdata.prepare(days_sql)), m_hours(rovdata.prepare(hours_sql)), m_kinds(rovdata.prepare(kinds_sql)),
@@ -73,7 +85,7 @@ void SavedMonth::kinds(EmployeeKey employee, const std::function<void(int, const
     while (m_kinds.step()) {
         const store::Row fields = m_kinds.row();
         if (const auto row = m_month.row_of_key(fields.integer(0)))
-            show(*row, {fields.text(1), Trim(fields.text(2)), Trim(fields.text(3))});
+            show(*row, SavedKind(fields));
     }
 }
 

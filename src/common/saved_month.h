@@ -29,11 +29,16 @@ struct SavedDay {
     QString remark;
 };
 
-/// The kind of a saved day.
-struct SavedKind {
-    QString number;
-    QString name;
-    QString holiday_work; ///< `休出`
+/// The kind of a saved day. Each text is made when it is asked for, and can be while the kind is shown.
+class SavedKind {
+public:
+    explicit SavedKind(const store::Row& fields) : m_fields(fields) {}
+    QString number() const;
+    QString name() const;
+    QString holiday_work() const; ///< `休出`
+
+private:
+    store::Row m_fields;
 };
 
 /// A day count other than 0.

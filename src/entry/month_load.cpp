@@ -35,10 +35,10 @@ void show_count(base::Sheet& hyou_day, const common::SavedCount& count) {
 }
 
 void show_kind(MonthSheet& sheet, int r, const common::SavedKind& kind) {
-    sheet.hyou_system(r, record::kind_number) = kind.number;
-    sheet.hyou_system(r, record::kind_name) = kind.name;
-    sheet.hyou_system(r, record::holiday_work) = kind.holiday_work;
-    sheet.hyou(r, col::kind) = kind.name;
+    sheet.hyou_system(r, record::kind_number) = kind.number();
+    sheet.hyou_system(r, record::kind_name) = kind.name();
+    sheet.hyou_system(r, record::holiday_work) = kind.holiday_work();
+    sheet.hyou(r, col::kind) = sheet.hyou_system(r, record::kind_name);
 }
 
 } // namespace

@@ -131,7 +131,7 @@ Found DetailReader::read_hours(Report& report, const DetailEmployee& employee) {
 Found DetailReader::read_leave(Sheet& hyou, EmployeeKey employee) {
     Found found = Found::Nothing;
     m_saved.kinds(employee, [&](int row, const common::SavedKind& kind) {
-        hyou(row, leave_col) = kind.name;
+        hyou(row, leave_col) = kind.name();
         found = Found::Data;
     });
     return found;
