@@ -27,7 +27,7 @@ struct CellLook {
     std::optional<Rgb> back;
     std::optional<Rgb> fore;
     std::optional<Alignment> alignment;
-    bool dot = false; ///< a round mark at the cell's left edge: something of it waits
+    bool dot = false; ///< a round mark at the cell's right edge: something of it waits
 };
 
 enum class SortOrder {

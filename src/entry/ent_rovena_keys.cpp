@@ -3,6 +3,7 @@
 #include "base/combo_item.h"
 #include "base/literals.h"
 #include "base/numbers.h"
+#include "entry/cells.h"
 #include "entry/ent_rovena.h"
 #include "entry/explain.h"
 
@@ -46,6 +47,8 @@ void ent_rovena::step_employee(int step) {
 }
 
 void ent_rovena::go_to_kinds() {
+    if (!is_day(sheet, sheet.hyou.Row()))
+        return say(u"この行は日ではありません"_s);
     hyou_Click({sheet.hyou.Row(), col::kind});
     QStringList choices;
     for (int i = 1; i < editors.kyucom.items.size(); ++i)

@@ -4,6 +4,8 @@
 #include "base/numbers.h"
 #include "masters/lists.h"
 
+#include <QScopeGuard>
+
 namespace masters {
 
 using namespace base;
@@ -99,7 +101,13 @@ void mst_kintype::atai_com_Click(int item) {
     if (!choice)
         return;
     const int row = atai_com.cell.row;
+    // A choice that can't be saved isn't shown as made.
+    auto unsaved = qScopeGuard([this, row] {
+        atai_com.index = -1;
+        atai_com.select(Val(hyou(row, type_col)));
+    });
     保存処理(EmployeeKey(Val(hyou(row, employee_col))), WorkTypeKey(Val(choice->number)));
+    unsaved.dismiss();
     hyou(row, type_name_col) = choice->name;
     hyou(row, type_col) = choice->number;
 }

@@ -132,7 +132,12 @@ void rov_01::preview_Click() {
 }
 
 void rov_01::csvex_Click() {
-    work([this] { 帳票CSV出力(report, m_session, [this](const QString& text) { jyoulab = text; }); });
+    const auto stands = [this](const QString& text) {
+        jyoulab = text;
+        if (jyoulab_changed)
+            jyoulab_changed();
+    };
+    work([&] { 帳票CSV出力(report, m_session, stands); });
 }
 
 /// A month that is none keeps the sheet, and the keyboard goes to its box.

@@ -14,6 +14,8 @@
 #include "reports/tallies/report.h"
 #include "reports/tallies/report_table.h"
 
+#include <functional>
+
 namespace reports {
 
 /// A year or month box. The text counts: it may be one of the items or typed.
@@ -46,11 +48,12 @@ public:
     QString Image1;                 ///< file of the heading picture; empty if there is none
     std::array<MonthBox, 2> yyyymm; ///< their texts stand in the conditions
     std::array<bool, 2> ntancd_enabled{true, true};
-    bool pic_msg = false;      ///< whether the headings are in sight
-    bool extract_lit = false;  ///< the extract button shows its "_b" picture
-    QString jyoulab;           ///< how the text file stands
-    QString msg_tai;           ///< how the last extract or print ended, and where its file lies
-    std::optional<Wish> focus; ///< where the keyboard should go next
+    bool pic_msg = false;                  ///< whether the headings are in sight
+    bool extract_lit = false;              ///< the extract button shows its "_b" picture
+    QString jyoulab;                       ///< how the text file stands
+    std::function<void()> jyoulab_changed; ///< it stands otherwise and the work goes on: a page paints it at once
+    QString msg_tai;                       ///< how the last extract or print ended, and where its file lies
+    std::optional<Wish> focus;             ///< where the keyboard should go next
     bool close_wanted = false;
     bool busy = false;
 

@@ -129,8 +129,8 @@ void ent_rovena_page::connect_keys() {
     connect(m_controls.keys, &FunctionBar::pressed, this, &ent_rovena_page::press_key);
     connect(m_controls.give_up, &QPushButton::clicked, this, [this] { give_up_draft(); });
     connect(m_controls.goes_on, &QCheckBox::toggled, this, [this](bool on) { m_form.set_goes_on(on); });
-    connect(m_kyucom, &CellCombo::digit_typed, this, [this](int digit) { act([&] { m_form.kyucom_Digit(digit); }); });
-    connect(m_kyucom, &CellCombo::left, this, [this](int key) { act([&] { m_form.kyucom_KeyDown(key_code(key)); }); });
+    m_kyucom->Digit = [this](int digit) { act([&] { m_form.kyucom_Digit(digit); }); };
+    m_kyucom->Leave = [this](int key) { act([&] { m_form.kyucom_KeyDown(key_code(key)); }); };
     m_on_their_way.setInterval(look_again);
     connect(&m_on_their_way, &QTimer::timeout, this, &ent_rovena_page::follow_saved_days);
 }
@@ -148,6 +148,7 @@ void ent_rovena_page::press_key(Qt::Key key) {
     case Qt::Key_F5:
         return fill_days();
     case Qt::Key_F6:
+        m_kyucom->bring_into_view();
         return act([this] { m_form.go_to_kinds(); });
     case Qt::Key_F7:
         return act([this] { m_form.step_employee(-1); });

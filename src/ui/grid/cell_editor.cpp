@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <utility>
 
 namespace ui {
 
@@ -175,6 +176,8 @@ CellCombo::CellCombo(GridView& grid) : QComboBox(grid.viewport()), m_grid(grid) 
 }
 
 void CellCombo::lay_over(base::Cell cell, int item) {
+    if (std::exchange(m_into_view, false))
+        m_grid.show_cell(cell);
     const QRect rect = m_grid.cell_rect(cell);
     setEnabled(true);
     if (rect.isEmpty()) {
@@ -219,10 +222,10 @@ void CellCombo::paintEvent(QPaintEvent*) {
 void CellCombo::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     const bool in_sight = pos() != out_of_sight;
-    if (in_sight && key >= Qt::Key_0 && key <= Qt::Key_9)
-        Q_EMIT digit_typed(key - Qt::Key_0);
-    else if (in_sight && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape))
-        Q_EMIT left(key);
+    if (Leave && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape))
+        Leave(key);
+    else if (in_sight && Digit && key >= Qt::Key_0 && key <= Qt::Key_9)
+        Digit(key - Qt::Key_0);
     else if (in_sight)
         QComboBox::keyPressEvent(event);
     event->accept();

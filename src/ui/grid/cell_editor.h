@@ -81,9 +81,12 @@ public:
     /// The list is as wide as its names, however narrow the cell is.
     void showPopup() override;
 
-Q_SIGNALS:
-    void digit_typed(int digit); ///< 0 to 9
-    void left(int key);          ///< Enter or Escape while no popup is open
+    /// The next time that it is laid over a cell, the cell is brought into view.
+    void bring_into_view() { m_into_view = true; }
+
+    /// What keys choose by number and leave the list; unset, digits look for a name and Enter does nothing.
+    std::function<void(int digit)> Digit{};
+    std::function<void(int key)> Leave{}; ///< Enter or Escape
 
 protected:
     /// Like a cell, with a small arrow: the desktop's own look would leave no room for the text.
@@ -94,6 +97,7 @@ protected:
 private:
     GridView& m_grid;
     Qt::Alignment m_alignment = Qt::AlignCenter; ///< of the cell it lies over
+    bool m_into_view = false;
 };
 
 } // namespace ui

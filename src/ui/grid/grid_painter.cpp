@@ -96,7 +96,7 @@ private:
         m_painter.setRenderHint(QPainter::Antialiasing);
         m_painter.setPen(Qt::NoPen);
         m_painter.setBrush(QColor::fromRgb(colours::waiting));
-        m_painter.drawEllipse(QRect(rect.left() + side_margin, rect.center().y() - size / 2, size, size));
+        m_painter.drawEllipse(QRect(rect.right() - 2 * side_margin - size, rect.center().y() - size / 2, size, size));
         m_painter.restore();
     }
 

@@ -46,6 +46,7 @@ rov_01_page::rov_01_page(frame::Session& session, frame::mainform& main_form, QW
     parts.body->addWidget(m_conditions);
     make_sheets(parts.body);
     make_foot(parts.foot);
+    m_form.jyoulab_changed = [this] { show_at_once(*m_jyoulab, m_form.jyoulab); };
     refresh();
 }
 
