@@ -113,6 +113,9 @@ public:
     void mark_normal_band(int number); ///< kept for this PC under the work type
     /// See entry::fill. Gives back how many days were filled, 0 while the mark is needed for the source.
     int fill(FillSource source, std::optional<RowRange> rows = {});
+    /// The days of the week that a fill without rows takes on this PC; Monday to Friday until they are set.
+    Weekdays fill_weekdays() const;
+    void set_fill_weekdays(Weekdays weekdays);
     /// Writes nothing of the text. The box has left its cell; who gives the preview up clicks the cell anew.
     PastePreview preview_paste(const QString& text);
     /// Lays the preview that was made last; nothing may have been typed since. Gives back how many days changed.

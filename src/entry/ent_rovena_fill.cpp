@@ -17,6 +17,9 @@ const QString settings_table = u"losystem"_s;
 /// The number of the band that ends a normal day, under this key and the number of the work type.
 const QString normal_band_key = u"標準時間帯"_s;
 
+/// The numbers of the weekdays, 0 Sunday to 6 Saturday, as one text.
+const QString weekdays_key = u"一括入力曜日"_s;
+
 } // namespace
 
 bool ent_rovena::can_act() const {
@@ -34,11 +37,28 @@ void ent_rovena::mark_normal_band(int number) {
     m_session.tables.設定書込(settings_table, normal_band_key + kintypecd, digits(number));
 }
 
+Weekdays ent_rovena::fill_weekdays() const {
+    const QString set = m_session.tables.設定読込(settings_table, weekdays_key);
+    Weekdays weekdays;
+    for (const QChar day : set.isEmpty() ? u"12345"_s : set)
+        if (day >= u'0' && day <= u'6')
+            weekdays.set(size_t(day.digitValue()));
+    return weekdays;
+}
+
+void ent_rovena::set_fill_weekdays(Weekdays weekdays) {
+    QString set;
+    for (int day = 0; day < weekday_count; ++day)
+        if (weekdays.test(size_t(day)))
+            set += digits(day);
+    m_session.tables.設定書込(settings_table, weekdays_key, set);
+}
+
 int ent_rovena::fill(FillSource source, std::optional<RowRange> rows) {
     if (!can_act())
         return 0;
     atai_LostFocus();
-    const int filled = entry::fill(sheet, source, normal_band(), rows);
+    const int filled = entry::fill(sheet, source, normal_band(), rows, fill_weekdays());
     place_again(sheet, editors);
     say(filled == 0 ? u"入れる日がありません"_s : u"%1日に時刻を入れました"_s.arg(filled));
     keep_draft();

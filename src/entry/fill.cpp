@@ -117,12 +117,15 @@ QList<BandChoice> band_choices(const MonthSheet& sheet) {
     return choices;
 }
 
-int fill(MonthSheet& sheet, FillSource source, int normal_band, std::optional<RowRange> rows) {
+int fill(MonthSheet& sheet, FillSource source, int normal_band, std::optional<RowRange> rows, Weekdays weekdays) {
     calculate_pending_days(sheet);
     const RowRange range = rows.value_or(RowRange{row::first_day, row::last_day});
+    const auto is_wanted = [&](int r) {
+        return rows || (weekdays.test(size_t(weekday_of(sheet, r))) && has_bands(bands_of(sheet, r)));
+    };
     int filled = 0;
     for (int r = std::max(range.first, row::first_day); r <= std::min(range.last, row::last_day); ++r) {
-        if (!is_day(sheet, r) || !is_blank(sheet, r) || (!rows && !has_bands(bands_of(sheet, r))))
+        if (!is_day(sheet, r) || !is_blank(sheet, r) || !is_wanted(r))
             continue;
         if (const auto times = times_for(sheet, r, source, normal_band)) {
             fill_day(sheet, r, *times);

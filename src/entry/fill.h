@@ -6,6 +6,7 @@
 #include "entry/sheet.h"
 
 #include <QStringList>
+#include <bitset>
 
 namespace entry {
 
@@ -20,6 +21,10 @@ struct RowRange {
     int first;
     int last;
 };
+
+/// Days of the week, 0 Sunday to 6 Saturday.
+using Weekdays = std::bitset<7>;
+inline constexpr Weekdays every_weekday{0b1111111};
 
 /// A band that can be marked as the one that ends a normal day.
 struct BandChoice {
@@ -38,6 +43,8 @@ QList<BandChoice> band_choices(const MonthSheet& sheet);
 ///   calculation gives by itself, and a remark, don't count.
 /// - Nothing is filled in where the source has no times or only one of them, from before the month's first row, and
 ///   with standard times on a weekday that lacks the normal band. Rows that are no days take nothing.
-int fill(MonthSheet& sheet, FillSource source, int normal_band, std::optional<RowRange> rows = {});
+/// - Without rows, only these days of the week are filled.
+int fill(MonthSheet& sheet, FillSource source, int normal_band, std::optional<RowRange> rows = {},
+    Weekdays weekdays = every_weekday);
 
 } // namespace entry

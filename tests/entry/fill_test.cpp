@@ -40,6 +40,9 @@ TEST(Fill, BlankDaysGetTheStandardTimesAndWhatWasTypedStays) {
     MonthSheet typed = sheet;
     calculate(typed, 1, u"8:30"_s, u"22:00"_s);
 
+    MonthSheet tuesdays = sheet;
+    EXPECT_EQ(fill(tuesdays, FillSource::StandardTimes, 2, {}, Weekdays(1 << 2)), 5 - 2) << "two were typed";
+    EXPECT_EQ(times(tuesdays, 1), blank);
     EXPECT_EQ(fill(sheet, FillSource::StandardTimes, 2), 19 - 6) << "from Monday to Thursday, less those typed";
     EXPECT_EQ(cells_from(sheet.hyou, 1, 0), cells_from(typed.hyou, 1, 0)) << "as if it had been typed";
     EXPECT_EQ(sheet.hyou(1, col::work_time) + sheet.mark(1), u"12:301"_s);

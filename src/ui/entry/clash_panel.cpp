@@ -49,18 +49,30 @@ ClashPanel::ClashPanel(const entry::MonthSheet& sheet, const QList<entry::Clash>
         table->setColumnWidth(column, column_width[column]);
     for (int i = 0; i < clashes.size(); ++i) {
         table->setItem(i, day, day_item(day_name(sheet, clashes[i].row)));
-        auto* group = new QButtonGroup(this);
-        const auto add = [&](Column column, const entry::TypedDay& content, Choice choice) {
-            auto* button = new QRadioButton(words(content), table);
-            button->setToolTip(words(content));
-            group->addButton(button, static_cast<int>(choice));
-            table->setCellWidget(i, column, button);
-        };
-        add(stored, clashes[i].stored, Choice::Stored);
-        add(typed, clashes[i].draft.typed, Choice::Typed);
-        group->button(static_cast<int>(Choice::Stored))->setChecked(true);
-        m_choices << group;
+        m_choices << make_choice(*table, i, clashes[i]);
     }
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(note);
+    column->addWidget(table, 1);
+    column->addLayout(make_foot());
+}
+
+/// What is stored stands first.
+QButtonGroup* ClashPanel::make_choice(QTableWidget& table, int at, const entry::Clash& clash) {
+    auto* group = new QButtonGroup(this);
+    const auto add = [&](Column column, const entry::TypedDay& content, Choice choice) {
+        auto* button = new QRadioButton(words(content), &table);
+        button->setToolTip(words(content));
+        button->setChecked(choice == Choice::Stored);
+        group->addButton(button, static_cast<int>(choice));
+        table.setCellWidget(at, column, button);
+    };
+    add(stored, clash.stored, Choice::Stored);
+    add(typed, clash.draft.typed, Choice::Typed);
+    return group;
+}
+
+QLayout* ClashPanel::make_foot() {
     auto* later = new QPushButton(u"あとで決める"_s, this);
     auto* decide = new QPushButton(u"決定"_s, this);
     decide->setDefault(true);
@@ -70,10 +82,7 @@ ClashPanel::ClashPanel(const entry::MonthSheet& sheet, const QList<entry::Clash>
     foot->addStretch();
     foot->addWidget(decide);
     foot->addWidget(later);
-    auto* column = new QVBoxLayout(this);
-    column->addWidget(note);
-    column->addWidget(table, 1);
-    column->addLayout(foot);
+    return foot;
 }
 
 QList<Choice> ClashPanel::choices() const {

@@ -9,6 +9,7 @@
 #include <QDialog>
 
 class QButtonGroup;
+class QTableWidget;
 
 namespace ui {
 
@@ -21,6 +22,9 @@ public:
     QList<entry::MonthDraft::Choice> choices() const;
 
 private:
+    QButtonGroup* make_choice(QTableWidget& table, int at, const entry::Clash& clash);
+    QLayout* make_foot();
+
     QList<QButtonGroup*> m_choices;
 };
 

@@ -174,11 +174,13 @@ void ent_rovena_page::fill_days() {
     if (m_form.syainsyscd.isEmpty())
         return;
     const bool ask = m_form.needs_normal_band();
-    FillPanel panel(m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(), this);
+    FillPanel panel(
+        m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(), m_form.fill_weekdays(), this);
     if (panel.exec() != QDialog::Accepted)
         return;
     if (const auto band = panel.normal_band(); band && panel.source() == entry::FillSource::StandardTimes)
         m_form.mark_normal_band(*band);
+    m_form.set_fill_weekdays(panel.weekdays());
     act([&] { m_form.fill(panel.source(), panel.rows()); });
 }
 

@@ -4,6 +4,7 @@
 #include "ui/parts/style.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -20,7 +21,8 @@ using namespace base;
 namespace {
 
 constexpr QStringView source_captions[] = {u"勤務タイプの標準時間", u"上の日と同じ時刻", u"前の週の同じ曜日と同じ時刻"};
-constexpr QStringView range_captions[] = {u"空いている日すべて", u"行の範囲"};
+constexpr QStringView range_captions[] = {u"次の曜日の、空いている日すべて", u"行の範囲"};
+constexpr QStringView weekday_names = u"日月火水木金土";
 enum Range { whole, some };
 
 QLabel* section(const QString& text, QWidget* parent) {
@@ -39,7 +41,8 @@ QSpinBox* row_box(int row, int last, QWidget* parent) {
 
 } // namespace
 
-FillPanel::FillPanel(const entry::MonthSheet& sheet, const QList<entry::BandChoice>& choices, QWidget* parent)
+FillPanel::FillPanel(
+    const entry::MonthSheet& sheet, const QList<entry::BandChoice>& choices, entry::Weekdays weekdays, QWidget* parent)
     : QDialog(parent), m_sources(new QButtonGroup(this)), m_whole(new QButtonGroup(this)),
       m_first(row_box(sheet.entry_cell.row, sheet.month.length(), this)),
       m_last(row_box(sheet.month.length(), sheet.month.length(), this)) {
@@ -47,25 +50,52 @@ FillPanel::FillPanel(const entry::MonthSheet& sheet, const QList<entry::BandChoi
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(20, 16, 20, 16);
     column->setSpacing(8);
-    const auto add = [&](QButtonGroup* group, QStringView caption) {
-        auto* button = new QRadioButton(caption.toString(), this);
-        group->addButton(button, static_cast<int>(group->buttons().size()));
-        button->setChecked(group->buttons().size() == 1);
-        column->addWidget(button);
-    };
     column->addWidget(section(u"入れる時刻"_s, this));
-    for (const QStringView caption : source_captions)
-        add(m_sources, caption);
-    if (!choices.isEmpty()) {
-        column->addWidget(new QLabel(u"この勤務タイプで、普段の退社はどの時間帯の終わりですか"_s, this));
-        m_bands = new QComboBox(this);
-        for (const entry::BandChoice& choice : choices)
-            m_bands->addItem(choice.text, choice.number);
-        column->addWidget(m_bands);
-    }
+    add_options(column, m_sources, source_captions);
+    if (!choices.isEmpty())
+        ask_normal_band(column, choices);
     column->addWidget(section(u"入れる日"_s, this));
-    for (const QStringView caption : range_captions)
-        add(m_whole, caption);
+    add_options(column, m_whole, range_captions);
+    column->insertLayout(column->count() - 1, make_weekdays(weekdays));
+    column->addLayout(make_range());
+    column->addSpacing(8);
+    column->addWidget(make_buttons());
+}
+
+/// The first is chosen.
+void FillPanel::add_options(QVBoxLayout* column, QButtonGroup* group, std::span<const QStringView> captions) {
+    for (int id = 0; id < int(captions.size()); ++id) {
+        auto* button = new QRadioButton(captions[id].toString(), this);
+        group->addButton(button, id);
+        button->setChecked(id == 0);
+        column->addWidget(button);
+    }
+}
+
+void FillPanel::ask_normal_band(QVBoxLayout* column, const QList<entry::BandChoice>& choices) {
+    column->addWidget(new QLabel(u"この勤務タイプで、普段の退社はどの時間帯の終わりですか"_s, this));
+    m_bands = new QComboBox(this);
+    for (const entry::BandChoice& choice : choices)
+        m_bands->addItem(choice.text, choice.number);
+    column->addWidget(m_bands);
+}
+
+/// From Monday on, each with the digit of its place as a key: Alt and 6 is Saturday.
+QLayout* FillPanel::make_weekdays(entry::Weekdays weekdays) {
+    auto* row = new QHBoxLayout;
+    row->addSpacing(24);
+    for (int place = 1; place <= int(weekdays.size()); ++place) {
+        const size_t day = size_t(place) % weekdays.size();
+        auto* box = new QCheckBox(weekday_names.sliced(qsizetype(day), 1).toString(), this);
+        box->setShortcut(QKeySequence(Qt::ALT | Qt::Key(Qt::Key_0 + place)));
+        box->setChecked(weekdays.test(day));
+        row->addWidget(m_weekdays[day] = box);
+    }
+    row->addStretch();
+    return row;
+}
+
+QLayout* FillPanel::make_range() {
     auto* range = new QHBoxLayout;
     range->addSpacing(24);
     range->addWidget(m_first);
@@ -73,9 +103,12 @@ FillPanel::FillPanel(const entry::MonthSheet& sheet, const QList<entry::BandChoi
     range->addWidget(m_last);
     range->addWidget(new QLabel(u"まで"_s, this));
     range->addStretch();
-    column->addLayout(range);
     for (QSpinBox* box : {m_first, m_last})
         connect(box, &QSpinBox::valueChanged, this, [this] { m_whole->button(some)->setChecked(true); });
+    return range;
+}
+
+QWidget* FillPanel::make_buttons() {
     auto* buttons = new QDialogButtonBox(this);
     auto* fill = buttons->addButton(u"入れる"_s, QDialogButtonBox::AcceptRole);
     buttons->addButton(u"やめる"_s, QDialogButtonBox::RejectRole);
@@ -83,8 +116,7 @@ FillPanel::FillPanel(const entry::MonthSheet& sheet, const QList<entry::BandChoi
     fill->setFocus();
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    column->addSpacing(8);
-    column->addWidget(buttons);
+    return buttons;
 }
 
 entry::FillSource FillPanel::source() const {
@@ -95,6 +127,13 @@ std::optional<entry::RowRange> FillPanel::rows() const {
     if (m_whole->checkedId() == whole)
         return std::nullopt;
     return entry::RowRange{m_first->value(), m_last->value()};
+}
+
+entry::Weekdays FillPanel::weekdays() const {
+    entry::Weekdays ticked;
+    for (size_t day = 0; day < ticked.size(); ++day)
+        ticked.set(day, m_weekdays[day]->isChecked());
+    return ticked;
 }
 
 std::optional<int> FillPanel::normal_band() const {
