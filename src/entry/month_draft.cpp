@@ -77,8 +77,10 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
             m_counts.value(tag) != sheet.hyou_day(strip::count, column))
             m_counts.remove(tag);
     Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
+    // A day that is typed anew before it is decided stands as it is typed now.
     for (const Clash& clash : m_clashes)
-        draft.days << clash.draft;
+        if (std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) == draft.days.end())
+            draft.days << clash.draft;
     std::ranges::sort(draft.days, {}, &DraftDay::date);
     return draft;
 }

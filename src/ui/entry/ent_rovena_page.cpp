@@ -219,16 +219,23 @@ bool ent_rovena_page::take_answer(const LookPanel& panel) {
     return panel.answer() != LookPanel::Answer::Back;
 }
 
+/// Who puts the decision off is asked again on coming back to the month.
 void ent_rovena_page::ask_about_clashes() {
-    if (m_asking || m_form.clashes().isEmpty())
+    const auto month = std::pair(m_form.syainsyscd, m_form.sheet.month.month_key());
+    if (m_put_off != month)
+        m_put_off.reset();
+    if (m_asking || m_put_off || m_form.clashes().isEmpty())
         return;
     const QScopedValueRollback asking(m_asking, true);
     ClashPanel panel(m_form.sheet, m_form.clashes(), this);
-    if (panel.exec() == QDialog::Accepted)
-        act([&] {
-            for (const auto choice : panel.choices())
-                m_form.decide(0, choice);
-        });
+    if (panel.exec() != QDialog::Accepted) {
+        m_put_off = month;
+        return;
+    }
+    act([&] {
+        for (const auto choice : panel.choices())
+            m_form.decide(0, choice);
+    });
 }
 
 void ent_rovena_page::give_up_draft() {

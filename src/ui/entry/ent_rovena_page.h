@@ -64,8 +64,9 @@ private:
     ent_rovena_controls m_controls;
     CellEditor* m_atai;
     CellCombo* m_kyucom;
-    QTimer m_on_their_way; ///< asks whether saved days have come into the tables
-    bool m_asking = false; ///< inside the panel of days that were changed elsewhere
+    QTimer m_on_their_way;                            ///< asks whether saved days have come into the tables
+    std::optional<std::pair<QString, int>> m_put_off; ///< employee and month whose decision was put off
+    bool m_asking = false;                            ///< inside the panel of days that were changed elsewhere
 };
 
 } // namespace ui
