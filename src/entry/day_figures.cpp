@@ -24,11 +24,15 @@ minutes held_inside(const Band& band, minutes clock) {
 
 /// A band that counts from inside counts only if the clock-in lies in it.
 bool counts(const Band& band, const Stay& stay) {
-    return !band.counts_from_inside || (stay.clock_in >= band.start && stay.clock_in <= band.end);
+    return !band.counts_from_inside || (stay.clockIn >= band.start && stay.clockIn <= band.end);
 }
 
 minutes length_in(const Band& band, const Stay& stay) {
-    return counts(band, stay) ? held_inside(band, stay.clock_out) - held_inside(band, stay.clock_in) : minutes(0);
+    if (!counts(band, stay))
+        return minutes(0);
+    const minutes bandStart = held_inside(band, stay.clockIn);
+    const minutes bandEnd = held_inside(band, stay.clockOut);
+    return bandEnd - bandStart;
 }
 
 using Bands = std::array<Band, band_slots>;
@@ -38,12 +42,12 @@ minutes outside_of(const Bands& bands, const Stay& stay) {
     Bands by_start = bands;
     std::ranges::sort(by_start, {}, &Band::start);
     minutes outside = std::max(minutes(0), stay.length());
-    minutes reached = stay.clock_in;
+    minutes reached = stay.clockIn;
     for (const Band& band : by_start) {
         if (!counts(band, stay))
             continue;
         const minutes from = std::max(reached, band.start);
-        const minutes until = std::min(stay.clock_out, band.end);
+        const minutes until = std::min(stay.clockOut, band.end);
         outside -= std::max(minutes(0), until - from);
         reached = std::max(reached, until);
     }
@@ -68,9 +72,9 @@ public:
     DayFigures whole(BreakFrom break_from) && {
         cut_into_bands();
         m_day.outside = outside_of(m_bands, m_day.stay);
-        m_day.break_total = break_from == BreakFrom::Cell ? minutes_of(m_day.break_time) : break_by_rules();
-        m_day.work = m_day.stay.length() - m_day.break_total;
-        m_day.work_time = work_time_text(m_day.work);
+        m_day.breakTotal = break_from == BreakFrom::Cell ? minutes_of(m_day.break_time) : break_by_rules();
+        m_day.workMinutes = m_day.stay.length() - m_day.breakTotal;
+        m_day.work_time = work_time_text(m_day.workMinutes);
         return std::move(m_day);
     }
 

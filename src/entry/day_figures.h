@@ -11,9 +11,9 @@ namespace entry {
 /// From the clock-in to the clock-out, whose minutes lie above 24:00 on the next day. A blank clock cell counts as
 /// 0:00, so that a clock-in without a clock-out stays until midnight.
 struct Stay {
-    base::minutes clock_in{0};
-    base::minutes clock_out{0};
-    base::minutes length() const { return clock_out - clock_in; }
+    base::minutes clockIn{0};
+    base::minutes clockOut{0};
+    base::minutes length() const { return clockOut - clockIn; }
 };
 
 /// A band of the weekday whose category has a column on the sheet.
@@ -31,8 +31,8 @@ struct DayFigures {
     Stay stay;
     QList<BandFigure> bands;  ///< in order of their numbers
     base::minutes outside{0}; ///< minutes of the stay that lie in no band
-    base::minutes break_total{0};
-    base::minutes work{0}; ///< the stay less the break; negative where the break is longer
+    base::minutes breakTotal{0};
+    base::minutes workMinutes{0}; ///< the stay less the break; negative where the break is longer
 
     QStringList categories; ///< the texts of the category columns, from col::first_category on
     QString break_time;     ///< the text of the break's cell

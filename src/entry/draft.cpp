@@ -31,7 +31,7 @@ BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
     const QString& pause = sheet.hyou(r, col::break_time);
     const bool by_hand = Val(sheet.mark(r)) == 2
                              ? pause != read.break_time
-                             : minutes_of(pause) != day_figures(sheet, r, BreakFrom::Rules).break_total;
+                             : minutes_of(pause) != day_figures(sheet, r, BreakFrom::Rules).breakTotal;
     return by_hand ? BreakFrom::Cell : BreakFrom::Rules;
 }
 

@@ -48,11 +48,11 @@ QString explained_day(const MonthSheet& sheet, int r) {
     if (!is_day(sheet, r) || (in.isEmpty() && out.isEmpty()))
         return {};
     DayFigures day = day_figures(sheet, r, BreakFrom::Rules);
-    const bool by_hand = Val(sheet.mark(r)) != 2 && day.break_total != minutes_of(sheet.hyou(r, col::break_time));
+    const bool by_hand = Val(sheet.mark(r)) != 2 && day.breakTotal != minutes_of(sheet.hyou(r, col::break_time));
     const BreakFrom break_from = by_hand ? BreakFrom::Cell : BreakFrom::Rules;
     day = day_figures(sheet, r, break_from);
     const QString sum = u"%1～%2 在社 %3 − 休憩 %4 ＝ 勤務 %5"_s.arg(
-        in, out, shown(day.stay.length()), shown(day.break_total), shown(day.work));
+        in, out, shown(day.stay.length()), shown(day.breakTotal), shown(day.workMinutes));
     const QStringList parts = parts_of(sheet, r, day, break_from);
     return parts.isEmpty() ? sum : u"%1（%2）"_s.arg(sum, parts.join(u"　"_s));
 }
