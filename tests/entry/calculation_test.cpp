@@ -19,8 +19,9 @@ MonthSheet office_month() {
     return sheet;
 }
 
-QStringList day(const MonthSheet& sheet, int r) {
-    return {sheet.hyou(r, 4), sheet.hyou(r, 5), sheet.hyou(r, 8), sheet.hyou(r, 9)};
+/// Break, work time and the hours of the first two categories.
+QString day(const MonthSheet& sheet, int r) {
+    return cells_from(sheet.hyou, r, col::break_time, 2) + u'|' + cells_from(sheet.hyou, r, col::first_category, 2);
 }
 
 QString hours_in(const Band& made, const QString& in, const QString& out) {
@@ -33,7 +34,8 @@ QString hours_in(const Band& made, const QString& in, const QString& out) {
 } // namespace
 
 TEST(DayCalculation, AStayIsCutIntoTheBandsOfItsCategoriesAndTheirRulesMakeTheBreak) {
-    const Band office = band(A, 830, 1730, {{600, 45}, {800, 100}}), evening = band(B, 1730, 2200);
+    const Band office = band(A, 830, 1730, {{600, 45}, {800, 100}}), evening = band(B, 1730, 2200),
+               falling = band(A, 800, 2200, {{600, 100}, {800, 30}, {1000, 10}});
     constexpr auto gross = BreakHandling::Included, net = BreakHandling::Deducted;
     struct Case {
         const char* what;
@@ -62,6 +64,11 @@ TEST(DayCalculation, AStayIsCutIntoTheBandsOfItsCategoriesAndTheirRulesMakeTheBr
         {"a figure shortened before its turn is what its rules see",
             {{1, band(B, 800, 1000, {{200, 15}})}, {2, band(A, 1000, 1200, {{100, 20}})}}, net, u"8:00"_s, u"12:00"_s,
             u"0:20|3:40|2:00|1:40"_s},
+        {"a rule not reached", {{1, falling}}, gross, u"8:00"_s, u"10:00"_s, u"|2:00|2:00|"_s},
+        {"the first rule reached", {{1, falling}}, gross, u"8:00"_s, u"14:00"_s, u"1:00|5:00|6:00|"_s},
+        {"a later rule wins with a shorter break", {{1, falling}}, gross, u"8:00"_s, u"16:00"_s, u"0:30|7:30|8:00|"_s},
+        {"the last rule a minute off", {{1, falling}}, gross, u"8:00"_s, u"17:59"_s, u"0:30|9:29|9:59|"_s},
+        {"the last rule reached", {{1, falling}}, gross, u"8:00"_s, u"18:00"_s, u"0:10|9:50|10:00|"_s},
         {"a number that points past the sheet", {{10, band(A, 800, 1700, {{600, 45}})}}, net, u"8:00"_s, u"17:00"_s,
             u"0:45|8:15|9:00|"_s},
     };
@@ -70,11 +77,10 @@ TEST(DayCalculation, AStayIsCutIntoTheBandsOfItsCategoriesAndTheirRulesMakeTheBr
         sheet.kyuflg = c.breaks;
         for (const auto& [number, made] : c.bands.asKeyValueRange())
             every_day(sheet, number, made);
-        sheet.hyou(1, col::first_category) = u"2:00"_s;
-        sheet.hyou(1, 10) = u"0:45"_s;
+        lay(sheet.hyou, {1, col::first_category}, u"2:00||0:45"_s);
         calculate(sheet, 1, c.in, c.out);
         for (const char* again : {"", "calculated again"}) {
-            EXPECT_EQ(day(sheet, 1).join(u'|'), c.figures) << c.what << again;
+            EXPECT_EQ(day(sheet, 1), c.figures) << c.what << again;
             EXPECT_EQ(sheet.hyou(1, 10), u"0:45"_s) << "a category without a band on this weekday keeps its figure";
             出勤集計処理(sheet, 1);
         }
@@ -113,20 +119,8 @@ TEST(DayCalculation, TheBandsOfTheDaysOwnWeekdayApply) {
     sheet.band_table[6][1] = band(A, 800, 1100); // Saturday
     for (int r = 1; r <= 7; ++r)
         calculate(sheet, r, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(sheet.hyou(5, 8), u""_s) << "a Friday";
-    EXPECT_EQ(sheet.hyou(6, 8), u"3:00"_s);
-    EXPECT_EQ(sheet.hyou(7, 8), u"2:00"_s);
-}
-
-TEST(DayCalculation, TheLastRuleReachedWinsWhateverItsBreak) {
-    const std::pair<QString, QString> cases[] = {{u"10:00"_s, u""_s}, {u"14:00"_s, u"1:00"_s}, {u"16:00"_s, u"0:30"_s},
-        {u"18:00"_s, u"0:10"_s}, {u"17:59"_s, u"0:30"_s}};
-    for (const auto& [out, pause] : cases) {
-        MonthSheet sheet = month_sheet({A});
-        every_day(sheet, 1, band(A, 800, 2200, {{600, 100}, {800, 30}, {1000, 10}}));
-        calculate(sheet, 1, u"8:00"_s, out);
-        EXPECT_EQ(sheet.hyou(1, col::break_time), pause) << out.toStdString();
-    }
+    EXPECT_EQ(sheet.hyou(5, 8) + u'|' + sheet.hyou(6, 8) + u'|' + sheet.hyou(7, 8), u"|3:00|2:00"_s)
+        << "from Friday on";
 }
 
 TEST(DayCalculation, TakingNothingOffAnEmptyFigureLeavesAZero) {
@@ -143,7 +137,7 @@ TEST(DayCalculation, ABreakStandsButDoesNotCountWhenNoCategoryHasWork) {
     MonthSheet sheet = office_month();
     sheet.hyou(1, col::break_time) = u"1:00"_s;
     calculate(sheet, 1, u"5:00"_s, u"8:00"_s);
-    EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"3:00"_s, u""_s, u""_s}));
+    EXPECT_EQ(day(sheet, 1), u"1:00|3:00||"_s);
 }
 
 TEST(DayCalculation, ADayWhoseClockTimesAreClearedHasNoBreakUnlessOneIsTyped) {
@@ -151,10 +145,9 @@ TEST(DayCalculation, ADayWhoseClockTimesAreClearedHasNoBreakUnlessOneIsTyped) {
         MonthSheet sheet = office_month();
         calculate(sheet, 1, u"8:30"_s, u"17:45"_s);
         calculate(sheet, 1, u""_s, cleared);
-        EXPECT_EQ(day(sheet, 1).join(QString()) + sheet.hyou(row::total, col::break_time), u""_s);
+        EXPECT_EQ(day(sheet, 1) + sheet.hyou(row::total, col::break_time), u"|||"_s);
         sheet.hyou(1, col::break_time) = u"1:00"_s;
-        sheet.entry_cell = {1, col::break_time};
-        出勤集計処理(sheet, 1);
+        recalculate(sheet, 1, col::break_time);
         EXPECT_EQ(sheet.hyou(1, col::break_time), u"1:00"_s);
     }
 }
@@ -164,20 +157,16 @@ TEST(DayCalculation, ABreakTypedByHandStandsUntilAClockCellChanges) {
     sheet.kyuflg = BreakHandling::Deducted;
     calculate(sheet, 1, u"8:30"_s, u"17:30"_s);
     sheet.hyou(1, col::break_time) = u"0:20"_s;
-    sheet.entry_cell = {1, col::break_time};
-    出勤集計処理(sheet, 1);
-    EXPECT_EQ(day(sheet, 1), QStringList({u"0:20"_s, u"8:40"_s, u"9:00"_s, u""_s})) << "and nothing is taken off";
+    recalculate(sheet, 1, col::break_time);
+    EXPECT_EQ(day(sheet, 1), u"0:20|8:40|9:00|"_s) << "and nothing is taken off";
     calculate(sheet, 1, u"8:30"_s, u"17:30"_s);
-    EXPECT_EQ(day(sheet, 1), QStringList({u"1:00"_s, u"8:00"_s, u"8:00"_s, u""_s}));
+    EXPECT_EQ(day(sheet, 1), u"1:00|8:00|8:00|"_s);
 }
 
 TEST(DayCalculation, ABreakLongerThanTheStayGoesThroughTheConversionsAsItIs) {
     MonthSheet sheet = month_sheet({});
-    sheet.hyou(1, 2) = u"8:00"_s;
-    sheet.hyou(1, 3) = u"9:00"_s;
-    sheet.hyou(1, 4) = u"2:30"_s;
-    sheet.entry_cell = {1, col::break_time};
-    出勤集計処理(sheet, 1);
+    lay(sheet.hyou, {1, col::clock_in}, u"8:00|9:00|2:30"_s);
+    recalculate(sheet, 1, col::break_time);
     EXPECT_EQ(sheet.hyou(1, col::work_time), u"-1:30"_s);
 }
 
@@ -189,27 +178,18 @@ TEST(DayCalculation, AnImpossibleClockTimeIsBlankedByItsLastFourDigits) {
         for (const int column : {col::clock_in, col::clock_out}) {
             MonthSheet sheet = month_sheet({});
             sheet.hyou(1, column) = typed;
-            sheet.entry_cell = {1, col::clock_in};
-            出勤集計処理(sheet, 1);
+            recalculate(sheet, 1, col::clock_in);
             EXPECT_EQ(sheet.hyou(1, column), stands) << typed.toStdString() << " in " << column;
         }
 }
 
-TEST(DayCalculation, ClockCellsAreNotCheckedWhenTheBreakWasEdited) {
-    MonthSheet sheet = month_sheet({});
-    sheet.hyou(1, 3) = u"25:00"_s;
-    sheet.entry_cell = {1, col::break_time};
-    出勤集計処理(sheet, 1);
-    EXPECT_EQ(sheet.hyou(1, 3), u"25:00"_s);
-}
-
-TEST(DayCalculation, OnlyClockAndBreakCellsStartIt) {
+TEST(DayCalculation, OnlyClockAndBreakCellsStartItAndClockCellsAloneAreChecked) {
     for (int column = 0; column < 9; ++column) {
         MonthSheet sheet = month_sheet({A});
-        sheet.hyou(1, 2) = u"8:00"_s;
-        sheet.entry_cell = {1, column};
-        出勤集計処理(sheet, 1);
-        EXPECT_EQ(!sheet.hyou(1, 5).isEmpty(), column >= 2 && column <= 4) << column;
+        lay(sheet.hyou, {1, col::clock_in}, u"8:00|25:00"_s);
+        recalculate(sheet, 1, column);
+        EXPECT_EQ(!sheet.hyou(1, col::work_time).isEmpty(), column >= 2 && column <= 4) << column;
+        EXPECT_EQ(sheet.hyou(1, col::clock_out).isEmpty(), column == 2 || column == 3) << column;
     }
 }
 
@@ -218,30 +198,22 @@ TEST(DayCalculation, ARowThatIsNoDayIsOnlyCheckedAndTheMonthIsNotSummed) {
         MonthSheet sheet = month_sheet({A}, 2);
         sheet.hyou(1, 5) = u"1:00"_s;
         calculate(sheet, r, u"25:00"_s, u"9:00"_s);
-        EXPECT_EQ(sheet.hyou(r, 2), u""_s) << r;
-        EXPECT_EQ(sheet.hyou(r, 3), u"9:00"_s) << r;
-        EXPECT_EQ(sheet.hyou(row::total, 5), u""_s) << r;
-        EXPECT_EQ(sheet.mark(1), u""_s) << r;
+        EXPECT_EQ(cells_from(sheet.hyou, r, col::clock_in, 2), u"|9:00"_s) << r;
+        EXPECT_EQ(sheet.hyou(row::total, col::work_time) + sheet.mark(1), u""_s) << r;
     }
 }
 
-TEST(DayKind, ADayWithWorkTakesTheDefaultAndLosesItsLeave) {
-    MonthSheet sheet = month_sheet({});
-    sheet.hyou_system(1, 0) = u"1"_s;
-    sheet.hyou_system(1, 1) = sheet.hyou(1, 7) = u"有休"_s;
-    sheet.hyou_system(1, 3) = u"0"_s;
-    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), QStringList({u"3"_s, u"出勤"_s, u"1"_s, u"1"_s}));
-    EXPECT_EQ(sheet.hyou(1, 7), u"出勤"_s);
-}
-
-TEST(DayKind, HolidayWorkStaysWhenTheDayHasWork) {
-    MonthSheet sheet = month_sheet({});
-    sheet.hyou_system(1, 0) = u"4"_s;
-    sheet.hyou_system(1, 1) = sheet.hyou(1, 7) = u"休日出勤"_s;
-    sheet.hyou_system(1, 3) = u"2"_s;
-    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), QStringList({u"4"_s, u"休日出勤"_s, u""_s, u"2"_s}));
+TEST(DayKind, ADayWithWorkTakesTheDefaultForItsLeaveAndKeepsHolidayWork) {
+    const std::pair<QString, QString> cases[] = {
+        {u"1|有休||0"_s, u"3|出勤|1|1"_s}, {u"4|休日出勤||2"_s, u"4|休日出勤||2"_s}};
+    for (const auto& [before, after] : cases) {
+        MonthSheet sheet = month_sheet({});
+        lay(sheet.hyou_system, {1, 0}, before);
+        sheet.hyou(1, col::kind) = before.section(u'|', 1, 1);
+        calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
+        EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), after);
+        EXPECT_EQ(sheet.hyou(1, col::kind), after.section(u'|', 1, 1));
+    }
 }
 
 TEST(DayKind, ADayEmptiedAndFilledAgainKeepsNoWorkingKindByItself) {
@@ -249,11 +221,9 @@ TEST(DayKind, ADayEmptiedAndFilledAgainKeepsNoWorkingKindByItself) {
     sheet.kind_without_work = {};
     calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
     calculate(sheet, 1, u""_s, u""_s);
-    EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), QStringList({u""_s, u""_s, u"1"_s, u"1"_s}));
-    EXPECT_EQ(sheet.hyou(1, 7), u""_s);
+    EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0) + sheet.hyou(1, col::kind), u"||1|1"_s);
     calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(sheet.hyou(1, 7), u""_s);
-    EXPECT_EQ(sheet.hyou_system(1, 0), u""_s);
+    EXPECT_EQ(sheet.hyou(1, col::kind) + sheet.hyou_system(1, 0), u""_s);
 }
 
 TEST(DayCalculation, EveryStayOfTheDayFillsAWholeDaysBandsExactly) {

@@ -56,6 +56,14 @@ struct Company : support::Company {
     }
 };
 
+/// Types digits or text into the cell in hand, as the keys of a keyboard do.
+inline void type(ent_rovena& form, const QString& text) {
+    for (const QChar c : text)
+        if (form.atai_KeyPress(c.unicode()))
+            form.atai_Change(
+                std::exchange(form.editors.atai.select_all, false) ? QString(c) : form.editors.atai.text + c);
+}
+
 /// The company, and its form with employee 1 chosen. A form that is opened anew stands for one that was killed.
 class OpenForm : public testing::Test {
 protected:
@@ -67,21 +75,25 @@ protected:
         form->hyou_syain_Click(1);
     }
 
-    /// Clock times to kind of a day, and its mark.
-    QStringList day(int r) const {
-        return cells_from(form->sheet.hyou, r, col::clock_in).first(6) << form->sheet.mark(r);
+    /// Goes to a cell, types into it and leaves it by Enter.
+    void type_at(base::Cell cell, const QString& text) {
+        form->hyou_Click(cell);
+        type(*form, text);
+        form->atai_KeyDown(key::enter);
     }
+
+    /// The same for both clock times of a day, which is left.
+    void type_day(int r, const QString& in, const QString& out) {
+        type_at({r, col::clock_in}, in);
+        type_at({r, col::clock_out}, out);
+        form->atai_KeyDown(key::enter);
+    }
+
+    /// Clock times to kind of a day, and its mark.
+    QString day(int r) const { return cells_from(form->sheet.hyou, r, col::clock_in, 6) + u'|' + form->sheet.mark(r); }
 
     Company company;
     std::optional<ent_rovena> form;
 };
-
-/// Types digits or text into the cell in hand, as the keys of a keyboard do.
-inline void type(ent_rovena& form, const QString& text) {
-    for (const QChar c : text)
-        if (form.atai_KeyPress(c.unicode()))
-            form.atai_Change(
-                std::exchange(form.editors.atai.select_all, false) ? QString(c) : form.editors.atai.text + c);
-}
 
 } // namespace entry

@@ -51,8 +51,7 @@ TEST(Findings, WhatIsOffInADayIsToldWithItsFiguresAndNothingElseIs) {
         calculate(sheet, 2, c.in, c.out);
         if (!c.pause.isEmpty()) {
             sheet.hyou(2, col::break_time) = c.pause;
-            sheet.entry_cell = {2, col::break_time};
-            出勤集計処理(sheet, 2);
+            recalculate(sheet, 2, col::break_time);
         }
         EXPECT_EQ(told(sheet), c.told) << c.what;
     }

@@ -29,55 +29,40 @@ QStringList told(const PastePreview& preview) {
 } // namespace
 
 TEST(Paste, TimesAreReadAsTheyAreWrittenInSpreadsheets) {
-    struct Row {
+    const struct {
         int column;
-        QString pasted;
         QString understood; ///< empty where it isn't a time
+        QStringList pasted;
+    } cases[] = {
+        {col::clock_in, u"8:30"_s,
+            {u"8:30"_s, u"830"_s, u"0830"_s, u"08:30:59"_s, u" 8時30分 "_s, u"8時半"_s, u"　８：３０"_s, u"８３０"_s}},
+        {col::clock_in, u"8:05"_s, {u"8時5分"_s}},
+        {col::clock_in, u"17:00"_s, {u"１７時"_s}},
+        {col::clock_in, u"0:00"_s, {u"0"_s}},
+        {col::clock_in, {},
+            {u"8"_s, u"24:00"_s, u"8:60"_s, u"860"_s, u"8:30:60"_s, u"8:5"_s, u"0.354166"_s, u"-8:30"_s, u"12345"_s,
+                u"有休"_s}},
+        {col::clock_out, u"1:30"_s, {u"25:30"_s, u"2530"_s}},
+        {col::clock_out, u"0:00"_s, {u"24:00"_s}},
+        {col::clock_out, {}, {u"32:00"_s, u"48:00"_s}}, // a whole day after 8:00 and more
+        {col::break_time, u"0:45"_s, {u"45"_s}},
+        {col::break_time, u"1:15"_s, {u"1:15"_s}},
+        {col::break_time, {}, {u"1"_s, u"60"_s, u"24:00"_s}},
+        {col::remark, u"直行"_s, {u" 直行 "_s}},
     };
-    for (const auto& [column, pasted, understood] : {
-             Row{col::clock_in, u"8:30"_s, u"8:30"_s},
-             {col::clock_in, u"830"_s, u"8:30"_s},
-             {col::clock_in, u"0830"_s, u"8:30"_s},
-             {col::clock_in, u"08:30:59"_s, u"8:30"_s},
-             {col::clock_in, u" 8時30分 "_s, u"8:30"_s},
-             {col::clock_in, u"8時5分"_s, u"8:05"_s},
-             {col::clock_in, u"8時半"_s, u"8:30"_s},
-             {col::clock_in, u"１７時"_s, u"17:00"_s},
-             {col::clock_in, u"　８：３０"_s, u"8:30"_s},
-             {col::clock_in, u"８３０"_s, u"8:30"_s},
-             {col::clock_in, u"0"_s, u"0:00"_s},
-             {col::clock_in, u"8"_s, {}},
-             {col::clock_in, u"24:00"_s, {}},
-             {col::clock_in, u"8:60"_s, {}},
-             {col::clock_in, u"860"_s, {}},
-             {col::clock_in, u"8:30:60"_s, {}},
-             {col::clock_in, u"8:5"_s, {}},
-             {col::clock_in, u"0.354166"_s, {}},
-             {col::clock_in, u"-8:30"_s, {}},
-             {col::clock_in, u"12345"_s, {}},
-             {col::clock_in, u"有休"_s, {}},
-             {col::clock_out, u"25:30"_s, u"1:30"_s},
-             {col::clock_out, u"2530"_s, u"1:30"_s},
-             {col::clock_out, u"24:00"_s, u"0:00"_s},
-             {col::clock_out, u"32:00"_s, {}}, // a whole day after 8:00
-             {col::clock_out, u"48:00"_s, {}},
-             {col::break_time, u"45"_s, u"0:45"_s},
-             {col::break_time, u"1"_s, {}},
-             {col::break_time, u"60"_s, {}},
-             {col::break_time, u"1:15"_s, u"1:15"_s},
-             {col::break_time, u"24:00"_s, {}},
-             {col::remark, u" 直行 "_s, u"直行"_s},
-         }) {
-        MonthSheet sheet = month_sheet({});
-        sheet.hyou(4, col::clock_in) = column == col::clock_in ? QString() : u"8:00"_s;
-        const PastePreview preview = preview_at(sheet, {4, column}, pasted);
-        ASSERT_EQ(preview.cells.size(), 1);
-        EXPECT_EQ(preview.cells[0].understood, understood) << pasted.toStdString();
-        EXPECT_EQ(preview.cells[0].state, understood.isEmpty() ? State::NotUnderstood : State::New);
-        EXPECT_EQ(preview.cells[0].reason.isEmpty(), !understood.isEmpty()) << pasted.toStdString();
-        paste(sheet, preview);
-        EXPECT_EQ(sheet.mark(4), understood.isEmpty() ? u""_s : u"1"_s);
-    }
+    for (const auto& [column, understood, texts] : cases)
+        for (const QString& pasted : texts) {
+            SCOPED_TRACE(pasted.toStdString());
+            MonthSheet sheet = month_sheet({});
+            sheet.hyou(4, col::clock_in) = column == col::clock_in ? QString() : u"8:00"_s;
+            const PastePreview preview = preview_at(sheet, {4, column}, pasted);
+            ASSERT_EQ(preview.cells.size(), 1);
+            EXPECT_EQ(preview.cells[0].understood, understood);
+            EXPECT_EQ(preview.cells[0].state, understood.isEmpty() ? State::NotUnderstood : State::New);
+            EXPECT_EQ(preview.cells[0].reason.isEmpty(), !understood.isEmpty());
+            paste(sheet, preview);
+            EXPECT_EQ(sheet.mark(4), understood.isEmpty() ? u""_s : u"1"_s);
+        }
 }
 
 TEST(Paste, LinesGoIntoTheDaysFromTheCellInHandAndNeverPastTheMonthsEnd) {
@@ -103,7 +88,7 @@ TEST(Paste, LinesGoIntoTheDaysFromTheCellInHandAndNeverPastTheMonthsEnd) {
         for (int r = 0; r < row::count; ++r)
             EXPECT_EQ(cells_from(sheet.hyou, r, 0), cells_from(before.hyou, r, 0)) << "a preview writes nothing";
         paste(sheet, preview);
-        EXPECT_EQ(cells_from(sheet.hyou, 30, 0).join(QString()) + sheet.hyou(row::total, 2), u""_s);
+        EXPECT_EQ(cells_from(sheet.hyou, 30, 0) + sheet.hyou(row::total, 2), u"|||||||"_s);
     }
 }
 
@@ -132,7 +117,7 @@ TEST(Paste, APastedMonthStandsAsIfItHadBeenTypedAndIsOneStep) {
             form.hyou_Click({4, col::clock_in});
             text += days[i].pasted.join(u'\t') + u"\r\n"_s;
         }
-        QList<QStringList> typed;
+        QStringList typed;
         for (int r = 1; r <= row::total; ++r)
             typed << cells_from(form.sheet.hyou, r, 0) + cells_from(form.sheet.hyou_system, r, 0);
         const QString standing = form.standing();

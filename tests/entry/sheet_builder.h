@@ -54,11 +54,21 @@ inline void every_day(MonthSheet& sheet, int number, const Band& made) {
         weekday[number] = made;
 }
 
-inline void calculate(MonthSheet& sheet, int r, const QString& in, const QString& out) {
-    sheet.hyou(r, col::clock_in) = in;
-    sheet.hyou(r, col::clock_out) = out;
-    sheet.entry_cell = {r, col::clock_out};
+/// Lays texts that are parted by "|" into the cells of a row from one on.
+inline void lay(base::Sheet& hyou, base::Cell from, const QString& texts) {
+    for (const QString& text : texts.split(u'|'))
+        hyou(from.row, from.col++) = text;
+}
+
+/// Calculates a day as after a change in that column.
+inline void recalculate(MonthSheet& sheet, int r, int column) {
+    sheet.entry_cell = {r, column};
     出勤集計処理(sheet, r);
+}
+
+inline void calculate(MonthSheet& sheet, int r, const QString& in, const QString& out) {
+    lay(sheet.hyou, {r, col::clock_in}, in + u'|' + out);
+    recalculate(sheet, r, col::clock_out);
 }
 
 inline QString count_under(const MonthSheet& sheet, const QString& tag) {
@@ -68,12 +78,12 @@ inline QString count_under(const MonthSheet& sheet, const QString& tag) {
     return u"no column "_s + tag;
 }
 
-/// Columns from one on, as they stand.
-inline QStringList cells_from(const base::Sheet& hyou, int r, int first) {
+/// So many columns from one on, or all, as they stand, parted by "|".
+inline QString cells_from(const base::Sheet& hyou, int r, int first, int count = 1000) {
     QStringList cells;
-    for (int column = first; column < hyou.Cols(); ++column)
+    for (int column = first; column < std::min(hyou.Cols(), first + count); ++column)
         cells << hyou(r, column);
-    return cells;
+    return cells.join(u'|');
 }
 
 } // namespace entry

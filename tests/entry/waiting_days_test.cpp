@@ -1,6 +1,7 @@
 #include "entry/company.h"
 #include "frame/exchange_files.h"
 #include "frame/kept_files.h"
+#include "support/stored.h"
 
 #include <gtest/gtest.h>
 
@@ -93,9 +94,7 @@ TEST_F(WaitingDays, NothingElseDelays) {
     QDir().mkpath(kept);
     QFile::rename(store::exchange_path(company.tree.settings, 1), kept + u"/hanjyusin01.mdb.kowareta"_s);
     opens_at_once("no exchange file, and one put aside for a person to look at");
-    QFile torn(store::exchange_path(company.tree.settings, 1));
-    ASSERT_TRUE(torn.open(QIODevice::WriteOnly) && torn.write("torn") == 4);
-    torn.close();
+    support::put_bytes(store::exchange_path(company.tree.settings, 1), "torn");
     opens_at_once("a file that the manager can't read either");
     EXPECT_TRUE(company.host.started.isEmpty());
 }
