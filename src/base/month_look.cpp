@@ -18,4 +18,17 @@ void show_date(Sheet& sheet, int row, QDate date) {
         sheet.setFore(row, 1, saturday_fore);
 }
 
+void show_holidays(Sheet& sheet, const CompanyMonth& month, const OwnHolidays& own) {
+    for (int row = 1; row <= month.length(); ++row) {
+        const QString name = holiday_name(month.day(row), own);
+        if (name.isEmpty())
+            continue;
+        for (const int col : {0, 1}) {
+            sheet.setTip(row, col, name);
+            if (col == 0 || !sheet.look(row, col).fore)
+                sheet.setFore(row, col, sunday_fore);
+        }
+    }
+}
+
 } // namespace base

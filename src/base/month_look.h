@@ -3,9 +3,9 @@
 // How the sheet of a month looks wherever one is shown: the characters and colours of the weekdays, the colour of the
 // totals.
 
+#include "base/company_month.h"
+#include "base/public_holidays.h"
 #include "base/sheet.h"
-
-#include <QDate>
 
 namespace base {
 
@@ -25,5 +25,9 @@ QString weekday_text(qint64 weekday);
 /// Writes a date's day of the month and the character of its weekday, Sunday and Saturday in their colours, into the
 /// first two cells of a row.
 void show_date(Sheet& sheet, int row, QDate date);
+
+/// Shows the month's holidays on its dates: the day of the month red, its weekday too where it has no colour of its
+/// own, and the holiday's name as the tip of both.
+void show_holidays(Sheet& sheet, const CompanyMonth& month, const OwnHolidays& own);
 
 } // namespace base

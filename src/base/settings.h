@@ -3,6 +3,7 @@
 // The run-time settings: what start-up reads once and every floor reads afterwards.
 // A plain struct that includes nothing of the project, so that any floor may take it by reference.
 
+#include <QMap>
 #include <QString>
 #include <array>
 
@@ -28,6 +29,9 @@ struct Settings {
     QString info_server;     ///< host of the news, empty: none is fetched
     int forward_date = 0;    ///< days ahead that the short date entry still takes for this month
     int month_start_day = 1; ///< first day of the company month, 1 to 31
+
+    /// The company's own days off by date number, or by month and day (mmdd) where they return each year: the names.
+    QMap<int, QString> own_holidays;
 
     /// The era table, the newest era at index 0. Days are yyyymmdd; unused elements stay 0 and empty.
     std::array<int, era_count> era_start{};

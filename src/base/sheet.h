@@ -28,6 +28,7 @@ struct CellLook {
     std::optional<Rgb> fore;
     std::optional<Alignment> alignment;
     bool dot = false; ///< a round mark at the cell's right edge: something of it waits
+    QString tip{};    ///< what is said of the cell beside its text; empty for nothing
 };
 
 enum class SortOrder {
@@ -87,6 +88,7 @@ public:
     void setFore(int row, int col, Rgb colour);
     void setAlignment(int row, int col, Alignment alignment);
     void setDot(int row, int col, bool dot);
+    void setTip(int row, int col, const QString& tip);
 
     /// Empties every cell and takes all looks, sizes and alignments back to their defaults; rows, columns and fixed
     /// counts stay.

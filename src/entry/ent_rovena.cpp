@@ -2,6 +2,7 @@
 
 #include "base/era.h"
 #include "base/literals.h"
+#include "base/month_look.h"
 #include "base/numbers.h"
 #include "entry/day_kinds.h"
 #include "entry/employees.h"
@@ -70,6 +71,7 @@ void ent_rovena::リスト初期設定() {
 
 void ent_rovena::書式設定() {
     entry::書式設定(sheet, month_in_boxes().value_or(sheet.month));
+    show_holidays(sheet.hyou, sheet.month, m_session.settings.own_holidays);
     show_month();
 }
 

@@ -4,6 +4,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "common/own_holidays.h"
 #include "frame/error_list.h"
 #include "frame/exchange_files.h"
 #include "frame/info.h"
@@ -28,6 +29,7 @@ Start stg::Form_Activate(const std::function<void(Start)>& show) {
     load_eras();
     const auto first_start = store::初期セットアップ(m_settings);
     store::db追加_テーブル(m_settings, m_session.tables);
+    m_settings.own_holidays = common::read_own_holidays(m_session.tables);
     if (m_settings.use_class != 2)
         remake_exchange_files();
     const Start start = first_start ? Start::fir_start : Start::mainform;

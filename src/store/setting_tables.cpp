@@ -10,7 +10,9 @@ using namespace base;
 
 namespace {
 
-enum class Task { Read, Change, Add };
+enum class Task { Read, Change, Add, List, Remove };
+
+constexpr QChar behind_any_text(0xFFFD);
 
 /// The statements differ in the table's name alone, and only these three tables are of this shape.
 std::string sql_for(Task task, const QString& table) {
@@ -21,6 +23,10 @@ std::string sql_for(Task task, const QString& table) {
         return "select データ from " + name + " where 項目名=? order by rowid limit 1";
     if (task == Task::Change)
         return "update " + name + " set データ=? where 項目名=?";
+    if (task == Task::List)
+        return "select 項目名, データ from " + name + " where 項目名>? and 項目名<? order by 項目名, rowid desc";
+    if (task == Task::Remove)
+        return "delete from " + name + " where 項目名=?";
     return "insert into " + name + " (データ, 項目名) values (?, ?)";
 }
 
@@ -47,11 +53,29 @@ QString OpenSettings::設定読込(const QString& key) {
 void OpenSettings::設定書込(const QString& key, const QString& value) {
     if (key.isEmpty())
         return;
-    if (!m_writes)
-        m_writes.emplace(m_database);
+    begin_writes();
     m_database.prepare(sql_for(Task::Change, m_table)).bind(value, key).run();
     if (m_database.changes() == 0)
         m_database.prepare(sql_for(Task::Add, m_table)).bind(value, key).run();
+}
+
+QMap<QString, QString> OpenSettings::beginning_with(const QString& start) {
+    QMap<QString, QString> found;
+    Statement list = m_database.prepare(sql_for(Task::List, m_table));
+    list.bind(start, start + behind_any_text);
+    while (list.step())
+        found.insert(list.row().text(0), list.row().text(1));
+    return found;
+}
+
+void OpenSettings::remove(const QString& key) {
+    begin_writes();
+    m_database.prepare(sql_for(Task::Remove, m_table)).bind(key).run();
+}
+
+void OpenSettings::begin_writes() {
+    if (!m_writes)
+        m_writes.emplace(m_database);
 }
 
 void OpenSettings::commit() {

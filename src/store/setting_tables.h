@@ -5,6 +5,7 @@
 #include "base/settings.h"
 #include "store/database.h"
 
+#include <QMap>
 #include <optional>
 
 namespace store {
@@ -16,10 +17,14 @@ class OpenSettings {
 public:
     QString 設定読込(const QString& key);
     void 設定書込(const QString& key, const QString& value);
+    /// Every key that begins so and goes on, with its value.
+    QMap<QString, QString> beginning_with(const QString& start);
+    void remove(const QString& key); ///< nothing where there is no such key
     void commit();
 
 private:
     friend class SettingTables;
+    void begin_writes();
     OpenSettings(const QString& table, const base::Settings& settings);
 
     QString m_table;

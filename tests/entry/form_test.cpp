@@ -42,6 +42,9 @@ TEST_F(Form, OpensOnTheCurrentMonthWithItsListsFilled) {
     EXPECT_EQ(hyou(1, 0) + hyou(1, 1) + hyou(31, 0) + hyou(31, 1), u"1金31日"_s);
     EXPECT_EQ(hyou.look(2, 1).fore, saturday_fore);
     EXPECT_EQ(hyou.look(3, 1).fore, sunday_fore);
+    EXPECT_EQ(hyou.look(11, 0).tip, u"体育の日"_s);
+    EXPECT_EQ(hyou.look(11, 1).fore, sunday_fore) << "a Monday";
+    EXPECT_FALSE(hyou.look(3, 0).fore) << "a Sunday's date stays black";
 }
 
 TEST_F(Form, TheLastKindWithTheStandardMarkIsTheDefaultOfItsFamily) {

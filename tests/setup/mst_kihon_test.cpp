@@ -2,6 +2,7 @@
 
 #include "base/keys.h"
 #include "setup/company.h"
+#include "setup/own_holidays.h"
 #include "store/error.h"
 
 namespace setup {
@@ -117,6 +118,25 @@ TEST_F(BasicSettings, EnterLeadsFromOneOffsetToTheOther) {
     EXPECT_EQ(form.focus, std::nullopt);
     EXPECT_TRUE(form.atai_KeyDown(mst_kihon::offset_y, key::enter));
     EXPECT_EQ(form.focus, (frame::Focus{frame::Control::Atai, mst_kihon::offset_x}));
+}
+
+TEST_F(BasicSettings, TheCompanysOwnHolidaysAreLinesThatAreReadBackAsTheyAreMeant) {
+    own_holidays form(session);
+    form.lines = u"１２/２９ ～ 1/3 年末年始\n\n2026/9/30 棚卸, 全社\n8/13-8/14\n2026/9/31 ない日\n5/1～7/1 長すぎ"_s;
+    EXPECT_FALSE(form.register_Click());
+    EXPECT_EQ(form.msglab, u"読み取れない行があります。「2026/9/31 ない日」「5/1～7/1 長すぎ」"_s);
+    EXPECT_TRUE(tree.settings.own_holidays.isEmpty()) << "nothing of it is stored";
+    form.lines.truncate(form.lines.indexOf(u"2026/9/31"_s));
+    EXPECT_TRUE(form.register_Click());
+    EXPECT_EQ(tree.settings.own_holidays.value(103), u"年末年始"_s);
+    form.Form_Load();
+    EXPECT_EQ(form.lines, u"1/1～1/3 年末年始\n8/13～8/14 休業日\n12/29～12/31 年末年始\n2026/9/30 棚卸, 全社\n"_s);
+    form.lines = u"2026/9/30 棚卸"_s;
+    host.answers = {platform::Answer::No};
+    EXPECT_FALSE(form.may_leave()) << "the person is asked, and stays";
+    form.register_Click();
+    EXPECT_EQ(rows("select 項目名, データ from rov_kihon where 項目名 like '会社休日%'"),
+        QStringList{u"会社休日20260930|棚卸"_s});
 }
 
 } // namespace setup

@@ -85,8 +85,11 @@ void 書式設定_出勤明細一覧(Report& report, const frame::Session& sessi
     for (int col = 0; col < hyou.Cols(); ++col)
         hyou.setBack(total_row, col, total_back);
     const auto month = chosen_month(report.conditions, session);
-    for (int row = 1; month && row <= month->length(); ++row)
+    if (!month)
+        return;
+    for (int row = 1; row <= month->length(); ++row)
         show_date(hyou, row, month->day(row));
+    show_holidays(hyou, *month, session.settings.own_holidays);
 }
 
 Outcome 集計_出勤明細表(Report& report, Work& work) {

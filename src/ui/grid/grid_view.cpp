@@ -249,11 +249,20 @@ bool GridView::viewportEvent(QEvent* event) {
     const GridGeometry geometry = geometry_in(viewport()->size());
     const auto cell = geometry.cell_at(help->pos());
     const QRect rect = cell ? geometry.rect(*cell) : QRect();
-    if (cell && is_cut(m_sheet(cell->row, cell->col), cell_font(font(), rect.height()), rect.width()))
-        QToolTip::showText(help->globalPos(), m_sheet(cell->row, cell->col), viewport(), rect);
-    else
+    const QString tip = cell ? tip_of(*cell, rect) : QString();
+    if (tip.isEmpty())
         QToolTip::hideText();
+    else
+        QToolTip::showText(help->globalPos(), tip, viewport(), rect);
     return true;
+}
+
+/// What the sheet says of the cell; else its text where that can't be read whole.
+QString GridView::tip_of(base::Cell cell, const QRect& rect) const {
+    const QString& text = m_sheet(cell.row, cell.col);
+    if (const QString tip = m_sheet.look(cell.row, cell.col).tip; !tip.isEmpty())
+        return tip;
+    return is_cut(text, cell_font(font(), rect.height()), rect.width()) ? text : QString();
 }
 
 } // namespace ui

@@ -85,6 +85,7 @@ protected:
 private:
     GridGeometry geometry_in(QSize view) const;
     double pixels_per_twip() const;
+    QString tip_of(base::Cell cell, const QRect& rect) const;
     bool move_cursor(int key);
     int first_col() const;
     void update_scroll_bars();

@@ -1,12 +1,14 @@
 #include "ui/pages/mst_kihon_page.h"
 
 #include "base/literals.h"
+#include "ui/pages/own_holidays_panel.h"
 #include "ui/pages/printer_box.h"
 #include "ui/parts/colours.h"
 #include "ui/parts/panel.h"
 #include "ui/parts/radio_group.h"
 
 #include <QGridLayout>
+#include <QPushButton>
 
 namespace ui {
 
@@ -65,8 +67,8 @@ QLabel* notice(QWidget* parent) {
 } // namespace
 
 mst_kihon_page::mst_kihon_page(frame::Session& session, QWidget* parent)
-    : MasterPage(session, {u"mst_kihon", Form::caption}, MasterButtons::LeaveAndRegister, parent), m_form(session),
-      m_waseireki(radio_group(*this, Form::waseireki_captions)), m_msglab(master_note(this)) {
+    : MasterPage(session, {u"mst_kihon", Form::caption}, MasterButtons::LeaveAndRegister, parent), m_session(session),
+      m_form(session), m_waseireki(radio_group(*this, Form::waseireki_captions)), m_msglab(master_note(this)) {
     m_form.Form_Load();
     auto* column = new QVBoxLayout;
     column->setSpacing(14);
@@ -89,6 +91,7 @@ QWidget* mst_kihon_page::make_shared() {
                                              master_label(Form::first_day_notes[0], panel)}));
     rows.add({}, in_a_row({master_label(Form::first_day_notes[1], panel)}));
     rows.add({}, in_a_row({m_in_force = notice(panel)}));
+    rows.add(setup::own_holidays::caption, in_a_row({make_own_holidays(panel)}));
     return panel;
 }
 
@@ -112,6 +115,13 @@ QLayout* mst_kihon_page::make_waseireki() {
     connect(m_waseireki, &QButtonGroup::idClicked, this,
         [this](int element) { act([&] { m_form.waseireki_Click(element); }); });
     return in_a_row(*m_waseireki);
+}
+
+/// Registers by itself: the button of the page has nothing to do with it.
+QPushButton* mst_kihon_page::make_own_holidays(QWidget* parent) {
+    auto* button = new QPushButton(u"休日を登録する…"_s, parent);
+    connect(button, &QPushButton::clicked, this, [this] { OwnHolidaysPanel(m_session, this).exec(); });
+    return button;
 }
 
 FieldBox* mst_kihon_page::make_atai(int element, QStringView name) {

@@ -10,6 +10,7 @@
 #include <QCheckBox>
 
 class QGridLayout;
+class QPushButton;
 
 namespace ui {
 
@@ -35,8 +36,10 @@ private:
     QWidget* make_shared();
     QWidget* make_of_this_pc();
     QLayout* make_waseireki();
+    QPushButton* make_own_holidays(QWidget* parent);
     FieldBox* make_atai(int element, QStringView name);
 
+    frame::Session& m_session;
     setup::mst_kihon m_form;
     std::array<FieldBox*, setup::mst_kihon::element_count> m_atai{}; ///< null for the hidden mirrors
     QButtonGroup* m_waseireki;
