@@ -30,8 +30,8 @@ entry::MonthSheet full_sheet() {
     書式設定(sheet, CompanyMonth(2026, 10, 1));
     書式設定_日(sheet);
     const int first_column = sheet.hyou.Cols();
-    sheet.hyou.setCols(first_column + categories);
-    sheet.hyou_day.setCols(entry::strip::first_kind + categories);
+    sheet.hyou.SetCols(first_column + categories);
+    sheet.hyou_day.SetCols(entry::strip::first_kind + categories);
     for (int i = 0; i < categories; ++i) {
         sheet.hyou(entry::row::category_number, first_column + i) = digits(i + 1);
         sheet.hyou_day(entry::strip::tag, entry::strip::first_kind + i) = digits(i + 1);

@@ -37,7 +37,7 @@ entry::MonthSheet typed_month() {
     書式設定(sheet, month);
     書式設定_日(sheet);
     sheet.category_list = {{1, u"普通"_s}};
-    sheet.hyou.setCols(entry::col::first_category + 1);
+    sheet.hyou.SetCols(entry::col::first_category + 1);
     sheet.hyou(entry::row::category_number, entry::col::first_category) = u"1"_s;
     for (auto& weekday : sheet.band_table)
         weekday[1] = {.start = minutes(510), .end = minutes(1050), .category = 1};

@@ -58,7 +58,7 @@ std::optional<Cell> next_cell(const Sheet& sheet, const CellRoutes& routes, Cell
 }
 
 bool in_view(const Sheet& sheet, Cell cell, int view_width, int view_height) {
-    return sheet.contains(cell.row, cell.col) &&
+    return sheet.Contains(cell.row, cell.col) &&
            reaches(cell.row, sheet.FixedRows(), sheet.TopRow(), view_height,
                [&](int row) { return sheet.RowHeight(row); }) &&
            reaches(

@@ -13,9 +13,9 @@ void show_date(Sheet& sheet, int row, QDate date) {
     sheet(row, 0) = digits(date.day());
     sheet(row, 1) = weekday_text(weekday);
     if (weekday == sunday)
-        sheet.setFore(row, 1, sunday_fore);
+        sheet.SetCellFore(row, 1, sunday_fore);
     if (weekday == saturday)
-        sheet.setFore(row, 1, saturday_fore);
+        sheet.SetCellFore(row, 1, saturday_fore);
 }
 
 void show_holidays(Sheet& sheet, const CompanyMonth& month, const OwnHolidays& own) {
@@ -25,8 +25,8 @@ void show_holidays(Sheet& sheet, const CompanyMonth& month, const OwnHolidays& o
             continue;
         for (const int col : {0, 1}) {
             sheet.setTip(row, col, name);
-            if (col == 0 || !sheet.look(row, col).fore)
-                sheet.setFore(row, col, sunday_fore);
+            if (col == 0 || !sheet.Look(row, col).fore)
+                sheet.SetCellFore(row, col, sunday_fore);
         }
     }
 }

@@ -46,24 +46,24 @@ int last_with_size(const QList<int>& sizes) {
 } // namespace
 
 Sheet::Sheet(int rows, int cols) {
-    setCols(cols);
-    setRows(rows);
+    SetCols(cols);
+    SetRows(rows);
 }
 
 qsizetype Sheet::at(int row, int col) const {
-    Q_ASSERT_X(contains(row, col), "Sheet", "cell outside the sheet");
+    Q_ASSERT_X(Contains(row, col), "Sheet", "cell outside the sheet");
     return qsizetype(row) * Cols() + col;
 }
 
-void Sheet::setRows(int rows) {
+void Sheet::SetRows(int rows) {
     if (rows < Rows())
         m_looks.removeIf([rows](auto it) { return it.key() >> 32 >= rows; });
     m_row_heights.resize(rows, default_row_height);
     m_cells.resize(qsizetype(rows) * Cols());
-    setCursor(m_cursor);
+    SetCursor(m_cursor);
 }
 
-void Sheet::setCols(int cols) {
+void Sheet::SetCols(int cols) {
     if (cols == Cols())
         return;
     QList<QString> cells(qsizetype(Rows()) * cols);
@@ -75,64 +75,60 @@ void Sheet::setCols(int cols) {
     m_col_widths.resize(cols, default_col_width);
     m_col_alignments.resize(cols, Alignment::Left);
     m_looks.removeIf([cols](auto it) { return (it.key() & 0xffffffff) >= cols; });
-    setCursor(m_cursor);
+    SetCursor(m_cursor);
 }
 
-void Sheet::setFixed(int rows, int cols) {
+void Sheet::SetFixed(int rows, int cols) {
     m_fixed_rows = rows;
     m_fixed_cols = cols;
-    setTopLeft(std::max(m_top_row, rows), std::max(m_left_col, cols));
+    SetTopLeft(std::max(m_top_row, rows), std::max(m_left_col, cols));
 }
 
-void Sheet::setRow(int row) {
-    setCursor({row, m_cursor.col});
+void Sheet::SetRow(int row) {
+    SetCursor({row, m_cursor.col});
 }
 
-void Sheet::setCol(int col) {
-    setCursor({m_cursor.row, col});
+void Sheet::SetCol(int col) {
+    SetCursor({m_cursor.row, col});
 }
 
-void Sheet::setCursor(Cell cell) {
+void Sheet::SetCursor(Cell cell) {
     m_cursor = {std::clamp(cell.row, 0, std::max(0, Rows() - 1)), std::clamp(cell.col, 0, std::max(0, Cols() - 1))};
 }
 
-void Sheet::setTopLeft(int top_row, int left_col) {
+void Sheet::SetTopLeft(int top_row, int left_col) {
     m_top_row = top_row;
     m_left_col = left_col;
 }
 
-CellLook Sheet::look(int row, int col) const {
+CellLook Sheet::Look(int row, int col) const {
     return m_looks.value(look_key(row, col));
 }
 
-Alignment Sheet::alignment(int row, int col) const {
-    return look(row, col).alignment.value_or(m_col_alignments[col]);
+Alignment Sheet::CellAlignment(int row, int col) const {
+    return Look(row, col).alignment.value_or(m_col_alignments[col]);
 }
 
 CellLook& Sheet::look_of(int row, int col) {
-    Q_ASSERT_X(contains(row, col), "Sheet", "cell outside the sheet");
+    Q_ASSERT_X(Contains(row, col), "Sheet", "cell outside the sheet");
     return m_looks[look_key(row, col)];
 }
 
-void Sheet::setBack(int row, int col, Rgb colour) {
+void Sheet::SetCellBack(int row, int col, Rgb colour) {
     look_of(row, col).back = colour;
 }
 
-void Sheet::setFore(int row, int col, Rgb colour) {
+void Sheet::SetCellFore(int row, int col, Rgb colour) {
     look_of(row, col).fore = colour;
 }
 
-void Sheet::setAlignment(int row, int col, Alignment alignment) {
+void Sheet::SetCellAlignment(int row, int col, Alignment alignment) {
     look_of(row, col).alignment = alignment;
 }
 
-void Sheet::setDot(int row, int col, bool dot) {
-    if (look(row, col).dot != dot)
+void Sheet::SetCellDot(int row, int col, bool dot) {
+    if (Look(row, col).dot != dot)
         look_of(row, col).dot = dot;
-}
-
-void Sheet::setTip(int row, int col, const QString& tip) {
-    look_of(row, col).tip = tip;
 }
 
 void Sheet::Clear() {
@@ -169,15 +165,15 @@ void Sheet::take_rows(const QList<int>& rows) {
     m_cells.swap(sorted);
 }
 
-int Sheet::last_row() const {
+int Sheet::LastRow() const {
     return last_with_size(m_row_heights);
 }
 
-int Sheet::last_col() const {
+int Sheet::LastCol() const {
     return last_with_size(m_col_widths);
 }
 
-int Sheet::visible_rows(int view_height) const {
+int Sheet::VisibleRows(int view_height) const {
     int sum = 0;
     for (int row = 0; row < Rows(); ++row) {
         sum += m_row_heights[row];
@@ -187,7 +183,7 @@ int Sheet::visible_rows(int view_height) const {
     return Rows();
 }
 
-int Sheet::visible_cols(int view_width) const {
+int Sheet::VisibleCols(int view_width) const {
     int sum = std::accumulate(m_col_widths.begin(), m_col_widths.begin() + m_fixed_cols, 0);
     for (int col = m_left_col; col < Cols(); ++col) {
         sum += m_col_widths[col];

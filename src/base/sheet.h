@@ -3,8 +3,11 @@
 // Sheet: a table of text cells that serves both as what a grid shows and as working memory. It knows no widget.
 //
 // Cells are addressed (row, column) from 0. Reading or writing outside the sheet is a programming fault (assert);
-// a rule that could run past the edge asks contains() first. A resize keeps the cells that remain and adds empty ones.
+// a rule that could run past the edge asks Contains() first. A resize keeps the cells that remain and adds empty ones.
 // Sizes are in twips (15 to a pixel at 96 dpi); a row or column of size 0 is hidden.
+//
+// The members have the names by which every screen's rules speak of a grid (`Rows`, `TopRow`, `ColWidth`, `Sort`), and
+// all others are written like them, with Set before what is set.
 
 #include <QHash>
 #include <QList>
@@ -28,7 +31,6 @@ struct CellLook {
     std::optional<Rgb> fore;
     std::optional<Alignment> alignment;
     bool dot = false; ///< a round mark at the cell's right edge: something of it waits
-    QString tip{};    ///< what is said of the cell beside its text; empty for nothing
 };
 
 enum class SortOrder {
@@ -52,43 +54,42 @@ public:
 
     int Rows() const { return static_cast<int>(m_row_heights.size()); }
     int Cols() const { return static_cast<int>(m_col_widths.size()); }
-    void setRows(int rows);
-    void setCols(int cols);
+    void SetRows(int rows);
+    void SetCols(int cols);
 
     /// The heading rows and columns that don't scroll and take no cursor.
     int FixedRows() const { return m_fixed_rows; }
     int FixedCols() const { return m_fixed_cols; }
-    void setFixed(int rows, int cols);
+    void SetFixed(int rows, int cols);
 
     QString& operator()(int row, int col) { return m_cells[at(row, col)]; }
     const QString& operator()(int row, int col) const { return m_cells[at(row, col)]; }
-    bool contains(int row, int col) const { return row >= 0 && row < Rows() && col >= 0 && col < Cols(); }
+    bool Contains(int row, int col) const { return row >= 0 && row < Rows() && col >= 0 && col < Cols(); }
 
     /// The cursor. It may be set to any cell of the sheet; a resize holds it inside.
     int Row() const { return m_cursor.row; }
     int Col() const { return m_cursor.col; }
-    void setRow(int row);
-    void setCol(int col);
-    void setCursor(Cell cell);
+    void SetRow(int row);
+    void SetCol(int col);
+    void SetCursor(Cell cell);
 
     /// The first scrolled row and column in view.
     int TopRow() const { return m_top_row; }
     int LeftCol() const { return m_left_col; }
-    void setTopLeft(int top_row, int left_col);
+    void SetTopLeft(int top_row, int left_col);
 
     int RowHeight(int row) const { return m_row_heights[row]; }
-    void setRowHeight(int row, int twips) { m_row_heights[row] = twips; }
+    void SetRowHeight(int row, int twips) { m_row_heights[row] = twips; }
     int ColWidth(int col) const { return m_col_widths[col]; }
-    void setColWidth(int col, int twips) { m_col_widths[col] = twips; }
-    void setColAlignment(int col, Alignment alignment) { m_col_alignments[col] = alignment; }
+    void SetColWidth(int col, int twips) { m_col_widths[col] = twips; }
+    void SetColAlignment(int col, Alignment alignment) { m_col_alignments[col] = alignment; }
 
-    CellLook look(int row, int col) const;
-    Alignment alignment(int row, int col) const;
-    void setBack(int row, int col, Rgb colour);
-    void setFore(int row, int col, Rgb colour);
-    void setAlignment(int row, int col, Alignment alignment);
-    void setDot(int row, int col, bool dot);
-    void setTip(int row, int col, const QString& tip);
+    CellLook Look(int row, int col) const;
+    Alignment CellAlignment(int row, int col) const;
+    void SetCellBack(int row, int col, Rgb colour);
+    void SetCellFore(int row, int col, Rgb colour);
+    void SetCellAlignment(int row, int col, Alignment alignment);
+    void SetCellDot(int row, int col, bool dot);
 
     /// Empties every cell and takes all looks, sizes and alignments back to their defaults; rows, columns and fixed
     /// counts stay.
@@ -99,12 +100,12 @@ public:
     void Sort(int col, SortOrder order);
 
     /// The last row or column with a size above 0, row and column 0 apart; 0 if there is none.
-    int last_row() const; ///< `Fn_lastRows`
-    int last_col() const; ///< `Fn_lastCols`
+    int LastRow() const; ///< `Fn_lastRows`
+    int LastCol() const; ///< `Fn_lastCols`
 
     /// The last row or column that fits a view of the given size in twips; Rows or Cols where everything fits.
-    int visible_rows(int view_height) const; ///< `Fn_VisibleRows`
-    int visible_cols(int view_width) const;  ///< `Fn_VisibleCols`
+    int VisibleRows(int view_height) const; ///< `Fn_VisibleRows`
+    int VisibleCols(int view_width) const;  ///< `Fn_VisibleCols`
 
 private:
     qsizetype at(int row, int col) const;

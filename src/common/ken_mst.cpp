@@ -97,15 +97,15 @@ void ken_mst::書式設定_抽出リスト() {
 void ken_mst::書式設定_五十音() {
     const SyllabaryPage& page = syllabary()[m_page];
     hyou_go.Clear();
-    hyou_go.setFixed(0, 0);
+    hyou_go.SetFixed(0, 0);
     for (int row = 0; row < hyou_go.Rows(); ++row)
-        hyou_go.setRowHeight(row, kana_row_height);
+        hyou_go.SetRowHeight(row, kana_row_height);
     for (int col = 0; col < hyou_go.Cols(); ++col) {
-        hyou_go.setColWidth(col, col < kana_a_line ? kana_col_width : 0);
-        hyou_go.setColAlignment(col, Alignment::Center);
+        hyou_go.SetColWidth(col, col < kana_a_line ? kana_col_width : 0);
+        hyou_go.SetColAlignment(col, Alignment::Center);
         for (int row = 1; row < hyou_go.Rows(); ++row) {
             hyou_go(row, col) = page.head({row, col});
-            hyou_go.setBack(row, col, head_back);
+            hyou_go.SetCellBack(row, col, head_back);
         }
     }
     open_line({1, 0});
@@ -122,15 +122,15 @@ void ken_mst::抽出処理() {
         if (!filter.takes(row))
             continue;
         if (filled == hyou.Rows())
-            hyou.setRows(2 * filled);
+            hyou.SetRows(2 * filled);
         hyou(filled, row_col) = digits(filled);
         hyou(filled, number_col) = row.text(0);
         hyou(filled, name_col) = row.text(1);
         hyou(filled, key_col) = row.text(4);
         ++filled;
     }
-    hyou.setRows(filled);
-    hyou.setCursor({filled > 1 ? 1 : 0, number_col});
+    hyou.SetRows(filled);
+    hyou.SetCursor({filled > 1 ? 1 : 0, number_col});
     to_list();
 }
 

@@ -166,8 +166,8 @@ std::optional<Cell> target_of(const base::Sheet& hyou, int key_code) {
 }
 
 bool in_view(const base::Sheet& hyou, Cell cell, int view_width, int view_height) {
-    return cell.col >= hyou.LeftCol() && cell.col <= hyou.visible_cols(view_width) && cell.row >= hyou.TopRow() &&
-           cell.row <= hyou.visible_rows(view_height);
+    return cell.col >= hyou.LeftCol() && cell.col <= hyou.VisibleCols(view_width) && cell.row >= hyou.TopRow() &&
+           cell.row <= hyou.VisibleRows(view_height);
 }
 
 QString& count_cell(base::Sheet& hyou_day) {
@@ -184,7 +184,7 @@ void 入力フォーム(MonthSheet& sheet, Editors& editors) {
 }
 
 void place_again(MonthSheet& sheet, Editors& editors) {
-    sheet.hyou.setCursor(sheet.entry_cell);
+    sheet.hyou.SetCursor(sheet.entry_cell);
     if (sheet.entry_cell.col == col::kind)
         place_kinds(sheet, editors);
     else
@@ -226,7 +226,7 @@ bool move_by_key(MonthSheet& sheet, Editors& editors, int key_code) {
     const auto target = target_of(sheet.hyou, key_code);
     if (!target)
         return false;
-    sheet.hyou.setCursor(*target);
+    sheet.hyou.SetCursor(*target);
     editors.notice.reset();
     commit(sheet, editors);
     入力フォーム(sheet, editors);
@@ -268,7 +268,7 @@ void follow_scroll(MonthSheet& sheet, Editors& editors, int view_width, int view
     editors.atai.visible = editors.atai.active && cell.row >= 2 && cell.row <= row::total &&
                            in_view(sheet.hyou, cell, view_width, view_height);
     if (editors.atai.visible)
-        sheet.hyou.setCursor(cell);
+        sheet.hyou.SetCursor(cell);
 }
 
 void type_count(base::Sheet& hyou_day, int character) {

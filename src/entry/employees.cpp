@@ -23,13 +23,13 @@ void 社員マスター全呼出(base::Sheet& hyou_syain, store::Database& datab
         if (number.isEmpty())
             continue;
         if (filled == hyou_syain.Rows())
-            hyou_syain.setRows(2 * filled);
+            hyou_syain.SetRows(2 * filled);
         hyou_syain(filled, number_column) = number;
         hyou_syain(filled, name_column) = Trim(employee.text(name_column));
         hyou_syain(filled, key_column) = digits(employee.number(key_column));
         ++filled;
     }
-    hyou_syain.setRows(filled);
+    hyou_syain.SetRows(filled);
     社員リストソート処理(hyou_syain, order);
 }
 
@@ -38,7 +38,7 @@ void 社員リストソート処理(base::Sheet& hyou_syain, common::EmployeeOrd
         hyou_syain.Sort(key_column, SortOrder::NumericAscending);
     else
         hyou_syain.Sort(number_column, SortOrder::GenericAscending);
-    hyou_syain.setCursor({0, hyou_syain.Cols() - 1});
+    hyou_syain.SetCursor({0, hyou_syain.Cols() - 1});
 }
 
 } // namespace entry

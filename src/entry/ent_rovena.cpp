@@ -110,9 +110,9 @@ void ent_rovena::社員選択処理() {
     m_draft.begin(sheet, employee);
     unloaded.dismiss();
     keep_draft();
-    sheet.hyou_day.setCursor({1, 0});
+    sheet.hyou_day.SetCursor({1, 0});
     hyou_day_shown = true;
-    sheet.hyou.setCursor(sheet.entry_cell);
+    sheet.hyou.SetCursor(sheet.entry_cell);
     m_history.begin(sheet, m_draft.beside_sheet());
     report(u"抽出終了"_s);
 }
@@ -192,14 +192,14 @@ void ent_rovena::hyou_Click(Cell cell) {
     if (cell.row < sheet.hyou.FixedRows())
         return;
     if (cell.col != col::kind)
-        cell = {std::min(cell.row, sheet.hyou.last_row()), std::min(cell.col, sheet.hyou.last_col())};
-    sheet.hyou.setCursor(cell);
+        cell = {std::min(cell.row, sheet.hyou.LastRow()), std::min(cell.col, sheet.hyou.LastCol())};
+    sheet.hyou.SetCursor(cell);
     入力フォーム(sheet, editors);
     keep_draft(UndoHistory::Step::Joins);
 }
 
 void ent_rovena::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {
-    sheet.hyou.setTopLeft(top_row, left_col);
+    sheet.hyou.SetTopLeft(top_row, left_col);
     follow_scroll(sheet, editors, view_width, view_height);
 }
 
@@ -259,7 +259,7 @@ void ent_rovena::kyucom_Click(int index) {
 }
 
 void ent_rovena::hyou_day_Click(int column) {
-    sheet.hyou_day.setCol(column);
+    sheet.hyou_day.SetCol(column);
 }
 
 void ent_rovena::hyou_day_KeyPress(int character) {

@@ -27,7 +27,7 @@ void ent_rovena::open_drafts() {
 
 void ent_rovena::mark_employees() {
     for (int r = hyou_syain.FixedRows(); r < hyou_syain.Rows(); ++r)
-        hyou_syain.setDot(r, 0, m_employees_with_drafts.contains(Val(hyou_syain(r, 2))));
+        hyou_syain.SetCellDot(r, 0, m_employees_with_drafts.contains(Val(hyou_syain(r, 2))));
 }
 
 /// Whoever has another month's draft keeps the dot when this month's is over.

@@ -40,7 +40,7 @@ void ent_rovena::step_employee(int step) {
         return say(u"最後の社員です"_s);
     atai_LostFocus();
     editors.notice.reset();
-    hyou_syain.setRow(to);
+    hyou_syain.SetRow(to);
     hyou_syain_Click(to);
     if (!syainsyscd.isEmpty())
         hyou_Click({row::first_day, col::clock_in});

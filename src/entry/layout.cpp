@@ -41,22 +41,22 @@ constexpr std::array strip_columns = [] {
 base::Sheet empty_record() {
     base::Sheet hyou_system(row::count, 4);
     for (int column = 0; column <= 2; ++column)
-        hyou_system.setColWidth(column, 800);
+        hyou_system.SetColWidth(column, 800);
     return hyou_system;
 }
 
 void colour_total_row(base::Sheet& hyou) {
     for (int column = 0; column < hyou.Cols(); ++column)
-        hyou.setBack(row::total, column, total_back);
+        hyou.SetCellBack(row::total, column, total_back);
 }
 
 void set_rows(base::Sheet& hyou) {
     hyou(row::total, col::day) = u"合計"_s;
     hyou(row::category_number, col::day) = u"勤務TypeCD"_s;
     for (int r = row::total + 1; r < row::count; ++r)
-        hyou.setRowHeight(r, 0);
+        hyou.SetRowHeight(r, 0);
     for (int r = row::first_day; r <= row::last_day; ++r)
-        hyou.setBack(r, col::weekday, white);
+        hyou.SetCellBack(r, col::weekday, white);
     colour_total_row(hyou);
 }
 
@@ -74,7 +74,7 @@ void 書式設定(MonthSheet& sheet, const CompanyMonth& month) {
 
 void 書式設定_日(MonthSheet& sheet) {
     lay_out(sheet.hyou_day, strip_columns, 3);
-    sheet.hyou_day.setRowHeight(strip::tag, 0);
+    sheet.hyou_day.SetRowHeight(strip::tag, 0);
     sheet.hyou_day(strip::tag, strip::worked_column) = u"-1"_s;
     sheet.hyou_day(strip::tag, strip::unworked_column) = u"-2"_s;
 }
@@ -84,8 +84,8 @@ void 書式設定_社員(base::Sheet& hyou_syain) {
 }
 
 void format_strip_column(base::Sheet& hyou_day, int column) {
-    hyou_day.setColWidth(column, strip_width);
-    hyou_day.setColAlignment(column, Alignment::Center);
+    hyou_day.SetColWidth(column, strip_width);
+    hyou_day.SetColAlignment(column, Alignment::Center);
 }
 
 } // namespace entry

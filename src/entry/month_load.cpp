@@ -57,7 +57,7 @@ void trim_strip(base::Sheet& hyou_day) {
     while (last >= strip::first_kind && hyou_day(strip::name, last).isEmpty())
         --last;
     if (last >= 1)
-        hyou_day.setCols(last + 1);
+        hyou_day.SetCols(last + 1);
 }
 
 } // namespace entry

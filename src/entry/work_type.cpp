@@ -60,12 +60,12 @@ void read_schedule(MonthSheet& sheet, store::Database& database, WorkTypeKey typ
 }
 
 void show_kinds(base::Sheet& hyou_day, const QList<common::CountedKind>& kinds) {
-    hyou_day.setCols(static_cast<int>(kinds.size()) + strip::first_kind);
+    hyou_day.SetCols(static_cast<int>(kinds.size()) + strip::first_kind);
     int column = strip::first_kind;
     for (const common::CountedKind& kind : kinds) {
         hyou_day(strip::name, column) = kind.name;
         hyou_day(strip::tag, column) = kind.tag;
-        hyou_day.setBack(strip::name, column, kind.leave ? leave_back : holiday_work_back);
+        hyou_day.SetCellBack(strip::name, column, kind.leave ? leave_back : holiday_work_back);
         format_strip_column(hyou_day, column++);
     }
 }
@@ -73,14 +73,14 @@ void show_kinds(base::Sheet& hyou_day, const QList<common::CountedKind>& kinds) 
 void add_hours_column(base::Sheet& hyou, int column, const Category& category) {
     hyou(row::heading, column) = category.name;
     hyou(row::category_number, column) = digits(category.number);
-    hyou.setColWidth(column, category_width);
-    hyou.setColAlignment(column, Alignment::Center);
-    hyou.setBack(row::total, column, total_back);
+    hyou.SetColWidth(column, category_width);
+    hyou.SetColAlignment(column, Alignment::Center);
+    hyou.SetCellBack(row::total, column, total_back);
 }
 
 void add_count_column(base::Sheet& hyou_day, const Category& category) {
     const int column = hyou_day.Cols();
-    hyou_day.setCols(column + 1);
+    hyou_day.SetCols(column + 1);
     hyou_day(strip::name, column) = category.name;
     hyou_day(strip::tag, column) = digits(category.number);
     format_strip_column(hyou_day, column);
@@ -88,7 +88,7 @@ void add_count_column(base::Sheet& hyou_day, const Category& category) {
 
 void add_category_columns(MonthSheet& sheet) {
     int column = sheet.hyou.Cols();
-    sheet.hyou.setCols(column + static_cast<int>(sheet.category_list.size()));
+    sheet.hyou.SetCols(column + static_cast<int>(sheet.category_list.size()));
     for (const Category& category : sheet.category_list) {
         add_hours_column(sheet.hyou, column++, category);
         add_count_column(sheet.hyou_day, category);

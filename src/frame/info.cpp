@@ -63,9 +63,9 @@ void info::Form_Load() {
 
 void info::書式設定_インフォメーション() {
     hyou = Sheet(0, news_columns);
-    hyou.setColWidth(news_picture, picture_width);
-    hyou.setColWidth(news_text, text_width);
-    hyou.setColWidth(news_link, 0);
+    hyou.SetColWidth(news_picture, picture_width);
+    hyou.SetColWidth(news_text, text_width);
+    hyou.SetColWidth(news_link, 0);
 }
 
 void info::Shown() {
@@ -96,14 +96,14 @@ void info::keep_news(const QByteArray* file) {
 
 void info::show_news() {
     const QList<NewsItem> items = read_news(read_bounded(news_path(m_session.settings)));
-    hyou.setRows(0);
+    hyou.SetRows(0);
     for (const NewsItem& item : items) {
         if (hyou.Rows() > 0) {
-            hyou.setRows(hyou.Rows() + 1);
-            hyou.setRowHeight(hyou.Rows() - 1, space_between_items);
+            hyou.SetRows(hyou.Rows() + 1);
+            hyou.SetRowHeight(hyou.Rows() - 1, space_between_items);
         }
         const int row = hyou.Rows();
-        hyou.setRows(row + 1);
+        hyou.SetRows(row + 1);
         hyou(row, news_text) = item.text;
         hyou(row, news_link) = item.link;
         if (QFileInfo(picture_path(item.picture)).isFile())
@@ -134,7 +134,7 @@ void info::keep_picture(int row, const QString& name, const QByteArray* file) {
 }
 
 void info::drop_picture(int row) {
-    if (!hyou.contains(row, news_picture) || hyou(row, news_picture).isEmpty())
+    if (!hyou.Contains(row, news_picture) || hyou(row, news_picture).isEmpty())
         return;
     QFile::remove(hyou(row, news_picture));
     hyou(row, news_picture).clear();
@@ -166,7 +166,7 @@ void info::osirase_Click() {
 }
 
 bool info::is_link(int row) const {
-    return hyou.contains(row, news_link) && web_address(hyou(row, news_link)).has_value();
+    return hyou.Contains(row, news_link) && web_address(hyou(row, news_link)).has_value();
 }
 
 void info::hyou_Click(int row) {

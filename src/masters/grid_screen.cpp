@@ -9,12 +9,12 @@ void GridScreen::hyou_Click(base::Cell cell) {
 
 void GridScreen::move_to(base::Cell cell) {
     leave_cell();
-    hyou.setCursor(cell);
+    hyou.SetCursor(cell);
     入力フォーム();
 }
 
 void GridScreen::hyou_Scroll(int top_row, int left_col, int view_width, int view_height) {
-    hyou.setTopLeft(top_row, left_col);
+    hyou.SetTopLeft(top_row, left_col);
     follow(view_width, view_height);
 }
 

@@ -17,16 +17,16 @@ QString cell_text(const store::Row& row, int column, ListCell::Form form) {
 
 void fill_list(Sheet& list, store::Statement query, std::span<const ListCell> cells) {
     const Cell cursor{list.Row(), list.Col()};
-    list.setRows(list.FixedRows());
+    list.SetRows(list.FixedRows());
     int filled = list.FixedRows();
     for (; query.step(); ++filled) {
         if (filled == list.Rows())
-            list.setRows(2 * filled);
+            list.SetRows(2 * filled);
         for (int i = 0; i < std::ssize(cells); ++i)
             list(filled, cells[i].col) = cell_text(query.row(), i, cells[i].form);
     }
-    list.setRows(filled);
-    list.setCursor(cursor);
+    list.SetRows(filled);
+    list.SetCursor(cursor);
 }
 
 void fill_combo(ComboBox& combo, store::Statement query) {

@@ -102,7 +102,7 @@ void mst_kinjikan::書式設定() {
 
 void mst_kinjikan::書式設定_曜日() {
     lay_out(hyou_youbi, strip_columns, 1);
-    hyou_youbi.setFixed(0, 0);
+    hyou_youbi.SetFixed(0, 0);
     choose_day(monday);
 }
 
@@ -119,7 +119,7 @@ void mst_kinjikan::勤務種類リスト設定() {
 void mst_kinjikan::勤務タイプリスト表示() {
     auto rovdata = open_rovdata();
     fill_list(hyoulist, work_types(rovdata), list_cells);
-    hyoulist.setCursor({0, 1});
+    hyoulist.SetCursor({0, 1});
 }
 
 void mst_kinjikan::勤務タイプ表示() {
@@ -200,7 +200,7 @@ void mst_kinjikan::hyoulist_Click(int row) {
     if (busy || row < hyoulist.FixedRows() || row >= hyoulist.Rows())
         return;
     leave_cell();
-    hyoulist.setRow(row);
+    hyoulist.SetRow(row);
     const Sheet before = hyou;
     書式設定();
     try {
@@ -249,8 +249,8 @@ void mst_kinjikan::say(const QString& progress) {
 
 void mst_kinjikan::choose_day(int column) {
     for (int c = 0; c < hyou_youbi.Cols(); ++c)
-        hyou_youbi.setBack(0, c, c == column ? chosen_back : white);
-    hyou_youbi.setCol(column);
+        hyou_youbi.SetCellBack(0, c, c == column ? chosen_back : white);
+    hyou_youbi.SetCol(column);
     hyou_youbi_tag = column;
 }
 

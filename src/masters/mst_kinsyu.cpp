@@ -46,7 +46,7 @@ void mst_kinsyu::マスター呼出() {
     auto rovdata = open_rovdata();
     fill_list(
         hyou, rovdata.prepare("select システム番号, 種類名 from kinsyu order by システム番号 asc, rowid"), list_cells);
-    hyou.setRows(hyou.Rows() + 1);
+    hyou.SetRows(hyou.Rows() + 1);
 }
 
 void mst_kinsyu::入力フォーム() {
@@ -87,7 +87,7 @@ void mst_kinsyu::Form_Load() {
 }
 
 void mst_kinsyu::Form_Activate() {
-    hyou.setCursor({1, name_col});
+    hyou.SetCursor({1, name_col});
     入力フォーム();
     atai.hide();
 }
@@ -100,7 +100,7 @@ void mst_kinsyu::atai_Change(const QString& text) {
     const int row = atai.cell.row;
     const QString before = hyou(row, name_col);
     if (row == hyou.Rows() - 1 && !before.isEmpty())
-        hyou.setRows(hyou.Rows() + 1);
+        hyou.SetRows(hyou.Rows() + 1);
     if (!before.isEmpty() && before != name)
         hyou(row, mark_col) = u"1"_s;
     hyou(row, name_col) = name;
@@ -113,7 +113,7 @@ void mst_kinsyu::leave_cell() {
     try {
         マスター登録(atai.cell.row);
     } catch (...) {
-        hyou.setCursor(atai.cell);
+        hyou.SetCursor(atai.cell);
         入力フォーム();
         throw;
     }

@@ -89,7 +89,7 @@ void mst_kintype::Form_Load() {
     勤務タイプリスト表示();
     社員マスター全呼出();
     社員勤務種類マスター全呼出();
-    hyou.setCursor({hyou.FixedRows(), type_name_col});
+    hyou.SetCursor({hyou.FixedRows(), type_name_col});
 }
 
 void mst_kintype::follow(int view_width, int view_height) {

@@ -112,7 +112,7 @@ void mst_kyuka::Form_Load() {
 }
 
 void mst_kyuka::hyou_Click(int row) {
-    hyou.setRow(row);
+    hyou.SetRow(row);
     休暇リスト転記();
 }
 

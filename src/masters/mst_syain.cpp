@@ -47,7 +47,7 @@ void mst_syain::書式設定_社員リスト() {
 void mst_syain::社員マスター全呼出() {
     auto rovdata = open_rovdata();
     list_employees(hyou, rovdata, key_col, common::EmployeeOrder(sortlist));
-    hyou.setCursor({0, hyou.Cols() - 1});
+    hyou.SetCursor({0, hyou.Cols() - 1});
 }
 
 /// An employee that another PC has deleted meanwhile leaves the screen in the state for a new one.
@@ -55,13 +55,13 @@ void mst_syain::社員表示処理(qint64 number) {
     if (number == 0)
         return;
     画面クリア();
-    hyou_syain.setRows(0);
+    hyou_syain.SetRows(0);
     auto rovdata = open_rovdata();
     auto query = rovdata.prepare("select * from syain where システム番号=? order by rowid");
     if (!query.bind(number).step())
         return;
     const store::Row row = query.row();
-    hyou_syain.setRows(row.columns());
+    hyou_syain.SetRows(row.columns());
     for (int i = 0; i < row.columns(); ++i) {
         hyou_syain(i, 0) = row.name(i);
         hyou_syain(i, 1) = row.text(i);
@@ -109,8 +109,8 @@ void mst_syain::Form_Load() {
 }
 
 void mst_syain::hyou_Click(int row) {
-    if (hyou.contains(row, key_col)) {
-        hyou.setRow(row);
+    if (hyou.Contains(row, key_col)) {
+        hyou.SetRow(row);
         社員表示処理(Val(hyou(row, key_col)));
     }
     to_atai(number_field);

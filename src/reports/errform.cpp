@@ -37,7 +37,7 @@ void errform::Form_Load() {
         QString line = QString::fromUtf8(file.readLine());
         if (line.endsWith(u'\n'))
             line.chop(1);
-        hyou.setRows(hyou.Rows() + 1);
+        hyou.SetRows(hyou.Rows() + 1);
         hyou(hyou.Rows() - 1, 0) = message_of(line);
     }
 }

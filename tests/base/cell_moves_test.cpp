@@ -15,7 +15,7 @@ constexpr CellRoutes routes{arrows, enter};
 
 TEST(CellMoves, KeysLeadToTheNextCellThatTakesTheEditor) {
     Sheet sheet(4, 9);
-    sheet.setFixed(1, 1);
+    sheet.SetFixed(1, 1);
     const std::tuple<int, Cell, std::optional<Cell>> cases[] = {
         {key::enter, {1, 1}, Cell{1, 2}},
         {key::enter, {1, 2}, Cell{2, 1}},
@@ -37,8 +37,8 @@ TEST(CellMoves, KeysLeadToTheNextCellThatTakesTheEditor) {
 
 TEST(CellMoves, TheBoxFollowsItsCellWhileTheCellIsInView) {
     Sheet sheet(50, 3);
-    sheet.setFixed(1, 0);
-    sheet.setColWidth(2, 0);
+    sheet.SetFixed(1, 0);
+    sheet.SetColWidth(2, 0);
     const int height = 4 * Sheet::default_row_height;
     const int width = 2 * Sheet::default_col_width;
     CellEditor box;
@@ -47,12 +47,12 @@ TEST(CellMoves, TheBoxFollowsItsCellWhileTheCellIsInView) {
     box.place({20, 1}, {}, InputMethod::Off);
     const std::pair<int, bool> tops[] = {{1, false}, {17, false}, {18, true}, {20, true}, {21, false}};
     for (const auto& [top, visible] : tops) {
-        sheet.setTopLeft(top, 0);
+        sheet.SetTopLeft(top, 0);
         follow_scroll(sheet, box, width, height);
         EXPECT_EQ(box.visible, visible) << top;
         EXPECT_TRUE(box.active);
     }
-    sheet.setTopLeft(18, 0);
+    sheet.SetTopLeft(18, 0);
     EXPECT_FALSE(in_view(sheet, {20, 1}, width - 1, height));
     EXPECT_FALSE(in_view(sheet, {20, 2}, 10 * width, height)) << "hidden";
 }

@@ -31,24 +31,24 @@ TEST(Text, FixedFieldsArePaddedOrCutAndIdeographicSpacesStay) {
 TEST(Sheet, AResizeKeepsTheCellsThatRemain) {
     Sheet s(3, 2);
     s(2, 1) = u"x"_s;
-    s.setBack(2, 1, {1, 2, 3});
-    s.setCols(5);
-    s.setRows(6);
+    s.SetCellBack(2, 1, {1, 2, 3});
+    s.SetCols(5);
+    s.SetRows(6);
     EXPECT_EQ(s(2, 1), u"x"_s);
     EXPECT_EQ(s(5, 4), u""_s);
-    s.setCols(2);
-    s.setRows(3);
+    s.SetCols(2);
+    s.SetRows(3);
     EXPECT_EQ(s(2, 1), u"x"_s);
-    EXPECT_EQ(s.look(2, 1).back, (Rgb{1, 2, 3}));
-    s.setRows(2);
-    s.setRows(3);
+    EXPECT_EQ(s.Look(2, 1).back, (Rgb{1, 2, 3}));
+    s.SetRows(2);
+    s.SetRows(3);
     EXPECT_EQ(s(2, 1), u""_s);
-    EXPECT_FALSE(s.look(2, 1).back);
+    EXPECT_FALSE(s.Look(2, 1).back);
 }
 
 TEST(Sheet, SortingLeavesTheHeadingAndKeepsEqualRowsInOrder) {
     Sheet s(5, 2);
-    s.setFixed(1, 0);
+    s.SetFixed(1, 0);
     const QString rows[][2] = {
         {u"番号"_s, u""_s}, {u"10"_s, u"a"_s}, {u"9"_s, u"b"_s}, {u"x"_s, u"c"_s}, {u"9"_s, u"d"_s}};
     for (int r = 0; r < 5; ++r)
@@ -64,15 +64,14 @@ TEST(Sheet, SortingLeavesTheHeadingAndKeepsEqualRowsInOrder) {
 
 TEST(Sheet, HiddenRowsAreNotTheLastAndTheViewCutsAtItsSize) {
     Sheet s(5, 4);
-    s.setFixed(1, 1);
-    s.setRowHeight(4, 0);
-    s.setColWidth(3, 0);
-    EXPECT_EQ(s.last_row(), 3);
-    EXPECT_EQ(s.last_col(), 2);
-    EXPECT_EQ(s.visible_rows(Sheet::default_row_height * 3), 2) << "rows 0 to 2 fit; less the fixed one";
-    EXPECT_EQ(s.visible_rows(100000), 5);
-    s.setTopLeft(1, 2);
-    EXPECT_EQ(s.visible_cols(Sheet::default_col_width * 2), 4)
-        << "the fixed column and column 2; column 3 has no width";
-    EXPECT_EQ(s.visible_cols(Sheet::default_col_width), 1);
+    s.SetFixed(1, 1);
+    s.SetRowHeight(4, 0);
+    s.SetColWidth(3, 0);
+    EXPECT_EQ(s.LastRow(), 3);
+    EXPECT_EQ(s.LastCol(), 2);
+    EXPECT_EQ(s.VisibleRows(Sheet::default_row_height * 3), 2) << "rows 0 to 2 fit; less the fixed one";
+    EXPECT_EQ(s.VisibleRows(100000), 5);
+    s.SetTopLeft(1, 2);
+    EXPECT_EQ(s.VisibleCols(Sheet::default_col_width * 2), 4) << "the fixed column and column 2; column 3 has no width";
+    EXPECT_EQ(s.VisibleCols(Sheet::default_col_width), 1);
 }

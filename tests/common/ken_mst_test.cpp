@@ -84,9 +84,9 @@ TEST_F(KenMst, EnterGoesThroughTheBoxesAndSearchesInTheLast) {
     search.focus.reset();
     EXPECT_TRUE(search.kenatai_KeyDown(ken_mst::number_box, key::enter));
     EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Hyou}));
-    search.hyou.setRow(2);
+    search.hyou.SetRow(2);
     EXPECT_FALSE(search.hyou_KeyDown(key::up));
-    search.hyou.setRow(1);
+    search.hyou.SetRow(1);
     EXPECT_TRUE(search.hyou_KeyDown(key::up));
     EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Kenatai, ken_mst::name_box}));
 }

@@ -14,7 +14,7 @@ protected:
     QString standing() const {
         QString told = form->standing() + u' ';
         for (int r = 1; r < form->hyou_syain.Rows(); ++r)
-            told += form->hyou_syain.look(r, 0).dot ? u"●"_s : u"○"_s;
+            told += form->hyou_syain.Look(r, 0).dot ? u"●"_s : u"○"_s;
         return told + digits(drafts_waiting(company.tree.settings).months);
     }
 };

@@ -20,7 +20,7 @@ protected:
     }
 
     void go_to(int r, int column) {
-        sheet.hyou.setCursor({r, column});
+        sheet.hyou.SetCursor({r, column});
         commit(sheet, editors);
         入力フォーム(sheet, editors);
     }
@@ -77,17 +77,17 @@ TEST_F(Editing, OnlyDigitsAndBackspaceStandInATimeCellAndATypedKeyMarksTheDay) {
         {6, u'a', true, u"1"_s}, {6, u'直', true, u"1"_s}};
     for (const Case& c : cases) {
         sheet.mark(3).clear();
-        sheet.hyou.setCursor({3, c.column});
+        sheet.hyou.SetCursor({3, c.column});
         EXPECT_EQ(type_key(sheet, c.character), c.stands) << c.column << ' ' << c.character;
         EXPECT_EQ(sheet.mark(3), c.mark) << c.column << ' ' << c.character;
     }
 }
 
 TEST_F(Editing, TextInOnePieceLeavesItsDigitsInATimeCell) {
-    sheet.hyou.setCursor({3, 2});
+    sheet.hyou.SetCursor({3, 2});
     EXPECT_EQ(accept_text(sheet, u"時刻"_s) + sheet.mark(3), u""_s);
     EXPECT_EQ(accept_text(sheet, u"8:30分"_s) + sheet.mark(3), u"8302"_s);
-    sheet.hyou.setCursor({3, 6});
+    sheet.hyou.SetCursor({3, 6});
     EXPECT_EQ(accept_text(sheet, u"直行8"_s), u"直行8"_s);
 }
 
@@ -214,7 +214,7 @@ TEST_F(Editing, TheBoxFollowsItsCellWhileTheSheetScrollsAndKeepsItsTextOutOfSigh
     for (const Case& c : cases) {
         go_to(c.cell.row, c.cell.col);
         editors.atai.text = u"830"_s;
-        sheet.hyou.setTopLeft(c.top_row, c.left_col);
+        sheet.hyou.SetTopLeft(c.top_row, c.left_col);
         follow_scroll(sheet, editors, width, height);
         EXPECT_EQ(editors.atai.visible, c.visible) << c.cell.row << ',' << c.cell.col << " from " << c.left_col;
         commit(sheet, editors);
@@ -233,7 +233,7 @@ TEST_F(Editing, TheCountStripTakesDigitsItself) {
         {u"0"_s, 8, u""_s}, {u""_s, 8, u""_s}, {u""_s, u'-', u"-"_s}, {u"5"_s, u'-', u"5"_s}, {u"-"_s, u'5', u"-5"_s},
         {u"-"_s, 8, u""_s}, {u"-12"_s, 8, u"-1"_s}, {u"7"_s, u'x', u"7"_s}, {u"7"_s, 13, u"7"_s}};
     for (const Case& c : cases) {
-        sheet.hyou_day.setCursor({1, 3});
+        sheet.hyou_day.SetCursor({1, 3});
         sheet.hyou_day(strip::count, 3) = c.before;
         type_count(sheet.hyou_day, c.character);
         EXPECT_EQ(sheet.hyou_day(strip::count, 3), c.after) << c.before.toStdString() << ' ' << c.character;

@@ -40,11 +40,11 @@ TEST_F(Form, OpensOnTheCurrentMonthWithItsListsFilled) {
     EXPECT_EQ(form.syainsyscd, u""_s);
     const base::Sheet& hyou = form.sheet.hyou;
     EXPECT_EQ(hyou(1, 0) + hyou(1, 1) + hyou(31, 0) + hyou(31, 1), u"1金31日"_s);
-    EXPECT_EQ(hyou.look(2, 1).fore, saturday_fore);
-    EXPECT_EQ(hyou.look(3, 1).fore, sunday_fore);
-    EXPECT_EQ(hyou.look(11, 0).tip, u"体育の日"_s);
-    EXPECT_EQ(hyou.look(11, 1).fore, sunday_fore) << "a Monday";
-    EXPECT_FALSE(hyou.look(3, 0).fore) << "a Sunday's date stays black";
+    EXPECT_EQ(hyou.Look(2, 1).fore, saturday_fore);
+    EXPECT_EQ(hyou.Look(3, 1).fore, sunday_fore);
+    EXPECT_EQ(hyou.Look(11, 0).tip, u"体育の日"_s);
+    EXPECT_EQ(hyou.Look(11, 1).fore, sunday_fore) << "a Monday";
+    EXPECT_FALSE(hyou.Look(3, 0).fore) << "a Sunday's date stays black";
 }
 
 TEST_F(Form, TheLastKindWithTheStandardMarkIsTheDefaultOfItsFamily) {
@@ -138,7 +138,7 @@ TEST_F(Form, TypingOrClickingWithoutAnEmployeeIsRefusedWithAMessage) {
 
 TEST_F(Form, AClickBelowTheTotalOrBesideTheLastColumnIsCutBack) {
     choose(u"1"_s);
-    form.sheet.hyou.setColWidth(9, 0);
+    form.sheet.hyou.SetColWidth(9, 0);
     form.hyou_Click({38, 9});
     EXPECT_EQ(form.editors.atai.cell, (Cell{32, 8}));
     form.hyou_Click({0, 3});

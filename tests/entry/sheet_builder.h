@@ -38,8 +38,8 @@ inline MonthSheet month_sheet(const QList<int>& categories, int month = 3, int s
     sheet.kind_with_work = {u"3"_s, u"出勤"_s};
     const QStringList tags{u"s3"_s, u"s4"_s, u"k1"_s, u"k2"_s};
     const int strip_kinds = static_cast<int>(tags.size());
-    sheet.hyou_day.setCols(strip::first_kind + strip_kinds + static_cast<int>(categories.size()));
-    sheet.hyou.setCols(col::first_category + static_cast<int>(categories.size()));
+    sheet.hyou_day.SetCols(strip::first_kind + strip_kinds + static_cast<int>(categories.size()));
+    sheet.hyou.SetCols(col::first_category + static_cast<int>(categories.size()));
     for (int i = 0; i < strip_kinds; ++i)
         sheet.hyou_day(strip::tag, strip::first_kind + i) = tags[i];
     for (int i = 0; i < categories.size(); ++i) {

@@ -128,7 +128,7 @@ TEST_F(Categories, ARowThatCouldntBeWrittenStaysInHandAndTheScreenStaysWithIt) {
              },
              [this] { form.atai_KeyDown(key::up); }, [this] { form.atai_LostFocus(); }}) {
         form.focus.reset();
-        form.hyou.setCursor({1, mst_kinsyu::name_col});
+        form.hyou.SetCursor({1, mst_kinsyu::name_col});
         fails_without_rovdata(leave);
         EXPECT_FALSE(form.close_wanted);
         EXPECT_EQ(form.atai.text, u"夜勤"_s);

@@ -36,7 +36,7 @@ TEST_F(AttendanceDetail, AMonthShowsWhatIsStoredAndNoZeros) {
     EXPECT_EQ(cell(5, 7), u"有休"_s);
     EXPECT_EQ(row(report.hyou, total_row), u"合計|||8:00|1:00|160:30||||0:45"_s);
     EXPECT_EQ(row(report.hyou, detail::category_row), u"||||||||11|12"_s);
-    EXPECT_EQ(report.hyou.look(total_row, 9).back, total_back);
+    EXPECT_EQ(report.hyou.Look(total_row, 9).back, total_back);
     EXPECT_EQ(report.midasi[0], u"出勤明細一覧表  2004年 10月"_s);
     EXPECT_EQ(report.midasi[1], u"9:山田"_s);
     EXPECT_EQ(report.chulab, u"【9】山田"_s);
@@ -111,7 +111,7 @@ TEST_F(AttendanceDetail, AShortMonthLeavesItsLastRowsEmptyAndNoMonthAllOfThem) {
     report.conditions.yyyymm = {u"2004"_s, u"2"_s};
     書式設定_出勤明細一覧(report, session);
     EXPECT_EQ(cell(29, 0), u"29"_s);
-    EXPECT_EQ(report.hyou.look(29, 1).fore, sunday_fore);
+    EXPECT_EQ(report.hyou.Look(29, 1).fore, sunday_fore);
     EXPECT_EQ(cell(30, 0), u""_s);
     report.conditions.yyyymm = {u"2004"_s, u"13"_s};
     EXPECT_EQ(集計_出勤明細表(report, work), Outcome::Done);

@@ -14,8 +14,8 @@ struct Csv : Company {
         report.帳票番号 = 5;
         report.midasi = {u"表,題"_s, u"小"_s};
         report.hyou = support::sheet_of({{u"名", u"隠", u"計"}, {u"", u"x", u"12"}, {u"a\nb", u"y", u"1,234,5"}});
-        report.hyou.setColWidth(1, 0);
-        report.hyou.setRowHeight(1, 0);
+        report.hyou.SetColWidth(1, 0);
+        report.hyou.SetRowHeight(1, 0);
     }
 
     void write() {

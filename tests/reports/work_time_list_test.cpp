@@ -27,7 +27,7 @@ TEST_F(WorkTimeList, SumsARangeAnEmployeeWithTheTotalsOnTop) {
             u"||||||||||11|12"_s, u"|||合　　計|||2:30|187:00||||2:00"_s, u"1|1|9|山田|||1:30|160:30||||"_s,
             u"2|3||||||||||"_s, u"3|4|100|木村|||1:00|26:30||公休||2:00"_s}))
         << "田中 has leave but no attendance; the stored month's total doesn't count; employee 3 is gone";
-    EXPECT_EQ(report.hyou.look(times::total_row, 11).back, total_back);
+    EXPECT_EQ(report.hyou.Look(times::total_row, 11).back, total_back);
     EXPECT_EQ(report.midasi[1], u"【2004/10/1～2004/11/30】"_s);
     EXPECT_EQ(report.chulab, u"全部"_s);
     EXPECT_EQ(report.midasi[2], u"全部"_s);

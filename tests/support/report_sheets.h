@@ -45,7 +45,7 @@ inline reports::Report report_of(int number, const QString& title, Sheet hyou) {
 /// Report 1 with so many employees.
 inline reports::Report employee_list(int employees) {
     Sheet sheet = sheet_of({{u"", u"社員番号", u"社　員　名", u"勤務タイプ"}});
-    sheet.setRows(employees + 1);
+    sheet.SetRows(employees + 1);
     for (int row = 1; row <= employees; ++row) {
         sheet(row, 0) = digits(row);
         sheet(row, 1) = digits(1000 + row);
@@ -63,8 +63,8 @@ inline reports::Report attendance_detail(int cols) {
     Sheet sheet = sheet_of({{u"日", u"曜", u"出勤時間", u"退社時間", u"休憩時間", u"勤務時間", u"備考", u"休暇"},
         {u"1", u"金", u"8:30", u"25:30", u"1:00", u"16:00", u"直行", u""},
         {u"2", u"土", u"", u"", u"", u"", u"", u"有給休暇"}});
-    sheet.setRows(34);
-    sheet.setCols(cols);
+    sheet.SetRows(34);
+    sheet.SetCols(cols);
     sheet(32, 0) = u"合計"_s;
     sheet(32, 5) = u"160:00"_s;
     for (int col = 8; col < cols; ++col) {
@@ -83,8 +83,8 @@ inline reports::Report work_time_list(int cols, int employees) {
     Sheet sheet = sheet_of(
         {{u"", u"", u"社員番号", u"社員名", u"出社時間", u"退社時間", u"休憩時間", u"勤務時間", u"備考", u"休暇"}, {},
             {u"", u"", u"", u"合　　計", u"", u"", u"20:00", u"1234:30", u"", u""}});
-    sheet.setRows(3 + employees);
-    sheet.setCols(cols);
+    sheet.SetRows(3 + employees);
+    sheet.SetCols(cols);
     for (int col = 10; col < cols; ++col) {
         sheet(0, col) = category_name(col - 9);
         sheet(1, col) = digits(col - 9);

@@ -33,7 +33,7 @@ struct Editing : testing::Test {
         }};
 
     Editing() {
-        sheet.setFixed(1, 1);
+        sheet.SetFixed(1, 1);
         auto* column = new QVBoxLayout(&window);
         column->addWidget(&grid);
         column->addWidget(&other);
@@ -112,7 +112,7 @@ TEST_F(Editing, TheBoxLiesOverItsCellAndFollowsItWhenTheSheetScrolls) {
     EXPECT_EQ(box.geometry(), grid.cell_rect({3, 2}));
     type(u"9"_s);
     for (const int top : {2, 10}) {
-        sheet.setTopLeft(top, 1);
+        sheet.SetTopLeft(top, 1);
         grid.refresh();
         box.refresh();
         EXPECT_TRUE(top == 2 ? box.geometry() == grid.cell_rect({3, 2}) : !in_sight());
@@ -129,7 +129,7 @@ TEST_F(Editing, TheListLiesOverItsCellAndTheWheelChoosesNothing) {
     support::turn_wheel(list);
     EXPECT_EQ(list.currentIndex(), 1);
     list.setFocus();
-    sheet.setCursor({4, 3});
+    sheet.SetCursor({4, 3});
     for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Return}) {
         press(key);
         EXPECT_EQ((Cell{sheet.Row(), sheet.Col()}), (Cell{4, 3})) << "the grid beneath stays: " << key;

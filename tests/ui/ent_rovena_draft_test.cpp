@@ -103,7 +103,7 @@ TEST_F(DraftPage, TheKeyboardAloneReachesTheKindsAndTheNextEmployee) {
     press(Qt::Key_F7);
     EXPECT_EQ(form().syalab, u"3:山田 太郎"_s);
     EXPECT_EQ(cell(1, 7), u"有休"_s);
-    EXPECT_TRUE(form().hyou_syain.look(2, 0).dot) << "what was typed in the cell in hand is kept as well";
+    EXPECT_TRUE(form().hyou_syain.Look(2, 0).dot) << "what was typed in the cell in hand is kept as well";
 }
 
 TEST_F(DraftPage, ADayThatAnotherPcSavedMeanwhileIsShownSideBySide) {

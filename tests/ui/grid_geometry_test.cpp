@@ -9,11 +9,11 @@ constexpr double at_96_dpi = 96.0 / 1440;
 /// A month sheet's shape: rows of 18 pixels, two fixed columns, seven rows at the end out of sight.
 base::Sheet month_shape() {
     base::Sheet sheet(41, 8);
-    sheet.setFixed(1, 2);
+    sheet.SetFixed(1, 2);
     for (int row = 33; row < 41; ++row)
-        sheet.setRowHeight(row, 0);
+        sheet.SetRowHeight(row, 0);
     for (int col = 0; col < 8; ++col)
-        sheet.setColWidth(col, col < 2 ? 500 : 900);
+        sheet.SetColWidth(col, col < 2 ? 500 : 900);
     return sheet;
 }
 
@@ -32,7 +32,7 @@ TEST(GridGeometry, TwipsBecomePixelsAtTheResolutionOfTheScreen) {
 
 TEST(GridGeometry, FixedRowsAndColumnsStayWhileTheRestScrolls) {
     base::Sheet sheet = month_shape();
-    sheet.setTopLeft(10, 4);
+    sheet.SetTopLeft(10, 4);
     const ui::GridGeometry geometry(sheet, at_96_dpi, {66 + 2 * 60, 4 * 18});
     EXPECT_EQ(indexes(geometry.rows()), (QList{0, 10, 11, 12}));
     EXPECT_EQ(indexes(geometry.cols()), (QList{0, 1, 4, 5}));
@@ -43,7 +43,7 @@ TEST(GridGeometry, FixedRowsAndColumnsStayWhileTheRestScrolls) {
 
 TEST(GridGeometry, ARowOfHeightZeroTakesNoRoomAndNoClick) {
     base::Sheet sheet = month_shape();
-    sheet.setRowHeight(2, 0);
+    sheet.SetRowHeight(2, 0);
     const ui::GridGeometry geometry(sheet, at_96_dpi, {400, 800});
     EXPECT_TRUE(geometry.rect({2, 2}).isEmpty());
     EXPECT_EQ(geometry.rect({3, 2}).top(), 36);
@@ -62,7 +62,7 @@ TEST(GridGeometry, ScrollingEndsWhereTheLastRowWithAHeightIsInView) {
 
 TEST(GridGeometry, ShowingACellScrollsAsLittleAsPossible) {
     base::Sheet sheet = month_shape();
-    sheet.setTopLeft(10, 2);
+    sheet.SetTopLeft(10, 2);
     const ui::GridGeometry geometry(sheet, at_96_dpi, {430, 18 + 5 * 18});
     EXPECT_EQ(geometry.top_for(12), 10) << "in view already";
     EXPECT_EQ(geometry.top_for(4), 4);

@@ -18,10 +18,10 @@ struct Grid : testing::Test {
     ui::GridView view{sheet, ui::CursorStyle::Cell};
 
     Grid() {
-        sheet.setFixed(1, 2);
+        sheet.SetFixed(1, 2);
         for (int col = 0; col < 6; ++col)
-            sheet.setColWidth(col, 900);
-        sheet.setCursor({1, 2});
+            sheet.SetColWidth(col, 900);
+        sheet.SetCursor({1, 2});
         view.setFrameShape(QFrame::NoFrame);
         view.resize(400, 200);
         view.show();
@@ -36,7 +36,7 @@ struct Grid : testing::Test {
 
 TEST_F(Grid, AClickPutsTheCursorOnTheCellOneOnARowsHeadingOnItsFirstAndOneOnAColumnsLeavesIt) {
     QSignalSpy chosen(&view, &ui::GridView::cell_clicked), edge(&view, &ui::GridView::edge_clicked);
-    sheet.setColWidth(2, 0);
+    sheet.SetColWidth(2, 0);
     support::click_cell(view, 3, 1);
     EXPECT_EQ(sheet.Row(), 3);
     EXPECT_EQ(sheet.Col(), 3) << "the first that can be seen";
@@ -50,7 +50,7 @@ TEST_F(Grid, AClickPutsTheCursorOnTheCellOneOnARowsHeadingOnItsFirstAndOneOnACol
 }
 
 TEST_F(Grid, ArrowsStepOverHiddenRowsAndStopAtTheEdges) {
-    sheet.setRowHeight(2, 0);
+    sheet.SetRowHeight(2, 0);
     view.refresh();
     QTest::keyClick(&view, Qt::Key_Down);
     EXPECT_EQ(sheet.Row(), 3);
@@ -81,7 +81,7 @@ TEST_F(Grid, AScrollOfThePersonIsToldAndOneOfTheFormIsNot) {
     EXPECT_EQ(sheet.TopRow(), 20);
     EXPECT_EQ(scrolled.count(), 1);
     EXPECT_EQ(view.cell_rect({20, 2}).top(), view.cell_rect({0, 2}).bottom() + 1);
-    sheet.setTopLeft(49, 2);
+    sheet.SetTopLeft(49, 2);
     view.refresh();
     EXPECT_LT(sheet.TopRow(), 49) << "no room is left behind the last row";
     EXPECT_FALSE(view.cell_rect({49, 2}).isEmpty());
@@ -89,7 +89,7 @@ TEST_F(Grid, AScrollOfThePersonIsToldAndOneOfTheFormIsNot) {
 }
 
 TEST_F(Grid, NoScrollBarStandsWhereEverythingFits) {
-    sheet.setRows(5);
+    sheet.SetRows(5);
     view.resize(view.full_width(false), view.full_height(false));
     view.refresh();
     QCoreApplication::processEvents();
@@ -98,7 +98,7 @@ TEST_F(Grid, NoScrollBarStandsWhereEverythingFits) {
 }
 
 TEST_F(Grid, ColoursOfTheFormAreShownAndAListTintsTheWholeRowInHand) {
-    sheet.setBack(2, 3, {255, 200, 200});
+    sheet.SetCellBack(2, 3, {255, 200, 200});
     view.refresh();
     EXPECT_EQ(pixel(view, 2, 3), QColor(255, 200, 200));
     EXPECT_EQ(pixel(view, 3, 2), QColor(Qt::white));
@@ -123,16 +123,16 @@ TEST_F(Grid, AlignmentPutsTheTextWhereTheFormSays) {
         return false;
     };
     sheet(5, 4) = sheet(6, 4) = u"11"_s;
-    sheet.setAlignment(6, 4, base::Alignment::Right);
+    sheet.SetCellAlignment(6, 4, base::Alignment::Right);
     view.refresh();
     EXPECT_TRUE(ink_in_left_half(5));
     EXPECT_FALSE(ink_in_left_half(6));
 }
 
 TEST_F(Grid, ACursorOnAHiddenRowIsShownOnTheNextRowInSight) {
-    sheet.setRowHeight(1, 0);
+    sheet.SetRowHeight(1, 0);
     EXPECT_EQ(ui::shown_cursor(sheet), (base::Cell{2, 2})) << "the count strip keeps its cursor on the hidden tag row";
-    sheet.setCursor({0, 2});
+    sheet.SetCursor({0, 2});
     EXPECT_FALSE(ui::shown_cursor(sheet));
 }
 
@@ -142,8 +142,8 @@ struct ReadGrid : Grid {
     ui::GridTeller teller;
 
     ReadGrid() {
-        sheet.setRowHeight(2, 0);
-        sheet.setColWidth(3, 0);
+        sheet.SetRowHeight(2, 0);
+        sheet.SetColWidth(3, 0);
         sheet(0, 4) = u"出社"_s;
         sheet(3, 0) = u"1"_s;
         sheet(3, 1) = u"月"_s;
@@ -198,12 +198,12 @@ TEST_F(ReadGrid, AScreenReaderReadsCellsHeadingsAndWhatIsInHand) {
     EXPECT_EQ(grid->child(grid->indexOfChild(cell)), cell);
     EXPECT_EQ(grid->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
 
-    sheet.setCursor({3, 4});
+    sheet.SetCursor({3, 4});
     EXPECT_TRUE(cell->state().selected && cell->state().focusable);
     EXPECT_EQ(texts(month.selectedCells()), QStringList{u"830"_s});
     EXPECT_EQ(texts(table(list).selectedCells()), (QStringList{u"1"_s, u"月"_s, u""_s, u"830"_s, u""_s})) << "a row";
     EXPECT_EQ(table(list).selectedRows(), QList{2});
-    sheet.setRows(3);
+    sheet.SetRows(3);
     EXPECT_FALSE(cell->isValid());
 }
 
@@ -220,7 +220,7 @@ TEST_F(ReadGrid, AScreenReaderIsToldOfEachChange) {
     QTest::keyClick(&view, Qt::Key_Down);
     EXPECT_EQ(news(), (QStringList{u"change 1: 3,3-4,4"_s, u"selection: 3,3"_s, u"focus: 3,3"_s}));
     EXPECT_EQ(news(), QStringList()) << "nothing new";
-    sheet.setRowHeight(2, 270);
+    sheet.SetRowHeight(2, 270);
     EXPECT_EQ(news(), QStringList{u"change 0: -1,-1--1,-1"_s}) << "all is to be read anew";
 }
 

@@ -78,7 +78,7 @@ void add_day_boxes(Page& page, const Box& table, const Sheet& hyou_day) {
     constexpr int boxes_in_a_row = 9;
     constexpr double row_height = 14;
     constexpr double below_the_top = 200;
-    for (int col = 0; col < hyou_day.Cols() && hyou_day.contains(detail::strip_count, col); ++col)
+    for (int col = 0; col < hyou_day.Cols() && hyou_day.Contains(detail::strip_count, col); ++col)
         add_day_box(page,
             {.x = table.left + col % boxes_in_a_row * day_box_width,
                 .y = table.top + below_the_top + col / boxes_in_a_row * row_height},

@@ -134,7 +134,7 @@ constexpr ReportColumns reports_columns[]{
     const PrintColumn* column = report.at(列番号);
     if (!column)
         return {};
-    return record(*column, report.縦線区切, hyou.contains(0, 列番号) ? hyou(0, 列番号) : QString());
+    return record(*column, report.縦線区切, hyou.Contains(0, 列番号) ? hyou(0, 列番号) : QString());
 }
 
 印刷項目 項目定義取得_エラー(int 列番号) {

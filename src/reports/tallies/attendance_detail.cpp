@@ -65,8 +65,8 @@ void show_employee(Report& report, const frame::Session& session, const DetailEm
 
 void 書式設定_日(Sheet& hyou_day) {
     hyou_day = Sheet(strip_rows, strip_cols);
-    hyou_day.setFixed(1, 0);
-    hyou_day.setRowHeight(detail::strip_key, 0);
+    hyou_day.SetFixed(1, 0);
+    hyou_day.SetRowHeight(detail::strip_key, 0);
     for (int col = 0; col < strip_cols; ++col)
         format_strip_column(hyou_day, col);
     hyou_day(detail::strip_name, 0) = u"出勤"_s;
@@ -80,10 +80,10 @@ void 書式設定_出勤明細一覧(Report& report, const frame::Session& sessi
     set_title(report, u"出勤明細一覧表"_s);
     Sheet& hyou = report.hyou;
     lay_out(hyou, columns, detail::rows);
-    hyou.setRowHeight(detail::category_row, 0);
+    hyou.SetRowHeight(detail::category_row, 0);
     hyou(total_row, 0) = u"合計"_s;
     for (int col = 0; col < hyou.Cols(); ++col)
-        hyou.setBack(total_row, col, total_back);
+        hyou.SetCellBack(total_row, col, total_back);
     const auto month = chosen_month(report.conditions, session);
     if (!month)
         return;

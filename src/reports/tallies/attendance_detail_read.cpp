@@ -39,7 +39,7 @@ QHash<QString, int> strip_columns(const Sheet& hyou_day) {
 
 void add_strip_column(Sheet& hyou_day, const QString& name, const QString& key) {
     const int col = hyou_day.Cols();
-    hyou_day.setCols(col + 1);
+    hyou_day.SetCols(col + 1);
     format_strip_column(hyou_day, col);
     hyou_day(detail::strip_name, col) = name;
     hyou_day(detail::strip_key, col) = key;
@@ -86,7 +86,7 @@ Found DetailReader::read_days(Sheet& hyou, EmployeeKey employee) {
 void DetailReader::show_kinds(Sheet& hyou_day) const {
     if (m_kinds.isEmpty())
         return;
-    hyou_day.setCols(first_kind);
+    hyou_day.SetCols(first_kind);
     for (const common::CountedKind& kind : m_kinds)
         add_strip_column(hyou_day, kind.name, kind.tag);
 }
@@ -105,9 +105,9 @@ QList<DetailReader::Hours> DetailReader::stored_hours(EmployeeKey employee) {
 int DetailReader::add_category(Report& report, qint64 category) const {
     Sheet& hyou = report.hyou;
     const int col = hyou.Cols();
-    hyou.setCols(col + 1);
-    hyou.setColAlignment(col, Alignment::Center);
-    hyou.setBack(total_row, col, total_back);
+    hyou.SetCols(col + 1);
+    hyou.SetColAlignment(col, Alignment::Center);
+    hyou.SetCellBack(total_row, col, total_back);
     hyou(detail::category_row, col) = digits(category);
     hyou(0, col) = m_categories.value(category);
     add_strip_column(report.hyou_day, hyou(0, col), digits(category));
@@ -146,8 +146,8 @@ void DetailReader::read_counts(Sheet& hyou_day, EmployeeKey employee) {
 }
 
 void format_strip_column(Sheet& hyou_day, int col) {
-    hyou_day.setColWidth(col, strip_width);
-    hyou_day.setColAlignment(col, Alignment::Center);
+    hyou_day.SetColWidth(col, strip_width);
+    hyou_day.SetColAlignment(col, Alignment::Center);
 }
 
 } // namespace reports

@@ -27,11 +27,11 @@ void 書式設定_勤務種類一覧(Report& report) {
 Outcome 集計_勤務種類一覧表(Report& report, Work& work) {
     書式設定_勤務種類一覧(report);
     Sheet& hyou = report.hyou;
-    hyou.setRows(hyou.FixedRows());
+    hyou.SetRows(hyou.FixedRows());
     store::Database rovdata = open_rovdata(work.session);
     auto categories = rovdata.prepare("select 種類名 from kinsyu order by システム番号 asc");
     for (int row = hyou.FixedRows(); categories.step(); ++row) {
-        hyou.setRows(row + 1);
+        hyou.SetRows(row + 1);
         hyou(row, 0) = digits(row);
         hyou(row, 1) = Trim(categories.row().text(0));
     }

@@ -53,13 +53,13 @@ store::Statement employees_of(store::Database& rovdata, const EmployeeRange& ran
 }
 
 void fill(Sheet& hyou, store::Statement employees) {
-    hyou.setRows(hyou.FixedRows());
+    hyou.SetRows(hyou.FixedRows());
     while (employees.step()) {
         const QString number = Trim(employees.row().text(1));
         if (number.isEmpty())
             continue;
         const int row = hyou.Rows();
-        hyou.setRows(row + 1);
+        hyou.SetRows(row + 1);
         hyou(row, 0) = digits(employees.row().number(0));
         hyou(row, number_col) = number;
         hyou(row, name_col) = Trim(employees.row().text(2));

@@ -27,12 +27,12 @@ void 書式設定_休暇出勤(Report& report) {
 Outcome 集計_休暇出勤一覧表(Report& report, Work& work) {
     書式設定_休暇出勤(report);
     Sheet& hyou = report.hyou;
-    hyou.setRows(hyou.FixedRows());
+    hyou.SetRows(hyou.FixedRows());
     store::Database rovdata = open_rovdata(work.session);
     auto kinds =
         rovdata.prepare("select 休暇名, 休出, 通常 from kyutype order by 休出 desc,通常 desc,システム番号 asc");
     for (int row = hyou.FixedRows(); kinds.step(); ++row) {
-        hyou.setRows(row + 1);
+        hyou.SetRows(row + 1);
         hyou(row, 0) = Trim(kinds.row().text(0));
         hyou(row, 1) = kinds.row().number(1) == 1 ? u"出勤"_s : u"休暇"_s;
         hyou(row, 2) = kinds.row().number(2) != 0 ? u"標準"_s : QString();

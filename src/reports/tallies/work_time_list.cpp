@@ -66,9 +66,9 @@ Outcome read(QList<EmployeeSums>& found, WorkTimeReader& reader, const Work& wor
 
 void add_category(Sheet& hyou, qint64 category, const QString& name) {
     const int col = hyou.Cols();
-    hyou.setCols(col + 1);
-    hyou.setColAlignment(col, Alignment::Center);
-    hyou.setBack(times::total_row, col, total_back);
+    hyou.SetCols(col + 1);
+    hyou.SetColAlignment(col, Alignment::Center);
+    hyou.SetCellBack(times::total_row, col, total_back);
     hyou(times::category_row, col) = digits(category);
     hyou(0, col) = name;
 }
@@ -124,10 +124,10 @@ void 書式設定_勤務時間一覧(Report& report) {
     set_title(report, u"勤務時間一覧表"_s);
     Sheet& hyou = report.hyou;
     lay_out(hyou, columns, times::first_employee + 1);
-    hyou.setRowHeight(times::category_row, 0);
+    hyou.SetRowHeight(times::category_row, 0);
     hyou(times::total_row, name_col) = u"合　　計"_s;
     for (int col = 0; col < hyou.Cols(); ++col)
-        hyou.setBack(times::total_row, col, total_back);
+        hyou.SetCellBack(times::total_row, col, total_back);
 }
 
 Outcome 集計_勤務時間一覧表(Report& report, Work& work) {
@@ -146,7 +146,7 @@ Outcome 集計_勤務時間一覧表(Report& report, Work& work) {
     Sheet& hyou = report.hyou;
     for (const auto [category, name] : reader.categories().asKeyValueRange())
         add_category(hyou, category, name);
-    hyou.setRows(times::first_employee + int(found.size()));
+    hyou.SetRows(times::first_employee + int(found.size()));
     for (qsizetype i = 0; i < found.size(); ++i)
         show_sums(hyou, times::first_employee + int(i), found[i]);
     show_totals(hyou, found);

@@ -66,11 +66,11 @@ void 書式設定_勤務タイプ一覧(Report& report) {
 Outcome 集計_勤務タイプ一覧表(Report& report, Work& work) {
     書式設定_勤務タイプ一覧(report);
     Sheet& hyou = report.hyou;
-    hyou.setRows(hyou.FixedRows());
+    hyou.SetRows(hyou.FixedRows());
     store::Database rovdata = open_rovdata(work.session);
     auto query = rovdata.prepare(bands);
     for (int row = hyou.FixedRows(); query.step(); ++row) {
-        hyou.setRows(row + 1);
+        hyou.SetRows(row + 1);
         show_band(hyou, row, query.row());
     }
     return Outcome::Done;

@@ -143,7 +143,7 @@ void ent_rovena_controls::order_by_tab() {
 }
 
 void ent_rovena_controls::lay_out(QSize page) {
-    hyou->sheet().setColWidth(entry::col::remark, entry::remark_width);
+    hyou->sheet().SetColWidth(entry::col::remark, entry::remark_width);
     m_keys_at_foot = keys_fit_at_foot(page);
     int row_height = largest_row;
     zoom_to(row_height);

@@ -41,7 +41,7 @@ PastePanel::PastePanel(const entry::MonthSheet& sheet, const entry::PastePreview
     for (int i = 0; i < preview.cells.size(); ++i) {
         const entry::PasteCell& cell = preview.cells[i];
         const bool in_month = cell.cell.row <= sheet.month.length();
-        const bool on_sheet = sheet.hyou.contains(cell.cell.row, cell.cell.col);
+        const bool on_sheet = sheet.hyou.Contains(cell.cell.row, cell.cell.col);
         table->setItem(i, day, day_item(in_month ? day_name(sheet, cell.cell.row) : u"月の外"_s));
         table->setItem(i, item, day_item(on_sheet ? sheet.hyou(entry::row::heading, cell.cell.col) : QString()));
         table->setItem(i, pasted, day_item(cell.pasted));

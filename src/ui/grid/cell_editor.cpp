@@ -102,7 +102,7 @@ void CellEditor::place() {
         return;
     }
     setFont(cell_font(m_grid.font(), rect.height()));
-    setAlignment(qt_alignment(m_grid.sheet().alignment(m_state.cell.row, m_state.cell.col)));
+    setAlignment(qt_alignment(m_grid.sheet().CellAlignment(m_state.cell.row, m_state.cell.col)));
     setGeometry(rect);
     raise();
     show();
@@ -185,7 +185,7 @@ void CellCombo::lay_over(base::Cell cell, int item) {
         return;
     }
     setFont(cell_font(m_grid.font(), rect.height()));
-    m_alignment = qt_alignment(m_grid.sheet().alignment(cell.row, cell.col));
+    m_alignment = qt_alignment(m_grid.sheet().CellAlignment(cell.row, cell.col));
     setGeometry(rect.adjusted(0, -2, 0, 2));
     setCurrentIndex(item);
     raise();

@@ -30,7 +30,7 @@ public:
         : m_painter(painter), m_sheet(sheet), m_style(style), m_cursor(shown_cursor(sheet)) {}
 
     void cell(const CellPlace& place) {
-        const base::CellLook look = m_sheet.look(place.cell.row, place.cell.col);
+        const base::CellLook look = m_sheet.Look(place.cell.row, place.cell.col);
         m_painter.fillRect(place.rect, look.back ? colour(*look.back) : QColor::fromRgb(own_ground(place)));
         lines(place);
         m_painter.setPen(
@@ -101,7 +101,7 @@ private:
     }
 
     Qt::Alignment horizontal(const CellPlace& place) const {
-        switch (m_sheet.alignment(place.cell.row, place.cell.col)) {
+        switch (m_sheet.CellAlignment(place.cell.row, place.cell.col)) {
         case base::Alignment::Center:
             return Qt::AlignHCenter;
         case base::Alignment::Right:
@@ -130,7 +130,7 @@ private:
 
 std::optional<base::Cell> shown_cursor(const base::Sheet& sheet) {
     base::Cell cursor{sheet.Row(), sheet.Col()};
-    if (!sheet.contains(cursor.row, cursor.col) || cursor.row < sheet.FixedRows())
+    if (!sheet.Contains(cursor.row, cursor.col) || cursor.row < sheet.FixedRows())
         return {};
     while (cursor.row < sheet.Rows() && sheet.RowHeight(cursor.row) == 0)
         ++cursor.row;

@@ -40,7 +40,7 @@ class CellReader : public QAccessibleInterface, public QAccessibleTableCellInter
 public:
     CellReader(GridView& view, base::Cell cell) : m_view(&view), m_cell(cell) {}
 
-    bool isValid() const override { return m_view && m_view->sheet().contains(m_cell.row, m_cell.col); }
+    bool isValid() const override { return m_view && m_view->sheet().Contains(m_cell.row, m_cell.col); }
     QObject* object() const override { return nullptr; }
     QWindow* window() const override { return parent()->window(); }
     QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(m_view); }

@@ -81,7 +81,7 @@ void GridView::set_zoom(double zoom) {
 
 void GridView::widen(int col, int pixels) {
     if (pixels > 0)
-        m_sheet.setColWidth(
+        m_sheet.SetColWidth(
             col, static_cast<int>((geometry_in({}).pixels(m_sheet.ColWidth(col)) + pixels) / pixels_per_twip()));
 }
 
@@ -110,14 +110,14 @@ void GridView::update_scroll_bars() {
         std::max<int>(1, static_cast<int>(geometry.cols().size()) - m_sheet.FixedCols()));
     horizontalScrollBar()->setRange(m_sheet.FixedCols(), geometry.last_left());
     horizontalScrollBar()->setValue(left);
-    m_sheet.setTopLeft(verticalScrollBar()->value(), horizontalScrollBar()->value());
+    m_sheet.SetTopLeft(verticalScrollBar()->value(), horizontalScrollBar()->value());
 }
 
 void GridView::show_cell(base::Cell cell) {
-    if (!m_sheet.contains(cell.row, cell.col))
+    if (!m_sheet.Contains(cell.row, cell.col))
         return;
     const GridGeometry geometry = geometry_in(viewport()->size());
-    m_sheet.setTopLeft(geometry.top_for(cell.row), geometry.left_for(cell.col));
+    m_sheet.SetTopLeft(geometry.top_for(cell.row), geometry.left_for(cell.col));
     refresh();
 }
 
@@ -171,7 +171,7 @@ void GridView::resizeEvent(QResizeEvent* event) {
 }
 
 void GridView::scrollContentsBy(int, int) {
-    m_sheet.setTopLeft(verticalScrollBar()->value(), horizontalScrollBar()->value());
+    m_sheet.SetTopLeft(verticalScrollBar()->value(), horizontalScrollBar()->value());
     viewport()->update();
     if (!m_following_sheet)
         Q_EMIT scrolled();
@@ -185,7 +185,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
         Q_EMIT edge_clicked();
         return;
     }
-    m_sheet.setCursor({cell->row, cell->col < m_sheet.FixedCols() ? first_col() : cell->col});
+    m_sheet.SetCursor({cell->row, cell->col < m_sheet.FixedCols() ? first_col() : cell->col});
     show_and_tell();
     Q_EMIT cell_clicked();
 }
@@ -209,7 +209,7 @@ bool GridView::move_cursor(int key) {
     else
         to.col = neighbour(
             to.col, step->cols, m_sheet.FixedCols(), m_sheet.Cols(), [this](int col) { return m_sheet.ColWidth(col); });
-    m_sheet.setCursor(to);
+    m_sheet.SetCursor(to);
     show_cell(to);
     return true;
 }
@@ -260,7 +260,7 @@ bool GridView::viewportEvent(QEvent* event) {
 /// What the sheet says of the cell; else its text where that can't be read whole.
 QString GridView::tip_of(base::Cell cell, const QRect& rect) const {
     const QString& text = m_sheet(cell.row, cell.col);
-    if (const QString tip = m_sheet.look(cell.row, cell.col).tip; !tip.isEmpty())
+    if (const QString tip = m_sheet.Look(cell.row, cell.col).tip; !tip.isEmpty())
         return tip;
     return is_cut(text, cell_font(font(), rect.height()), rect.width()) ? text : QString();
 }

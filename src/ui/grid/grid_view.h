@@ -47,7 +47,7 @@ public:
     /// The cell at a point of the viewport; nothing beside the cells.
     std::optional<base::Cell> cell_at(QPoint point) const { return geometry_in(viewport()->size()).cell_at(point); }
 
-    /// The view's size in twips, as the sheet's visible_rows() and visible_cols() take it.
+    /// The view's size in twips, as the sheet's VisibleRows() and VisibleCols() take it.
     int view_height() const;
     int view_width() const;
 

@@ -54,7 +54,7 @@ Place place_of(const QString& word, Clerk clerk) {
 QString line_of(const base::Sheet& sheet, int row, int first, int count) {
     QStringList cells;
     for (int col = first; col < first + count; ++col)
-        cells << (sheet.contains(row, col) ? sheet(row, col) : u"nothing"_s);
+        cells << (sheet.Contains(row, col) ? sheet(row, col) : u"nothing"_s);
     return cells.join(u'|');
 }
 
