@@ -24,7 +24,7 @@ void show_holidays(Sheet& sheet, const CompanyMonth& month, const OwnHolidays& o
         if (name.isEmpty())
             continue;
         for (const int col : {0, 1}) {
-            sheet.setTip(row, col, name);
+            sheet.SetCellTip(row, col, name);
             if (col == 0 || !sheet.Look(row, col).fore)
                 sheet.SetCellFore(row, col, sunday_fore);
         }

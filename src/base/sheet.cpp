@@ -131,6 +131,10 @@ void Sheet::SetCellDot(int row, int col, bool dot) {
         look_of(row, col).dot = dot;
 }
 
+void Sheet::SetCellTip(int row, int col, const QString& tip) {
+    look_of(row, col).tip = tip;
+}
+
 void Sheet::Clear() {
     m_cells.fill(QString());
     m_looks.clear();

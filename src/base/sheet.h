@@ -31,6 +31,7 @@ struct CellLook {
     std::optional<Rgb> fore;
     std::optional<Alignment> alignment;
     bool dot = false; ///< a round mark at the cell's right edge: something of it waits
+    QString tip{};    ///< what is said of the cell beside its text; empty for nothing
 };
 
 enum class SortOrder {
@@ -90,6 +91,7 @@ public:
     void SetCellFore(int row, int col, Rgb colour);
     void SetCellAlignment(int row, int col, Alignment alignment);
     void SetCellDot(int row, int col, bool dot);
+    void SetCellTip(int row, int col, const QString& tip);
 
     /// Empties every cell and takes all looks, sizes and alignments back to their defaults; rows, columns and fixed
     /// counts stay.
