@@ -3,8 +3,8 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "masters/locked_file.h"
 #include "platform/paths.h"
-#include "store/database.h"
 #include "store/files.h"
 
 #include <QFileInfo>
@@ -27,12 +27,9 @@ enum class Holds { Text, WholeNumber, Decimal };
 /// The fields of a copy, under their names in small letters.
 using Fields = QHash<QString, Holds>;
 
-struct Copy {
-    store::Database database;
-    store::Transaction transaction;
+struct Copy : LockedFile {
+    using LockedFile::LockedFile;
     Fields fields;
-
-    explicit Copy(store::Database opened) : database(std::move(opened)), transaction(database) {}
 };
 
 QString key_of(const QString& field) {
@@ -104,7 +101,7 @@ void open_copies(std::list<Copy>& copies, const base::Settings& settings, const 
 QByteArray insertion_of(const Copy& copy, const QList<FieldText>& row) {
     QStringList names, places;
     for (const FieldText& field : row) {
-        names << u'"' + QString(field.name).replace(u"\""_s, u"\"\""_s) + u'"';
+        names << quoted(field.name);
         places << (copy.fields[key_of(field.name)] == Holds::Decimal ? u"cast(? as real)"_s : u"?"_s);
     }
     return u"insert into syain (%1) values (%2)"_s.arg(names.join(u", "), places.join(u", ")).toUtf8();
@@ -122,21 +119,24 @@ void add_row(Copy& copy, const QList<FieldText>& row) {
     insert.run();
 }
 
-void replace_row(Copy& copy, qint64 number, const QList<FieldText>& row) {
-    copy.database.prepare("delete from syain where システム番号=?").bind(number).run();
+TakenRows replace_row(Copy& copy, qint64 number, const QList<FieldText>& row) {
+    const TakenRows taken = take_rows(copy.database, u"syain"_s, number);
     if (!row.isEmpty())
         add_row(copy, row);
+    return taken;
 }
 
 } // namespace
 
-void replace_in_every_copy(const base::Settings& settings, qint64 number, const QList<FieldText>& row) {
+QList<TakenRows> replace_in_every_copy(const base::Settings& settings, qint64 number, const QList<FieldText>& row) {
     std::list<Copy> copies;
     open_copies(copies, settings, row);
+    QList<TakenRows> taken;
     for (Copy& copy : copies)
-        replace_row(copy, number, row);
+        taken << replace_row(copy, number, row);
     for (Copy& copy : copies)
         copy.transaction.commit();
+    return taken;
 }
 
 } // namespace masters

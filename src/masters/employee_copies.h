@@ -9,9 +9,7 @@
 // of `allsystem`, so that two programs wait for each other and never in a ring.
 
 #include "base/settings.h"
-
-#include <QList>
-#include <QString>
+#include "masters/taken_rows.h"
 
 namespace masters {
 
@@ -20,10 +18,11 @@ struct FieldText {
     QString text;
 };
 
-/// Deletes the employee of this `システム番号` in every copy and, unless `row` is empty, adds the row there.
+/// Deletes the employee of this `システム番号` in every copy and, unless `row` is empty, adds the row there. Gives back
+/// what was deleted, for each copy.
 /// Number fields take the numeric value of the text, the others the trimmed text. Fields of a copy that the row
 /// doesn't name are left to their defaults. A listed file that is missing or has no table `syain` is passed over; one
 /// that is listed twice counts once.
-void replace_in_every_copy(const base::Settings& settings, qint64 number, const QList<FieldText>& row);
+QList<TakenRows> replace_in_every_copy(const base::Settings& settings, qint64 number, const QList<FieldText>& row);
 
 } // namespace masters

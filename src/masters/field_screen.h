@@ -3,13 +3,13 @@
 // FieldScreen: a master screen that edits one row in four text boxes beside a list. `toubotan` stands for the
 // registration button when it is reached by keyboard.
 
-#include "masters/screen.h"
+#include "masters/master_screen.h"
 
 #include <array>
 
 namespace masters {
 
-class FieldScreen : public Screen {
+class FieldScreen : public MasterScreen {
 public:
     base::Sheet hyou;
     std::array<QString, 4> atai;
@@ -20,7 +20,7 @@ public:
     void toubotan_LostFocus() { toubotan_lit = false; }
 
 protected:
-    using Screen::Screen;
+    using MasterScreen::MasterScreen;
 
     void to_atai(int element) { focus = Focus{Control::Atai, element}; }
     void to_toubotan() { focus = Focus{Control::Toubotan}; }

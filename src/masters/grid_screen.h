@@ -4,11 +4,11 @@
 // box `atai` over them. The order is the contract: commit into the cell left, then placement on the new cell.
 
 #include "base/cell_moves.h"
-#include "masters/screen.h"
+#include "masters/master_screen.h"
 
 namespace masters {
 
-class GridScreen : public Screen {
+class GridScreen : public MasterScreen {
 public:
     base::Sheet hyou;
 
@@ -19,7 +19,7 @@ public:
     void hyou_Scroll(int top_row, int left_col, int view_width, int view_height); ///< view size in twips
 
 protected:
-    using Screen::Screen;
+    using MasterScreen::MasterScreen;
 
     /// The sheet was scrolled: an open editor follows its cell.
     virtual void follow(int view_width, int view_height) = 0;

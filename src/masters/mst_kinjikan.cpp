@@ -184,7 +184,7 @@ void mst_kinjikan::write(int mode, const QString& name) {
     if (mode == Register)
         replace_work_type(rovdata, number, name, m_week);
     else
-        delete_work_type(rovdata, number);
+        deletions.add(delete_work_type(rovdata, number));
     notelab.clear();
 }
 

@@ -28,10 +28,23 @@ void write_category(store::Database& rovdata, qint64 number, const QString& name
     transaction.commit();
 }
 
-void delete_category(store::Database& rovdata, qint64 number) {
+Deletion delete_category(store::Database& rovdata, qint64 number, const QString& name) {
     store::Transaction transaction(rovdata);
-    rovdata.prepare("delete from kinsyu where システム番号=?").bind(number).run();
+    Deletion deletion{.what = u"勤務種類 "_s + short_name(name),
+        .hanging = hanging_on(number, rovdata, "select count(*) from kintype where 時間種類=?",
+            u"勤務タイプの時間帯 %1件に残っています"_s),
+        .rows = {take_rows(rovdata, u"kinsyu"_s, number)}};
     transaction.commit();
+    return deletion;
+}
+
+/// Names that were typed and have no number yet.
+QStringList names_not_stored(const Sheet& hyou) {
+    QStringList names;
+    for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row)
+        if (hyou(row, mst_kinsyu::number_col).isEmpty() && !hyou(row, mst_kinsyu::name_col).isEmpty())
+            names << hyou(row, mst_kinsyu::name_col);
+    return names;
 }
 
 } // namespace
@@ -77,7 +90,7 @@ void mst_kinsyu::マスター削除() {
         platform::Answer::Yes)
         return;
     auto rovdata = open_rovdata();
-    delete_category(rovdata, number);
+    deletions.add(delete_category(rovdata, number, name));
     マスター呼出();
 }
 
@@ -118,6 +131,16 @@ void mst_kinsyu::leave_cell() {
         throw;
     }
     atai.close();
+}
+
+/// The table read afresh knows nothing of names without a number.
+void mst_kinsyu::rows_are_back() {
+    const QStringList typed = names_not_stored(hyou);
+    マスター呼出();
+    for (const QString& name : typed) {
+        hyou(hyou.Rows() - 1, name_col) = name;
+        hyou.SetRows(hyou.Rows() + 1);
+    }
 }
 
 void mst_kinsyu::press(int element) {

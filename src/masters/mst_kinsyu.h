@@ -35,6 +35,7 @@ public:
 
 private:
     void leave_cell() override;
+    void rows_are_back() override;
     void press(int element) override; ///< 2 deletes; 1 does nothing more, since leaving the cell is what saves
 };
 

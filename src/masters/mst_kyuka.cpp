@@ -34,6 +34,15 @@ qint64 mark_of(qint64 day_class) {
     return day_class == 0 ? 1 : 2;
 }
 
+/// "休暇 有休": a kind as it is in the table, whatever stands in the boxes.
+QString stored_name(store::Database& rovdata, qint64 number) {
+    auto query = rovdata.prepare("select 休出, 休暇名 from kyutype where システム番号=? order by rowid");
+    if (!query.bind(number).step())
+        return {};
+    const QStringView day_class = query.row().number(0) == 0 ? leave_label : attendance_label;
+    return day_class.toString() + u' ' + short_name(Trim(query.row().text(1)));
+}
+
 } // namespace
 
 void mst_kyuka::書式設定_休暇リスト() {
@@ -66,7 +75,7 @@ void mst_kyuka::休暇リスト転記() {
 
 void mst_kyuka::休暇リスト登録(int mode) {
     if (complete(mode)) {
-        write(mode);
+        mode == Save ? save() : delete_row();
         start_new_row();
         休暇マスターリスト表示();
     }
@@ -83,8 +92,8 @@ bool mst_kyuka::complete(int mode) {
     return named;
 }
 
-void mst_kyuka::write(int mode) {
-    if (mode == Save && atai[key_field].isEmpty())
+void mst_kyuka::save() {
+    if (atai[key_field].isEmpty())
         atai[key_field] = digits(store::採番(m_session.settings, u"休暇種類"_s));
     const qint64 number = Val(atai[key_field]);
     const qint64 day_class = Val(atai[class_field]);
@@ -92,11 +101,28 @@ void mst_kyuka::write(int mode) {
     auto rovdata = open_rovdata();
     store::Transaction transaction(rovdata);
     rovdata.prepare("delete from kyutype where システム番号=?").bind(number).run();
-    if (mode == Save) // a mark that isn't set is stored as no value
-        rovdata.prepare("insert into kyutype (システム番号, 休暇名, 通常, 休出) values (?, ?, nullif(?, 0), ?)")
-            .bind(number, Trim(atai[name_field]), mark, day_class)
-            .run();
+    // A mark that isn't set is stored as no value.
+    rovdata.prepare("insert into kyutype (システム番号, 休暇名, 通常, 休出) values (?, ?, nullif(?, 0), ?)")
+        .bind(number, Trim(atai[name_field]), mark, day_class)
+        .run();
     transaction.commit();
+}
+
+void mst_kyuka::delete_row() {
+    const qint64 number = Val(atai[key_field]);
+    auto rovdata = open_rovdata();
+    store::Transaction transaction(rovdata);
+    Deletion deletion{.what = stored_name(rovdata, number),
+        .hanging = hanging_on(
+            number, rovdata, "select count(*) from kyumei where システム番号=?", u"登録済みの %1日に残っています"_s),
+        .rows = {take_rows(rovdata, u"kyutype"_s, number)}};
+    transaction.commit();
+    deletions.add(std::move(deletion));
+}
+
+void mst_kyuka::rows_are_back() {
+    休暇マスターリスト表示();
+    to_atai(name_field);
 }
 
 /// The day class stays, so that the next new kind starts from the last one chosen.

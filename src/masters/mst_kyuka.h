@@ -48,8 +48,10 @@ public:
 
 private:
     void press(int element) override;
+    void rows_are_back() override;
     bool complete(int mode);
-    void write(int mode);
+    void save();
+    void delete_row();
     void start_new_row();
 };
 

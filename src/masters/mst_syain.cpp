@@ -27,6 +27,18 @@ int draw_number(const base::Settings& settings) {
     return number == never_given ? store::採番(settings, u"社員番号"_s) : number;
 }
 
+/// The `社員番号` as it is in the table, whatever stands in the boxes.
+QString stored_number(store::Database& rovdata, qint64 number) {
+    auto query = rovdata.prepare("select 社員番号 from syain where システム番号=? order by rowid");
+    return query.bind(number).step() ? Trim(query.row().text(0)) : QString();
+}
+
+/// How many other employees have the same `社員番号`, which nothing keeps unique.
+qint64 others_with(store::Database& rovdata, qint64 number, const QString& shown) {
+    auto query = rovdata.prepare("select count(*) from syain where 社員番号=? and システム番号<>?");
+    return query.bind(shown, number).step() ? query.row().number(0) : 0;
+}
+
 /// The row on screen, the text boxes overruling the fields that they show.
 QList<FieldText> row_of(const Sheet& hyou_syain, const std::array<QString, 4>& atai) {
     QList<FieldText> row;
@@ -83,10 +95,35 @@ void mst_syain::画面クリア() {
 void mst_syain::全体マスター変更処理(int mode) {
     if (Val(atai[key_field]) == 0 && !prepare_new_row())
         return;
-    const auto row = mode == Delete ? QList<FieldText>() : row_of(hyou_syain, atai);
-    replace_in_every_copy(m_session.settings, Val(atai[key_field]), row);
+    const qint64 number = Val(atai[key_field]);
+    if (mode == Delete)
+        delete_employee(number);
+    else
+        replace_in_every_copy(m_session.settings, number, row_of(hyou_syain, atai));
     画面クリア();
     社員マスター全呼出();
+}
+
+void mst_syain::delete_employee(qint64 number) {
+    auto rovdata = open_rovdata();
+    const QString shown = stored_number(rovdata, number);
+    const qint64 others = others_with(rovdata, number, shown);
+    Deletion deletion{.what = u"社員 "_s + shown,
+        .hanging = hanging_on(number, rovdata,
+            "select count(distinct 出社日) from rovmei where 社員システム番号=? and 出社日 % 100 <> 32",
+            u"勤怠 %1日が残っています"_s),
+        .rows = replace_in_every_copy(m_session.settings, number, {}),
+        .obstacle = [this, number, shown, others] {
+            auto now = open_rovdata();
+            const bool taken = others_with(now, number, shown) > others;
+            return taken ? u"社員番号 %1 は別の社員が使っています。"_s.arg(shown) : QString();
+        }};
+    deletions.add(std::move(deletion));
+}
+
+void mst_syain::rows_are_back() {
+    社員マスター全呼出();
+    to_atai(number_field);
 }
 
 /// Draws the number of a new employee and lays its row out. False, and the person told, if the name is missing.

@@ -48,6 +48,8 @@ public:
 
 private:
     void press(int element) override;
+    void rows_are_back() override;
+    void delete_employee(qint64 number);
     bool prepare_new_row();
     void show_field(const FieldText& field);
 };

@@ -1,5 +1,6 @@
 #include "masters/work_type_save.h"
 
+#include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
 
@@ -22,6 +23,12 @@ constexpr int first_stored_place = 5;
 
 bool is_kept(const WeekBuffer& week, int weekday, int band) {
     return !Trim(week(weekday, band, band_col::start)).isEmpty() || !Trim(week(weekday, band, band_col::end)).isEmpty();
+}
+
+/// The name of the type as it is in the table, whatever stands in the box.
+QString stored_name(store::Database& rovdata, qint64 number) {
+    auto query = rovdata.prepare("select 勤務タイプ名 from kintype where システム番号=? order by rowid");
+    return short_name(query.bind(number).step() ? Trim(query.row().text(0)) : QString());
 }
 
 void delete_rows(store::Database& rovdata, qint64 number) {
@@ -50,10 +57,16 @@ void replace_work_type(store::Database& rovdata, qint64 number, const QString& n
     transaction.commit();
 }
 
-void delete_work_type(store::Database& rovdata, qint64 number) {
+Deletion delete_work_type(store::Database& rovdata, qint64 number) {
     store::Transaction transaction(rovdata);
-    delete_rows(rovdata, number);
+    Deletion deletion{.what = u"勤務タイプ "_s + stored_name(rovdata, number),
+        .hanging = hanging_on(number, rovdata,
+            "select count(*) from syain where システム番号 in (select システム社員番号 from syainkinmu where "
+            "勤務タイプ=?)",
+            u"社員 %1人に割り当てられています"_s),
+        .rows = {take_rows(rovdata, u"kintype"_s, number)}};
     transaction.commit();
+    return deletion;
 }
 
 } // namespace masters

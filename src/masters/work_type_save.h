@@ -2,8 +2,8 @@
 
 // A work type into the store. A type is replaced whole, in one transaction.
 
+#include "masters/deletions.h"
 #include "masters/week_buffer.h"
-#include "store/database.h"
 
 namespace masters {
 
@@ -13,6 +13,6 @@ namespace masters {
 void replace_work_type(store::Database& rovdata, qint64 number, const QString& name, const WeekBuffer& week);
 
 /// Deletes every row of the type: one with a row left would still be listed.
-void delete_work_type(store::Database& rovdata, qint64 number);
+Deletion delete_work_type(store::Database& rovdata, qint64 number);
 
 } // namespace masters

@@ -8,6 +8,7 @@
 #include "ui/masters/mst_kinjikan_page.h"
 #include "ui/masters/mst_kinsyu_page.h"
 #include "ui/masters/mst_syain_page.h"
+#include "ui/parts/standing_line.h"
 
 #include <QInputMethodEvent>
 #include <QLineEdit>
@@ -168,6 +169,19 @@ TEST_F(MstSyainPage, AClickOnARowShowsTheEmployeeWithTheNumberSelected) {
     press(Qt::Key_Return);
     EXPECT_EQ(page->atai(1)->palette().color(QPalette::Base), QColor(Qt::white));
     press(Qt::Key_Up);
+    EXPECT_TRUE(page->atai(1)->hasFocus());
+}
+
+TEST_F(MstSyainPage, ADeletedEmployeeIsHadBackByTheButtonBesideTheLine) {
+    const auto page = open<ui::mst_syain_page>({1020, 660});
+    auto& line = *page->findChild<ui::StandingLine*>();
+    EXPECT_TRUE(line.button()->isHidden());
+    click_cell(*page->hyou(), 1, 1);
+    click(*page, 2);
+    EXPECT_EQ(line.words()->text(), u"社員 3 を削除しました"_s);
+    QTest::mouseClick(line.button(), Qt::LeftButton);
+    EXPECT_EQ(rows("select 社員番号 from syain order by rowid"), QStringList({u"3"_s, u"1"_s, u"2"_s}));
+    EXPECT_TRUE(line.button()->isHidden());
     EXPECT_TRUE(page->atai(1)->hasFocus());
 }
 

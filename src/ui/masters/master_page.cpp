@@ -4,6 +4,7 @@
 #include "frame/help.h"
 #include "ui/grid/grid_view.h"
 #include "ui/parts/colours.h"
+#include "ui/parts/standing_line.h"
 #include "ui/parts/style.h"
 
 #include <QShowEvent>
@@ -50,6 +51,15 @@ void MasterPage::add_foot(QWidget* behind) {
     m_parts.foot->addStretch();
 }
 
+void MasterPage::add_deletions(masters::MasterScreen& form) {
+    auto* line = new StandingLine(u"元に戻す", this);
+    line->setObjectName("deletions");
+    m_parts.body->addWidget(line);
+    connect(line->button(), &QPushButton::clicked, this,
+        [this, &form] { press_after_leaving([&] { form.undo_deletion(); }); });
+    m_show_deletions = [line, &form] { line->say(form.deletions.line(), form.deletions.can_undo()); };
+}
+
 PictureButton* MasterPage::make_button(int element) {
     m_botan[element] = new PictureButton(frame::picture_folder(m_session.settings), botan_buttons[element], this);
     connect(m_botan[element], &PictureButton::clicked, this, [this, element] { press(element); });
@@ -71,6 +81,7 @@ void MasterPage::resizeEvent(QResizeEvent* event) {
 
 void MasterPage::refresh() {
     show_form();
+    m_show_deletions();
     const auto wish = std::exchange(screen().focus, std::nullopt);
     if (wish)
         (wish->control == masters::Control::Toubotan ? m_toubotan : control(*wish))->setFocus(Qt::OtherFocusReason);
@@ -85,10 +96,14 @@ void MasterPage::showEvent(QShowEvent* event) {
 
 /// The cell in edit is left before the hidden box takes the keyboard: one that can't be saved keeps it, and the page
 /// stays.
-void MasterPage::press(int element) {
+void MasterPage::press_after_leaving(const std::function<void()>& act_of_form) {
     act([this] { screen().leave_cell(); });
     m_toubotan->setFocus();
-    act([&] { screen().botan_Click(element); });
+    act(act_of_form);
+}
+
+void MasterPage::press(int element) {
+    press_after_leaving([&] { screen().botan_Click(element); });
     if (screen().close_wanted)
         Q_EMIT close_wanted();
 }

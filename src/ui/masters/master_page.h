@@ -65,6 +65,8 @@ protected:
     void show_only(GridView& view, masters::GridScreen& form);
 
     QHBoxLayout* body() { return m_body; }
+    /// The line above the buttons that tells what was deleted, with the way back. Made before the foot.
+    void add_deletions(masters::MasterScreen& form);
     /// The buttons at the foot, and what stands behind them. Made last, so that Tab comes to them last.
     void add_foot(QWidget* behind = nullptr);
 
@@ -72,12 +74,15 @@ private:
     PictureButton* make_button(int element);
     PictureButton* make_help_button();
     void press(int element);
+    /// Presses something of the form after the cell in edit was left.
+    void press_after_leaving(const std::function<void()>& act_of_form);
 
     frame::Session& m_session;
     MasterName m_name;
     MasterButtons m_buttons;
     QWidget* m_toubotan; ///< takes the focus when a button is pressed, so that a cell in edit is committed
     std::array<PictureButton*, 3> m_botan{};
+    std::function<void()> m_show_deletions = [] {};
     QHBoxLayout* m_body;
     PageParts m_parts;
 };

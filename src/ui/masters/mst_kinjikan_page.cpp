@@ -34,6 +34,7 @@ mst_kinjikan_page::mst_kinjikan_page(frame::Session& session, QWidget* parent)
     m_msglab = master_note(this);
     body()->addWidget(m_hyoulist);
     body()->addLayout(make_work(), 1);
+    add_deletions(m_form);
     add_foot(m_msglab);
     m_form.msglab_changed = [this] { show_at_once(*m_msglab, m_form.msglab); };
     refresh();
