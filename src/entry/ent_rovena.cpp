@@ -48,7 +48,7 @@ void ent_rovena::Form_Load() {
     for (Selector& selector : ym)
         selector.enabled = true;
     open_drafts();
-    load_goes_on();
+    load_switches();
 }
 
 void ent_rovena::Form_Activate() {

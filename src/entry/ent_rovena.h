@@ -140,8 +140,9 @@ public:
     void go_to_kinds();
     void kyucom_Digit(int digit);      ///< chooses the item of this place in the list, 0 for no kind
     bool kyucom_KeyDown(int key_code); ///< Enter goes to the next day, Escape back to this one; false: another key
-    /// Says in the notice why the day in hand has its figures.
-    void explain_day();
+    /// Whether a page explains the day in hand beside the sheet; kept for this PC.
+    bool why_shown = false;
+    void set_why_shown(bool shown);
 
     // Acts of the person.
 
@@ -192,7 +193,7 @@ private:
     int employee_row() const;
     void leave_kinds(int r);
     bool enter_goes_on(int key_code) const;
-    void load_goes_on();
+    void load_switches();
     void forget_employee();
 
     void open_drafts();

@@ -5,7 +5,6 @@
 #include "base/numbers.h"
 #include "entry/cells.h"
 #include "entry/ent_rovena.h"
-#include "entry/explain.h"
 
 #include <algorithm>
 
@@ -17,6 +16,7 @@ namespace {
 
 const QString settings_table = u"losystem"_s;
 const QString goes_on_key = u"次社員入力"_s;
+const QString why_key = u"内訳表示"_s;
 
 } // namespace
 
@@ -90,14 +90,15 @@ void ent_rovena::set_goes_on(bool on) {
     m_session.tables.設定書込(settings_table, goes_on_key, digits(on));
 }
 
-void ent_rovena::load_goes_on() {
+void ent_rovena::load_switches() {
     goes_on = Val(m_session.tables.設定読込(settings_table, goes_on_key)) != 0;
+    why_shown = Val(m_session.tables.設定読込(settings_table, why_key)) != 0;
 }
 
-void ent_rovena::explain_day() {
+void ent_rovena::set_why_shown(bool shown) {
+    why_shown = shown;
+    m_session.tables.設定書込(settings_table, why_key, digits(shown));
     hyou_Click({sheet.hyou.Row(), sheet.hyou.Col()}); // what is typed in the cell in hand counts
-    const QString words = explained_day(sheet, sheet.hyou.Row());
-    say(words.isEmpty() ? u"この行には時刻がありません"_s : words);
 }
 
 } // namespace entry

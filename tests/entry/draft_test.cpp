@@ -176,16 +176,3 @@ TEST_F(Drafts, TheKeyboardGoesFromEmployeeToEmployeeAndToTheKindsAndBack) {
     enter_on_last_day();
     EXPECT_EQ(form->syalab, u"3:田中"_s);
 }
-
-TEST_F(Drafts, ADayIsExplainedWithTheFiguresThatStandInIt) {
-    type_day(4, u"815"_s, u"1900"_s);
-    form->hyou_Click({4, col::clock_in});
-    form->explain_day();
-    EXPECT_EQ(form->editors.notice->text,
-        u"8:15～19:00 在社 10:45 − 休憩 1:00 ＝ 勤務 9:45（普通 9:00　残業 1:30　時間帯外 0:15　休憩 普通 8:00以上で 1:00）"_s);
-    form->hyou_Click({4, col::break_time});
-    type(*form, u"30"_s);
-    form->explain_day();
-    EXPECT_EQ(form->editors.notice->text,
-        u"8:15～19:00 在社 10:45 − 休憩 0:30 ＝ 勤務 10:15（普通 9:00　残業 1:30　時間帯外 0:15　休憩は手入力）"_s);
-}

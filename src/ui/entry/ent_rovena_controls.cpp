@@ -93,7 +93,8 @@ ent_rovena_controls::ent_rovena_controls(
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
       imghelp(new PictureButton(pictures, frame::help_button, left)), toubotan(new QWidget(left)),
       standing(label(*left, 12, colours::text)), give_up(new QPushButton(u"入力を取り消す"_s, left)),
-      goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)), keys(new FunctionBar(function_keys, page)) {
+      goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)), keys(new FunctionBar(function_keys, page)),
+      why(new WhyPanel(&page)) {
     syalab->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
     standing->setWordWrap(true);
@@ -104,6 +105,7 @@ ent_rovena_controls::ent_rovena_controls(
     goes_on->setFocusPolicy(Qt::TabFocus);
     toubotan->setFocusPolicy(Qt::ClickFocus);
     toubotan->setFixedSize(1, 1);
+    why->hide();
     hyou->setObjectName("hyou");
     hyou_day->setObjectName("hyou_day");
     hyou_syain->setObjectName("hyou_syain");
@@ -144,6 +146,7 @@ void ent_rovena_controls::order_by_tab() {
 
 void ent_rovena_controls::lay_out(QSize page) {
     hyou->sheet().SetColWidth(entry::col::remark, entry::remark_width);
+    m_why_at_right = why_fits_at_right(page);
     m_keys_at_foot = keys_fit_at_foot(page);
     int row_height = largest_row;
     zoom_to(row_height);
@@ -152,6 +155,14 @@ void ent_rovena_controls::lay_out(QSize page) {
     hyou_syain->refresh();
     place_keys(page);
     place_sheets(sheets_room(page));
+    place_why(page);
+}
+
+/// Whether the sheets at their own size leave room for the explanation beside them.
+bool ent_rovena_controls::why_fits_at_right(QSize page) {
+    m_why_at_right = false;
+    zoom_to(hyou->own_row_height());
+    return !why->isHidden() && hyou->full_width(false) + gap + WhyPanel::least_width <= sheets_room(page).width();
 }
 
 /// Whether the sheets at their own size leave room for the keys below them.
@@ -183,7 +194,19 @@ void ent_rovena_controls::place_keys(QSize page) {
 QRect ent_rovena_controls::sheets_room(QSize page) const {
     const int beside = 2 * page_margin + hyou_syain->full_width(true);
     const int foot = m_keys_at_foot ? keys->height_for(int(std::size(function_keys))) + tight_gap : 0;
-    return {beside, tight_gap, page.width() - beside - page_margin, page.height() - 2 * tight_gap - foot};
+    const int at_right = m_why_at_right ? gap + WhyPanel::least_width : 0;
+    return {beside, tight_gap, page.width() - beside - at_right - page_margin, page.height() - 2 * tight_gap - foot};
+}
+
+void ent_rovena_controls::place_why(QSize page) {
+    if (why->isHidden())
+        return;
+    const QRect room = sheets_room(page);
+    if (m_why_at_right)
+        why->setGeometry(room.right() + 1 + gap, room.top(), WhyPanel::least_width, room.height());
+    else
+        why->setGeometry(QRect(left->mapToParent(QPoint(0, hyou_syain->y())), hyou_syain->size()));
+    why->raise();
 }
 
 void ent_rovena_controls::zoom_to(int row_height) {

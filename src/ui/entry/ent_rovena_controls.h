@@ -6,6 +6,7 @@
 
 #include "entry/ent_rovena.h"
 #include "ui/entry/function_bar.h"
+#include "ui/entry/why_panel.h"
 #include "ui/grid/cell_editor.h"
 #include "ui/grid/grid_view.h"
 #include "ui/parts/month_box.h"
@@ -29,6 +30,7 @@ struct ent_rovena_controls {
     /// Lays the controls into a page of this size. The sheets get the largest whole-pixel rows at which all of them is
     /// in view, never below their own size, and no more room than they fill; the list of employees grows with them.
     /// The width that is left beside the month goes to its remarks.
+    /// The explanation of a day lies at the right of the sheets where that leaves them whole, else over the list.
     /// The function keys lie at the foot of the sheets, on a low screen below the left column.
     void lay_out(QSize page);
 
@@ -49,18 +51,22 @@ struct ent_rovena_controls {
     QPushButton* give_up; ///< "入力を取り消す"
     QCheckBox* goes_on;
     FunctionBar* keys;
+    WhyPanel* why; ///< out of sight unless asked for
 
 private:
     void fill_left_column();
     void place_keys(QSize page);
+    void place_why(QSize page);
     void order_by_tab();
     QRect sheets_room(QSize page) const;
     void zoom_to(int row_height);
     bool fits(QSize page) const;
     bool keys_fit_at_foot(QSize page);
+    bool why_fits_at_right(QSize page);
     void place_sheets(QRect room);
 
     bool m_keys_at_foot = false;
+    bool m_why_at_right = false;
 };
 
 } // namespace ui

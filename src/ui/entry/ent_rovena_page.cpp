@@ -142,7 +142,7 @@ void ent_rovena_page::press_key(Qt::Key key) {
     case Qt::Key_F1:
         return m_controls.imghelp->click();
     case Qt::Key_F2:
-        return act([this] { m_form.explain_day(); });
+        return act([this] { m_form.set_why_shown(!m_form.why_shown); });
     case Qt::Key_F3:
         return act([this] { m_form.fill(entry::FillSource::DayAbove, row_in_hand()); });
     case Qt::Key_F5:
@@ -300,6 +300,9 @@ void ent_rovena_page::refresh() {
     m_controls.kyuflg->button(m_form.kyuflg())->setChecked(true);
     show_month();
     m_controls.hyou_day->setVisible(m_form.hyou_day_shown);
+    m_controls.why->setVisible(m_form.why_shown && m_form.hyou_day_shown);
+    if (m_form.why_shown)
+        m_controls.why->show_day(m_form.sheet, m_form.sheet.hyou.Row());
     m_controls.lay_out(size());
     refresh_editors();
     follow_focus_wish();

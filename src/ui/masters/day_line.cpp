@@ -24,16 +24,8 @@ constexpr int legend_top = overlap_top + overlap_height + 8;
 constexpr int legend_height = 20;
 constexpr int swatch = 12;
 
-constexpr QRgb category_colours[] = {0xff8f9be0, 0xfff2b66d, 0xff7cc3b2, 0xffd990b5, 0xffa9c46c, 0xffb59ddb, 0xff7fbbe0,
-    0xffe0a08a, 0xffc9b45f, 0xff9fb0bf};
-constexpr QRgb no_category = 0xffc4c7d2;
 constexpr QRgb overlap_colour = 0xffd0303c;
 constexpr QRgb gap_colour = 0xff9a9eb2;
-
-/// More categories than colours begin with the first colour again.
-QColor colour_of(int place) {
-    return QColor::fromRgb(place < 0 ? no_category : category_colours[place % std::ssize(category_colours)]);
-}
 
 QString name_of(const QStringList& names, int place) {
     return place < 0 || place >= names.size() ? u"（勤務種類なし）"_s : names[place];
@@ -50,7 +42,7 @@ QList<Meaning> meanings(const common::DayPicture& day, const QStringList& names)
         places.insert(segment.colour);
     QList<Meaning> all;
     for (const int place : places)
-        all << Meaning{colour_of(place), name_of(names, place)};
+        all << Meaning{colours::of_category(place), name_of(names, place)};
     if (!day.overlaps.isEmpty())
         all << Meaning{{QColor::fromRgb(overlap_colour), Qt::BDiagPattern}, u"重なり"_s};
     if (!day.gaps.isEmpty())
@@ -107,7 +99,7 @@ void DayLine::draw_hours(QPainter& painter) const {
 /// A piece of the next day is paler. The number is the band's in the grid, 0 where it has none.
 void DayLine::draw_segment(QPainter& painter, const common::Segment& segment) const {
     const QRectF bar = place(segment.span, bar_top + 3, bar_height - 6);
-    QColor ground = colour_of(segment.colour);
+    QColor ground = colours::of_category(segment.colour);
     painter.setPen(ground.darker(130));
     ground.setAlpha(segment.next_day ? 120 : 255);
     painter.setBrush(ground);

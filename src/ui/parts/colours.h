@@ -4,6 +4,7 @@
 // bitmaps of the buttons are made for it.
 
 #include <QColor>
+#include <iterator>
 
 namespace ui::colours {
 
@@ -25,5 +26,15 @@ inline constexpr QRgb notice = 0xfffff7e3; ///< something waits for the person
 inline constexpr QRgb notice_line = 0xffe3c77d;
 inline constexpr QRgb waiting = 0xffd9822b; ///< the mark of what isn't saved yet
 inline constexpr QRgb line = 0xffdfe2ec;
+
+inline constexpr QRgb categories[] = {0xff8f9be0, 0xfff2b66d, 0xff7cc3b2, 0xffd990b5, 0xffa9c46c, 0xffb59ddb,
+    0xff7fbbe0, 0xffe0a08a, 0xffc9b45f, 0xff9fb0bf};
+inline constexpr QRgb no_category = 0xffc4c7d2;
+
+/// The colour of the work category at a place of a list, from 0 on; below 0 is none. More categories than colours begin
+/// with the first colour again.
+inline QColor of_category(int place) {
+    return QColor::fromRgb(place < 0 ? no_category : categories[place % std::ssize(categories)]);
+}
 
 } // namespace ui::colours
