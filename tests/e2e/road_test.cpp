@@ -10,51 +10,36 @@ using namespace base;
 
 namespace {
 
-struct Road : testing::Test {
-    void walk(const QString& road, const QStringList& company) {
+struct Road : testing::TestWithParam<const char*> {
+    void walk(const QStringList& company) {
         const QString artwork = qEnvironmentVariable("ROVENA_BIN") + u"/../artwork"_s;
         e2e::install(QStringList{drive.filePath(u"main"_s), u"--assets"_s, artwork} + company);
         e2e::Pictures none(e2e::Taken::No, QDir(drive.path()));
-        EXPECT_NO_THROW(e2e::Walker(e2e::desk(), none, drive.filePath(u"main"_s)).walk(road));
+        EXPECT_NO_THROW(
+            e2e::Walker(e2e::desk(), none, drive.filePath(u"main"_s)).walk(QString::fromLatin1(GetParam())));
     }
-    void walk_sample(const QString& road) { walk(road, {u"--sample"_s, u"12"_s, u"3"_s, u"--until"_s, u"202609"_s}); }
     const QTemporaryDir drive;
 };
 
+std::string name(const testing::TestParamInfo<const char*>& road) {
+    return QString::fromLatin1(road.param).replace(u'-', u'_').toStdString();
+}
+
+using OfANewCompany = Road;
+using OfACompanyAtWork = Road;
+
 } // namespace
 
-TEST_F(Road, ANewCompanyIsSetUpTypedAMonthPrintedAndRestoredFromItsBackup) {
-    walk(u"new-company"_s, {});
+TEST_P(OfANewCompany, IsWalkedToItsEnd) {
+    walk({});
 }
 
-TEST_F(Road, ACompanyTypesAMonthThatIsReadBackAndPrintsEveryReport) {
-    walk_sample(u"company"_s);
+TEST_P(OfACompanyAtWork, IsWalkedToItsEnd) {
+    walk({u"--sample"_s, u"12"_s, u"3"_s, u"--until"_s, u"202609"_s});
 }
 
-TEST_F(Road, ACorrectedDayReplacesTheSavedOneAndTheOthersStand) {
-    walk_sample(u"corrected-day"_s);
-}
-
-TEST_F(Road, SavingTwiceCountsOnce) {
-    walk_sample(u"saved-twice"_s);
-}
-
-TEST_F(Road, ATopButtonLeavesWithoutSavingAndWhatWasTypedIsThereOnComingBack) {
-    walk_sample(u"top-button"_s);
-}
-
-TEST_F(Road, WhatStandsInTheCellInHandIsThereAfterAButtonAndAfterAnEnd) {
-    walk_sample(u"left-in-the-middle"_s);
-}
-
-TEST_F(Road, TheOrderOfTheListAndTheBreakHandlingAreKeptForTheNextTime) {
-    walk_sample(u"as-left"_s);
-}
-
-TEST_F(Road, AnEmployeeIsSearchedByClickAndByKeyOrTheSearchIsLeft) {
-    walk_sample(u"search"_s);
-}
-
-TEST_F(Road, ASaveThatFailsKeepsTheSheetAndCanBeTriedAgain) {
-    walk_sample(u"failed-save"_s);
-}
+INSTANTIATE_TEST_SUITE_P(Road, OfANewCompany, testing::Values("new-company", "first-start"), name);
+INSTANTIATE_TEST_SUITE_P(Road, OfACompanyAtWork,
+    testing::Values("company", "corrected-day", "saved-twice", "top-button", "left-in-the-middle", "as-left", "search",
+        "failed-save", "boxes", "report-conditions", "sizes", "masters", "settings", "drafts", "typed-month"),
+    name);

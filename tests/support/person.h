@@ -8,8 +8,8 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
-#include <QMap>
 #include <QMessageBox>
+#include <QMetaEnum>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -80,17 +80,15 @@ inline void type_word(const QString& word) {
     QApplication::sendEvent(at, &composed);
 }
 
-/// Words parted by blanks; "Enter" and the names of other keys are those keys.
+/// Words parted by blanks; "Enter" and the names that Qt has for other keys are those keys.
 inline void type(const QString& words) {
-    static const QMap<QString, Qt::Key> keys{{QStringLiteral("Enter"), Qt::Key_Return},
-        {QStringLiteral("Backspace"), Qt::Key_Backspace}, {QStringLiteral("Delete"), Qt::Key_Delete},
-        {QStringLiteral("Up"), Qt::Key_Up}, {QStringLiteral("Down"), Qt::Key_Down},
-        {QStringLiteral("Left"), Qt::Key_Left}, {QStringLiteral("Right"), Qt::Key_Right},
-        {QStringLiteral("Tab"), Qt::Key_Tab}, {QStringLiteral("Space"), Qt::Key_Space},
-        {QStringLiteral("Escape"), Qt::Key_Escape}, {QStringLiteral("F1"), Qt::Key_F1}};
+    static const auto keys = QMetaEnum::fromType<Qt::Key>();
     for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
-        if (const auto key = keys.find(word); key != keys.end())
-            press(*key);
+        const QByteArray name = "Key_" + (word == QLatin1String("Enter") ? "Return" : word.toUtf8());
+        bool is_key = false;
+        const int key = keys.keyToValue(name.constData(), &is_key);
+        if (is_key && word.size() > 1 && !word[0].isDigit())
+            press(Qt::Key(key));
         else
             type_word(word);
     }

@@ -1,7 +1,6 @@
 #include "ui/entry/ent_rovena_page.h"
 
 #include "support/person.h"
-#include "support/stored.h"
 #include "ui/entry_company.h"
 
 #include <QLineEdit>
@@ -13,41 +12,23 @@ namespace {
 using namespace base;
 using support::click_cell, support::press, support::type;
 
-constexpr int clock_in = 2, clock_out = 3, first_category = 8;
+constexpr int clock_in = 2, first_category = 8;
 
 struct EntryPage : testing::Test, EntryCompany {
     ui::Whole<ui::ent_rovena_page> page{session};
     const entry::ent_rovena& form = page.form();
     const ui::ent_rovena_controls& controls = page.controls();
 
-    EntryPage() { support::bring_up(page, {1366, 716}); }
-    void choose_employee(int row = 1) { click_cell(*controls.hyou_syain, row, 1); }
-    void click_sheet(int row, int col) { click_cell(*controls.hyou, row, col); }
-    const QString& cell(int row, int col) const { return form.sheet.hyou(row, col); }
-    QString boxes() const { return controls.ym[0]->currentText() + u'/' + controls.ym[1]->currentText(); }
-    /// Clicks into a box of the month and types over what stands there.
-    void type_month(int element, const QString& text) {
-        controls.hyou_syain->setFocus();
-        QTest::mouseClick(controls.ym[element]->lineEdit(), Qt::LeftButton);
-        type(text);
+    EntryPage() {
+        support::bring_up(page, {1366, 716});
+        choose_employee();
     }
+    void choose_employee() { click_cell(*controls.hyou_syain, 1, 1); }
+    void click_sheet(int row, int col) { click_cell(*controls.hyou, row, col); }
     bool whole_in_view(const ui::GridView* grid, int row, int col) const {
         return grid->viewport()->rect().contains(grid->cell_rect({row, col})) && page.rect().contains(grid->geometry());
     }
 };
-
-TEST_F(EntryPage, TheWholeMonthIsInViewOnALowScreen) {
-    choose_employee();
-    // Windows of 1366 x 768 and 1280 x 720 less the top band of the frame.
-    for (const QSize size : {QSize(1366, 708), QSize(1280, 660)}) {
-        support::bring_up(page, size);
-        for (const int row : {0, 31, 32})
-            EXPECT_TRUE(whole_in_view(controls.hyou, row, first_category + 2));
-        EXPECT_FALSE(controls.hyou->verticalScrollBar()->isVisible());
-        EXPECT_TRUE(whole_in_view(controls.hyou_day, 2, 7));
-        EXPECT_TRUE(page.rect().contains(controls.left->geometry()));
-    }
-}
 
 TEST_F(EntryPage, WithMoreCategoriesThanFitTheMonthIsStillInViewFromTopToBottom) {
     rovdata().exec("with recursive n(i) as (select 4 union all select i + 1 from n where i < 10)"
@@ -63,7 +44,6 @@ TEST_F(EntryPage, WithMoreCategoriesThanFitTheMonthIsStillInViewFromTopToBottom)
 }
 
 TEST_F(EntryPage, OnALargeScreenTheSheetsGrow) {
-    choose_employee();
     const int row = controls.hyou->cell_rect({1, 2}).height();
     page.resize(2400, 1300);
     EXPECT_GT(controls.hyou->cell_rect({1, 2}).height(), row);
@@ -75,7 +55,6 @@ TEST_F(EntryPage, OnALargeScreenTheSheetsGrow) {
 }
 
 TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
-    choose_employee();
     support::bring_up(page, {800, 400});
     click_sheet(5, clock_in);
     type(u"830"_s);
@@ -85,71 +64,11 @@ TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
     controls.hyou->verticalScrollBar()->setValue(12);
     EXPECT_FALSE(controls.hyou->viewport()->rect().intersects(box->geometry()));
     type(u"Enter"_s);
-    EXPECT_EQ(cell(5, clock_in), u"8:30"_s) << "what was typed is kept out of sight";
-    EXPECT_EQ(box->geometry(), controls.hyou->cell_rect({5, clock_out})) << "the next cell comes into view";
-}
-
-TEST_F(EntryPage, HowTheLoadStandsIsPaintedWhileItGoesOn) {
-    const support::PaintedWords painted;
-    choose_employee();
-    EXPECT_TRUE(painted.words.contains(u"データー抽出中"_s));
-    EXPECT_EQ(controls.syalab->text() + controls.lab2->text(), u"3:山田 太郎普通社員"_s);
-}
-
-TEST_F(EntryPage, TheSelectorsTakeDigitsOnlyAndEnterLoadsWhatIsTypedAndMovesOn) {
-    EXPECT_TRUE(controls.ym[0]->hasFocus()) << "the screen opens with the year";
-    type_month(0, u"20a05 Enter"_s);
-    EXPECT_EQ(form.sheet.month.first(), QDate(2005, 10, 1)) << "with nobody chosen, too";
-    EXPECT_TRUE(controls.ym[1]->hasFocus());
-    support::turn_wheel(*controls.ym[1]);
-    EXPECT_EQ(boxes(), u"2005/10"_s) << "the wheel chooses no month";
-    press(Qt::Key_Up);
-    EXPECT_EQ(boxes(), u"2005/9"_s);
-    choose_employee();
-    type_month(1, u"13 Enter"_s);
-    EXPECT_EQ(boxes(), u"2005/9"_s);
-    EXPECT_TRUE(controls.toubotan->hasFocus());
-    type_month(0, u"1999 Enter 3 Enter"_s);
-    EXPECT_EQ(form.sheet.month.first(), QDate(1999, 3, 1));
-    EXPECT_EQ(boxes(), u"1999/3"_s);
-}
-
-TEST_F(EntryPage, AMonthThatIsOnlyTypedIsNeverLoadedAndTheDayTypedBeforeIsPosted) {
-    const QString exchange = store::exchange_path(settings, 1);
-    QDir().mkpath(QFileInfo(exchange).path());
-    store::Database::create(exchange, store::Kind::Exchange);
-    choose_employee();
-    click_sheet(1, clock_in);
-    type(u"830"_s);
-    QWidget other;
-    const std::function<void()> ways[] = {
-        [] { press(Qt::Key_Tab); },
-        [&] {
-            support::bring_up(other, {50, 50});
-        },
-        [&] { click_sheet(2, clock_in); },
-        [&] { QTest::mouseClick(controls.botan[1], Qt::LeftButton); },
-    };
-    for (const auto& leave : ways)
-        for (const auto& [element, text] : {std::pair{0, u"2005"_s}, {1, u"11"_s}, {1, u"13"_s}, {0, u"1999"_s}}) {
-            type_month(element, text);
-            leave();
-            support::bring_up(page, page.size());
-            EXPECT_EQ(boxes(), u"2004/10"_s) << &leave - ways << ' ' << text.toStdString();
-            EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
-        }
-    EXPECT_EQ(
-        support::rows_of(exchange, store::Kind::Exchange, R"(select "10", "11" from jyusin where "2"='51')").value(0),
-        u"20041001|830"_s);
-    type_month(1, u"9"_s);
-    QApplication::setActiveWindow(nullptr);
-    support::bring_up(page, page.size());
-    type(u"11 Enter"_s);
-    EXPECT_EQ(boxes(), u"2004/11"_s) << "the month that was put back is typed over";
+    EXPECT_EQ(form.sheet.hyou(5, clock_in), u"8:30"_s) << "what was typed is kept out of sight";
+    EXPECT_EQ(box->geometry(), controls.hyou->cell_rect({5, clock_in + 1})) << "the next cell comes into view";
 }
 
 TEST_F(EntryPage, WhatIsTypedWhileTheListOfKindsIsOpenOrScrolledAwayReachesNoCount) {
-    choose_employee();
     support::bring_up(page, {900, 400});
     click_sheet(5, 7);
     const base::Sheet counts = form.sheet.hyou_day;
@@ -168,25 +87,14 @@ TEST_F(EntryPage, WhatIsTypedWhileTheListOfKindsIsOpenOrScrolledAwayReachesNoCou
     type_on();
 }
 
-TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSight) {
-    choose_employee();
+TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSightAndTheWheelChoosesNoMonth) {
     for (int i = 0; i < 20; ++i) {
         press(Qt::Key_Tab);
         EXPECT_FALSE(controls.hyou->viewport()->isAncestorOf(QApplication::focusWidget()));
         EXPECT_NE(QApplication::focusWidget(), controls.toubotan);
     }
-}
-
-TEST_F(EntryPage, ADayIsTypedWithTheKeyboardAlone) {
-    choose_employee();
-    controls.hyou_syain->setFocus();
-    press(Qt::Key_Tab);
-    ASSERT_TRUE(controls.hyou->hasFocus()) << "not the counts, which take digits too";
-    type(u"8 30 Enter 1715"_s);
-    EXPECT_EQ(cell(1, clock_in), u"8:30"_s);
-    press(Qt::Key_Tab);
-    EXPECT_EQ(cell(1, clock_out), u"17:15"_s);
-    EXPECT_TRUE(controls.hyou_day->hasFocus());
+    support::turn_wheel(*controls.ym[1]);
+    EXPECT_EQ(controls.ym[1]->currentText(), u"10"_s);
 }
 
 } // namespace

@@ -58,6 +58,7 @@ QHBoxLayout* month_row(QWidget& parent, const std::array<MonthBox*, 2>& ym) {
     auto* row = new QHBoxLayout;
     row->setSpacing(4);
     for (int element = 0; element < 2; ++element) {
+        ym[element]->setAccessibleName(selector_units[element].toString());
         row->addWidget(ym[element]);
         auto* unit = label(parent, 13, colours::text);
         unit->setText(selector_units[element].toString());
@@ -105,6 +106,7 @@ ent_rovena_controls::ent_rovena_controls(
     goes_on->setFocusPolicy(Qt::TabFocus);
     toubotan->setFocusPolicy(Qt::ClickFocus);
     toubotan->setFixedSize(1, 1);
+    toubotan->setObjectName("toubotan");
     why->hide();
     hyou->setObjectName("hyou");
     hyou_day->setObjectName("hyou_day");

@@ -142,6 +142,7 @@ void rov_01_conditions::make_employees() {
             row->addWidget(caption(u"～", m_pic_tantou));
         row->addWidget(m_tancd[element] = make_employee(element));
         auto* name = new QLineEdit(m_pic_tantou);
+        name->setAccessibleName(element == 0 ? u"社員名 開始"_s : u"社員名 終了"_s);
         name->setReadOnly(true);
         name->setFocusPolicy(Qt::ClickFocus);
         name->setFixedSize(name_width, m_tancd[element]->minimumHeight());

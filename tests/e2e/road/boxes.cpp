@@ -4,7 +4,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDebug>
 #include <QMessageBox>
+#include <QTableWidget>
 #include <QTest>
 
 namespace e2e {
@@ -34,11 +36,24 @@ void Boxes::answer(QWidget& box) {
     m_awaited.pop_front();
     if (!awaited.picture.isEmpty())
         m_pictures.take(box, awaited.picture);
+    if (!awaited.rows.isEmpty())
+        compare(awaited.rows, *box.findChild<QTableWidget*>());
     for (auto* button : box.findChildren<QAbstractButton*>())
         if (button->text() == awaited.button)
             return QTest::mouseClick(button, Qt::LeftButton);
     m_unexpected << u"%1, without a button \"%2\""_s.arg(awaited.text, awaited.button);
     box.close();
+}
+
+void Boxes::compare(const QList<QStringList>& wanted, const QTableWidget& table) {
+    QList<QStringList> there(table.rowCount());
+    for (int row = 0; row < table.rowCount(); ++row)
+        for (int col = 0; col < std::min(table.columnCount(), int(wanted[0].size())); ++col) {
+            const QWidget* cell = table.cellWidget(row, col);
+            there[row] << (cell ? cell->property("text").toString() : table.item(row, col)->text());
+        }
+    if (there != wanted)
+        m_unexpected << QDebug::toString(there);
 }
 
 QStringList Boxes::faults() const {

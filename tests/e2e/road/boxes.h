@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <deque>
 
+class QTableWidget;
+
 namespace e2e {
 
 class Boxes {
@@ -18,7 +20,8 @@ public:
     struct Awaited {
         QString text; ///< part of what the box says, or of the title of a dialog
         QString button;
-        QString picture; ///< its name; empty takes none
+        QString picture;         ///< its name; empty takes none
+        QList<QStringList> rows; ///< of the table in it, from the first column on; none: whatever there is
     };
     /// The next box, behind those that are awaited already.
     void await(const Awaited& box) { m_awaited.push_back(box); }
@@ -29,6 +32,7 @@ public:
 private:
     void look();
     void answer(QWidget& box);
+    void compare(const QList<QStringList>& wanted, const QTableWidget& table);
 
     Pictures& m_pictures;
     QTimer m_timer;

@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "support/person.h"
+#include "ui/parts/colours.h"
 #include "ui/parts/picture_button.h"
 
 #include <QAbstractItemView>
@@ -11,6 +12,29 @@
 namespace e2e {
 
 using namespace base;
+
+namespace {
+
+QLineEdit& line_of(QWidget& box) {
+    const auto* list = qobject_cast<QComboBox*>(&box);
+    auto* line = list ? list->lineEdit() : qobject_cast<QLineEdit*>(&box);
+    demand(line != nullptr, u"nothing can be typed there"_s);
+    return *line;
+}
+
+void list_cut_off(const QWidget& in, QStringList& found) {
+    for (const auto* part : in.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (!part->isVisible() || part->isWindow())
+            continue;
+        const auto* label = qobject_cast<const QLabel*>(part);
+        if (!in.rect().contains(part->geometry()) || (label && label->height() < label->heightForWidth(label->width())))
+            found << QString::fromLatin1(part->metaObject()->className()) + part->property("text").toString();
+        if (!qobject_cast<const QAbstractScrollArea*>(part))
+            list_cut_off(*part, found);
+    }
+}
+
+} // namespace
 
 QWidget& Clerk::front() {
     QCoreApplication::processEvents();
@@ -24,9 +48,10 @@ QWidget& Clerk::front() {
 
 template <typename Widget>
 Widget& Clerk::find(const QString& what, const std::function<bool(const Widget&)>& wanted) {
-    for (auto* found : front().findChildren<Widget*>())
-        if (found->isVisible() && wanted(*found))
-            return *found;
+    for (const QWidget* in : {&front(), &m_window}) // a search stands beside the window and leaves it in reach
+        for (auto* found : in->findChildren<Widget*>())
+            if (found->isVisible() && wanted(*found))
+                return *found;
     throw RoadError(u"there is no %1"_s.arg(what));
 }
 
@@ -43,10 +68,14 @@ void Clerk::tick(const QString& label) {
     QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(button.height() / 2, button.height() / 2));
 }
 
+QLineEdit& Clerk::box(const QString& label) {
+    auto& found =
+        find<QWidget>(u"box \"%1\""_s.arg(label), [&](const auto& at) { return at.accessibleName() == label; });
+    return line_of(found);
+}
+
 void Clerk::click_box(const QString& label) {
-    auto& box =
-        find<QLineEdit>(u"box \"%1\""_s.arg(label), [&](const auto& at) { return at.accessibleName() == label; });
-    QTest::mouseClick(&box, Qt::LeftButton);
+    QTest::mouseClick(&box(label), Qt::LeftButton);
 }
 
 ui::GridView& Clerk::grid(const QString& name) {
@@ -55,6 +84,7 @@ ui::GridView& Clerk::grid(const QString& name) {
 
 void Clerk::click_cell(const QString& grid_name, int row, int col) {
     support::click_cell(grid(grid_name), row, col);
+    QCoreApplication::processEvents();
 }
 
 QWidget& Clerk::keyboard() {
@@ -70,10 +100,40 @@ void Clerk::type(const QString& words) {
 }
 
 QLineEdit& Clerk::in_hand() {
-    auto* list = qobject_cast<QComboBox*>(&keyboard());
-    auto* box = list ? list->lineEdit() : qobject_cast<QLineEdit*>(&keyboard());
-    demand(box != nullptr, u"the keyboard is in no box"_s);
-    return *box;
+    return line_of(keyboard());
+}
+
+QString Clerk::keyboard_at() {
+    const QWidget& at = keyboard();
+    return at.accessibleName().isEmpty() ? at.objectName() : at.accessibleName();
+}
+
+QString Clerk::selected() {
+    const QLineEdit& box = in_hand();
+    for (const auto* at : front().findChildren<QLineEdit*>()) {
+        const bool lit = at->palette().color(QPalette::Base) == QColor::fromRgb(ui::colours::box_in_hand);
+        demand(at->visibleRegion().isEmpty() || lit == (at == &box), u"another box than the one in hand is lit"_s);
+    }
+    return box.selectedText();
+}
+
+void Clerk::read(const QString& text) {
+    find<QWidget>(u"\"%1\" to read"_s.arg(text),
+        [&](const auto& at) { return at.property("text").toString().remove(u'\u200b').contains(text); });
+}
+
+QStringList Clerk::buttons_down() {
+    QStringList labels;
+    for (const auto* button : front().findChildren<ui::PictureButton*>())
+        if (button->isDown())
+            labels << button->accessibleName();
+    return labels;
+}
+
+QStringList Clerk::cut_off() {
+    QStringList found;
+    list_cut_off(front(), found);
+    return found;
 }
 
 void Clerk::choose_item(const QString& text) {

@@ -25,6 +25,7 @@ public:
     void tick(const QString& label);
     /// Clicks into the text box of this name.
     void click_box(const QString& label);
+    QLineEdit& box(const QString& label);
     void click_cell(const QString& grid_name, int row, int col);
     ui::GridView& grid(const QString& name);
 
@@ -32,8 +33,18 @@ public:
     void type(const QString& words);
     /// The box that has the keyboard.
     QLineEdit& in_hand();
+    /// The name of what has the keyboard.
+    QString keyboard_at();
+    /// The selected text of the box in hand, which alone is lit.
+    QString selected();
     /// Opens the list that has the keyboard and steps through it to the item.
     void choose_item(const QString& text);
+
+    /// Looks for a text that stands somewhere in sight.
+    void read(const QString& text);
+    QStringList buttons_down();
+    /// What isn't whole in sight, but for the contents of scroll areas.
+    QStringList cut_off();
 
 private:
     template <typename Widget>

@@ -1,8 +1,9 @@
 #pragma once
 
 // The desktop of a road: the real one, except for what leaves the program. It is always the morning of 2026-10-05 when
-// a road begins. The only printer is the one that writes PDF files, documents are kept in mind instead of opened in
-// another program, of other programs only the exchange manager is started, and a save dialog is answered at once.
+// a road begins. Printed is only by the first printer, which writes PDF files, documents are kept in mind instead of
+// opened in another program, of other programs only the exchange manager is started, and a save dialog is answered at
+// once.
 
 #include "base/literals.h"
 #include "ui/paper/pdf_file.h"
@@ -19,7 +20,7 @@ public:
     QStringList opened, started;           ///< documents, and base names of programs, until they are taken
 
     QDateTime now() override { return QDateTime::currentDateTime().addMSecs(m_behind); }
-    QStringList printers() override { return {ui::pdf_printer.toString()}; }
+    QStringList printers() override { return {ui::pdf_printer.toString(), QStringLiteral("Office")}; }
     bool open_document(const QString& address) override { return opened << address, true; }
     bool start_program(const QString& file, const QStringList& arguments) override {
         started << QFileInfo(file).baseName();

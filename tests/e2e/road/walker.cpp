@@ -87,10 +87,10 @@ const QMap<QString, Walker::Act> Walker::acts{
     {u"choose"_s, [](Walker& at, const Step& step) { at.clerk().choose_item(step.word(0)); }},
     // resize WIDTH | HEIGHT
     {u"resize"_s, [](Walker& at, const Step& step) { at.window().resize(step.word(0).toInt(), step.word(1).toInt()); }},
-    // await TEXT | BUTTON | PICTURE: of a box that the next step brings
+    // await TEXT | BUTTON | PICTURE: of a box that the next step brings; the lines are the rows of its table
     {u"await"_s,
         [](Walker& at, const Step& step) {
-            at.m_boxes.await({step.word(0), step.word(1), step.word(2)});
+            at.m_boxes.await({step.word(0), step.word(1), step.word(2), step.lines});
         }},
     // picture NAME
     {u"picture"_s,
@@ -98,11 +98,38 @@ const QMap<QString, Walker::Act> Walker::acts{
             QTest::qWait(0);
             at.m_pictures.take(at.clerk().front(), step.word(0));
         }},
-    // focus NAME: the keyboard is in that box
-    {u"focus"_s,
-        [](Walker& at, const Step& step) { demand_same({step.word(0)}, {at.clerk().in_hand().accessibleName()}); }},
-    // holds TEXT: the box in hand
-    {u"holds"_s, [](Walker& at, const Step& step) { demand_same({step.word(0)}, {at.clerk().in_hand().text()}); }},
+    // focus NAME: the keyboard is there
+    {u"focus"_s, [](Walker& at, const Step& step) { demand_same({step.word(0)}, {at.clerk().keyboard_at()}); }},
+    // holds TEXT: the box in hand; holds TEXT | BOX: that one
+    {u"holds"_s,
+        [](Walker& at, const Step& step) {
+            Clerk clerk = at.clerk();
+            demand_same({step.word(0)}, {(step.words.size() > 1 ? clerk.box(step.word(1)) : clerk.in_hand()).text()});
+        }},
+    // selected TEXT: of the box in hand, which alone is lit
+    {u"selected"_s, [](Walker& at, const Step& step) { demand_same({step.word(0)}, {at.clerk().selected()}); }},
+    // reads TEXT: it stands somewhere in sight
+    {u"reads"_s, [](Walker& at, const Step& step) { at.clerk().read(step.word(0)); }},
+    // painted TEXT...: labels said so, even if for a moment only, since the last such step
+    {u"painted"_s,
+        [](Walker& at, const Step& step) {
+            for (const QStringList words = std::exchange(at.m_painted.words, {}); const QString& word : step.words)
+                demand(words.contains(word), word);
+        }},
+    // down BUTTON...: these alone look pressed
+    {u"down"_s,
+        [](Walker& at, const Step& step) { demand_same({step.word(0)}, {at.clerk().buttons_down().join(u' ')}); }},
+    // fits: nothing is cut off
+    {u"fits"_s, [](Walker& at, const Step&) { demand_none(at.clerk().cut_off()); }},
+    // whole GRID ROW COLUMN...: these cells are in view, all of each
+    {u"whole"_s,
+        [](Walker& at, const Step& step) {
+            for (const QString& word : step.words) {
+                const Place place = place_of(word, at.clerk());
+                const ui::GridView& grid = at.clerk().grid(place.grid);
+                demand(grid.viewport()->rect().contains(grid.cell_rect({place.row, place.col})), word);
+            }
+        }},
     // see GRID ROW COLUMN | CELL...; each line is the next row of the grid
     {u"see"_s, [](Walker& at, const Step& step) { at.see(step); }},
     // rows FILE | QUERY; the lines are all its rows
@@ -119,6 +146,12 @@ const QMap<QString, Walker::Act> Walker::acts{
         }},
     // applied: by the exchange manager, all that was posted
     {u"applied"_s, [](Walker& at, const Step&) { wait_for_manager(at.settings()); }},
+    // store FILE | STATEMENT: as another PC does
+    {u"store"_s,
+        [](Walker& at, const Step& step) {
+            const DataFile file = file_called(step.word(0), at.settings());
+            store::Database::open(file.path, file.kind).exec(step.word(1).toStdString());
+        }},
     // away FILE: it can't be found, until: back FILE
     {u"away"_s, [](Walker& at, const Step& step) { at.move(step.word(0), {}, u".away"_s); }},
     {u"back"_s, [](Walker& at, const Step& step) { at.move(step.word(0), u".away"_s, {}); }},
@@ -126,6 +159,12 @@ const QMap<QString, Walker::Act> Walker::acts{
     {u"printed"_s, [](Walker& at, const Step& step) { at.printed(step); }},
     // file NAME | TEXT...: in the report's CSV file
     {u"file"_s, [](Walker& at, const Step& step) { at.make_file(step); }},
+    // opened ADDRESS: the end of that of the only document since the last such step
+    {u"opened"_s,
+        [](Walker& at, const Step& step) {
+            const QStringList opened = std::exchange(at.m_desk.opened, {});
+            demand(opened.size() == 1 && opened[0].endsWith(step.word(0)), opened.join(u' '));
+        }},
     // started PROGRAM...: since the last such step
     {u"started"_s,
         [](Walker& at, const Step& step) {
@@ -133,6 +172,10 @@ const QMap<QString, Walker::Act> Walker::acts{
         }},
     // restart: the program ends and starts again
     {u"restart"_s, [](Walker& at, const Step&) { at.m_program.reset(), at.start(); }},
+    // close: by the close box
+    {u"close"_s, [](Walker& at, const Step&) { at.clerk().front().close(); }},
+    // another: program is in front for a moment
+    {u"another"_s, [](Walker& at, const Step&) { QApplication::setActiveWindow(nullptr), at.clerk().front(); }},
     // leave: by the exit button
     {u"leave"_s, [](Walker& at, const Step&) { at.leave(); }},
     // restore: today's backup, under a second root

@@ -6,6 +6,7 @@
 #include "e2e/road/boxes.h"
 #include "e2e/road/clerk.h"
 #include "e2e/road/desk.h"
+#include "support/person.h"
 #include "ui/program.h"
 
 #include <QMap>
@@ -46,6 +47,7 @@ private:
     Boxes m_boxes{m_pictures};
     QString m_root;
     std::optional<ui::Program> m_program;
+    support::PaintedWords m_painted;
     QMap<QString, QStringList> m_kept;
 };
 
