@@ -69,39 +69,20 @@ TEST_F(MainForm, TheExitButtonAsksOnceAndTheBackupComesLast) {
     EXPECT_EQ(backups, 1);
 }
 
-TEST_F(MainForm, TheCloseBoxAsksAndNoLeavesEverythingAsItWas) {
-    form.midasi_Click(1);
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
-        const bool leaves = answer == Answer::Yes;
-        host.answers = {answer};
-        EXPECT_EQ(form.Form_QueryUnload(), leaves);
-        EXPECT_EQ(host.shown.back(), (support::Shown{u"終了しますか？"_s, u"終了"_s, platform::Buttons::YesNo}));
-        EXPECT_EQ(pages.is_open(Page::ent_rovena), !leaves);
-        EXPECT_EQ(backups, int(leaves));
-    }
-    EXPECT_EQ(host.shown.size(), 2U);
-}
-
 TEST_F(MainForm, AMenuButtonGivesWayToItsPageIfItIsThere) {
-    const Page masters[]{
-        Page::mst_syain, Page::mst_kinsyu, Page::mst_kinjikan, Page::mst_kintype, Page::mst_kihon, Page::mst_kyuka};
-    for (int index = 0; index < 6; ++index) {
-        pages.open = {Page::mst_00};
-        frame::mst_00(form, pages).botan_Click(index);
-        EXPECT_EQ(pages.open, std::set{masters[index]}) << index;
-    }
-    const auto report = [this](int number) {
-        pages.open = {Page::rov_00};
-        frame::rov_00(form, pages).botan_Click(number);
+    const auto press = [this](auto& menu, Page page, int index) {
+        pages.open = {page};
+        menu.botan_Click(index);
         return pages.open;
     };
-    EXPECT_EQ(report(4), std::set{Page::rov_01});
+    frame::mst_00 masters(form, pages);
+    frame::rov_00 reports(form, pages);
+    EXPECT_EQ(press(masters, Page::mst_00, 4), std::set{Page::mst_kihon});
+    EXPECT_EQ(press(reports, Page::rov_00, 4), std::set{Page::rov_01});
     EXPECT_EQ(form.report_no, 4);
     pages.absent = {Page::rov_01, Page::mst_syain};
-    EXPECT_EQ(report(1), std::set{Page::rov_00});
-    pages.open = {Page::mst_00};
-    frame::mst_00(form, pages).botan_Click(0);
-    EXPECT_EQ(pages.open, std::set{Page::mst_00});
+    EXPECT_EQ(press(reports, Page::rov_00, 1), std::set{Page::rov_00});
+    EXPECT_EQ(press(masters, Page::mst_00, 0), std::set{Page::mst_00});
 }
 
 TEST_F(MainForm, TheLandingPageStandsAtTheStartAndAfterAMenuUnlessItIsATailoredInstallation) {

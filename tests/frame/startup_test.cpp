@@ -75,30 +75,35 @@ TEST_F(StartUp, EmptyRootsBecomeTheDefaultAreStoredAndNotConnectedOnADrive) {
         EXPECT_EQ(path, native);
 }
 
-TEST_F(StartUp, SettingsAreReadFromBothTables) {
-    set(u"losystem"_s, u"使用区分"_s, u"1"_s);
-    set(u"losystem"_s, u"ネット情報"_s, u"1"_s);
-    set(u"kihon"_s, u"和西暦表示"_s, u"1"_s);
+TEST_F(StartUp, SettingsAreReadFromBothTablesAndAFirstDayThatNoMonthHasCountsAsTheFirst) {
+    using base::Settings;
+    const struct {
+        QString table, key, stored;
+        int Settings::*setting;
+        int read;
+    } rows[] = {
+        {u"losystem"_s, u"使用区分"_s, u"1"_s, &Settings::use_class, 1},
+        {u"losystem"_s, u"ネット情報"_s, u"1"_s, &Settings::net_info, 1},
+        {u"kihon"_s, u"和西暦表示"_s, u"1"_s, &Settings::date_style, 1},
+        {u"kihon"_s, u"先付け日付"_s, u"10"_s, &Settings::forward_date, 10},
+        {u"kihon"_s, u"月初日付"_s, u"21"_s, &Settings::month_start_day, 21},
+        {u"kihon"_s, u"月初日付"_s, u"31"_s, &Settings::month_start_day, 31},
+        {u"kihon"_s, u"月初日付"_s, u"32"_s, &Settings::month_start_day, 1},
+        {u"kihon"_s, u"月初日付"_s, u"-3"_s, &Settings::month_start_day, 1},
+        {u"kihon"_s, u"月初日付"_s, QString(), &Settings::month_start_day, 1},
+    };
     set(u"kihon"_s, u"サーバー名"_s, u" main "_s);
-    set(u"kihon"_s, u"先付け日付"_s, u"10"_s);
-    set(u"kihon"_s, u"月初日付"_s, u"21"_s);
-    start();
-    EXPECT_EQ(settings.use_class, 1);
-    EXPECT_EQ(settings.net_info, 1);
-    EXPECT_EQ(settings.date_style, 1);
-    EXPECT_EQ(settings.server_name, u"main"_s);
-    EXPECT_EQ(settings.forward_date, 10);
-    EXPECT_EQ(settings.month_start_day, 21);
-}
-
-TEST_F(StartUp, AFirstDayThatNoMonthHasCountsAsTheFirst) {
-    for (const auto& [stored_day, day] :
-        {std::pair(u"0"_s, 1), {u"32"_s, 1}, {u""_s, 1}, {u"-3"_s, 1}, {u"31"_s, 31}}) {
-        set(u"kihon"_s, u"月初日付"_s, stored_day);
+    for (const auto& row : rows) {
+        set(row.table, row.key, row.stored);
         start();
-        EXPECT_EQ(settings.month_start_day, day) << stored_day.toStdString();
-        EXPECT_EQ(stored(u"kihon"_s, u"月初日付"_s), stored_day) << "mended in memory only";
+        EXPECT_EQ(settings.*row.setting, row.read) << row.key.toStdString() << row.stored.toStdString();
+        EXPECT_EQ(stored(row.table, row.key), row.stored) << "mended in memory only";
     }
+    EXPECT_EQ(settings.server_name, u"main"_s);
+    EXPECT_TRUE(image_visible);
+    set(u"kihon"_s, u"特別ソフト"_s, u"1"_s);
+    start();
+    EXPECT_FALSE(image_visible) << "of a tailored installation";
 }
 
 TEST_F(StartUp, TheNewestEraComesFirstAndSixAreTaken) {
@@ -134,33 +139,19 @@ TEST_F(StartUp, OnlyAPCOfClassTwoLeavesTheExchangeFilesAloneAndTheNewsOfTheLastR
 
 TEST_F(StartUp, ADamagedExchangeFileIsToldWithTheNameUnderWhichItIsKept) {
     start();
-    const QByteArray whole = support::bytes_of(store::exchange_path(found, 1));
-    for (const QByteArray& damaged : {QByteArray(), whole.first(9000), QByteArray(whole).fill('x', 100),
-             QByteArray(whole).replace(0, 4096, QByteArray(4096, 'x'))}) {
-        host.shown.clear();
-        support::put_bytes(store::exchange_path(found, 1), damaged);
-        EXPECT_EQ(start(), Start::mainform);
-        const QDir kept(frame::kept_folder(found), u"*.kowareta"_s, QDir::Name);
-        ASSERT_FALSE(kept.isEmpty());
-        const QString name = kept.entryList().last();
-        EXPECT_EQ(support::bytes_of(kept.filePath(name)), damaged);
-        ASSERT_EQ(host.shown.size(), 1u);
-        for (const QString& text : {host.shown[0].text,
-                 QString::fromUtf8(
-                     support::bytes_of(frame::error_file_path(found)).split('\n').value(kept.count() - 1))})
-            EXPECT_TRUE(text.contains(u"hanjyusin01.mdb"_s) && text.contains(name)) << text.toStdString();
-    }
+    const QByteArray damaged = support::bytes_of(store::exchange_path(found, 1)).first(9000);
+    support::put_bytes(store::exchange_path(found, 1), damaged);
+    EXPECT_EQ(start(), Start::mainform);
+    const QDir kept(frame::kept_folder(found), u"*.kowareta"_s, QDir::Name);
+    const QString name = kept.entryList().value(0);
+    EXPECT_EQ(support::bytes_of(kept.filePath(name)), damaged);
+    ASSERT_EQ(host.shown.size(), 1u);
+    for (const QString& text :
+        {host.shown[0].text, QString::fromUtf8(support::bytes_of(frame::error_file_path(found)))})
+        EXPECT_TRUE(text.contains(u"hanjyusin01.mdb"_s) && text.contains(name)) << text.toStdString();
     host.shown.clear();
     start();
     EXPECT_TRUE(host.shown.empty());
-}
-
-TEST_F(StartUp, ATailoredInstallationShowsNoPicture) {
-    start();
-    EXPECT_TRUE(image_visible);
-    set(u"kihon"_s, u"特別ソフト"_s, u"1"_s);
-    start();
-    EXPECT_FALSE(image_visible);
 }
 
 TEST_F(StartUp, AShareIsConnectedWithTheStoredAccountBeforeItIsRead) {

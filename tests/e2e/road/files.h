@@ -1,12 +1,12 @@
 #pragma once
 
-// The files of a company: how they come to be, the rows that wait in the exchange file, and the tables behind the
-// screens.
+// The files of a company: how they come to be, the rows that wait in the exchange file, the tables behind the screens,
+// and what is put out.
 
 #include "base/settings.h"
 #include "store/database.h"
 
-#include <QString>
+#include <QStringList>
 
 namespace e2e {
 
@@ -29,5 +29,12 @@ void wait_for_manager(const base::Settings& settings);
 
 /// The rows of the four attendance tables and the number of rows of every table, a line each.
 QStringList dump_tables(const base::Settings& settings);
+
+/// Throws a RoadError unless every text stands in the whole, blanks apart.
+void demand_texts(const QString& whole, const QStringList& texts);
+
+/// Throws a RoadError unless it is a PDF file that has that many pages or more with the texts in them. The texts are
+/// read only where the system has pdftotext.
+void demand_pdf(const QString& path, int pages, const QStringList& texts);
 
 } // namespace e2e

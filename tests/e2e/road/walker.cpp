@@ -1,7 +1,6 @@
 #include "e2e/road/walker.h"
 
 #include "e2e/road/files.h"
-#include "e2e/road/printed.h"
 #include "frame/backup.h"
 #include "platform/from_cp932.h"
 #include "platform/paths.h"
@@ -159,11 +158,11 @@ const QMap<QString, Walker::Act> Walker::acts{
     {u"printed"_s, [](Walker& at, const Step& step) { at.printed(step); }},
     // file NAME | TEXT...: in the report's CSV file
     {u"file"_s, [](Walker& at, const Step& step) { at.make_file(step); }},
-    // opened ADDRESS: the end of that of the only document since the last such step
+    // opened TEXT: in the address of the only document since the last such step
     {u"opened"_s,
         [](Walker& at, const Step& step) {
             const QStringList opened = std::exchange(at.m_desk.opened, {});
-            demand(opened.size() == 1 && opened[0].endsWith(step.word(0)), opened.join(u' '));
+            demand(opened.size() == 1 && opened[0].contains(step.word(0)), opened.join(u' '));
         }},
     // started PROGRAM...: since the last such step
     {u"started"_s,
