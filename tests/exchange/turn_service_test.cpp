@@ -76,16 +76,12 @@ struct Peer {
 /// A client as the desktop program has it: it says its next message when the answer has come. One that is refused comes
 /// again, as a person presses the button again.
 struct Client : Peer {
-    explicit Client(quint16 service_port) : Peer(service_port) {
-        retry.setSingleShot(true);
-        retry.callOnTimeout(&socket, [this] {
-            socket.abort();
-            comes();
-        });
-    }
+    using Peer::Peer;
     void is_closed() override {
-        if (!done && !retry.isActive())
-            retry.start(50);
+        QTimer::singleShot(50, &socket, [this] {
+            if (!done && socket.state() == QAbstractSocket::UnconnectedState)
+                comes();
+        });
     }
     void hears(const QByteArray& reply) override {
         static const QMap<QByteArray, QByteArray> next{
@@ -101,13 +97,12 @@ struct Client : Peer {
         });
     }
 
-    QTimer retry;
     std::function<void(bool)> on_hold = [](bool) {};
 };
 
 /// A client that says its piece, message by message, whatever the service answers, and then goes or stays silent.
 struct RudeClient : Peer {
-    RudeClient(quint16 service_port, QList<QByteArray> texts, bool goes)
+    RudeClient(quint16 service_port, QByteArrayList texts, bool goes = false)
         : Peer(service_port), pieces(std::move(texts)), leaves(goes) {}
     void is_closed() override { done = true; }
     void hears(const QByteArray&) override {
@@ -117,20 +112,16 @@ struct RudeClient : Peer {
             socket.abort();
     }
 
-    QList<QByteArray> pieces;
+    QByteArrayList pieces;
     bool leaves;
 };
 
-const std::vector<std::pair<QList<QByteArray>, bool>> rudeness{
-    {{"GET / HTTP/1.1\r\n\r\n"}, false},
-    {{QByteArray(100'000, '\xff')}, false},
-    {{"##" + QByteArray(100'000, 'a')}, false},
-    {{"##127.0.0.1", QByteArray("st").repeated(10'000)}, false},
-    {{"##127.0.0.1", "so"}, false},
-    {{}, false},
-    {{}, true},
-    {{"##127.0.0.1", "st", "so"}, true},
-};
+const QByteArrayList takes_the_turn{"##127.0.0.1", "st", "so"};
+
+const std::vector<std::pair<QByteArrayList, bool>> rudeness{{{"GET / HTTP/1.1\r\n\r\n"}, false},
+    {{QByteArray(100'000, '\xff')}, false}, {{"##" + QByteArray(100'000, 'a')}, false},
+    {{"##127.0.0.1", QByteArray("st").repeated(10'000)}, false}, {{"##127.0.0.1", "so"}, false}, {{}, false},
+    {{}, true}, {takes_the_turn, true}};
 
 } // namespace
 
@@ -164,7 +155,7 @@ TEST_F(TurnService, ClientsBeyondTheOpenFilesOfTheSystemLeaveItListeningAndAbleT
     start({}, u"ulimit -n 60"_s);
     std::vector<std::unique_ptr<RudeClient>> silent;
     for (int i = 0; i < 100; ++i)
-        silent.push_back(std::make_unique<RudeClient>(port, QList<QByteArray>{}, false));
+        silent.push_back(std::make_unique<RudeClient>(port, QByteArrayList()));
     EXPECT_TRUE(wait_until([&] { return std::ranges::all_of(silent, &RudeClient::done); }));
     Client client(port);
     EXPECT_TRUE(wait_until([&] { return client.done && manager_runs() == 1; }));
@@ -194,12 +185,12 @@ TEST_F(TurnService, WithoutAManagerTurnsAreStillGranted) {
 
 TEST_F(TurnService, ASilentHolderLosesTheTurnAndATermSignalEndsTheServiceCleanly) {
     start({u"--turn-seconds"_s, u"1"_s});
-    RudeClient silent(port, {"##127.0.0.1", "st", "so"}, false);
+    const RudeClient silent(port, takes_the_turn);
     ASSERT_TRUE(wait_until([&] { return log().contains(u"順番を受け取りました"_s); }));
     Client next(port);
     EXPECT_TRUE(wait_until([&] { return next.done && manager_runs() == 2; }));
     EXPECT_EQ(bytes_of(in(u"runs"_s)), ("--root " + folder.path().toUtf8() + "\n").repeated(2));
-    RudeClient holder(port, {"##127.0.0.1", "st", "so"}, false);
+    const RudeClient holder(port, takes_the_turn);
     ASSERT_TRUE(wait_until([&] { return log().count(u"順番を受け取りました"_s) == 3; }));
     service.terminate();
     EXPECT_TRUE(wait_until([&] { return service.state() == QProcess::NotRunning; }));

@@ -38,10 +38,12 @@ public:
             says(client, text);
     }
 
-    /// Asks as a client that has the service's answers does, until what comes next is the service's to say.
-    void comes_and_asks(ClientId client, const QByteArray& address = "10.0.0.1") {
-        connects(client, address);
-        says_all(client, {"##10.0.0.1", "st"});
+    /// Clients that ask as those who have the service's answers do, until what comes next is the service's to say.
+    void come_and_ask(const QList<ClientId>& clients, const QByteArray& address = "10.0.0.1") {
+        for (const ClientId client : clients) {
+            connects(client, address);
+            says_all(client, {"##10.0.0.1", "st"});
+        }
     }
 
     std::string heard(ClientId client) const { return told.value(client).join(u' ').toStdString(); }
@@ -104,7 +106,7 @@ TEST(Turns, GarbageClosesThatClientOnly) {
         {"##10.0.0.1", "st", "eo"}, {"##10.0.0.1", "st", "##10.0.0.1"}};
     for (const auto& texts : rude) {
         Service service;
-        service.comes_and_asks(1);
+        service.come_and_ask({1});
         service.says(1, "so");
         service.connects(2);
         service.says_all(2, texts);
@@ -116,26 +118,22 @@ TEST(Turns, GarbageClosesThatClientOnly) {
 
 TEST(Turns, OneHoldsTheTurnAndTheOthersFollowAsTheyCame) {
     Service service;
-    for (const ClientId client : {1, 2, 3})
-        service.comes_and_asks(client);
-    EXPECT_EQ(service.heard(1), "your st-1");
-    EXPECT_EQ(service.heard(2) + service.heard(3), "youryour");
+    service.come_and_ask({1, 2, 3});
+    EXPECT_EQ(service.heard(1) + '|' + service.heard(2) + '|' + service.heard(3), "your st-1|your|your");
     service.says_all(1, {"so", "en", "eo"});
-    EXPECT_EQ(service.heard(2) + service.heard(3), "youryour") << "before the manager has ended";
+    EXPECT_EQ(service.heard(2) + '|' + service.heard(3), "your|your") << "before the manager has ended";
     service.manager_ends();
-    EXPECT_EQ(service.heard(2), "your st-1");
-    EXPECT_EQ(service.heard(3), "your");
+    EXPECT_EQ(service.heard(2) + '|' + service.heard(3), "your st-1|your");
 }
 
 TEST(Turns, WhoWaitsIsToldSoAfterAPauseAndOnceAndIsNotOvertakenWhileItsNextQuestionIsOnTheWay) {
     Service service;
-    for (const ClientId client : {1, 2, 3})
-        service.comes_and_asks(client);
+    service.come_and_ask({1, 2, 3});
     service.says(2, "st");
-    service.passes(499ms);
-    EXPECT_EQ(service.heard(2), "your");
-    service.passes(1ms);
-    EXPECT_EQ(service.heard(2), "your stok");
+    for (const Time time : {499ms, 1ms}) {
+        service.passes(time);
+        EXPECT_EQ(service.heard(2), time == 1ms ? "your stok" : "your");
+    }
     service.says(3, "st");
     service.goes(1);
     EXPECT_EQ(service.heard(3), "your stok");
@@ -152,10 +150,10 @@ TEST(Turns, AHolderThatIsLostLosesTheTurnAndMayHavePosted) {
     for (const Case& c : {Case{{}, 3s, 0}, Case{{"so"}, 30s, 1}, Case{{"so", "en"}, 3s, 1}}) {
         for (const bool silent : {true, false}) {
             Service service;
-            service.comes_and_asks(1);
+            service.come_and_ask({1});
             service.says_all(1, c.after_the_grant);
             service.passes(c.patience - 1ms);
-            service.comes_and_asks(2);
+            service.come_and_ask({2});
             EXPECT_EQ(service.heard(2), "your");
             silent ? service.passes(1ms) : service.goes(1);
             EXPECT_EQ(service.threw_out(1), silent);
@@ -168,22 +166,20 @@ TEST(Turns, AHolderThatIsLostLosesTheTurnAndMayHavePosted) {
 }
 
 TEST(Turns, AClientWhoseMessageIsDueIsGivenUpAfterItsPatience) {
-    const QList<QList<QByteArray>> silent{{}, {"#"}, {"##10.0.0.1"}, {"##10.0.0.1", "s"}};
-    for (const auto& texts : silent) {
+    for (const auto& texts : QList<QByteArrayList>{{}, {"#"}, {"##10.0.0.1"}, {"##10.0.0.1", "s"}}) {
         Service service;
         service.connects(1);
         service.says_all(1, texts);
-        service.passes(2999ms);
-        EXPECT_FALSE(service.threw_out(1)) << texts.join('|').constData();
-        service.passes(1ms);
-        EXPECT_TRUE(service.threw_out(1)) << texts.join('|').constData();
+        for (const Time time : {2999ms, 1ms}) {
+            service.passes(time);
+            EXPECT_EQ(service.threw_out(1), time == 1ms) << texts.join('|').constData();
+        }
     }
 }
 
 TEST(Turns, AWaitingClientThatStopsAskingLosesItsPlace) {
     Service service;
-    for (const ClientId client : {1, 2, 3})
-        service.comes_and_asks(client);
+    service.come_and_ask({1, 2, 3});
     service.says(1, "so");
     for (int i = 0; i < 7; ++i) {
         service.passes(500ms);
@@ -198,7 +194,7 @@ TEST(Turns, AWaitingClientThatStopsAskingLosesItsPlace) {
 TEST(Turns, RepeatingAMessageMakesNoTurnLonger) {
     for (const auto& [texts, seconds] : {std::pair(QList<QByteArray>{"st"}, 3), {{"so"}, 30}, {{"so", "en"}, 3}}) {
         Service service;
-        service.comes_and_asks(1);
+        service.come_and_ask({1});
         service.says_all(1, texts);
         for (int second = 0; second < seconds; ++second) {
             EXPECT_FALSE(service.threw_out(1)) << second;
@@ -212,11 +208,9 @@ TEST(Turns, RepeatingAMessageMakesNoTurnLonger) {
 TEST(Turns, AnAddressWhoseClientsLetTheirTurnsGoByLeavesTheNextOnesToTheOthers) {
     Service service;
     service.patient = {2, 3, 4, 5, 6, 7};
-    for (const ClientId client : {1, 2, 3})
-        service.comes_and_asks(client, "10.0.0.66");
-    for (const ClientId client : {4, 5, 6})
-        service.comes_and_asks(client, "10.0.0.5");
-    service.comes_and_asks(7, "10.0.0.7");
+    service.come_and_ask({1, 2, 3}, "10.0.0.66");
+    service.come_and_ask({4, 5, 6}, "10.0.0.5");
+    service.come_and_ask({7}, "10.0.0.7");
     service.passes(3s);
     for (int turn = 0; turn < 4; ++turn) {
         service.says_all(service.granted.last(), {"so", "en"});
@@ -232,7 +226,7 @@ TEST(Turns, OnesWhoLetTheirTurnsGoByKeepNobodyWaitingForLong) {
         Service service;
         for (ClientId client = 1; client <= 65; ++client) {
             service.patient << client;
-            service.comes_and_asks(client, "10.0.0." + QByteArray::number(one_address ? 1 : client));
+            service.come_and_ask({client}, "10.0.0." + QByteArray::number(one_address ? 1 : client));
         }
         const Time start = service.now;
         while (service.granted.last() != 65 && service.now - start < 10s)
@@ -247,15 +241,14 @@ TEST(Turns, OnesWhoLetTheirTurnsGoByKeepNobodyWaitingForLong) {
 TEST(Turns, AnAddressThatKeepsTheTurnForLongAgainAndAgainHasNoneForAsLong) {
     Service service;
     service.patient = {2, 3, 4};
-    for (const ClientId client : {1, 2, 3})
-        service.comes_and_asks(client, "10.0.0.66");
+    service.come_and_ask({1, 2, 3}, "10.0.0.66");
     for (const ClientId client : {1, 2}) {
         EXPECT_EQ(service.granted.last(), client) << "once may be an accident";
         service.says(client, "so");
         service.passes(30s);
         service.manager_ends();
     }
-    service.comes_and_asks(4, "10.0.0.7");
+    service.come_and_ask({4}, "10.0.0.7");
     service.says_all(4, {"so", "en", "eo"});
     service.manager_ends();
     service.passes(14s); // it had half the time, the second time
@@ -267,8 +260,7 @@ TEST(Turns, AnAddressThatKeepsTheTurnForLongAgainAndAgainHasNoneForAsLong) {
 TEST(Turns, AFreeTurnIsKeptOnlyForAMomentForAClientThatMustAskAgain) {
     Service service;
     service.patient = {3};
-    for (const ClientId client : {1, 2, 3})
-        service.comes_and_asks(client);
+    service.come_and_ask({1, 2, 3});
     service.passes(1s);
     service.goes(1);
     service.passes(499ms);
@@ -283,10 +275,9 @@ TEST(Turns, AFreeTurnIsKeptOnlyForAMomentForAClientThatMustAskAgain) {
 
 TEST(Turns, WhenThereIsNoRoomTheAddressWithTheMostConnectionsGivesWay) {
     Service service({.connections = 4});
-    service.comes_and_asks(1, "10.0.0.66");
+    service.come_and_ask({1}, "10.0.0.66");
     service.connects(2, "10.0.0.66");
-    service.comes_and_asks(3, "10.0.0.66");
-    service.comes_and_asks(4, "10.0.0.66");
+    service.come_and_ask({3, 4}, "10.0.0.66");
     const auto gives_way_for = [&](ClientId newcomer, const QByteArray& address) -> ClientId {
         service.told.clear();
         service.connects(newcomer, address);
@@ -302,18 +293,17 @@ TEST(Turns, WhenThereIsNoRoomTheAddressWithTheMostConnectionsGivesWay) {
     EXPECT_EQ(service.heard(1), "so-1");
 }
 
-TEST(Turns, ConnectionsAndTheMessagesOfEachSecondAreBounded) {
+TEST(Turns, TheMessagesOfEachSecondAreBoundedAndOneThatGoesLeavesItsRoom) {
     Service service({.connections = 2, .messages_a_second = 5});
-    for (const ClientId client : {1, 2, 3})
-        service.connects(client);
-    EXPECT_EQ(service.heard(3), "(thrown out)");
+    service.connects(1);
+    service.connects(3);
     service.goes(1);
-    service.comes_and_asks(4);
+    service.come_and_ask({2});
     service.passes(1s);
-    service.says_all(4, {"ststststst"});
-    EXPECT_FALSE(service.threw_out(4));
-    service.says(4, "st");
-    EXPECT_TRUE(service.threw_out(4));
+    service.says(2, "ststststst");
+    EXPECT_FALSE(service.threw_out(2));
+    service.says(2, "st");
+    EXPECT_TRUE(service.threw_out(2));
 }
 
 } // namespace exchange
