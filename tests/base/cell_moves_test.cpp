@@ -16,21 +16,11 @@ constexpr CellRoutes routes{arrows, enter};
 TEST(CellMoves, KeysLeadToTheNextCellThatTakesTheEditor) {
     Sheet sheet(4, 9);
     sheet.SetFixed(1, 1);
-    const std::tuple<int, Cell, std::optional<Cell>> cases[] = {
-        {key::enter, {1, 1}, Cell{1, 2}},
-        {key::enter, {1, 2}, Cell{2, 1}},
-        {key::enter, {1, 8}, Cell{2, 1}},
-        {key::enter, {3, 2}, std::nullopt},
-        {key::right, {1, 2}, Cell{1, 7}},
-        {key::right, {1, 8}, std::nullopt},
-        {key::left, {1, 7}, Cell{1, 2}},
-        {key::left, {1, 1}, std::nullopt},
-        {key::down, {2, 7}, Cell{3, 7}},
-        {key::down, {3, 7}, std::nullopt},
-        {key::up, {2, 7}, Cell{1, 7}},
-        {key::up, {1, 7}, std::nullopt},
-        {key::del, {2, 7}, std::nullopt},
-    };
+    const std::tuple<int, Cell, std::optional<Cell>> cases[] = {{key::enter, {1, 1}, Cell{1, 2}},
+        {key::enter, {1, 2}, Cell{2, 1}}, {key::enter, {1, 8}, Cell{2, 1}}, {key::enter, {3, 2}, std::nullopt},
+        {key::right, {1, 2}, Cell{1, 7}}, {key::right, {1, 8}, std::nullopt}, {key::left, {1, 7}, Cell{1, 2}},
+        {key::left, {1, 1}, std::nullopt}, {key::down, {2, 7}, Cell{3, 7}}, {key::down, {3, 7}, std::nullopt},
+        {key::up, {2, 7}, Cell{1, 7}}, {key::up, {1, 7}, std::nullopt}, {key::del, {2, 7}, std::nullopt}};
     for (const auto& [code, from, to] : cases)
         EXPECT_EQ(next_cell(sheet, routes, from, code), to) << code << " from " << from.row << "," << from.col;
 }

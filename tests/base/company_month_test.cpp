@@ -36,12 +36,9 @@ TEST(CompanyMonth, EveryDayOf400YearsLiesInExactlyOneRowOfOneMonth) {
 }
 
 TEST(CompanyMonth, RowsFollowTheDayWhereTheFirstDayExists) {
-    EXPECT_EQ(period_row(21, 30, 21), 1);
-    EXPECT_EQ(period_row(30, 30, 21), 10);
-    EXPECT_EQ(period_row(1, 30, 21), 11);
-    EXPECT_EQ(period_row(5, 31, 21), 16);
-    EXPECT_EQ(period_row(17, 31, 1), 17);
-    EXPECT_EQ(period_row(32, 31, 21), 32);
+    for (const auto& [day, length, start, row] : {std::array{21, 30, 21, 1}, {30, 30, 21, 10}, {1, 30, 21, 11},
+             {5, 31, 21, 16}, {17, 31, 1, 17}, {32, 31, 21, 32}})
+        EXPECT_EQ(period_row(day, length, start), row) << day;
 }
 
 TEST(CompanyMonth, AMonthWithoutItsFirstDayStartsOnTheFirstOfTheNext) {

@@ -12,8 +12,6 @@ using namespace base;
 class SavePath : public ::testing::Test {
 protected:
     QString ask(const QString& report) { return common::CSV保存先取得(tree.settings, host, tables, report); }
-    QString stored(const QString& key) { return tables.設定読込(u"losystem"_s, key); }
-
     TestTree tree;
     const QString folder = tree.folder.path();
     store::SettingTables tables{tree.settings};
@@ -28,7 +26,7 @@ TEST_F(SavePath, TheFolderOfTheLastFileOfThisReportIsProposedAgain) {
     EXPECT_EQ(host.dialogs[0].folder, drive) << "nothing is remembered yet";
     EXPECT_EQ(host.dialogs[0].title, u"ファイルを選択して下さい。"_s);
     EXPECT_EQ(host.dialogs[0].filter, u"CSV(*.csv)|*.csv"_s);
-    EXPECT_EQ(stored(u"H_ph_exp_4"_s), platform::native(folder));
+    EXPECT_EQ(tables.設定読込(u"losystem"_s, u"H_ph_exp_4"_s), platform::native(folder));
 
     EXPECT_EQ(ask(u"4"_s), QString()) << "cancelled";
     EXPECT_EQ(host.dialogs[1].folder, platform::native(folder));

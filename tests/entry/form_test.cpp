@@ -145,20 +145,6 @@ TEST_F(Form, AClickBelowTheTotalOrBesideTheLastColumnIsCutBack) {
     EXPECT_FALSE(form.editors.atai.active) << "a heading only takes the box away";
 }
 
-TEST_F(Form, AnotherMonthDropsWhatWasntSavedAndEnterOnTheMonthOfTheSheetKeepsIt) {
-    choose(u"1"_s);
-    form.hyou_Click({1, 2});
-    type(form, u"830"_s);
-    form.atai_LostFocus();
-    form.ym_KeyDown(0, key::enter);
-    EXPECT_EQ(form.sheet.hyou(1, 2), u"8:30"_s);
-    form.hyou_Click({1, 2});
-    form.ym_Click(1, 10);
-    EXPECT_EQ(form.sheet.month.first(), QDate(2004, 11, 1));
-    EXPECT_EQ(form.sheet.hyou(1, 2) + form.sheet.mark(1) + form.sheet.hyou(31, 0), u""_s);
-    EXPECT_FALSE(form.editors.atai.active);
-}
-
 TEST_F(Form, ATypedMonthIsLoadedByEnterAloneAndNonsenseGoesBack) {
     form.ym_Change(0, u"1999"_s);
     form.ym_LostFocus();

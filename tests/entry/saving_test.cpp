@@ -136,15 +136,6 @@ TEST_F(Saving, TheSheetIsPostedAndTheManagerStarted) {
     EXPECT_EQ(company.posted().size(), 2 * posted.size()) << "the marks stay: a second save posts the same days";
 }
 
-TEST_F(Saving, WhatStandsInTheBoxComesHomeButIsNotCalculated) {
-    form->hyou_Click({4, col::clock_in});
-    type(*form, u"815"_s);
-    form->botan_Click(1);
-    EXPECT_EQ(company.posted().first(),
-        u"51 0 20041005090000 20041005090000 20 1 山田:太郎 0 20041004 815 20041004 2400 0 0 "_s);
-    EXPECT_EQ(form->sheet.mark(4), u"2"_s);
-}
-
 TEST_F(Saving, AManagerStillAtWorkAfter15SecondsOrATurnThatIsNotHadStopsTheSave) {
     work_on_the_fourth();
     company.host.running.insert(u"jyusinkanri"_s);

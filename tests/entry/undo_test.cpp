@@ -20,8 +20,6 @@ protected:
             form->redo();
     }
 
-    QString clock_times(int r) const { return cells_from(form->sheet.hyou, r, col::clock_in, 2); }
-
     QStringList texts() const {
         QStringList all;
         for (const base::Sheet* table : {&form->sheet.hyou, &form->sheet.hyou_system, &form->sheet.hyou_day})
@@ -31,44 +29,7 @@ protected:
     }
 };
 
-const QString worked = u"8:30|18:00|1:00|8:30||出勤|1"_s;
-
 } // namespace
-
-TEST_F(Undo, ATypedCellGoesWithTheCalculationThatFollowedFromItAndTheDraftFollows) {
-    type_at({4, col::clock_in}, u"830"_s);
-    type(*form, u"1800"_s);
-    form->atai_LostFocus(); // by a click elsewhere, which calculates the day
-    form->hyou_Click({9, col::clock_in});
-    EXPECT_EQ(day(4), worked);
-    EXPECT_EQ(form->sheet.hyou(9, col::kind), u"公休"_s);
-
-    form->undo();
-    EXPECT_EQ(clock_times(4), u"8:30|"_s);
-    EXPECT_EQ(form->editors.atai.cell, (Cell{4, col::clock_out})) << "the cell that was typed in";
-    EXPECT_EQ(form->editors.atai.text, u""_s);
-    form->undo();
-    EXPECT_EQ(day(4) + form->sheet.hyou(9, col::kind) + form->standing(), u"||||||"_s);
-    EXPECT_FALSE(form->can_undo() || form->has_draft());
-    form->redo();
-    form->redo();
-    EXPECT_EQ(day(4), worked);
-    EXPECT_EQ(form->editors.atai.cell, (Cell{9, col::clock_in}));
-    EXPECT_EQ(form->standing(), u"未登録 1日"_s);
-
-    form->undo();
-    type(*form, u"1700"_s);
-    EXPECT_TRUE(form->can_undo()) << "what is typed in the box";
-    EXPECT_FALSE(form->can_redo());
-    form->undo();
-    EXPECT_EQ(form->editors.atai.text, u""_s);
-    type_at({5, col::remark}, u"直行"_s);
-    EXPECT_FALSE(form->can_redo()) << "a new change";
-    form->undo();
-    EXPECT_EQ(clock_times(4), u"8:30|"_s) << "what was undone is gone for good";
-    form->ym_Click(1, 0);
-    EXPECT_FALSE(form->can_undo()) << "another month";
-}
 
 TEST_F(Undo, KindsCountsAndDecisionsAreStepsToo) {
     company.exec("insert into rovmei values (1, 20041005, 900, 1800, 100, 800, '')");
@@ -93,37 +54,6 @@ TEST_F(Undo, KindsCountsAndDecisionsAreStepsToo) {
     EXPECT_TRUE(form->clashes().isEmpty());
     open();
     EXPECT_EQ(form->sheet.hyou_day(strip::count, 1), u"7"_s) << "a count that was brought back is in the draft";
-}
-
-TEST_F(Undo, ADayThatWaitsForItsCalculationGetsItBesideTheKindThatWasChosenAndAgainWithoutIt) {
-    form->hyou_Click({7, col::clock_out});
-    type(*form, u"1000"_s);
-    form->hyou_Click({7, col::kind});
-    form->kyucom_Click(1);
-    form->hyou_Click({9, col::clock_in});
-    EXPECT_EQ(day(7).section(u'|', 3, 5), u"10:00||有休"_s);
-    form->undo();
-    EXPECT_EQ(day(7).section(u'|', 3), u"|||2"_s);
-    EXPECT_TRUE(form->editors.kyucom.visible);
-    form->hyou_Click({9, col::clock_in});
-    EXPECT_EQ(day(7).section(u'|', 3), u"10:00||出勤|1"_s);
-}
-
-TEST_F(Undo, APostedDayThatIsUndoneIsPostedAgainAndADraftUntilThen) {
-    type_at({4, col::remark}, u"直行"_s);
-    form->botan_Click(1);
-    form->undo();
-    EXPECT_EQ(form->sheet.hyou(4, col::remark) + form->sheet.mark(4), u"1"_s);
-    EXPECT_EQ(form->standing(), u"未登録 1日"_s);
-
-    company.exec("insert into rovmei values (1, 20041004, 0, 0, 0, 0, '直行')"); // the manager applies the save
-    company.exchange().exec("delete from jyusin");
-    open();
-    EXPECT_EQ(form->sheet.hyou(4, col::remark) + form->sheet.mark(4), u"1"_s) << "undone on this PC, over the save";
-    EXPECT_TRUE(form->clashes().isEmpty());
-    form->botan_Click(1);
-    EXPECT_EQ(company.posted().filter(u"山田:太郎 0 20041004 0 20041004 0 0 0 "_s).size(), 1);
-    EXPECT_TRUE(form->standing().startsWith(u"反映待ち"_s));
 }
 
 TEST_F(Undo, TwoThousandRandomActsAreUndoneAndDoneAgainAsTheyWere) {

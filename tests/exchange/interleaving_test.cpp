@@ -57,7 +57,7 @@ public:
         const QStringList date_and_kind{QString::number(stopped_day), u"5"_s};
         const auto stopped =
             start_child(QStringList{program, root()} + (program == u"post"_s ? date_and_kind : QStringList()),
-                support::stopped_before_step(step));
+                support::shimmed(u"STOP_BEFORE_STEP"_s, step));
         was_stopped = stops(*stopped);
         save_through(early);
         meanwhile(u"start"_s);

@@ -1,6 +1,7 @@
 #include "exchange/turns.h"
 
 #include "base/literals.h"
+#include "support/told_cases.h"
 
 #include <QMap>
 #include <QSet>
@@ -47,6 +48,13 @@ public:
     }
 
     std::string heard(ClientId client) const { return told.value(client).join(u' ').toStdString(); }
+    /// The clients that had the turn.
+    std::string turns_had() const {
+        QStringList numbers;
+        for (const ClientId client : granted)
+            numbers << QString::number(client);
+        return numbers.join(u' ').toStdString();
+    }
     bool threw_out(ClientId client) const { return told.value(client).contains(u"(thrown out)"_s); }
 
     Time now{1000};
@@ -73,7 +81,56 @@ private:
     }
 };
 
+/// Lets a client act as rows/turns.txt tells, or looks at what it was told.
+void play(Service& service, ClientId client, const QString& verb, const QStringList& words) {
+    const QByteArray address = words.value(0, u"10.0.0.1"_s).toLatin1();
+    if (verb == u"connect")
+        service.connects(client, address);
+    else if (verb == u"ask")
+        service.come_and_ask({client}, address);
+    else if (verb == u"go")
+        service.goes(client);
+    else if (verb == u"again")
+        service.patient << client;
+    else if (verb == u"heard")
+        EXPECT_EQ(service.heard(client), words.join(u' ').toStdString());
+    else if (verb == u"in" || verb == u"out")
+        EXPECT_EQ(service.threw_out(client), verb == u"out");
+    else if (verb == u"say")
+        for (const QString& text : words)
+            service.says(client, text.toLatin1());
+    else
+        ADD_FAILURE() << "no such step";
+}
+
+void play(Service& service, const QString& line) {
+    const QStringList words = line.split(u' ');
+    if (words[0] == u"time")
+        service.passes(Time(words[1].toInt()));
+    else if (words[0] == u"manager")
+        service.manager_ends();
+    else if (words[0] == u"limits")
+        service.turns = Turns({.connections = words[1].toInt(), .messages_a_second = words[2].toInt()});
+    else if (words[0] == u"managers")
+        EXPECT_EQ(service.managers, words[1].toInt());
+    else if (words[0] == u"granted")
+        EXPECT_EQ(service.turns_had(), words.mid(1).join(u' ').toStdString());
+    else
+        for (const QString& client : words[0].split(u','))
+            play(service, client.toInt(), words[1], words.mid(2));
+}
+
 } // namespace
+
+TEST(Turns, GoAsTheRowsTell) {
+    for (const auto& [shows, lines] : support::told_cases(QStringLiteral(ROVENA_ROWS "/turns.txt"))) {
+        Service service;
+        for (const QString& line : lines) {
+            SCOPED_TRACE((shows + u": "_s + line).toStdString());
+            play(service, line);
+        }
+    }
+}
 
 TEST(Turns, ATurnGoesThroughEveryMessageInPiecesJoinedOrRepeatedAndThenTheManagerRuns) {
     struct Case {
@@ -116,81 +173,6 @@ TEST(Turns, GarbageClosesThatClientOnly) {
     }
 }
 
-TEST(Turns, OneHoldsTheTurnAndTheOthersFollowAsTheyCame) {
-    Service service;
-    service.come_and_ask({1, 2, 3});
-    EXPECT_EQ(service.heard(1) + '|' + service.heard(2) + '|' + service.heard(3), "your st-1|your|your");
-    service.says_all(1, {"so", "en", "eo"});
-    EXPECT_EQ(service.heard(2) + '|' + service.heard(3), "your|your") << "before the manager has ended";
-    service.manager_ends();
-    EXPECT_EQ(service.heard(2) + '|' + service.heard(3), "your st-1|your");
-}
-
-TEST(Turns, WhoWaitsIsToldSoAfterAPauseAndOnceAndIsNotOvertakenWhileItsNextQuestionIsOnTheWay) {
-    Service service;
-    service.come_and_ask({1, 2, 3});
-    service.says(2, "st");
-    for (const Time time : {499ms, 1ms}) {
-        service.passes(time);
-        EXPECT_EQ(service.heard(2), time == 1ms ? "your stok" : "your");
-    }
-    service.says(3, "st");
-    service.goes(1);
-    EXPECT_EQ(service.heard(3), "your stok");
-    service.says(2, "st");
-    EXPECT_EQ(service.heard(2), "your stok st-1");
-}
-
-TEST(Turns, AHolderThatIsLostLosesTheTurnAndMayHavePosted) {
-    struct Case {
-        QList<QByteArray> after_the_grant;
-        Time patience;
-        int managers; ///< none where it never took the turn, so that it can't have posted
-    };
-    for (const Case& c : {Case{{}, 3s, 0}, Case{{"so"}, 30s, 1}, Case{{"so", "en"}, 3s, 1}}) {
-        for (const bool silent : {true, false}) {
-            Service service;
-            service.come_and_ask({1});
-            service.says_all(1, c.after_the_grant);
-            service.passes(c.patience - 1ms);
-            service.come_and_ask({2});
-            EXPECT_EQ(service.heard(2), "your");
-            silent ? service.passes(1ms) : service.goes(1);
-            EXPECT_EQ(service.threw_out(1), silent);
-            EXPECT_EQ(service.managers, c.managers);
-            EXPECT_EQ(service.heard(2), c.managers ? "your" : "your st-1");
-            service.manager_ends();
-            EXPECT_EQ(service.heard(2), "your st-1");
-        }
-    }
-}
-
-TEST(Turns, AClientWhoseMessageIsDueIsGivenUpAfterItsPatience) {
-    for (const auto& texts : QList<QByteArrayList>{{}, {"#"}, {"##10.0.0.1"}, {"##10.0.0.1", "s"}}) {
-        Service service;
-        service.connects(1);
-        service.says_all(1, texts);
-        for (const Time time : {2999ms, 1ms}) {
-            service.passes(time);
-            EXPECT_EQ(service.threw_out(1), time == 1ms) << texts.join('|').constData();
-        }
-    }
-}
-
-TEST(Turns, AWaitingClientThatStopsAskingLosesItsPlace) {
-    Service service;
-    service.come_and_ask({1, 2, 3});
-    service.says(1, "so");
-    for (int i = 0; i < 7; ++i) {
-        service.passes(500ms);
-        service.says(3, "st");
-    }
-    EXPECT_EQ(service.heard(2), "your stok (thrown out)");
-    service.goes(1);
-    service.manager_ends();
-    EXPECT_TRUE(service.heard(3).ends_with("st-1"));
-}
-
 TEST(Turns, RepeatingAMessageMakesNoTurnLonger) {
     for (const auto& [texts, seconds] : {std::pair(QList<QByteArray>{"st"}, 3), {{"so"}, 30}, {{"so", "en"}, 3}}) {
         Service service;
@@ -203,22 +185,6 @@ TEST(Turns, RepeatingAMessageMakesNoTurnLonger) {
         }
         EXPECT_TRUE(service.threw_out(1)) << texts.last().constData();
     }
-}
-
-TEST(Turns, AnAddressWhoseClientsLetTheirTurnsGoByLeavesTheNextOnesToTheOthers) {
-    Service service;
-    service.patient = {2, 3, 4, 5, 6, 7};
-    service.come_and_ask({1, 2, 3}, "10.0.0.66");
-    service.come_and_ask({4, 5, 6}, "10.0.0.5");
-    service.come_and_ask({7}, "10.0.0.7");
-    service.passes(3s);
-    for (int turn = 0; turn < 4; ++turn) {
-        service.says_all(service.granted.last(), {"so", "en"});
-        service.passes(100ms);
-        service.says(service.granted.last(), "eo");
-        service.manager_ends();
-    }
-    EXPECT_EQ(service.granted, QList<ClientId>({1, 4, 7, 5, 6, 2}));
 }
 
 TEST(Turns, OnesWhoLetTheirTurnsGoByKeepNobodyWaitingForLong) {
@@ -236,74 +202,6 @@ TEST(Turns, OnesWhoLetTheirTurnsGoByKeepNobodyWaitingForLong) {
         service.passes(2s);
         EXPECT_FALSE(service.threw_out(65)) << "who takes the turn still has time to post";
     }
-}
-
-TEST(Turns, AnAddressThatKeepsTheTurnForLongAgainAndAgainHasNoneForAsLong) {
-    Service service;
-    service.patient = {2, 3, 4};
-    service.come_and_ask({1, 2, 3}, "10.0.0.66");
-    for (const ClientId client : {1, 2}) {
-        EXPECT_EQ(service.granted.last(), client) << "once may be an accident";
-        service.says(client, "so");
-        service.passes(30s);
-        service.manager_ends();
-    }
-    service.come_and_ask({4}, "10.0.0.7");
-    service.says_all(4, {"so", "en", "eo"});
-    service.manager_ends();
-    service.passes(14s); // it had half the time, the second time
-    EXPECT_EQ(service.granted, QList<ClientId>({1, 2, 4}));
-    service.passes(2s);
-    EXPECT_EQ(service.granted, QList<ClientId>({1, 2, 4, 3}));
-}
-
-TEST(Turns, AFreeTurnIsKeptOnlyForAMomentForAClientThatMustAskAgain) {
-    Service service;
-    service.patient = {3};
-    service.come_and_ask({1, 2, 3});
-    service.passes(1s);
-    service.goes(1);
-    service.passes(499ms);
-    EXPECT_EQ(service.granted, QList<ClientId>{1});
-    service.passes(1ms);
-    EXPECT_EQ(service.granted, QList<ClientId>({1, 3}));
-    service.passes(1s);
-    service.says(2, "st");
-    service.goes(3);
-    EXPECT_EQ(service.granted, QList<ClientId>({1, 3, 2})) << "slow, but not given up";
-}
-
-TEST(Turns, WhenThereIsNoRoomTheAddressWithTheMostConnectionsGivesWay) {
-    Service service({.connections = 4});
-    service.come_and_ask({1}, "10.0.0.66");
-    service.connects(2, "10.0.0.66");
-    service.come_and_ask({3, 4}, "10.0.0.66");
-    const auto gives_way_for = [&](ClientId newcomer, const QByteArray& address) -> ClientId {
-        service.told.clear();
-        service.connects(newcomer, address);
-        return service.told.isEmpty() ? 0 : service.told.firstKey();
-    };
-    EXPECT_EQ(gives_way_for(5, "10.0.0.66"), 5) << "it crowds out nobody but itself";
-    EXPECT_EQ(gives_way_for(6, "10.0.0.6"), 2) << "one that has said nothing";
-    EXPECT_EQ(gives_way_for(7, "10.0.0.7"), 4) << "the last in the row";
-    EXPECT_EQ(gives_way_for(8, "10.0.0.7"), 8) << "would have as many";
-    EXPECT_EQ(gives_way_for(9, "10.0.0.9"), 3);
-    EXPECT_EQ(gives_way_for(10, "10.0.0.10"), 10) << "everybody has one";
-    service.says(1, "so");
-    EXPECT_EQ(service.heard(1), "so-1");
-}
-
-TEST(Turns, TheMessagesOfEachSecondAreBoundedAndOneThatGoesLeavesItsRoom) {
-    Service service({.connections = 2, .messages_a_second = 5});
-    service.connects(1);
-    service.connects(3);
-    service.goes(1);
-    service.come_and_ask({2});
-    service.passes(1s);
-    service.says(2, "ststststst");
-    EXPECT_FALSE(service.threw_out(2));
-    service.says(2, "st");
-    EXPECT_TRUE(service.threw_out(2));
 }
 
 } // namespace exchange

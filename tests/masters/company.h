@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "base/sheet.h"
 #include "support/company.h"
+#include "support/stored.h"
 
 #include <gtest/gtest.h>
 
@@ -25,15 +26,7 @@ class Company : public ::testing::Test, protected support::Company {
 protected:
     /// The rows of a query, each as its columns joined by "|"; Null as "-".
     static QStringList rows(store::Database database, std::string_view sql) {
-        QStringList found;
-        auto query = database.prepare(sql);
-        while (query.step()) {
-            QStringList cells;
-            for (int i = 0; i < query.row().columns(); ++i)
-                cells << (query.row().is_null(i) ? u"-"_s : query.row().text(i));
-            found << cells.join(u'|');
-        }
-        return found;
+        return support::rows_of(std::move(database), sql, u"-"_s);
     }
 
     /// What fails while the company's masters are out of reach.
@@ -47,9 +40,7 @@ protected:
 
     /// The last number that a counter has given out; 0 if it hasn't begun.
     int counter(const QString& name) {
-        auto database = comsys();
-        auto query = database.prepare("select 番号 from bangou where 番号名称=?");
-        return query.bind(name).step() ? query.row().integer(0) : 0;
+        return rows(comsys(), "select 番号 from bangou where 番号名称='" + name.toStdString() + "'").value(0).toInt();
     }
 
     /// Lets the file take part in what is saved everywhere.
@@ -62,10 +53,7 @@ protected:
     }
 
     void add_employee(int key, const QString& number, const QString& name) {
-        rovdata()
-            .prepare("insert into syain (システム番号, 社員番号, 社員名) values (?, ?, ?)")
-            .bind(key, number, name)
-            .run();
+        rovdata().prepare("insert into syain values (?, ?, ?, null, null, null, null)").bind(key, number, name).run();
     }
 
     /// One band of a type, with the first break rule.

@@ -52,11 +52,12 @@ protected:
         return rows(rovdata(), "select 曜日, 休憩勤務時間1, 休憩時間1 from kintype order by 曜日");
     }
 
-    QStringList grid_row(int row) const {
+    /// So many cells of a row from one on, joined by "|".
+    QString grid(int row, int col, int count) const {
         QStringList cells;
-        for (int col = band_col::start; col < band_col::count; ++col)
+        for (int end = col + count; col < end; ++col)
             cells << form.hyou(row, col);
-        return cells;
+        return cells.join(u'|');
     }
 };
 
@@ -88,12 +89,12 @@ TEST_F(WorkTypes, TheListsWriteNameAndNumberAndBackspaceTakesThemBack) {
     EXPECT_EQ(form.hyou(1, band_col::category), u""_s) << "a choice counts only while the list is shown";
     choose(2, band_col::category_name, 1);
     choose(2, band_col::mode_name, 1);
-    EXPECT_EQ(grid_row(2).mid(2, 4), QStringList({u"残業"_s, u"2"_s, u"この時間が勤務開始"_s, u"1"_s}));
+    EXPECT_EQ(grid(2, band_col::category_name, 4), u"残業|2|この時間が勤務開始|1"_s);
     form.hyou_Click({3, band_col::category_name});
     EXPECT_EQ(form.atai_com[0].index, 1) << "a cell without a number leaves the selection as it is";
     form.hyou_Click({2, band_col::category_name});
     EXPECT_TRUE(form.atai_com_KeyPress(0, key::backspace));
-    EXPECT_EQ(grid_row(2).mid(2, 2), QStringList({u""_s, u""_s}));
+    EXPECT_EQ(grid(2, band_col::category_name, 2), u"|"_s);
 }
 
 TEST_F(WorkTypes, ATypeIsShownFromMondayWhateverDayWasChosen) {
@@ -106,14 +107,12 @@ TEST_F(WorkTypes, ATypeIsShownFromMondayWhateverDayWasChosen) {
     form.hyoulist_Click(1);
     EXPECT_EQ(form.kinjino, u"7"_s);
     EXPECT_EQ(form.hyou_youbi_tag, 1);
-    const QStringList monday = grid_row(2);
-    EXPECT_EQ(monday, QStringList({u"0:00"_s, u"17:15"_s, u"通常"_s, u"1"_s, u"この時間が勤務開始"_s, u"1"_s, u"6:00"_s,
-                          u"0:45"_s, u""_s, u""_s, u""_s, u""_s}))
-        << "a start of 0 is midnight, a rule of 0 is none";
+    const QString monday = u"0:00|17:15|通常|1|この時間が勤務開始|1|6:00|0:45||||"_s;
+    EXPECT_EQ(grid(2, band_col::start, 12), monday) << "a start of 0 is midnight, a rule of 0 is none";
     form.hyou_youbi_Click(0);
-    EXPECT_EQ(grid_row(1).first(3), QStringList({u"9:00"_s, u"25:30"_s, u"種類150"_s}));
+    EXPECT_EQ(grid(1, band_col::start, 3), u"9:00|25:30|種類150"_s);
     form.hyou_youbi_Click(monday_to_friday);
-    EXPECT_EQ(grid_row(2), monday);
+    EXPECT_EQ(grid(2, band_col::start, 12), monday);
     EXPECT_TRUE(host.shown.empty()) << "nothing is asked before the set is left";
 }
 
@@ -159,13 +158,21 @@ TEST_F(WorkTypes, ARuleCopiedOntoADaySetIsSavedAsItsHourUnlessTheDayWasShown) {
     EXPECT_EQ(stored_rules()[5], u"5|130|45"_s) << "a day shown and left is right";
 }
 
-TEST_F(WorkTypes, TheDaySetQuestionComesBeforeTheConfirmation) {
+TEST_F(WorkTypes, TheDaySetQuestionComesBeforeTheConfirmationAndANoToThatWritesNothing) {
+    open_a_named_day();
+    host.answers = {Answer::No};
+    form.botan_Click(1);
+    EXPECT_EQ(counter(u"勤務時間"_s), 0);
+    form.hyou_youbi_Click(2);
+    form.hyou_youbi_Click(1);
+    EXPECT_EQ(form.hyou(1, band_col::end), u"17:15"_s) << "the grid stays in hand";
+
     open_a_named_day(every_day);
     host.answers = {Answer::No, Answer::Yes};
     form.botan_Click(1);
-    ASSERT_EQ(host.shown.size(), 2u);
-    EXPECT_EQ(host.shown.front().title, u"変更処理"_s);
-    EXPECT_EQ(host.shown.back().text, u"普通を登録します"_s);
+    ASSERT_EQ(host.shown.size(), 3u);
+    EXPECT_EQ(host.shown[1].title, u"変更処理"_s);
+    EXPECT_EQ(host.shown[2].text, u"普通を登録します"_s);
     EXPECT_EQ(stored(), QStringList()) << "the copy was refused, the registration went on";
 }
 
@@ -180,17 +187,6 @@ TEST_F(WorkTypes, WithoutANameNothingIsDrawnAndADeleteOfANewTypeWastesANumber) {
     EXPECT_EQ(host.shown, (std::vector<Shown>{{u"勤務時間名を入力してください"_s, u"名称未入力"_s, Buttons::Ok},
                               {u"普通を削除します"_s, u"削除"_s, Buttons::YesNo}}));
     EXPECT_EQ(counter(u"勤務時間"_s), 1);
-}
-
-TEST_F(WorkTypes, ANoToTheRegistrationKeepsTheGridInHandAndWritesNothing) {
-    open_a_named_day();
-    host.answers = {Answer::No};
-    form.botan_Click(1);
-    EXPECT_EQ(stored(), QStringList());
-    EXPECT_EQ(counter(u"勤務時間"_s), 0);
-    form.hyou_youbi_Click(2);
-    form.hyou_youbi_Click(1);
-    EXPECT_EQ(form.hyou(1, band_col::end), u"17:15"_s);
 }
 
 TEST_F(WorkTypes, OnlyBandsWithATimeAreWrittenAndGapsStay) {
@@ -240,8 +236,7 @@ TEST_F(WorkTypes, ACategoryThatIsGoneOrStandsBehindOneWithoutANameKeepsItsNumber
     add_band(7, u"普通"_s, 1, 1, 2200, 2400, 4);
     add_band(7, u"普通"_s, 1, 2, 830, 1715, 99);
     open_the_first_type();
-    EXPECT_EQ(grid_row(1).mid(2, 2), QStringList({u""_s, u"4"_s}));
-    EXPECT_EQ(grid_row(2).mid(2, 2), QStringList({u""_s, u"99"_s}));
+    EXPECT_EQ(grid(1, band_col::category_name, 2) + grid(2, band_col::category_name, 2), u"|4|99"_s);
     form.botan_Click(1);
     EXPECT_EQ(stored(), QStringList({u"7|普通|1|1|2200|2400|4|0"_s, u"7|普通|1|2|830|1715|99|0"_s}));
 }

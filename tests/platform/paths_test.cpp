@@ -1,6 +1,7 @@
 #include "platform/paths.h"
 
 #include "base/literals.h"
+#include "platform/share.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -9,18 +10,25 @@
 using namespace base;
 
 TEST(Paths, ARootWithTwoBackslashesIsAShare) {
-    EXPECT_TRUE(platform::is_share(u"\\\\main\\data"_s));
-    EXPECT_TRUE(platform::is_share(u"x\\\\y"_s)) << "wherever they stand";
-    EXPECT_FALSE(platform::is_share(u"\\main\\data"_s));
-    EXPECT_FALSE(platform::is_share(u"C:\\Program Files\\meridan\\qn"_s));
-    EXPECT_FALSE(platform::is_share(QString()));
-    EXPECT_FALSE(platform::is_share(u"/srv/data"_s)) << "a folder of this PC";
+    for (const QString& share : {u"\\\\main\\data"_s, u"x\\\\y"_s})
+        EXPECT_TRUE(platform::is_share(share)) << share.toStdString();
+    for (const QString& folder : {u"\\main\\data"_s, u"C:\\Program Files\\meridan\\qn"_s, QString(), u"/srv/data"_s})
+        EXPECT_FALSE(platform::is_share(folder)) << folder.toStdString();
 }
 
 #ifndef Q_OS_WIN
 
 TEST(Paths, ARootWithTwoSlashesIsAShareToo) {
     EXPECT_TRUE(platform::is_share(u"//main/data"_s));
+}
+
+TEST(Paths, AShareCountsAsReachedWhenItsDataIsThere) {
+    const QTemporaryDir dir;
+    const QString share = u'\\' + QDir::toNativeSeparators(dir.path()).replace(u'/', u'\\');
+    EXPECT_FALSE(platform::connect_share(share, u"clerk"_s, u"word"_s)) << "a folder that nothing is mounted on";
+    ASSERT_TRUE(QDir(dir.path()).mkdir(u"comdata"_s));
+    EXPECT_TRUE(platform::connect_share(share, u"clerk"_s, u"word"_s));
+    EXPECT_FALSE(platform::connect_share(u"\\\\nobody\\nothing"_s, {}, {}));
 }
 
 TEST(Paths, TheDriveIsTheNearestFolderUpwardsThatHoldsTheInstallTree) {

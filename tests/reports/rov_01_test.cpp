@@ -27,11 +27,8 @@ struct Rov01 : Company {
     }
     rov_01& open(int number) {
         frame.report_no = number;
-        form.emplace(session, frame, shop,
-            rov_01::Windows{[this](int mode, int element) {
-                                searched = {mode, element};
-                            },
-                [this](const Report&) { ++previews; }});
+        const auto search = [this](int mode, int element) { searched = {mode, element}; };
+        form.emplace(session, frame, shop, rov_01::Windows{search, [this](const Report&) { ++previews; }});
         form->Form_Load();
         form->Form_Activate();
         return *form;
@@ -41,6 +38,11 @@ struct Rov01 : Company {
         form->tancd_GotFocus(element);
         form->tancd_Change(element, number);
         form->tancd_LostFocus(element);
+    }
+    /// Number, system number and name of an employee of the conditions.
+    QString employee(size_t element) const {
+        const Conditions& c = form->report.conditions;
+        return c.tancd[element] + u' ' + c.systancd[element] + u' ' + c.ntancd[element];
     }
     void leave_date(int element, const QString& typed) {
         form->ymd_GotFocus(element);
@@ -110,55 +112,45 @@ TEST_F(Rov01, ANumberThatIsNoReportsLeavesTheScreenEmpty) {
     EXPECT_TRUE(screen.close_wanted);
 }
 
-TEST_F(Rov01, TheYearsAroundThisOneAreOfferedAsTheyAreShown) {
-    EXPECT_EQ(open(4).yyyymm[0].items.join(u' '), u"2001 2002 2003 2004 2005 2006 2007"_s);
+TEST_F(Rov01, TheYearsAroundThisOneAreOfferedAsTheyAreShownAndWithoutAnEraInForceAsWesternOnes) {
+    const QString western = u"2001 2002 2003 2004 2005 2006 2007"_s;
+    EXPECT_EQ(open(4).yyyymm[0].items.join(u' '), western);
     EXPECT_EQ(form->yyyymm[1].items.size(), 12);
     EXPECT_EQ(form->report.conditions.yyyymm, (std::array{u"2004"_s, u"10"_s}));
     EXPECT_EQ(form->report.hyou(31, 0), u"31"_s);
     show_eras();
     EXPECT_EQ(open(4).yyyymm[0].items.join(u' '), u"13 14 15 16 17 18 19"_s);
     EXPECT_EQ(open(5).report.conditions.ymd[0], u"16/10/1"_s);
-}
-
-TEST_F(Rov01, WithoutAnEraInForceMonthsAndDatesAreWestern) {
-    show_eras();
     tree.settings.era_end[0] = 20041004;
-    EXPECT_EQ(open(4).yyyymm[0].items.join(u' '), u"2001 2002 2003 2004 2005 2006 2007"_s);
+    EXPECT_EQ(open(4).yyyymm[0].items.join(u' '), western);
     EXPECT_EQ(form->report.hyou(31, 0), u"31"_s) << "the days of October";
     leave_date(0, u"20040923"_s);
     EXPECT_EQ(form->report.conditions.ymd[0], u"20040923"_s);
 }
 
-TEST_F(Rov01, AnEmployeeNumberBringsItsNameAndAnotherOneTakesItAway) {
-    const Conditions& c = open(1).report.conditions;
+TEST_F(Rov01, AnEmployeeNumberBringsItsNameAndAnotherOneTakesItAwayAndF1FindsOne) {
+    open(1);
     type_employee(0, u"10"_s);
-    EXPECT_EQ(c.ntancd[0], u"田中"_s);
-    EXPECT_EQ(c.systancd[0], u"2"_s);
+    EXPECT_EQ(employee(0), u"10 2 田中"_s);
     form->tancd_Change(0, u"1"_s);
-    EXPECT_EQ(c.systancd[0], QString()) << "a number of before is never used";
-    EXPECT_EQ(c.ntancd[0], QString());
+    EXPECT_EQ(employee(0), u"1  "_s) << "a number of before is never used";
     form->tancd_LostFocus(0);
-    EXPECT_EQ(c.tancd[0], QString()) << "nobody has this number";
+    EXPECT_EQ(employee(0), u"  "_s) << "nobody has this number";
     form->tancd_GotFocus(1);
     EXPECT_FALSE(form->ntancd_enabled[1]);
     form->tancd_LostFocus(1);
     EXPECT_TRUE(form->ntancd_enabled[1]);
     form->ntancd_GotFocus(1);
     EXPECT_EQ(wish(), (Wish{ReportControl::tancd, 1}));
-}
 
-TEST_F(Rov01, F1FindsAnEmployee) {
-    const Conditions& c = open(1).report.conditions;
     EXPECT_TRUE(form->tancd_KeyDown(1, key::f1));
     EXPECT_EQ(searched, std::pair(3, 1));
     form->search_ended(1, u"100"_s);
-    EXPECT_EQ(c.tancd[1], u"100"_s);
-    EXPECT_EQ(c.systancd[1], u"4"_s);
-    EXPECT_EQ(c.ntancd[1], u"木村"_s);
+    EXPECT_EQ(employee(1), u"100 4 木村"_s);
     form->search_ended(1, std::nullopt);
-    EXPECT_EQ(c.tancd[1], u"100"_s) << "closed without a choice";
+    EXPECT_EQ(employee(1), u"100 4 木村"_s) << "closed without a choice";
     form->search_ended(1, QString());
-    EXPECT_EQ(c.tancd[1] + c.systancd[1] + c.ntancd[1], QString()) << "the whole company";
+    EXPECT_EQ(employee(1), u"  "_s) << "the whole company";
 }
 
 TEST_F(Rov01, KeysMoveFromBoxToBox) {

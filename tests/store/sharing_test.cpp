@@ -19,13 +19,23 @@ protected:
     const QString path = comsys_path(tree.settings);
 
     Database open() { return Database::open(path, Kind::Comsys, std::chrono::milliseconds(50)); }
+
+    /// Leaves a file of many rows in the middle of a commit, as a power failure does: the first pages may be torn.
+    void leave_half_done(qint64 torn_bytes) {
+        if (Database database = open(); number_from(database, "select count(*) from syain") == 0)
+            add_employees(database, 3000);
+        Child writer({u"die"_s, path});
+        ASSERT_EQ(writer.line(), "ready");
+        writer.kill();
+        ASSERT_GT(QFileInfo(path + u"-journal"_s).size(), 0) << "pages must have reached the file";
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write(QByteArray(torn_bytes, 'x')) == torn_bytes);
+    }
 };
 
 TEST_F(SharedDatabase, FourProgramsDrawTenThousandNumbersAndAllDiffer) {
-    const int programs = 4;
-    const int each = 2500;
-    const QString memory = u"/dev/shm"_s; // spares the disk 10,000 commits
-    const TestTree shared(QFileInfo(memory).isWritable() ? memory : QDir::tempPath());
+    constexpr int programs = 4, each = 2500;
+    const TestTree shared(support::fast_place());
     std::list<Child> children;
     for (int i = 0; i < programs; ++i)
         children.emplace_back(QStringList{u"number"_s, shared.settings.server_root, QString::number(each)});
@@ -67,23 +77,9 @@ TEST_F(SharedDatabase, AnExclusiveTransactionKeepsReadersOut) {
     EXPECT_EQ(code_of([&] { number_from(reader, "select count(*) from bangou"); }), Code::Busy);
 }
 
-/// Leaves the file in the middle of a commit, as a power failure does: the first pages may be torn.
-void leave_half_done(const QString& path, qint64 torn_bytes) {
-    Child writer({u"die"_s, path});
-    ASSERT_EQ(writer.line(), "ready");
-    writer.kill();
-    ASSERT_GT(QFileInfo(path + u"-journal"_s).size(), 0) << "pages must have reached the file";
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write(QByteArray(torn_bytes, 'x')) == torn_bytes);
-}
-
 TEST_F(SharedDatabase, WhatAKilledWriterLeftHalfDoneIsUndoneByTheNextOpening) {
-    {
-        Database database = open();
-        add_employees(database, 3000);
-    }
     for (const qint64 torn_bytes : {0, 7, 5000}) {
-        leave_half_done(path, torn_bytes);
+        leave_half_done(torn_bytes);
         Database database = open();
         EXPECT_EQ(number_from(database, "select count(*) from syain where フリガナ='シャイン'"), 3000);
         EXPECT_FALSE(QFileInfo::exists(path + u"-journal"_s));
@@ -91,11 +87,7 @@ TEST_F(SharedDatabase, WhatAKilledWriterLeftHalfDoneIsUndoneByTheNextOpening) {
 }
 
 TEST_F(SharedDatabase, AJournalWithoutItsFileIsNotPlayedIntoANewOne) {
-    {
-        Database database = open();
-        add_employees(database, 3000);
-    }
-    leave_half_done(path, 0);
+    leave_half_done(0);
     const QByteArray journal = support::bytes_of(path + u"-journal"_s);
     ASSERT_TRUE(QFile::remove(path));
     Database database = Database::create(path, Kind::Comsys);

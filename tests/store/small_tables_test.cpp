@@ -25,10 +25,9 @@ protected:
 };
 
 TEST_F(Comsys, EachCounterStartsAtOneAndRisesByItself) {
-    EXPECT_EQ(採番(tree.settings, u"勤務種類"_s), 1);
-    EXPECT_EQ(採番(tree.settings, u"勤務種類"_s), 2);
-    EXPECT_EQ(採番(tree.settings, u"休暇種類"_s), 1);
-    EXPECT_EQ(採番(tree.settings, u"勤務種類"_s), 3);
+    for (const auto& [counter, number] :
+        {std::pair(u"勤務種類"_s, 1), {u"勤務種類"_s, 2}, {u"休暇種類"_s, 1}, {u"勤務種類"_s, 3}})
+        EXPECT_EQ(採番(tree.settings, counter), number);
     EXPECT_EQ(number_from(comsys, "select count(*) from bangou"), 2);
 }
 
@@ -38,11 +37,10 @@ TEST_F(Comsys, ACounterThatIsBehindTheTablesGivesNoNumberThatIsInUse) {
               "insert into kintype (システム番号, 時間種類) values (3, 7);"
               "insert into rovmei (社員システム番号) values (12), (13)");
     comsys.exec("insert into bangou values ('勤務時間', 2), ('休暇種類', 8), ('社員番号', 11)");
-    EXPECT_EQ(採番(tree.settings, u"勤務種類"_s), 8) << "attendance of what was deleted counts";
-    EXPECT_EQ(採番(tree.settings, u"勤務時間"_s), 4);
-    EXPECT_EQ(採番(tree.settings, u"休暇種類"_s), 9);
-    EXPECT_EQ(採番(tree.settings, u"社員番号"_s), 14);
-    EXPECT_EQ(採番(tree.settings, u"社員番号"_s), 15);
+    // Of the categories, attendance of what was deleted counts.
+    for (const auto& [counter, number] :
+        {std::pair(u"勤務種類"_s, 8), {u"勤務時間"_s, 4}, {u"休暇種類"_s, 9}, {u"社員番号"_s, 14}, {u"社員番号"_s, 15}})
+        EXPECT_EQ(採番(tree.settings, counter), number) << counter.toStdString();
 }
 
 TEST_F(Comsys, ALookupGivesTheFieldsOfTheFirstRowWithTheKey) {
@@ -51,18 +49,14 @@ TEST_F(Comsys, ALookupGivesTheFieldsOfTheFirstRowWithTheKey) {
     const QString table = u"syain"_s, key = u"社員番号"_s, name = u"社員名"_s;
     EXPECT_EQ(look_up(table, key, u" 12 "_s, {u"システム番号"_s, name, {}, u"第２グループ"_s, u"フリガナ"_s}),
         (Fields{u"3"_s, u"山田"_s, {}, {}, u"ヤマダ"_s}));
-    EXPECT_EQ(look_up(table, key, u"99"_s, {name}), Fields());
-    EXPECT_EQ(look_up({}, key, u"12"_s, {name}), Fields());
-    EXPECT_EQ(look_up(table, u" "_s, u"12"_s, {name}), Fields());
-    EXPECT_EQ(look_up(table, key, u" "_s, {name}), Fields());
-    EXPECT_EQ(look_up(table, key, u"12"_s, {}), Fields());
-
-    const auto misused = [&](const QString& in, const QString& by, const QString& field) {
-        return code_of([&] { look_up(in, by, u"12"_s, {field}); }) == Code::Misuse;
-    };
-    EXPECT_TRUE(misused(u"tokui"_s, key, name));
-    EXPECT_TRUE(misused(table, u"社員番号\" or 1 or \""_s, name));
-    EXPECT_TRUE(misused(table, key, u"住所"_s));
+    const std::array<QString, 4> nothing[] = {{table, key, u"99"_s, name}, {QString(), key, u"12"_s, name},
+        {table, u" "_s, u"12"_s, name}, {table, key, u" "_s, name}, {table, key, u"12"_s, QString()}};
+    for (const auto& [in, by, what, field] : nothing)
+        EXPECT_EQ(look_up(in, by, what, {field}), Fields()) << (in + by + what + field).toStdString();
+    const std::array<QString, 3> misuses[] = {
+        {u"tokui"_s, key, name}, {table, u"社員番号\" or 1 or \""_s, name}, {table, key, u"住所"_s}};
+    for (const auto& [in, by, field] : misuses)
+        EXPECT_EQ(code_of([&] { look_up(in, by, u"12"_s, {field}); }), Code::Misuse) << (in + by + field).toStdString();
 }
 
 class Settings : public testing::Test {
@@ -71,22 +65,19 @@ protected:
     SettingTables tables{tree.settings};
 };
 
-TEST_F(Settings, AKeyThatIsntThereReadsEmptyAndIsAddedByTheFirstWrite) {
-    EXPECT_EQ(tables.設定読込(u"losystem"_s, u"使用区分"_s), QString());
-    tables.設定書込(u"losystem"_s, u"使用区分"_s, u"2"_s);
-    tables.設定書込(u"losystem"_s, u"使用区分"_s, u"1"_s);
-    EXPECT_EQ(tables.設定読込(u"losystem"_s, u"使用区分"_s), u"1"_s);
-    Database losys = Database::open(losys_path(tree.settings), Kind::Losys);
-    EXPECT_EQ(number_from(losys, "select count(*) from losystem"), 1);
-}
-
-TEST_F(Settings, EachTableLiesInItsOwnFile) {
-    for (const QString& table : {u"losystem"_s, u"rov_kihon"_s, u"kihon"_s})
-        tables.設定書込(table, u"a'b\""_s, table);
-    for (const QString& table : {u"losystem"_s, u"rov_kihon"_s, u"kihon"_s})
-        EXPECT_EQ(tables.設定読込(table, u"a'b\""_s), table) << "a quote in a key is a character";
-    Database rovdata = Database::open(rovdata_path(tree.settings), Kind::Rovdata);
-    EXPECT_EQ(number_from(rovdata, "select count(*) from rov_kihon where データ='rov_kihon'"), 1);
+TEST_F(Settings, AKeyThatIsntThereReadsEmptyAndIsAddedByTheFirstWriteToTheFileOfItsTable) {
+    const QStringList names{u"losystem"_s, u"rov_kihon"_s, u"kihon"_s};
+    const QString key = u"a'b\""_s; // a quote in a key is a character
+    EXPECT_EQ(tables.設定読込(names[0], key), QString());
+    for (const QString& data : {u"1"_s, u"2"_s})
+        for (const QString& table : names)
+            tables.設定書込(table, key, table + data);
+    for (const QString& table : names)
+        EXPECT_EQ(tables.設定読込(table, key), table + u'2');
+    EXPECT_EQ(support::rows_of(losys_path(tree.settings), Kind::Losys, "select データ from losystem"),
+        QStringList{u"losystem2"_s});
+    EXPECT_EQ(support::rows_of(rovdata_path(tree.settings), Kind::Rovdata, "select データ from rov_kihon"),
+        QStringList{u"rov_kihon2"_s});
 }
 
 TEST_F(Settings, OneOpeningServesSeveralReadsAndItsWritesStandTogetherOrNotAtAll) {
@@ -136,13 +127,9 @@ TEST_F(StartOnData, TheFirstStartRegistersTheProductAndTheSecondWritesNothing) {
     const QByteArray before = support::bytes_of(allsystem_path(tree.settings));
     EXPECT_FALSE(初期セットアップ(tree.settings));
     EXPECT_EQ(support::bytes_of(allsystem_path(tree.settings)), before);
-}
-
-TEST_F(StartOnData, AMovedProgramIsFollowedByItsReceiver) {
-    初期セットアップ(tree.settings)->stand();
     tree.settings.install_drive = u"/d"_s;
     EXPECT_FALSE(初期セットアップ(tree.settings));
-    EXPECT_EQ(register_rows(), QStringList{row()});
+    EXPECT_EQ(register_rows(), QStringList{row()}) << "the receiver follows a program that was moved";
     EXPECT_TRUE(platform::portable(receiver_path(tree.settings)).startsWith(u"/d"_s));
 }
 

@@ -17,20 +17,16 @@ public:
     explicit TestTree(const QString& place = QDir::tempPath(), const QString& root = {})
         : folder(place + QStringLiteral("/store-XXXXXX")) {
         settings.server_root = settings.local_root = root.isEmpty() ? folder.path() : folder.filePath(root);
-        make(store::comsys_path(settings), store::Kind::Comsys);
-        make(store::allsystem_path(settings), store::Kind::Allsystem);
-        make(store::rovdata_path(settings), store::Kind::Rovdata);
-        make(store::losys_path(settings), store::Kind::Losys);
+        for (const auto& [path, kind] :
+            {std::pair(&store::comsys_path, store::Kind::Comsys), {&store::allsystem_path, store::Kind::Allsystem},
+                {&store::rovdata_path, store::Kind::Rovdata}, {&store::losys_path, store::Kind::Losys}}) {
+            QDir().mkpath(QFileInfo(path(settings)).path());
+            store::Database::create(path(settings), kind);
+        }
     }
 
     QTemporaryDir folder;
     base::Settings settings;
-
-private:
-    static void make(const QString& path, store::Kind kind) {
-        QDir().mkpath(QFileInfo(path).path());
-        store::Database::create(path, kind);
-    }
 };
 
 inline qint64 number_from(store::Database& database, std::string_view sql) {

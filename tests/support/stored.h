@@ -21,18 +21,21 @@ inline void put_bytes(const QString& path, const QByteArray& bytes) {
         ADD_FAILURE() << path.toStdString();
 }
 
-/// The rows of a query, each as its columns joined by "|".
-inline QStringList rows_of(const QString& path, store::Kind kind, std::string_view sql) {
-    store::Database database = store::Database::open(path, kind);
+/// The rows of a query, each as its columns joined by "|"; Null as the text.
+inline QStringList rows_of(store::Database database, std::string_view sql, const QString& null = {}) {
     store::Statement query = database.prepare(sql);
     QStringList rows;
     while (query.step()) {
         QStringList cells;
         for (int i = 0; i < query.row().columns(); ++i)
-            cells << query.row().text(i);
+            cells << (query.row().is_null(i) ? null : query.row().text(i));
         rows << cells.join(QLatin1Char('|'));
     }
     return rows;
+}
+
+inline QStringList rows_of(const QString& path, store::Kind kind, std::string_view sql) {
+    return rows_of(store::Database::open(path, kind), sql);
 }
 
 } // namespace support

@@ -1,5 +1,6 @@
 #include "base/combo_item.h"
 #include "base/literals.h"
+#include "base/numbers.h"
 #include "base/text.h"
 
 #include <gtest/gtest.h>
@@ -33,4 +34,23 @@ TEST(Text, AFieldHolds255CharactersAndNoHalfOfOne) {
     EXPECT_EQ(field_text(QString(300, u'名')), QString(255, u'名'));
     EXPECT_EQ(field_text(QString(254, u'名') + u"😀"_s), QString(254, u'名'));
     EXPECT_EQ(field_text(QString(253, u'名') + u"😀"_s), QString(253, u'名') + u"😀"_s);
+}
+
+TEST(Numbers, TheLeadingNumberCountsAndNothingIsAnError) {
+    const std::pair<QString, qint64> cases[] = {{u""_s, 0}, {u"k3"_s, 0}, {u" -5x"_s, -5}, {u"12 3"_s, 12},
+        {u"1.9"_s, 1}, {u"８３０"_s, 0}, {u"99999999999999999999"_s, std::numeric_limits<qint64>::max()}};
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(Val(text), number) << text.toStdString();
+}
+
+TEST(Numbers, ThousandsAreGroupedAndZeroIsBlank) {
+    EXPECT_EQ(grouped(0) + grouped(999), u"999"_s);
+    EXPECT_EQ(grouped(1234567) + grouped(-123456), u"1,234,567-123,456"_s);
+}
+
+TEST(Text, FixedFieldsArePaddedOrCutAndIdeographicSpacesStay) {
+    EXPECT_EQ(left_justified(u"公休", 4), u"公休  "_s);
+    EXPECT_EQ(right_justified(u"12345", 3), u"123"_s);
+    EXPECT_EQ(Trim(u"  \u3000名 "), u"\u3000名"_s);
+    EXPECT_EQ(last_four(u"-30"), u"0-30"_s);
 }

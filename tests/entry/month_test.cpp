@@ -1,0 +1,145 @@
+#include "entry/company.h"
+#include "entry/draft_store.h"
+#include "support/stored.h"
+#include "support/told_cases.h"
+
+#include <map>
+
+using namespace entry;
+
+namespace {
+
+base::Cell cell_of(const QString& row_and_col) {
+    return {row_and_col.section(u',', 0, 0).toInt(), row_and_col.section(u',', 1).toInt()};
+}
+
+/// Plays one case of rows/month.txt, which tells what its steps are.
+class Month : public OpenForm, public testing::WithParamInterface<support::ToldCase> {
+protected:
+    void step(const QString& line) {
+        const QString rest = others(line);
+        Steps steps = acts(rest);
+        steps.merge(looks(rest));
+        steps.at(first(line))();
+    }
+
+private:
+    using Steps = std::map<QString, std::function<void()>>;
+    static QString first(const QString& words) { return words.section(u' ', 0, 0); }
+    static QString others(const QString& words) { return words.section(u' ', 1); }
+
+    Steps acts(const QString& rest) {
+        return {
+            {u"at"_s, [&] { form->hyou_Click(cell_of(first(rest))); }},
+            {u"type"_s, [&] { type(*form, rest); }},
+            {u"leave"_s, [&] { form->atai_LostFocus(); }},
+            {u"kind"_s, [&] { form->kyucom_Click(rest.toInt()); }},
+            {u"enter"_s, [&] { type_at(cell_of(first(rest)), others(rest)); }},
+            {u"work"_s, [&] { type_day(first(rest).toInt(), first(others(rest)), others(others(rest))); }},
+            {u"employee"_s, [&] { form->hyou_syain_Click(rest.toInt()); }},
+            {u"month"_s, [&] { form->ym_Click(1, rest.toInt() - 1); }},
+            {u"month_Enter"_s, [&] { form->ym_KeyDown(0, key::enter); }},
+            {u"count"_s, [&] { type_count(first(rest).toInt(), others(rest)); }},
+            {u"save"_s, [&] { form->botan_Click(1); }},
+            {u"undo"_s, [&] { form->undo(); }},
+            {u"redo"_s, [&] { form->redo(); }},
+            {u"give_up"_s, [&] { form->give_up_draft(); }},
+            {u"decide"_s, [&] { form->decide(0, MonthDraft::Choice(rest == u"stored")); }},
+            {u"open"_s, [&] { open(); }},
+            {u"damage"_s, [&] { damage_drafts(); }},
+            {u"Enter"_s, [&] { form->atai_KeyDown(key::enter); }},
+            {u"step"_s, [&] { form->step_employee(rest.toInt()); }},
+            {u"goes_on"_s, [&] { form->set_goes_on(true); }},
+            {u"kinds"_s, [&] { form->go_to_kinds(); }},
+            {u"digit"_s, [&] { form->kyucom_Digit(rest.toInt()); }},
+            {u"kind_Enter"_s, [&] { EXPECT_TRUE(form->kyucom_KeyDown(key::enter)); }},
+            {u"explain"_s, [&] { form->explain_day(); }},
+            {u"calculate"_s, [&] { form->calculate_all(); }},
+            {u"ask_no_more"_s, [&] { form->ask_no_more_for_month(); }},
+            {u"leave_out"_s, [&] { leave_out(rest); }},
+            {u"applied"_s, [&] { company.apply(); }},
+            {u"sql"_s, [&] { company.exec(rest.toStdString()); }},
+            {u"posted_sql"_s, [&] { company.exchange().exec(rest.toStdString()); }},
+        };
+    }
+
+    Steps looks(const QString& rest) {
+        return {
+            {u"day"_s, [&] { EXPECT_EQ(day(first(rest).toInt()), others(rest)); }},
+            {u"cell"_s, [&] { expect(cell(first(rest)), others(rest)); }},
+            {u"strip"_s, [&] { expect(form->sheet.hyou_day(strip::count, first(rest).toInt()), others(rest)); }},
+            {u"standing"_s, [&] { EXPECT_EQ(standing(), rest); }},
+            {u"posted"_s, [&] { EXPECT_EQ(company.posted().filter(rest).size(), 1); }},
+            {u"who"_s, [&] { EXPECT_EQ(form->syalab, rest); }},
+            {u"notice"_s, [&] { EXPECT_EQ(form->editors.notice->text, rest); }},
+            {u"findings"_s, [&] { EXPECT_EQ(form->look_before_saving().size(), rest.toInt()); }},
+            {u"told"_s, [&] { EXPECT_EQ(company.host.shown.size(), rest.toULongLong()); }},
+            {u"clashes"_s, [&] { EXPECT_EQ(clashes(), rest); }},
+            {u"can"_s, [&] { EXPECT_TRUE(can(rest)); }},
+            {u"cannot"_s, [&] { EXPECT_FALSE(can(rest)); }},
+            {u"box"_s, [&] { EXPECT_EQ(box(), rest); }},
+        };
+    }
+
+    static void expect(const QString& text, const QString& told) { EXPECT_EQ(text.isEmpty() ? u"-"_s : text, told); }
+
+    const QString& cell(const QString& place) const {
+        const auto [r, column] = cell_of(place);
+        return form->sheet.hyou(r, column);
+    }
+
+    /// The cell in hand with its text.
+    QString box() const {
+        const auto& [text, at] = std::tie(form->editors.atai.text, form->editors.atai.cell);
+        return u"%1,%2 %3"_s.arg(at.row).arg(at.col).arg(text.isEmpty() ? u"-"_s : text);
+    }
+
+    void leave_out(const QString& kind) {
+        form->leave_out(kind == u"-" ? FindingKinds() : FindingKinds{FindingKind::OneClockTime});
+    }
+
+    void damage_drafts() const {
+        const QString path = store::drafts_path(company.tree.settings);
+        support::put_bytes(path, support::bytes_of(path).replace(4096, 8192, QByteArray(8192, 'x')));
+    }
+
+    void type_count(int column, const QString& digit) {
+        form->hyou_day_Click(column);
+        form->hyou_day_KeyDown(key::del);
+        form->hyou_day_KeyPress(digit[0].unicode());
+    }
+
+    QString standing() const {
+        QString told = (form->standing().isEmpty() ? u"-"_s : form->standing()) + u' ';
+        for (int r = 1; r < form->hyou_syain.Rows(); ++r)
+            told += form->hyou_syain.Look(r, 0).dot ? u"●"_s : u"○"_s;
+        return told + digits(drafts_waiting(company.tree.settings).months);
+    }
+
+    QString clashes() const {
+        QStringList rows;
+        for (const Clash& clash : form->clashes())
+            rows << digits(clash.row);
+        return rows.join(u' ');
+    }
+
+    bool can(const QString& what) {
+        return what == u"undo"     ? form->can_undo()
+               : what == u"redo"   ? form->can_redo()
+               : what == u"draft"  ? form->has_draft()
+               : what == u"type"   ? form->editors.atai.active && form->editors.atai.visible
+               : what == u"choose" ? form->editors.kyucom.visible
+                                   : form->days_on_their_way();
+    }
+};
+
+} // namespace
+
+TEST_P(Month, StandsAsTheRowsTell) {
+    for (const QString& line : GetParam().lines) {
+        SCOPED_TRACE((GetParam().shows + u": "_s + line).toStdString());
+        step(line);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Month, testing::ValuesIn(support::told_cases(QStringLiteral(ROVENA_ROWS "/month.txt"))));
