@@ -48,7 +48,6 @@ TEST(Sheet, HiddenRowsAreNotTheLastAndTheViewCutsAtItsSize) {
     EXPECT_EQ(s.VisibleRows(Sheet::default_row_height * 3), 2) << "rows 0 to 2 fit; less the fixed one";
     EXPECT_EQ(s.VisibleRows(100000), 5);
     s.SetTopLeft(1, 2);
-    EXPECT_EQ(s.VisibleCols(Sheet::default_col_width * 2), 4)
-        << "the fixed column and column 2; column 3 has no width";
+    EXPECT_EQ(s.VisibleCols(Sheet::default_col_width * 2), 4) << "the fixed column and column 2; column 3 has no width";
     EXPECT_EQ(s.VisibleCols(Sheet::default_col_width), 1);
 }

@@ -11,14 +11,6 @@ constexpr int A = 11;
 constexpr int B = 12;
 constexpr int C = 13;
 
-/// 8:30 to 17:30 with two break rules, and the evening without.
-MonthSheet office_month() {
-    MonthSheet sheet = month_sheet({A, B});
-    every_day(sheet, 1, band(A, 830, 1730, {{600, 45}, {800, 100}}));
-    every_day(sheet, 2, band(B, 1730, 2200));
-    return sheet;
-}
-
 /// Break, work time and the hours of the first two categories.
 QString day(const MonthSheet& sheet, int r) {
     return cells_from(sheet.hyou, r, col::break_time, 2) + u'|' + cells_from(sheet.hyou, r, col::first_category, 2);
@@ -133,36 +125,6 @@ TEST(DayCalculation, TakingNothingOffAnEmptyFigureLeavesAZero) {
     EXPECT_EQ(sheet.hyou(row::total, 9), u""_s);
 }
 
-TEST(DayCalculation, ABreakStandsButDoesNotCountWhenNoCategoryHasWork) {
-    MonthSheet sheet = office_month();
-    sheet.hyou(1, col::break_time) = u"1:00"_s;
-    calculate(sheet, 1, u"5:00"_s, u"8:00"_s);
-    EXPECT_EQ(day(sheet, 1), u"1:00|3:00||"_s);
-}
-
-TEST(DayCalculation, ADayWhoseClockTimesAreClearedHasNoBreakUnlessOneIsTyped) {
-    for (const QString& cleared : {u""_s, u"25:00"_s}) {
-        MonthSheet sheet = office_month();
-        calculate(sheet, 1, u"8:30"_s, u"17:45"_s);
-        calculate(sheet, 1, u""_s, cleared);
-        EXPECT_EQ(day(sheet, 1) + sheet.hyou(row::total, col::break_time), u"|||"_s);
-        sheet.hyou(1, col::break_time) = u"1:00"_s;
-        recalculate(sheet, 1, col::break_time);
-        EXPECT_EQ(sheet.hyou(1, col::break_time), u"1:00"_s);
-    }
-}
-
-TEST(DayCalculation, ABreakTypedByHandStandsUntilAClockCellChanges) {
-    MonthSheet sheet = office_month();
-    sheet.kyuflg = BreakHandling::Deducted;
-    calculate(sheet, 1, u"8:30"_s, u"17:30"_s);
-    sheet.hyou(1, col::break_time) = u"0:20"_s;
-    recalculate(sheet, 1, col::break_time);
-    EXPECT_EQ(day(sheet, 1), u"0:20|8:40|9:00|"_s) << "and nothing is taken off";
-    calculate(sheet, 1, u"8:30"_s, u"17:30"_s);
-    EXPECT_EQ(day(sheet, 1), u"1:00|8:00|8:00|"_s);
-}
-
 TEST(DayCalculation, ABreakLongerThanTheStayGoesThroughTheConversionsAsItIs) {
     MonthSheet sheet = month_sheet({});
     lay(sheet.hyou, {1, col::clock_in}, u"8:00|9:00|2:30"_s);
@@ -201,29 +163,6 @@ TEST(DayCalculation, ARowThatIsNoDayIsOnlyCheckedAndTheMonthIsNotSummed) {
         EXPECT_EQ(cells_from(sheet.hyou, r, col::clock_in, 2), u"|9:00"_s) << r;
         EXPECT_EQ(sheet.hyou(row::total, col::work_time) + sheet.mark(1), u""_s) << r;
     }
-}
-
-TEST(DayKind, ADayWithWorkTakesTheDefaultForItsLeaveAndKeepsHolidayWork) {
-    const std::pair<QString, QString> cases[] = {
-        {u"1|有休||0"_s, u"3|出勤|1|1"_s}, {u"4|休日出勤||2"_s, u"4|休日出勤||2"_s}};
-    for (const auto& [before, after] : cases) {
-        MonthSheet sheet = month_sheet({});
-        lay(sheet.hyou_system, {1, 0}, before);
-        sheet.hyou(1, col::kind) = before.section(u'|', 1, 1);
-        calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-        EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0), after);
-        EXPECT_EQ(sheet.hyou(1, col::kind), after.section(u'|', 1, 1));
-    }
-}
-
-TEST(DayKind, ADayEmptiedAndFilledAgainKeepsNoWorkingKindByItself) {
-    MonthSheet sheet = month_sheet({});
-    sheet.kind_without_work = {};
-    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    calculate(sheet, 1, u""_s, u""_s);
-    EXPECT_EQ(cells_from(sheet.hyou_system, 1, 0) + sheet.hyou(1, col::kind), u"||1|1"_s);
-    calculate(sheet, 1, u"8:00"_s, u"17:00"_s);
-    EXPECT_EQ(sheet.hyou(1, col::kind) + sheet.hyou_system(1, 0), u""_s);
 }
 
 TEST(DayCalculation, EveryStayOfTheDayFillsAWholeDaysBandsExactly) {

@@ -25,12 +25,6 @@ protected:
         入力フォーム(sheet, editors);
     }
 
-    void type(const QString& text) {
-        for (const QChar c : text)
-            if (type_key(sheet, c.unicode()))
-                editors.atai.text = std::exchange(editors.atai.select_all, false) ? QString(c) : editors.atai.text + c;
-    }
-
     bool press(int key_code) { return move_by_key(sheet, editors, key_code); }
 
     Cell cursor() const { return {sheet.hyou.Row(), sheet.hyou.Col()}; }
@@ -91,50 +85,6 @@ TEST_F(Editing, TextInOnePieceLeavesItsDigitsInATimeCell) {
     EXPECT_EQ(accept_text(sheet, u"直行8"_s), u"直行8"_s);
 }
 
-TEST_F(Editing, ACellMerelyVisitedKeepsItsDayUnchanged) {
-    sheet.hyou(5, 2) = u"8:30"_s;
-    go_to(5, 2);
-    press(key::down);
-    EXPECT_EQ(cells_from(sheet.hyou, 5, 2) + sheet.mark(5), u"8:30|||||||"_s);
-}
-
-TEST_F(Editing, EnterCommitsCalculatesTheDayLeftAndWalksToTheNextDaysClockIn) {
-    go_to(1, 2);
-    type(u"830"_s);
-    press(key::enter);
-    EXPECT_EQ(sheet.hyou(1, 5), u"14:30"_s) << "clock-in only, less the break";
-    type(u"1715"_s);
-    press(key::enter);
-    EXPECT_EQ(editors.atai.text, u"100"_s) << "the break just calculated";
-    press(key::enter);
-    EXPECT_EQ(cursor(), (Cell{2, 2}));
-    EXPECT_EQ(cells_from(sheet.hyou, 1, 2), u"8:30|17:15|1:00|7:45||出勤|8:45|"_s);
-    EXPECT_EQ(sheet.hyou(row::total, 5), u"7:45"_s);
-}
-
-TEST_F(Editing, TheCalculationSeesTheColumnThatWasLeft) {
-    calculate(sheet, 1, u"8:30"_s, u"17:30"_s);
-    go_to(1, 4);
-    type(u"20"_s);
-    press(key::enter);
-    EXPECT_EQ(cells_from(sheet.hyou, 1, col::break_time, 2), u"0:20|8:40"_s);
-    go_to(1, 3);
-    type(u"1800"_s);
-    press(key::right);
-    EXPECT_EQ(sheet.hyou(1, 4), u"1:00"_s) << "the rules run again";
-}
-
-TEST_F(Editing, AFigureTypedInACategoryWaitsForTheNextCalculation) {
-    go_to(2, 9);
-    type(u"130"_s);
-    go_to(3, 2);
-    EXPECT_EQ(sheet.hyou(2, 9) + sheet.mark(2), u"1:301"_s);
-    EXPECT_EQ(sheet.hyou(row::total, 9), u""_s);
-    type(u"830"_s);
-    press(key::enter);
-    EXPECT_EQ(sheet.hyou(row::total, 9), u"1:30"_s);
-}
-
 TEST_F(Editing, KeysMoveWithinTheSheetAndPassColumn7Over) {
     struct Case {
         Cell from;
@@ -154,28 +104,6 @@ TEST_F(Editing, KeysMoveWithinTheSheetAndPassColumn7Over) {
     }
 }
 
-TEST_F(Editing, Column7ShowsTheListAtTheDaysKindAndLetsTheBoxGo) {
-    lay(sheet.hyou_system, {3, 0}, u"4|休日出勤"_s);
-    go_to(3, 6);
-    go_to(3, 7);
-    EXPECT_TRUE(editors.kyucom.visible && editors.kyucom.enabled && editors.kyucom.index == 2);
-    EXPECT_EQ(sheet.hyou(3, 7) + sheet.mark(3), u"休日出勤"_s);
-    EXPECT_FALSE(editors.atai.visible || editors.atai.active);
-    go_to(4, 2);
-    EXPECT_FALSE(editors.kyucom.visible || editors.kyucom.enabled);
-}
-
-TEST_F(Editing, AChosenKindMarksTheDayAndCountsTheKindsButNoHours) {
-    sheet.hyou(3, 5) = u"8:00"_s;
-    go_to(3, 7);
-    choose_kind(sheet, editors.kyucom, 2);
-    EXPECT_EQ(cells_from(sheet.hyou_system, 3, 0) + count_under(sheet, u"s4"_s), u"4|休日出勤|1|11"_s);
-    EXPECT_EQ(sheet.hyou(32, 5) + count_under(sheet, u"-1"_s), u""_s);
-    choose_kind(sheet, editors.kyucom, 0);
-    EXPECT_EQ(sheet.hyou(3, 7), QString(10, QChar(0x3000))) << "ideographic spaces aren't trimmed";
-    EXPECT_EQ(count_under(sheet, u"s4"_s), u""_s);
-}
-
 TEST_F(Editing, ARowThatIsNoDayTakesNoKind) {
     sheet = month_sheet({A}, 4);
     for (const int no_day : {31, int(row::total)}) {
@@ -186,18 +114,6 @@ TEST_F(Editing, ARowThatIsNoDayTakesNoKind) {
         choose_kind(sheet, editors.kyucom, 1);
         EXPECT_EQ(sheet.hyou(no_day, 7) + sheet.mark(no_day) + count_under(sheet, u"k1"_s), u""_s) << no_day;
     }
-}
-
-TEST_F(Editing, ADayLeftForColumn7IsCalculatedWhenTheNextTimeCellIsEntered) {
-    go_to(1, 2);
-    type(u"830"_s);
-    go_to(1, 3);
-    type(u"1730"_s);
-    go_to(1, 7);
-    EXPECT_EQ(sheet.hyou(1, 5) + sheet.mark(1), u"14:302"_s) << "not yet";
-    choose_kind(sheet, editors.kyucom, 1);
-    go_to(9, 2);
-    EXPECT_EQ(sheet.hyou(1, 5) + sheet.mark(1), u"8:001"_s);
 }
 
 TEST_F(Editing, TheBoxFollowsItsCellWhileTheSheetScrollsAndKeepsItsTextOutOfSight) {

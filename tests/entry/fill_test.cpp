@@ -1,5 +1,5 @@
-#include "entry/company.h"
 #include "entry/fill.h"
+#include "entry/sheet_builder.h"
 
 #include <gtest/gtest.h>
 
@@ -92,32 +92,4 @@ TEST(Fill, TheDayAboveAndTheWeekBeforeServeAsTheyAreFilled) {
     EXPECT_EQ(times(sheet, 8) + times(sheet, 29) + times(sheet, 24), u"9:00-12:009:00-12:008:00-15:00"_s);
     EXPECT_EQ(times(sheet, 30) + times(sheet, 31) + times(sheet, row::total), blank + blank + blank);
     EXPECT_EQ(fill(sheet, FillSource::DayAbove, 0, RowRange{20, 19}), 0);
-}
-
-TEST(Fill, TheFormAsksOnceForTheBandThatEndsANormalDayAndUndoesAFillAsOneStep) {
-    Company company;
-    ent_rovena form(company.session);
-    form.Form_Load();
-    EXPECT_EQ(form.fill(FillSource::StandardTimes), 0) << "nobody is chosen";
-    form.hyou_syain_Click(1);
-    form.hyou_Click({4, col::clock_in});
-    type(form, u"900"_s);
-    EXPECT_TRUE(form.needs_normal_band());
-    QStringList choices;
-    for (const BandChoice& choice : band_choices(form.sheet))
-        choices << choice.text;
-    EXPECT_EQ(choices, QStringList({u"1 普通 8:30～17:30"_s, u"2 残業 17:30～22:00"_s}));
-    form.mark_normal_band(1);
-    EXPECT_EQ(company.tables.設定読込(u"losystem"_s, u"標準時間帯5"_s), u"1"_s);
-    EXPECT_EQ(form.fill(FillSource::StandardTimes), 20) << "October 2004 has 21 weekdays, one was in the box";
-    EXPECT_EQ(form.editors.notice->text, u"20日に時刻を入れました"_s);
-    EXPECT_EQ(form.standing(), u"未登録 21日"_s);
-    EXPECT_EQ(form.editors.atai.text, u"900"_s);
-    form.undo();
-    EXPECT_EQ(times(form.sheet, 5), blank);
-    EXPECT_EQ(form.standing(), u"未登録 1日"_s);
-
-    company.exec("delete from kintype where 連番 = 1");
-    form.hyou_syain_Click(1);
-    EXPECT_TRUE(form.needs_normal_band()) << "the band that was marked is gone";
 }

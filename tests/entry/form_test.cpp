@@ -47,15 +47,6 @@ TEST_F(Form, OpensOnTheCurrentMonthWithItsListsFilled) {
     EXPECT_FALSE(hyou.Look(3, 0).fore) << "a Sunday's date stays black";
 }
 
-TEST_F(Form, TheLastKindWithTheStandardMarkIsTheDefaultOfItsFamily) {
-    company.exec(
-        "insert into kyutype values (9, '指定休', 2, 0), (7, '夏休', 1, 0), (0, '無', 1, 0), (8, '当直', 3, 1)");
-    form.Form_Load();
-    EXPECT_EQ(form.sheet.kind_without_work.number + form.sheet.kind_without_work.name, u"9指定休"_s);
-    EXPECT_EQ(form.sheet.kind_with_work.number, u"3"_s);
-    EXPECT_EQ(form.editors.kyucom.items.size(), 8) << "a kind of number 0 is not offered";
-}
-
 TEST_F(Form, YearsAreThoseOfTheEraWhereErasAreShown) {
     auto& settings = company.tree.settings;
     settings.date_style = 1;
@@ -131,6 +122,7 @@ TEST_F(Form, TypingOrClickingWithoutAnEmployeeIsRefusedWithAMessage) {
     EXPECT_FALSE(form.atai_KeyPress(u'8'));
     EXPECT_EQ(form.atai_Insert(u"8"_s), u""_s);
     form.kyucom_Click(1);
+    EXPECT_EQ(form.fill(FillSource::StandardTimes), 0);
     EXPECT_EQ(company.host.shown, std::vector(4, support::Shown{u"社員を選択してから入力してください"_s,
                                                      u"社員未選択"_s, platform::Buttons::Ok}));
     EXPECT_EQ(form.sheet.mark(3), u""_s);

@@ -1,5 +1,6 @@
 #include "entry/company.h"
 #include "entry/draft_store.h"
+#include "entry/fill.h"
 #include "support/stored.h"
 #include "support/told_cases.h"
 
@@ -32,6 +33,8 @@ private:
         return {
             {u"at"_s, [&] { form->hyou_Click(cell_of(first(rest))); }},
             {u"type"_s, [&] { type(*form, rest); }},
+            {u"erase"_s, [&] { erase(); }},
+            {u"break_handling"_s, [&] { form->kyuflg_Click(rest.toInt()); }},
             {u"leave"_s, [&] { form->atai_LostFocus(); }},
             {u"kind"_s, [&] { form->kyucom_Click(rest.toInt()); }},
             {u"enter"_s, [&] { type_at(cell_of(first(rest)), others(rest)); }},
@@ -48,6 +51,10 @@ private:
             {u"open"_s, [&] { open(); }},
             {u"damage"_s, [&] { damage_drafts(); }},
             {u"Enter"_s, [&] { form->atai_KeyDown(key::enter); }},
+            {u"Right"_s, [&] { form->atai_KeyDown(key::right); }},
+            {u"Down"_s, [&] { form->atai_KeyDown(key::down); }},
+            {u"fill"_s, [&] { form->fill(FillSource::StandardTimes); }},
+            {u"normal_band"_s, [&] { form->mark_normal_band(rest.toInt()); }},
             {u"step"_s, [&] { form->step_employee(rest.toInt()); }},
             {u"goes_on"_s, [&] { form->set_goes_on(true); }},
             {u"kinds"_s, [&] { form->go_to_kinds(); }},
@@ -74,6 +81,8 @@ private:
             {u"notice"_s, [&] { EXPECT_EQ(form->editors.notice->text, rest); }},
             {u"findings"_s, [&] { EXPECT_EQ(form->look_before_saving().size(), rest.toInt()); }},
             {u"told"_s, [&] { EXPECT_EQ(company.host.shown.size(), rest.toULongLong()); }},
+            {u"choice"_s, [&] { EXPECT_EQ(form->editors.kyucom.index, rest.toInt()); }},
+            {u"bands"_s, [&] { EXPECT_EQ(bands(), rest); }},
             {u"clashes"_s, [&] { EXPECT_EQ(clashes(), rest); }},
             {u"can"_s, [&] { EXPECT_TRUE(can(rest)); }},
             {u"cannot"_s, [&] { EXPECT_FALSE(can(rest)); }},
@@ -103,6 +112,11 @@ private:
         support::put_bytes(path, support::bytes_of(path).replace(4096, 8192, QByteArray(8192, 'x')));
     }
 
+    void erase() {
+        form->atai_KeyPress(key::backspace);
+        form->atai_Change({});
+    }
+
     void type_count(int column, const QString& digit) {
         form->hyou_day_Click(column);
         form->hyou_day_KeyDown(key::del);
@@ -121,6 +135,14 @@ private:
         for (const Clash& clash : form->clashes())
             rows << digits(clash.row);
         return rows.join(u' ');
+    }
+
+    /// To choose the one from that ends a normal day; "-" where it is chosen.
+    QString bands() const {
+        QStringList choices;
+        for (const BandChoice& choice : band_choices(form->sheet))
+            choices << choice.text;
+        return form->needs_normal_band() ? choices.join(u", "_s) : u"-"_s;
     }
 
     bool can(const QString& what) {

@@ -31,31 +31,6 @@ protected:
 
 } // namespace
 
-TEST_F(Undo, KindsCountsAndDecisionsAreStepsToo) {
-    company.exec("insert into rovmei values (1, 20041005, 900, 1800, 100, 800, '')");
-    open();
-    type_at({5, col::clock_out}, u"1900"_s);
-    company.exec("update rovmei set 退社時間=2000");
-    open();
-    ASSERT_EQ(form->clashes().size(), 1);
-    const QStringList start = texts();
-    form->decide(0, MonthDraft::Choice::Typed);
-    form->hyou_Click({6, col::kind});
-    form->kyucom_Click(1);
-    form->hyou_day_Click(1);
-    form->hyou_day_KeyDown(key::del);
-    form->hyou_day_KeyPress(u'7');
-    const QStringList end = texts();
-    undo_all();
-    EXPECT_EQ(texts(), start);
-    EXPECT_EQ(form->clashes().size(), 1) << "the day is to be decided again";
-    redo_all();
-    EXPECT_EQ(texts(), end);
-    EXPECT_TRUE(form->clashes().isEmpty());
-    open();
-    EXPECT_EQ(form->sheet.hyou_day(strip::count, 1), u"7"_s) << "a count that was brought back is in the draft";
-}
-
 TEST_F(Undo, TwoThousandRandomActsAreUndoneAndDoneAgainAsTheyWere) {
     QRandomGenerator random(7);
     const auto any_cell = [&] {

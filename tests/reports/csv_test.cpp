@@ -13,7 +13,7 @@ struct Csv : Company {
     Csv() {
         report.帳票番号 = 5;
         report.midasi = {u"表,題"_s, u"小"_s};
-        report.hyou = support::sheet_of({{u"名", u"隠", u"計"}, {u"", u"x", u"12"}, {u"a\nb", u"y", u"1,234,5"}});
+        report.hyou = support::sheet_of({u"名|隠|計"_s, u"|x|12"_s, u"a\nb|y|1,234,5"_s});
         report.hyou.SetColWidth(1, 0);
         report.hyou.SetRowHeight(1, 0);
     }

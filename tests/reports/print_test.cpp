@@ -76,8 +76,8 @@ TEST_F(Print, PagesAreAsTheyWereAgreed) {
     for (const auto& [name, report] : cases)
         expect_golden(name.toString(), told(printed(report)));
 
-    const Sheet errors = sheet_of({{u"エラー内容"}, {u" 1行目: 社員番号がありません "}, {u""},
-        {QString(u"データベース"_s.repeated(9) + u"𠮷 hanjyusin01.mdb"_s)}});
+    const Sheet errors = sheet_of({u"エラー内容"_s, u" 1行目: 社員番号がありません "_s, {},
+        u"データベース"_s.repeated(9) + u"𠮷 hanjyusin01.mdb"_s});
     EXPECT_EQ(reports::帳票印刷_エラーリスト(errors, {pc.session, shop}), Printed::Yes);
     expect_golden(u"error_list"_s, told(shop.jobs.back()));
 }

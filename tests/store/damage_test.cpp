@@ -1,4 +1,3 @@
-#include "error_code.h"
 #include "store/database.h"
 #include "support/disk.h"
 #include "support/stored.h"

@@ -1,4 +1,3 @@
-#include "error_code.h"
 #include "store/database.h"
 #include "store/key.h"
 #include "store/schema.h"

@@ -1,5 +1,4 @@
 #include "children.h"
-#include "error_code.h"
 #include "store/held.h"
 #include "support/stored.h"
 #include "test_tree.h"

@@ -1,5 +1,4 @@
 #include "children.h"
-#include "error_code.h"
 #include "store/database.h"
 #include "store/numbering.h"
 #include "support/stored.h"

@@ -1,6 +1,5 @@
 // What the programs keep in small tables: counters, settings, and the register of the products.
 
-#include "error_code.h"
 #include "platform/paths.h"
 #include "store/numbering.h"
 #include "store/setup.h"

@@ -5,11 +5,13 @@
 #include "base/literals.h"
 #include "base/settings.h"
 #include "store/database.h"
+#include "store/error.h"
 #include "store/files.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <optional>
 
 class TestTree {
 public:
@@ -28,6 +30,17 @@ public:
     QTemporaryDir folder;
     base::Settings settings;
 };
+
+/// The code of the error that the work throws; nothing if it succeeds.
+template <typename Work>
+std::optional<store::Code> code_of(Work work) {
+    try {
+        work();
+    } catch (const store::Error& error) {
+        return error.code();
+    }
+    return std::nullopt;
+}
 
 inline qint64 number_from(store::Database& database, std::string_view sql) {
     store::Statement statement = database.prepare(sql);

@@ -19,18 +19,12 @@ struct PrintingPc : Company {
     const base::Settings& settings = tree.settings;
 };
 
-using Rows = std::initializer_list<std::initializer_list<QStringView>>;
-
-/// Row 0 is the heading row.
-inline Sheet sheet_of(Rows rows) {
-    Sheet sheet(int(rows.size()), int(rows.begin()->size()));
-    int row = 0;
-    for (const auto& cells : rows) {
-        int col = 0;
-        for (const QStringView cell : cells)
-            sheet(row, col++) = cell.toString();
-        ++row;
-    }
+/// Rows of cells that are parted by "|"; the first one is the heading row.
+inline Sheet sheet_of(const QStringList& rows) {
+    Sheet sheet(int(rows.size()), int(rows[0].count(u'|')) + 1);
+    for (int row = 0; row < sheet.Rows(); ++row)
+        for (int col = 0; col < sheet.Cols(); ++col)
+            sheet(row, col) = rows[row].section(u'|', col, col);
     return sheet;
 }
 
@@ -44,7 +38,7 @@ inline reports::Report report_of(int number, const QString& title, Sheet hyou) {
 
 /// Report 1 with so many employees.
 inline reports::Report employee_list(int employees) {
-    Sheet sheet = sheet_of({{u"", u"社員番号", u"社　員　名", u"勤務タイプ"}});
+    Sheet sheet = sheet_of({u"|社員番号|社　員　名|勤務タイプ"_s});
     sheet.SetRows(employees + 1);
     for (int row = 1; row <= employees; ++row) {
         sheet(row, 0) = digits(row);
@@ -60,9 +54,8 @@ inline QString category_name(int number) {
 
 /// Report 4 with so many columns: a worked day 1, a day 2 of leave, and the totals.
 inline reports::Report attendance_detail(int cols) {
-    Sheet sheet = sheet_of({{u"日", u"曜", u"出勤時間", u"退社時間", u"休憩時間", u"勤務時間", u"備考", u"休暇"},
-        {u"1", u"金", u"8:30", u"25:30", u"1:00", u"16:00", u"直行", u""},
-        {u"2", u"土", u"", u"", u"", u"", u"", u"有給休暇"}});
+    Sheet sheet = sheet_of({u"日|曜|出勤時間|退社時間|休憩時間|勤務時間|備考|休暇"_s,
+        u"1|金|8:30|25:30|1:00|16:00|直行|"_s, u"2|土||||||有給休暇"_s});
     sheet.SetRows(34);
     sheet.SetCols(cols);
     sheet(32, 0) = u"合計"_s;
@@ -74,15 +67,14 @@ inline reports::Report attendance_detail(int cols) {
     }
     reports::Report report = report_of(4, u"出勤明細一覧表  2004年10月"_s, sheet);
     report.midasi[1] = u"【1007】山田太郎"_s;
-    report.hyou_day = sheet_of({{u"出勤", u"休暇", u"有給休暇"}, {u"-1", u"-2", u"k1"}, {u"20", u"", u"1.5"}});
+    report.hyou_day = sheet_of({u"出勤|休暇|有給休暇"_s, u"-1|-2|k1"_s, u"20||1.5"_s});
     return report;
 }
 
 /// Report 5 with so many columns and employees.
 inline reports::Report work_time_list(int cols, int employees) {
     Sheet sheet = sheet_of(
-        {{u"", u"", u"社員番号", u"社員名", u"出社時間", u"退社時間", u"休憩時間", u"勤務時間", u"備考", u"休暇"}, {},
-            {u"", u"", u"", u"合　　計", u"", u"", u"20:00", u"1234:30", u"", u""}});
+        {u"||社員番号|社員名|出社時間|退社時間|休憩時間|勤務時間|備考|休暇"_s, {}, u"|||合　　計|||20:00|1234:30||"_s});
     sheet.SetRows(3 + employees);
     sheet.SetCols(cols);
     for (int col = 10; col < cols; ++col) {
@@ -104,23 +96,20 @@ inline reports::Report work_time_list(int cols, int employees) {
 }
 
 inline reports::Report work_category_list() {
-    return report_of(
-        2, u"勤務種類一覧表"_s, sheet_of({{u"", u"勤務種類名"}, {u"1", u"普通"}, {u"12345", u"深夜残業"}}));
+    return report_of(2, u"勤務種類一覧表"_s, sheet_of({u"|勤務種類名"_s, u"1|普通"_s, u"12345|深夜残業"_s}));
 }
 
 inline reports::Report work_type_list() {
     return report_of(3, u"勤務タイプ一覧表"_s,
-        sheet_of({{u"", u"勤務タイプ名", u"曜", u"勤務種類名", u"始時間", u"終時間", u"時間計算", u"対象休1",
-                      u"加算休1", u"対象休2", u"加算休2", u"対象休3", u"加算休3"},
-            {u"1", u"一般社員", u"月", u"普通", u"8:30", u"17:30", u"通常", u"6:00", u"0:45", u"8:00", u"1:00", u"",
-                u""},
-            {u"2", u"夜間勤務専門の契約社員のタイプ", u"土", u"深夜", u"22:00", u"29:00", u"範囲内対象", u"", u"", u"",
-                u"", u"", u""}}));
+        sheet_of(
+            {u"|勤務タイプ名|曜|勤務種類名|始時間|終時間|時間計算|対象休1|加算休1|対象休2|加算休2|対象休3|加算休3"_s,
+                u"1|一般社員|月|普通|8:30|17:30|通常|6:00|0:45|8:00|1:00||"_s,
+                u"2|夜間勤務専門の契約社員のタイプ|土|深夜|22:00|29:00|範囲内対象||||||"_s}));
 }
 
 inline reports::Report leave_list() {
-    return report_of(6, u"休暇出勤一覧表"_s,
-        sheet_of({{u"名　称", u"休暇・出勤", u"標準"}, {u"日曜出勤", u"出勤", u""}, {u"有給休暇", u"休暇", u"標準"}}));
+    return report_of(
+        6, u"休暇出勤一覧表"_s, sheet_of({u"名　称|休暇・出勤|標準"_s, u"日曜出勤|出勤|"_s, u"有給休暇|休暇|標準"_s}));
 }
 
 } // namespace support
