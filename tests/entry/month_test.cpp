@@ -60,7 +60,6 @@ private:
             {u"kinds"_s, [&] { form->go_to_kinds(); }},
             {u"digit"_s, [&] { form->kyucom_Digit(rest.toInt()); }},
             {u"kind_Enter"_s, [&] { EXPECT_TRUE(form->kyucom_KeyDown(key::enter)); }},
-            {u"explain"_s, [&] { form->explain_day(); }},
             {u"calculate"_s, [&] { form->calculate_all(); }},
             {u"ask_no_more"_s, [&] { form->ask_no_more_for_month(); }},
             {u"leave_out"_s, [&] { leave_out(rest); }},
