@@ -128,7 +128,7 @@ TEST(DayCalculation, TakingNothingOffAnEmptyFigureLeavesAZero) {
 TEST(DayCalculation, ABreakLongerThanTheStayGoesThroughTheConversionsAsItIs) {
     MonthSheet sheet = month_sheet({});
     lay(sheet.hyou, {1, col::clock_in}, u"8:00|9:00|2:30"_s);
-    recalculate(sheet, 1, col::break_time);
+    calculate_day(sheet, 1, col::break_time);
     EXPECT_EQ(sheet.hyou(1, col::work_time), u"-1:30"_s);
 }
 
@@ -140,7 +140,7 @@ TEST(DayCalculation, AnImpossibleClockTimeIsBlankedByItsLastFourDigits) {
         for (const int column : {col::clock_in, col::clock_out}) {
             MonthSheet sheet = month_sheet({});
             sheet.hyou(1, column) = typed;
-            recalculate(sheet, 1, col::clock_in);
+            calculate_day(sheet, 1, col::clock_in);
             EXPECT_EQ(sheet.hyou(1, column), stands) << typed.toStdString() << " in " << column;
         }
 }
@@ -149,7 +149,7 @@ TEST(DayCalculation, OnlyClockAndBreakCellsStartItAndClockCellsAloneAreChecked) 
     for (int column = 0; column < 9; ++column) {
         MonthSheet sheet = month_sheet({A});
         lay(sheet.hyou, {1, col::clock_in}, u"8:00|25:00"_s);
-        recalculate(sheet, 1, column);
+        calculate_day(sheet, 1, column);
         EXPECT_EQ(!sheet.hyou(1, col::work_time).isEmpty(), column >= 2 && column <= 4) << column;
         EXPECT_EQ(sheet.hyou(1, col::clock_out).isEmpty(), column == 2 || column == 3) << column;
     }

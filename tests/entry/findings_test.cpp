@@ -51,7 +51,7 @@ TEST(Findings, WhatIsOffInADayIsToldWithItsFiguresAndNothingElseIs) {
         calculate(sheet, 2, c.in, c.out);
         if (!c.pause.isEmpty()) {
             sheet.hyou(2, col::break_time) = c.pause;
-            recalculate(sheet, 2, col::break_time);
+            calculate_day(sheet, 2, col::break_time);
         }
         EXPECT_EQ(told(sheet), c.told) << c.what;
     }

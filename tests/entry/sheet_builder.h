@@ -60,15 +60,10 @@ inline void lay(base::Sheet& hyou, base::Cell from, const QString& texts) {
         hyou(from.row, from.col++) = text;
 }
 
-/// Calculates a day as after a change in that column.
-inline void recalculate(MonthSheet& sheet, int r, int column) {
-    sheet.entry_cell = {r, column};
-    出勤集計処理(sheet, r);
-}
-
 inline void calculate(MonthSheet& sheet, int r, const QString& in, const QString& out) {
     lay(sheet.hyou, {r, col::clock_in}, in + u'|' + out);
-    recalculate(sheet, r, col::clock_out);
+    sheet.entry_cell = {r, col::clock_out};
+    出勤集計処理(sheet, r);
 }
 
 inline QString count_under(const MonthSheet& sheet, const QString& tag) {
