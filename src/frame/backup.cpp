@@ -64,20 +64,19 @@ void make_folder(const QString& path) {
 class Steps {
 public:
     Steps(platform::Host& host, const BackupProgress& progress, int of)
-        : m_host(host), m_progress(progress), m_of(of) {}
+        : m_host(host), m_progress(progress), m_steps{.of = of} {}
 
     void next(const QString& what) {
         if (m_progress)
-            m_progress(u"バックアップ中... "_s + what, m_done, m_of);
-        ++m_done;
+            m_progress(u"バックアップ中... "_s + what, m_steps);
+        ++m_steps.done;
         m_host.yield();
     }
 
 private:
     platform::Host& m_host;
     const BackupProgress& m_progress;
-    int m_of;
-    int m_done = 0;
+    StepsDone m_steps;
 };
 
 /// One database on its way into the generation.

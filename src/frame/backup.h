@@ -12,8 +12,13 @@
 
 namespace frame {
 
+struct StepsDone {
+    int done = 0;
+    int of = 0;
+};
+
 /// Told before each step: what is in hand, and how much of the whole is done.
-using BackupProgress = std::function<void(const QString& text, int done, int of)>;
+using BackupProgress = std::function<void(const QString& text, StepsDone steps)>;
 
 /// Both lie on the PC that runs the backup, wherever its data lies. The folder of a day is its weekday, 1 (Sunday)
 /// to 7.

@@ -146,7 +146,7 @@ void Program::show_window() {
 void Program::back_up() {
     BackupPanel panel(*m_window);
     frame::バックアップ処理(
-        m_settings, m_host, [&](const QString& text, int done, int of) { panel.show_step(text, done, of); });
+        m_settings, m_host, [&](const QString& text, frame::StepsDone steps) { panel.show_step(text, steps); });
 }
 
 } // namespace ui

@@ -65,8 +65,9 @@ protected:
 TEST_F(Backup, YesKeepsAGenerationAndCompactsTheLiveFiles) {
     const qint64 before = QFileInfo(live_files[0].path).size();
     QStringList progress;
-    frame::バックアップ処理(tree.settings, host,
-        [&](const QString& text, int done, int of) { progress << u"%1 %2/%3"_s.arg(text).arg(done).arg(of); });
+    frame::バックアップ処理(tree.settings, host, [&](const QString& text, frame::StepsDone steps) {
+        progress << u"%1 %2/%3"_s.arg(text).arg(steps.done).arg(steps.of);
+    });
     EXPECT_EQ(host.shown, std::vector{question});
     EXPECT_TRUE(shared().endsWith(u"/comdata/data/bk/3"_s)) << "a Tuesday";
     EXPECT_EQ(files(shared()), all_files);

@@ -89,8 +89,7 @@ void add_day_boxes(Page& page, const Box& table, const Sheet& hyou_day) {
 
 Pages attendance_pages(const Report& report, QDate today) {
     const PageConstants& constants = 印刷設定取得(Layout::Attendance);
-    const PlacedColumns placed =
-        place_columns(report.hyou, report.帳票番号, constants.table.left, std::span(&second_sheet, 1));
+    const PlacedColumns placed = place_columns(report, constants.table.left, std::span(&second_sheet, 1));
     const std::vector<Slots> sheets = sheets_across(report.hyou.Cols());
     Pages pages;
     for (const Slots& cols : sheets) {

@@ -62,7 +62,7 @@ QStringList message_lines(const Sheet& hyou, int room) {
 Pages list_pages(const Report& report, QDate today) {
     const PageConstants& constants = 印刷設定取得(Layout::Lists);
     const Sheet& hyou = report.hyou;
-    const PlacedColumns placed = place_columns(hyou, report.帳票番号, constants.table.left);
+    const PlacedColumns placed = place_columns(report, constants.table.left);
     const std::vector<int> cols = all_columns(hyou);
     Pages pages = rows_on_pages(hyou.Rows() - 1, constants, [&](Page& page, int row, double y) {
         for (const int col : cols)
@@ -90,7 +90,7 @@ Pages error_list_pages(const Sheet& hyou) {
         add_head_line(page, title, u"エラーリスト"_s);
         for (const int col : all_columns(hyou))
             add_text(page, 項目定義取得_エラー(col).項目名, cell_size, {.x = headings_x, .y = constants.heading_y()});
-        add_box(page, table, thin_line, thin_line);
+        add_box(page, table, {.under_heading = thin_line, .between_rows = thin_line});
     }
     return pages;
 }

@@ -25,13 +25,13 @@ bool has_line(const Box& table, const PlacedColumns& columns, int col, LineRoom 
 
 } // namespace
 
-PlacedColumns place_columns(const base::Sheet& hyou, int 帳票番号, double left, std::span<const FurtherSheet> sheets) {
+PlacedColumns place_columns(const Report& report, double left, std::span<const FurtherSheet> sheets) {
     PlacedColumns placed;
-    for (int col = 0; col < hyou.Cols(); ++col) {
+    for (int col = 0; col < report.hyou.Cols(); ++col) {
         const auto sheet = std::ranges::find(sheets, col, &FurtherSheet::column);
         if (sheet != sheets.end())
             left = placed.columns[size_t(sheet->behind)].right;
-        印刷項目 item = 項目定義取得(col, 帳票番号, hyou);
+        印刷項目 item = 項目定義取得(col, report);
         const double width = item.項目幅;
         placed.columns.push_back({std::move(item), left, left + width});
         left += width;
@@ -57,12 +57,12 @@ void add_vertical_line(Page& page, const Box& table, double x) {
     page.lines.push_back({{.x = x, .y = table.top}, {.x = x, .y = table.bottom}, inner_line});
 }
 
-void add_box(Page& page, const Box& table, int under_heading, int between_rows) {
+void add_box(Page& page, const Box& table, RowLines lines) {
     add_rectangle(page, table, outer_line);
-    int width = under_heading;
+    int width = lines.under_heading;
     for (double y = table.top + row_pitch; y <= table.bottom - row_pitch; y += row_pitch) {
         page.lines.push_back({{.x = table.left, .y = y}, {.x = table.right, .y = y}, width});
-        width = between_rows;
+        width = lines.between_rows;
     }
 }
 

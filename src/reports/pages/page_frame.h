@@ -39,8 +39,7 @@ struct FurtherSheet {
 };
 
 /// The first column begins at `left` mm. A sheet without columns gives none.
-PlacedColumns place_columns(
-    const base::Sheet& hyou, int 帳票番号, double left, std::span<const FurtherSheet> sheets = {});
+PlacedColumns place_columns(const Report& report, double left, std::span<const FurtherSheet> sheets = {});
 
 /// The room that a column leaves for the vertical line on its right: the line stands left of the table's right edge,
 /// or a whole further column would.
@@ -54,8 +53,14 @@ void add_columns(Page& page, const PageConstants& constants, const PlacedColumns
 /// From the table's top to its bottom.
 void add_vertical_line(Page& page, const Box& table, double x);
 
+/// The lines across a table.
+struct RowLines {
+    int under_heading = outer_line;
+    int between_rows = inner_line;
+};
+
 /// The outer box, and the lines under the heading row and between the rows.
-void add_box(Page& page, const Box& table, int under_heading = outer_line, int between_rows = inner_line);
+void add_box(Page& page, const Box& table, RowLines lines = {});
 
 /// A line above the table.
 struct HeadLine {

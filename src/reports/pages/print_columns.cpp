@@ -1,6 +1,7 @@
 #include "reports/pages/print_columns.h"
 
 #include "base/text.h"
+#include "reports/tallies/report.h"
 
 #include <span>
 
@@ -127,14 +128,14 @@ constexpr ReportColumns reports_columns[]{
 
 } // namespace
 
-印刷項目 項目定義取得(int 列番号, int 帳票番号, const base::Sheet& hyou) {
-    if (帳票番号 < 1 || 帳票番号 > std::ssize(reports_columns))
+印刷項目 項目定義取得(int 列番号, const Report& report) {
+    if (report.帳票番号 < 1 || report.帳票番号 > std::ssize(reports_columns))
         return {};
-    const ReportColumns& report = reports_columns[帳票番号 - 1];
-    const PrintColumn* column = report.at(列番号);
+    const ReportColumns& table = reports_columns[report.帳票番号 - 1];
+    const PrintColumn* column = table.at(列番号);
     if (!column)
         return {};
-    return record(*column, report.縦線区切, hyou.Contains(0, 列番号) ? hyou(0, 列番号) : QString());
+    return record(*column, table.縦線区切, report.hyou.Contains(0, 列番号) ? report.hyou(0, 列番号) : QString());
 }
 
 印刷項目 項目定義取得_エラー(int 列番号) {

@@ -3,11 +3,12 @@
 // The printed columns of the six reports and of the error list: one constant table each, whose `項目幅` is the width on
 // paper.
 
-#include "base/sheet.h"
-
+#include <QString>
 #include <optional>
 
 namespace reports {
+
+struct Report;
 
 inline constexpr double category_width = 14; ///< mm; of the column of a work category
 
@@ -29,9 +30,9 @@ struct 印刷項目 {
     int 縦線区切 = 0;                     ///< 1: the last column has a line on its right
 };
 
-/// The column of a report, both counted as on the sheet: columns from 0, reports from 1. Headings that the report's
-/// person named come from the sheet's row 0. A column or report that the tables don't know gives an empty record.
-印刷項目 項目定義取得(int 列番号, int 帳票番号, const base::Sheet& hyou);
+/// The column of a report, counted as on its sheet from 0. Headings that the company named come from the sheet's row 0.
+/// A column or report that the tables don't know gives an empty record.
+印刷項目 項目定義取得(int 列番号, const Report& report);
 
 /// The column of the error list.
 印刷項目 項目定義取得_エラー(int 列番号);

@@ -97,8 +97,7 @@ void add_further_frame(Page& page, const WorkTimeSheet& sheet, const Slots& cols
 
 Pages work_time_pages(const Report& report, QDate today) {
     const PageConstants& constants = 印刷設定取得(Layout::WorkTime);
-    const WorkTimeSheet sheet{
-        report, constants, place_columns(report.hyou, report.帳票番号, constants.table.left, further_sheets)};
+    const WorkTimeSheet sheet{report, constants, place_columns(report, constants.table.left, further_sheets)};
     const int rows = report.hyou.Rows() - times::total_row;
     const int pages_down = (rows + constants.rows() - 1) / constants.rows();
     Pages pages;

@@ -33,10 +33,10 @@ BackupPanel::BackupPanel(QWidget& window) : QFrame(&window), m_text(new QLabel(t
     move(window.rect().center() - rect().center());
 }
 
-void BackupPanel::show_step(const QString& text, int done, int of) {
+void BackupPanel::show_step(const QString& text, frame::StepsDone steps) {
     m_text->setText(text);
-    m_bar->setRange(0, of);
-    m_bar->setValue(done);
+    m_bar->setRange(0, steps.of);
+    m_bar->setValue(steps.done);
     show();
     raise();
 }

@@ -3,6 +3,8 @@
 // What a person sees while the backup is made: a panel in the middle of the window that is about to close, with what is
 // in hand and how far it has come. It takes nothing and goes by itself.
 
+#include "frame/backup.h"
+
 #include <QFrame>
 
 class QLabel;
@@ -16,8 +18,8 @@ public:
     /// Not seen before the first step.
     explicit BackupPanel(QWidget& window);
 
-    /// `done` of `of` steps are done; with `of` 0 the bar only says that something goes on.
-    void show_step(const QString& text, int done, int of);
+    /// Of 0 steps the bar only says that something goes on.
+    void show_step(const QString& text, frame::StepsDone steps);
 
 private:
     QLabel* m_text;

@@ -61,7 +61,7 @@ protected:
 
 private:
     template <typename Act>
-    QPushButton* button(const QString& text, const QString& name, Act act) {
+    QPushButton* button(const QString& text, QLatin1StringView name, Act act) {
         auto* made = new QPushButton(text, this);
         made->setObjectName(name);
         made->setAutoDefault(false);
@@ -70,20 +70,20 @@ private:
     }
 
     QLayout* make_buttons() {
-        m_back = button(u"前のページ"_s, u"back"_s, [this] { turn_to(m_view->page() - 1); });
-        m_forward = button(u"次のページ"_s, u"forward"_s, [this] { turn_to(m_view->page() + 1); });
+        m_back = button(u"前のページ"_s, "back"_L1, [this] { turn_to(m_view->page() - 1); });
+        m_forward = button(u"次のページ"_s, "forward"_L1, [this] { turn_to(m_view->page() + 1); });
         m_place->setObjectName(u"place"_s);
         auto* row = new QHBoxLayout;
         row->addWidget(m_back);
         row->addWidget(m_place);
         row->addWidget(m_forward);
         row->addSpacing(zoom_gap);
-        row->addWidget(button(u"全体表示"_s, u"fit"_s, [this] { fit(); }));
-        row->addWidget(button(u"拡大"_s, u"larger"_s, [this] { zoom(m_view->zoom() * zoom_step); }));
-        row->addWidget(button(u"縮小"_s, u"smaller"_s, [this] { zoom(m_view->zoom() / zoom_step); }));
+        row->addWidget(button(u"全体表示"_s, "fit"_L1, [this] { fit(); }));
+        row->addWidget(button(u"拡大"_s, "larger"_L1, [this] { zoom(m_view->zoom() * zoom_step); }));
+        row->addWidget(button(u"縮小"_s, "smaller"_L1, [this] { zoom(m_view->zoom() / zoom_step); }));
         row->addStretch();
-        row->addWidget(button(u"印刷"_s, u"print"_s, [this] { accept(); }));
-        row->addWidget(button(u"閉じる"_s, u"close"_s, [this] { reject(); }));
+        row->addWidget(button(u"印刷"_s, "print"_L1, [this] { accept(); }));
+        row->addWidget(button(u"閉じる"_s, "close"_L1, [this] { reject(); }));
         return row;
     }
 
