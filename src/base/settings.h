@@ -16,7 +16,10 @@ struct Settings {
                            ///< install tree
     QString product_folder = QStringLiteral("rovena100"); ///< the program's own folder below a root
     QString version_text = QStringLiteral("R240-03");     ///< product code, dash, two-digit version
-    QString product_code = QStringLiteral("R240");        ///< written to `allsystem`
+
+    /// The parts of the version text, as `allsystem` has them: "R240" and "03".
+    QString product_code() const { return version_text.left(4); }
+    QString version_no() const { return version_text.right(2).rightJustified(2, u'0'); }
 
     QString server_root; ///< root of the shared data; may be a UNC path; empty until the first setting is read
     QString local_root;  ///< root of the files of this PC; empty until the first setting is read

@@ -9,17 +9,16 @@ using namespace base;
 
 namespace {
 
-const QString table = u"losystem"_s;
 const QString key = u"社員MLソート"_s;
 
 } // namespace
 
 EmployeeOrder employee_order(store::SettingTables& tables) {
-    return Val(tables.設定読込(table, key)) == 0 ? EmployeeOrder::Registered : EmployeeOrder::Numbered;
+    return Val(tables.設定読込(store::losystem, key)) == 0 ? EmployeeOrder::Registered : EmployeeOrder::Numbered;
 }
 
 void keep_employee_order(store::SettingTables& tables, EmployeeOrder order) {
-    tables.設定書込(table, key, digits(int(order)));
+    tables.設定書込(store::losystem, key, digits(int(order)));
 }
 
 } // namespace common

@@ -10,7 +10,6 @@ using namespace base;
 
 namespace {
 
-const QString table = u"rov_kihon"_s;
 const QString key_start = u"会社休日"_s;
 
 QString key_of(int day) {
@@ -28,12 +27,12 @@ OwnHolidays read(store::OpenSettings& settings) {
 } // namespace
 
 OwnHolidays read_own_holidays(store::SettingTables& tables) {
-    store::OpenSettings settings = tables.open(table);
+    store::OpenSettings settings = tables.open(store::rov_kihon);
     return read(settings);
 }
 
 void keep_own_holidays(store::SettingTables& tables, const OwnHolidays& days) {
-    store::OpenSettings settings = tables.open(table);
+    store::OpenSettings settings = tables.open(store::rov_kihon);
     const OwnHolidays before = read(settings);
     for (const int day : before.keys())
         if (!days.contains(day))

@@ -42,13 +42,13 @@ std::optional<QString> ファイル保存ダイアログ(platform::Host& host, p
 QString CSV保存先取得(
     const base::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number) {
     const QString key = folder_key(report_number);
-    const QString last = without_end_separator(tables.設定読込(u"losystem"_s, key));
+    const QString last = without_end_separator(tables.設定読込(store::losystem, key));
     const QString start = is_folder(last) ? last : platform::drive_root(settings.install_drive);
     const auto path =
         ファイル保存ダイアログ(host, {u"ファイルを選択して下さい。"_s, start, u"csv"_s, u"CSV(*.csv)|*.csv"_s});
     if (!path)
         return {};
-    tables.設定書込(u"losystem"_s, key, platform::native(QFileInfo(platform::portable(*path)).path()));
+    tables.設定書込(store::losystem, key, platform::native(QFileInfo(platform::portable(*path)).path()));
     return *path;
 }
 

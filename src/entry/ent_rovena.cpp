@@ -23,7 +23,6 @@ using namespace base;
 
 namespace {
 
-const QString settings_table = u"losystem"_s;
 const QString break_key = u"休憩時間処理"_s;
 
 int element_of(const QString& setting) {
@@ -38,7 +37,7 @@ store::Database ent_rovena::open_data() const {
 
 void ent_rovena::Form_Load() {
     sortlist = int(common::employee_order(m_session.tables));
-    sheet.kyuflg = BreakHandling(element_of(m_session.tables.設定読込(settings_table, break_key)));
+    sheet.kyuflg = BreakHandling(element_of(m_session.tables.設定読込(store::losystem, break_key)));
     リスト初期設定();
     書式設定();
     書式設定_日();
@@ -182,7 +181,7 @@ void ent_rovena::sortlist_Click(int element) {
 
 void ent_rovena::kyuflg_Click(int element) {
     sheet.kyuflg = BreakHandling(element);
-    m_session.tables.設定書込(settings_table, break_key, digits(element));
+    m_session.tables.設定書込(store::losystem, break_key, digits(element));
 }
 
 void ent_rovena::hyou_Click(Cell cell) {

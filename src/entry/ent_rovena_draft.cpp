@@ -11,8 +11,6 @@ using namespace base;
 
 namespace {
 
-const QString settings_table = u"losystem"_s;
-
 /// The kinds that aren't looked for, by their numbers, parted by commas.
 const QString left_out_key = u"登録前確認なし"_s;
 
@@ -80,7 +78,7 @@ void ent_rovena::ask_no_more_for_month() {
 
 FindingKinds ent_rovena::kinds_left_out() const {
     FindingKinds kinds;
-    const QString numbers = m_session.tables.設定読込(settings_table, left_out_key);
+    const QString numbers = m_session.tables.設定読込(store::losystem, left_out_key);
     for (const QStringView number : QStringView(numbers).split(u',', Qt::SkipEmptyParts))
         kinds.insert(FindingKind(number.toInt()));
     return kinds;
@@ -93,7 +91,7 @@ void ent_rovena::leave_out(const FindingKinds& kinds) {
     for (int i = 0; i < int(finding_captions().size()); ++i)
         if (kinds.contains(FindingKind(i)))
             numbers << digits(i);
-    m_session.tables.設定書込(settings_table, left_out_key, numbers.join(u','));
+    m_session.tables.設定書込(store::losystem, left_out_key, numbers.join(u','));
 }
 
 } // namespace entry

@@ -12,8 +12,6 @@ using namespace base;
 
 namespace {
 
-const QString settings_table = u"losystem"_s;
-
 /// The number of the band that ends a normal day, under this key and the number of the work type.
 const QString normal_band_key = u"標準時間帯"_s;
 
@@ -28,17 +26,17 @@ bool ent_rovena::can_act() const {
 
 /// 0 if none is marked, or if the one marked is no band of the work type any longer.
 int ent_rovena::normal_band() const {
-    const int marked = int_val(m_session.tables.設定読込(settings_table, normal_band_key + kintypecd));
+    const int marked = int_val(m_session.tables.設定読込(store::losystem, normal_band_key + kintypecd));
     const QList<BandChoice> choices = band_choices(sheet);
     return std::ranges::find(choices, marked, &BandChoice::number) == choices.end() ? 0 : marked;
 }
 
 void ent_rovena::mark_normal_band(int number) {
-    m_session.tables.設定書込(settings_table, normal_band_key + kintypecd, digits(number));
+    m_session.tables.設定書込(store::losystem, normal_band_key + kintypecd, digits(number));
 }
 
 Weekdays ent_rovena::fill_weekdays() const {
-    const QString set = m_session.tables.設定読込(settings_table, weekdays_key);
+    const QString set = m_session.tables.設定読込(store::losystem, weekdays_key);
     Weekdays weekdays;
     for (const QChar day : set.isEmpty() ? u"12345"_s : set)
         if (day >= u'0' && day <= u'6')
@@ -51,7 +49,7 @@ void ent_rovena::set_fill_weekdays(Weekdays weekdays) {
     for (int day = 0; day < weekday_count; ++day)
         if (weekdays.test(size_t(day)))
             set += digits(day);
-    m_session.tables.設定書込(settings_table, weekdays_key, set);
+    m_session.tables.設定書込(store::losystem, weekdays_key, set);
 }
 
 int ent_rovena::fill(FillSource source, std::optional<RowRange> rows) {

@@ -14,7 +14,6 @@ using namespace base;
 
 namespace {
 
-const QString settings_table = u"losystem"_s;
 const QString goes_on_key = u"次社員入力"_s;
 const QString why_key = u"内訳表示"_s;
 
@@ -87,17 +86,17 @@ bool ent_rovena::enter_goes_on(int key_code) const {
 
 void ent_rovena::set_goes_on(bool on) {
     goes_on = on;
-    m_session.tables.設定書込(settings_table, goes_on_key, digits(on));
+    m_session.tables.設定書込(store::losystem, goes_on_key, digits(on));
 }
 
 void ent_rovena::load_switches() {
-    goes_on = Val(m_session.tables.設定読込(settings_table, goes_on_key)) != 0;
-    why_shown = Val(m_session.tables.設定読込(settings_table, why_key)) != 0;
+    goes_on = Val(m_session.tables.設定読込(store::losystem, goes_on_key)) != 0;
+    why_shown = Val(m_session.tables.設定読込(store::losystem, why_key)) != 0;
 }
 
 void ent_rovena::set_why_shown(bool shown) {
     why_shown = shown;
-    m_session.tables.設定書込(settings_table, why_key, digits(shown));
+    m_session.tables.設定書込(store::losystem, why_key, digits(shown));
     hyou_Click({sheet.hyou.Row(), sheet.hyou.Col()}); // what is typed in the cell in hand counts
 }
 

@@ -112,7 +112,7 @@ void info::show_news() {
             m_wanted.append({row, item.picture});
     }
     notify();
-    m_session.tables.設定書込(u"rov_kihon"_s, u"ネット情報"_s, u"0"_s);
+    m_session.tables.設定書込(store::rov_kihon, u"ネット情報"_s, u"0"_s);
     fetch_next_picture();
 }
 
@@ -155,7 +155,7 @@ void info::stop_fetch() {
 }
 
 void info::store_net_info(int value) {
-    m_session.tables.設定書込(u"losystem"_s, u"ネット情報"_s, QString::number(value));
+    m_session.tables.設定書込(store::losystem, u"ネット情報"_s, QString::number(value));
     m_session.settings.net_info = value;
 }
 

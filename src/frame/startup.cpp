@@ -59,7 +59,7 @@ bool stg::起動時データー設定取得() {
 stg::Account stg::read_settings_of_pc() {
     const QString server_key = u"サーバーＰＣ"_s, local_key = u"ローカルＰＣ"_s;
     const QString default_root = m_settings.install_drive + platform::install_tail();
-    store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
+    store::OpenSettings losystem = m_session.tables.open(store::losystem);
 
     const QString server = losystem.設定読込(server_key);
     const QString local = losystem.設定読込(local_key);
@@ -88,7 +88,7 @@ bool stg::connect_share(Account account) {
 }
 
 void stg::read_shared_settings() {
-    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
+    store::OpenSettings kihon = m_session.tables.open(store::kihon);
     // 総額表示 and 消費税 stand in the table for the other products of the suite.
     m_settings.date_style = int_val(kihon.設定読込(u"和西暦表示"_s));
     m_settings.special_soft = int_val(kihon.設定読込(u"特別ソフト"_s));

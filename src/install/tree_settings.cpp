@@ -42,7 +42,7 @@ constexpr Known known[]{
 };
 
 QString table_of(Owner owner) {
-    return owner == Owner::Pc ? u"losystem"_s : u"kihon"_s;
+    return owner == Owner::Pc ? store::losystem : store::kihon;
 }
 
 /// A folder may be reached by several names.
@@ -89,7 +89,7 @@ QStringList shared_options(const Options& options) {
 
 /// Where the share can't be reached the files in it can't be opened, which is told then.
 void reach_data(SettingTables& tables, const QString& server_root) {
-    const auto read = [&](const QString& key) { return tables.設定読込(u"losystem"_s, key); };
+    const auto read = [&](const QString& key) { return tables.設定読込(store::losystem, key); };
     if (platform::is_share(server_root))
         platform::connect_share(server_root, read(u"winユーザー名"_s), read(password_key.toString()));
 }
@@ -101,8 +101,8 @@ QString own_name() {
 }
 
 void name_main_pc(SettingTables& tables, const Say& say) {
-    const bool main_pc = int_val(tables.設定読込(u"losystem"_s, u"使用区分"_s)) == 0;
-    if (main_pc && tables.設定読込(u"kihon"_s, u"サーバー名"_s).trimmed().isEmpty())
+    const bool main_pc = int_val(tables.設定読込(store::losystem, u"使用区分"_s)) == 0;
+    if (main_pc && tables.設定読込(store::kihon, u"サーバー名"_s).trimmed().isEmpty())
         set(tables, Owner::Shared, u"サーバー名", own_name(), say);
 }
 
@@ -121,7 +121,7 @@ QString other_place_of_data(const Options& options) {
     QString place = options.server_root;
     try {
         if (place.isEmpty())
-            place = SettingTables(own).設定読込(u"losystem"_s, u"サーバーＰＣ"_s);
+            place = SettingTables(own).設定読込(store::losystem, u"サーバーＰＣ"_s);
     } catch (const store::Error&) {
         // There are none, or they can't be read: whoever needs them says so.
     }

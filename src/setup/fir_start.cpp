@@ -69,8 +69,8 @@ void fir_start::登録処理() {
         auto rovdata = store::Database::open(store::rovdata_path(m_session.settings), store::Kind::Rovdata);
         plant(rovdata, seed, bands());
     }
-    m_session.tables.設定書込(u"kihon"_s, Tag[first_day].toString(), atai[first_day]);
-    m_session.tables.設定書込(u"losystem"_s, Tag[printer].toString(), atai[printer]);
+    m_session.tables.設定書込(store::kihon, Tag[first_day].toString(), atai[first_day]);
+    m_session.tables.設定書込(store::losystem, Tag[printer].toString(), atai[printer]);
 }
 
 Bands fir_start::bands() const {
@@ -88,7 +88,7 @@ void fir_start::start_anew() {
 
 void fir_start::Form_Load() {
     prconb.fill(m_session.host);
-    prconb.select(Trim(m_session.tables.設定読込(u"losystem"_s, Tag[printer].toString())));
+    prconb.select(Trim(m_session.tables.設定読込(store::losystem, Tag[printer].toString())));
     if (prconb.index < 0 && !prconb.items.isEmpty())
         prconb.index = 0;
 }

@@ -34,14 +34,14 @@ void mst_kihon::基本マスター呼出() {
 }
 
 void mst_kihon::load_shared() {
-    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
+    store::OpenSettings kihon = m_session.tables.open(store::kihon);
     atai[date_style] = kihon.設定読込(key(date_style));
     m_stored_day = m_replaced_day = first_day_in(kihon);
     m_session.settings.special_soft = int_val(kihon.設定読込(special_soft_key.toString()));
 }
 
 void mst_kihon::load_of_this_pc() {
-    store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
+    store::OpenSettings losystem = m_session.tables.open(store::losystem);
     const auto read = [&](Element element) { return losystem.設定読込(key(element)); };
     const qint64 day = Val(read(first_day));
     atai[first_day] = day == 0 ? u"1"_s : digits(day);
@@ -64,7 +64,7 @@ QString mst_kihon::first_day_notice() const {
 }
 
 int mst_kihon::first_day_in_kihon() {
-    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
+    store::OpenSettings kihon = m_session.tables.open(store::kihon);
     return first_day_in(kihon);
 }
 
@@ -82,7 +82,7 @@ void mst_kihon::基本情報マスター登録() {
 
 /// `特別ソフト` can't be changed here: what was loaded is written back.
 void mst_kihon::write_shared() {
-    store::OpenSettings kihon = m_session.tables.open(u"kihon"_s);
+    store::OpenSettings kihon = m_session.tables.open(store::kihon);
     const int replaced = first_day_in(kihon);
     kihon.設定書込(key(date_style), atai[date_style]);
     kihon.設定書込(special_soft_key.toString(), digits(m_session.settings.special_soft));
@@ -93,7 +93,7 @@ void mst_kihon::write_shared() {
 }
 
 void mst_kihon::write_of_this_pc() {
-    store::OpenSettings losystem = m_session.tables.open(u"losystem"_s);
+    store::OpenSettings losystem = m_session.tables.open(store::losystem);
     for (const Element element : {printer, offset_y, offset_x, net_info})
         losystem.設定書込(key(element), atai[element]);
     losystem.commit();

@@ -16,7 +16,7 @@ constexpr QChar behind_any_text(0xFFFD);
 
 /// The statements differ in the table's name alone, and only these three tables are of this shape.
 std::string sql_for(Task task, const QString& table) {
-    if (table != u"kihon" && table != u"losystem" && table != u"rov_kihon")
+    if (table != kihon && table != losystem && table != rov_kihon)
         throw Error(Code::Misuse, {}, {}, table);
     const std::string name = table.toStdString();
     if (task == Task::Read)
@@ -31,9 +31,9 @@ std::string sql_for(Task task, const QString& table) {
 }
 
 Database open_file_of(const QString& table, const base::Settings& settings) {
-    if (table == u"losystem")
+    if (table == losystem)
         return Database::open(losys_path(settings), Kind::Losys);
-    if (table == u"rov_kihon")
+    if (table == rov_kihon)
         return Database::open(rovdata_path(settings), Kind::Rovdata);
     return Database::open(comsys_path(settings), Kind::Comsys);
 }

@@ -10,6 +10,10 @@
 
 namespace store {
 
+inline const QString kihon = QStringLiteral("kihon");         ///< of the company, in `comsys.mdb`
+inline const QString rov_kihon = QStringLiteral("rov_kihon"); ///< of this product's data, in `rovdata.mdb`
+inline const QString losystem = QStringLiteral("losystem");   ///< of this PC, in `losys.mdb`
+
 /// One opening of a table, for several reads and writes: it lasts as long as this value. The writes are one
 /// transaction, which stands from commit() on; without commit() nothing of them stands. An empty key reads empty and
 /// writes nothing.

@@ -26,8 +26,7 @@ struct Product {
 };
 
 Product running_product(const base::Settings& settings) {
-    return {settings.version_text.left(4), settings.version_text.mid(5, 2), receiver_path(settings),
-        data_file_name.toString()};
+    return {settings.product_code(), settings.version_no(), receiver_path(settings), data_file_name.toString()};
 }
 
 std::optional<Product> registered(Database& allsystem, const base::Settings& settings) {
@@ -35,7 +34,7 @@ std::optional<Product> registered(Database& allsystem, const base::Settings& set
         "select 製品番号, バージョン, 受信ファイルpafi, 個別dataファイル, rowid from allsystem order by rowid");
     while (rows.step()) {
         const Row row = rows.row();
-        if (row.text(0).left(1) == settings.product_code.left(1))
+        if (row.text(0).left(1) == settings.product_code().left(1))
             return Product{row.text(0), row.text(1), row.text(2), row.text(3), row.number(4)};
     }
     return std::nullopt;
@@ -120,13 +119,13 @@ bool register_product(Database& allsystem, const base::Settings& settings) {
 
 QStringList db追加_テーブル(const base::Settings& settings, SettingTables& tables) {
     const QString key = u"sokdataバージョン"_s;
-    if (Val(tables.設定読込(u"rov_kihon"_s, key)) == Val(table_stamp.toString()))
+    if (Val(tables.設定読込(rov_kihon, key)) == Val(table_stamp.toString()))
         return {};
     QStringList met;
     for (const Walked& file :
         {Walked{comsys_path(settings), Kind::Comsys}, Walked{rovdata_path(settings), Kind::Rovdata}})
         met += suite_tables_in(file);
-    tables.設定書込(u"rov_kihon"_s, key, table_stamp.toString());
+    tables.設定書込(rov_kihon, key, table_stamp.toString());
     return met;
 }
 

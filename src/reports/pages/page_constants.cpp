@@ -44,7 +44,7 @@ const PageConstants& 印刷設定取得(Layout layout) {
 }
 
 PrinterSetting printer_setting(Layout layout, store::SettingTables& tables) {
-    store::OpenSettings losystem = tables.open(u"losystem"_s);
+    store::OpenSettings losystem = tables.open(store::losystem);
     const PrinterKeys& keys = printer_keys[印刷設定取得(layout).printer - 1];
     const QString name = losystem.設定読込(keys.name.toString());
     const QString y = losystem.設定読込(keys.y.toString());
