@@ -58,8 +58,7 @@ SavedMonth::SavedMonth(store::Database& rovdata, const CompanyMonth& month, Past
 SavedDay SavedMonth::day(int row, const store::Row& fields) const {
     SavedDay day{time_field(fields, 1), clock_out_field(fields, 2, m_past_midnight), time_field_without_zero(fields, 3),
         time_field_without_zero(fields, 4), Trim(fields.text(5))};
-    const bool no_clock = day.clock_in == u"0:00" && day.clock_out == u"0:00";
-    if (no_clock || row == total_row) {
+    if (row == total_row || no_clock_times(day.clock_in, day.clock_out)) {
         blank_zero(day.clock_in);
         blank_zero(day.clock_out);
     }

@@ -17,4 +17,9 @@ inline QString time_field_without_zero(const store::Row& row, int column) {
     return base::without_zero(time_field(row, column));
 }
 
+/// Whether a day has no clock times, as the texts of two fields: both are stored as 0.
+inline bool no_clock_times(QStringView clock_in, QStringView clock_out) {
+    return clock_in == u"0:00" && clock_out == u"0:00";
+}
+
 } // namespace common

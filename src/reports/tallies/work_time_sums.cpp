@@ -31,7 +31,7 @@ minutes minutes_field(const store::Row& row, int column) {
 
 OneDay day_of(const store::Row& row) {
     OneDay day{common::time_field(row, 3), common::time_field(row, 4), Trim(row.text(5))};
-    if (day.clock_in == u"0:00" && day.clock_out == u"0:00")
+    if (common::no_clock_times(day.clock_in, day.clock_out))
         day.clock_in = day.clock_out = QString();
     return day;
 }

@@ -29,9 +29,14 @@ struct Seen {
     friend bool operator==(const Seen&, const Seen&) = default;
 };
 
-/// How many of the rows or columns in sight are headings.
-int headings(const QList<int>& seen, int fixed) {
-    return static_cast<int>(std::ranges::lower_bound(seen, fixed) - seen.begin());
+/// The texts of those of the rows or columns in sight that are headings.
+template <typename Text>
+QString headings(const QList<int>& seen, int fixed, Text text) {
+    QStringList words;
+    for (const int place : seen)
+        if (place < fixed)
+            words << text(place);
+    return words.join(u' ');
 }
 
 class GridReader;
@@ -226,21 +231,19 @@ void* GridReader::interface_cast(QAccessible::InterfaceType wanted) {
 }
 
 QString GridReader::columnDescription(int column) const {
-    const Seen seen(m_view.sheet());
-    QStringList words;
-    for (int row = 0; row < headings(seen.rows, m_view.sheet().FixedRows()); ++row)
-        if (column >= 0 && column < seen.cols.size())
-            words << m_view.sheet()(seen.rows[row], seen.cols[column]);
-    return words.join(u' ');
+    const base::Sheet& sheet = m_view.sheet();
+    const Seen seen(sheet);
+    if (column < 0 || column >= seen.cols.size())
+        return {};
+    return headings(seen.rows, sheet.FixedRows(), [&](int row) { return sheet(row, seen.cols[column]); });
 }
 
 QString GridReader::rowDescription(int row) const {
-    const Seen seen(m_view.sheet());
-    QStringList words;
-    for (int col = 0; col < headings(seen.cols, m_view.sheet().FixedCols()); ++col)
-        if (row >= 0 && row < seen.rows.size())
-            words << m_view.sheet()(seen.rows[row], seen.cols[col]);
-    return words.join(u' ');
+    const base::Sheet& sheet = m_view.sheet();
+    const Seen seen(sheet);
+    if (row < 0 || row >= seen.rows.size())
+        return {};
+    return headings(seen.cols, sheet.FixedCols(), [&](int col) { return sheet(seen.rows[row], col); });
 }
 
 QList<QAccessibleInterface*> GridReader::selectedCells() const {
