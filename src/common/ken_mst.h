@@ -68,8 +68,10 @@ public:
     bool has_box(int element) const;
     QString page_name() const; ///< of the page of kana in view: "通常"
 
-    void 書式設定_抽出リスト();
-    void 書式設定_五十音();
+    void 書式設定_抽出リスト(); ///< the list with its heading alone
+    void 書式設定_五十音();     ///< the kana of the page in view, with its first line open
+    /// Lists what holds the text of every filled box, and has the number if one is typed; with empty boxes all. Throws
+    /// store::Error; the list is empty then.
     void 抽出処理();
 
     void Form_Activate();

@@ -49,7 +49,8 @@ struct SavedCount {
 
 class SavedMonth {
 public:
-    /// The database must outlive the reader.
+    /// The database must outlive the reader. Throws store::Error, as every read does; `show` mustn't begin the
+    /// same read anew.
     SavedMonth(store::Database& rovdata, const base::CompanyMonth& month, PastMidnight past_midnight);
 
     /// What is saved of one employee, each figure with its row of the month, in order of the stored keys. The total's

@@ -33,9 +33,10 @@ struct Watch {
 /// Rows after which a batch ends with its run.
 inline constexpr qint64 batch_rows = 250'000;
 
-/// Takes every row of the exchange file; how many there were. `may_take` is asked before each batch, with the exchange
-/// file locked; false ends the work. Throws store::Error, whose file() tells which of the two
-/// failed; batches taken before stay taken, and the rows of the one that failed stay in the exchange file.
+/// Takes every row of the exchange file; how many were taken, unreadable ones among them, 0 for an empty file.
+/// `may_take` is asked before each batch, with the exchange file locked; false ends the work. Throws store::Error,
+/// whose file() tells which of the two failed; batches taken before stay taken, and the rows of the one that failed
+/// stay in the exchange file.
 qint64 apply_rows(store::Database& exchange, store::Database& rovdata, const Watch& watch,
     const std::function<bool()>& may_take, qint64 batch = batch_rows);
 

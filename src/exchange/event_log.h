@@ -14,6 +14,7 @@ public:
     /// Appends to the file; an empty path, or a file that can't be opened, means the standard error output.
     explicit EventLog(const QString& path = QString());
 
+    /// Handed to the system when this returns. A line that can't be written is lost without a word.
     void line(const QString& text);
 
     /// A line that anybody in the network can cause. Where many come in a short time, only their number is written, so

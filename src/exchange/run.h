@@ -20,6 +20,7 @@ namespace exchange {
 
 class ManagerRun {
 public:
+    /// Settings and watch must outlive the run.
     ManagerRun(const base::Settings& settings, const Watch& watch,
         std::chrono::milliseconds patience = store::default_patience);
 
@@ -63,7 +64,8 @@ struct Patience {
 };
 
 /// The life of the program: holds the lock that stands for its window "jyusinkanri" and applies. Gives the exit
-/// status, 0 or 1.
+/// status: 1 if something was wrong, which has been told to the watch then; 0 also where another manager keeps the lock
+/// and sees to the rows. Throws nothing of the store's.
 int run_manager(const base::Settings& settings, const Watch& watch, const Patience& patience = {});
 
 } // namespace exchange

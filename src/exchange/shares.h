@@ -25,7 +25,7 @@ public:
     explicit Shares(Time long_turn) : m_long_turn(long_turn) {}
 
     void connected(const QByteArray& address) { ++m_shares[address].connections; }
-    void disconnected(const QByteArray& address);
+    void disconnected(const QByteArray& address); ///< of one that was told as connected
     /// 0 for an address that isn't known.
     int connections(const QByteArray& address) const;
     /// The address with the most connections; empty if there is none.

@@ -30,6 +30,7 @@ struct TurnServerOptions {
 
 class TurnServer {
 public:
+    /// The log must outlive the server. Nobody is let in before listen().
     TurnServer(TurnServerOptions options, EventLog& log);
     ~TurnServer();
     TurnServer(const TurnServer&) = delete;
@@ -37,9 +38,10 @@ public:
 
     /// False, with a line in the log, if the address or port can't be had.
     bool listen();
-    quint16 port() const { return m_server.serverPort(); }
+    quint16 port() const { return m_server.serverPort(); } ///< 0 while it doesn't listen
 
-    /// Closes the door and every client, lets a running manager end, then calls `stopped`.
+    /// Closes the door and every client, lets a running manager end, or ends it after `stop_limit`, then calls
+    /// `stopped`: at once if none runs. A second stop changes nothing.
     void stop(std::function<void()> stopped);
 
 private:

@@ -24,7 +24,7 @@ public:
     mainform(Session session, Pages& pages, std::function<void()> backup = {});
 
     void Form_Load();
-    /// The exit button asks first; if the person stays, everything is as it was.
+    /// By index of midasi_buttons(). The exit button asks first; if the person stays, everything is as it was.
     void midasi_Click(int index);
 
     /// Shows the landing page, unless this is a tailored installation. Every page calls it when it closes itself.

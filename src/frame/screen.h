@@ -9,6 +9,8 @@
 // - a widget that takes or loses the keyboard reports it by the act named after it; acts that find nothing to do do
 //   nothing, and an act that moves on commits by itself, whatever the order of the widgets' events.
 // - `focus` is a wish: move the keyboard there and clear it. `close_wanted`: the page closes and the menu comes back.
+// - an operation or act that reads or writes the tables throws store::Error; after one that writes, what was typed
+//   is still on the screen, so that it can be tried again.
 // - while `busy` the interface may be given time inside an act: take no input, don't destroy the form.
 
 #include "base/sheet.h"

@@ -33,7 +33,7 @@ struct WorkType {
     std::span<const Band> saturday;
 };
 
-/// 0 is Sunday.
+/// 0 is Sunday, 6 Saturday.
 std::span<const Band> bands_of(const WorkType& type, int weekday);
 
 /// Leave and work-day kinds by their number.
@@ -54,8 +54,11 @@ struct Employee {
     const WorkType* type;
 };
 
-/// So many employees: most on regular work, some on nights, some part-time.
+/// So many employees, the same ones each time: most on regular work, some on nights, some part-time. Their types live
+/// as long as the program.
 QList<Employee> employees(int count);
+
+// The rows are added to what is there, in the transaction of the caller.
 
 /// Rows of `syain` in either database.
 void write_employees(store::Database& database, const QList<Employee>& staff);
@@ -63,7 +66,7 @@ void write_employees(store::Database& database, const QList<Employee>& staff);
 /// Rows of `kinsyu`, `kintype`, `kyutype` and `syainkinmu`.
 void write_masters(store::Database& rovdata, const QList<Employee>& staff);
 
-/// Rows of `bangou`: the numbers given out so far.
+/// Rows of `bangou`: the numbers given out so far. There is at least one employee.
 void write_counters(store::Database& comsys, const QList<Employee>& staff);
 
 } // namespace install

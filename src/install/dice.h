@@ -10,8 +10,9 @@ class Dice {
 public:
     explicit Dice(quint64 seed) : m_state(seed) {}
 
-    /// 0 up to n - 1.
+    /// 0 up to n - 1; n is above 0.
     int below(int n) { return int(next() % quint64(n)); }
+    /// Both ends may come.
     int between(int lowest, int highest) { return lowest + below(highest - lowest + 1); }
     bool chance(int percent) { return below(100) < percent; }
 

@@ -45,11 +45,12 @@ struct Request {
     Options options;
     std::optional<Restore> restore; ///< asked for instead of the options
     std::optional<QString> show;    ///< likewise: the root whose settings are to be told
-    QString problem;
+    QString problem;                ///< in English
 };
 Request read_arguments(const QStringList& arguments);
 
-/// The run-time settings of a program in the tree that is made: its drive and both roots there.
+/// The run-time settings of a program in the tree that is made: its drive and both roots there, whatever the tree says
+/// of its data. Nothing is looked up.
 base::Settings settings_of(const Options& options);
 
 QString usage();

@@ -20,7 +20,8 @@ QList<Setting> settings_of_pc(const Options& options);
 /// settings do. Empty for data in the tree, or if nothing says where.
 QString other_place_of_data(const Options& options);
 
-/// Writes what the options say and the tree doesn't yet, into `losys.mdb`, which is there.
+/// Writes what the options say and the tree doesn't yet, into `losys.mdb`, which is there, and tells each. Throws
+/// store::Error.
 void set_pc(const Options& options, const Say& say);
 
 /// The same with the shared settings, wherever they lie. A main PC without a name for the turn service gets this

@@ -26,7 +26,7 @@ struct ComboBox {
     void place(base::Cell over);
     void close() { visible = active = false; } ///< the cell is let go, the selection stays
 
-    Choice choice(int item) const;
+    Choice choice(int item) const; ///< of an item that is there
 
     /// Selects the item with this number. The number 0 and a number not in the list leave the selection as it is.
     void select(qint64 number);

@@ -40,14 +40,18 @@ public:
 
     // Operations.
 
-    void 書式設定();
-    void 書式設定_曜日();
-    void 表初期設リスト();
-    void 勤務種類リスト設定();
-    void 勤務タイプリスト表示();
-    void 勤務タイプ表示();
+    void 書式設定();             ///< the empty grid; the week in hand stays
+    void 書式設定_曜日();        ///< the strip, Monday chosen
+    void 表初期設リスト();       ///< the empty list of types
+    void 勤務種類リスト設定();   ///< both lists over the cells
+    void 勤務タイプリスト表示(); ///< the types, by number
+    void 勤務タイプ表示(); ///< takes the type under the list's cursor in hand, Monday in the grid; nothing without one
+    /// From one column of the strip to another: folds the grid into the week, asking first where the column left is a
+    /// day set, and shows the next day, Monday for a set.
     void 仮データー処理(int previous, int next);
     void 入力フォーム() override;
+    /// Folds the grid in, asks, and registers or deletes the type in hand. A missing name is told when registering;
+    /// deleting without a name does nothing. A type without a number draws one, also to be deleted.
     void 登録削除処理(int mode);
 
     /// The picture of the day in the grid, with what is typed in the open cell as it would be committed now.

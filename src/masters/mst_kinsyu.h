@@ -20,11 +20,11 @@ public:
 
     // Operations.
 
-    void 書式設定();
-    void マスター呼出();
+    void 書式設定();     ///< the empty grid
+    void マスター呼出(); ///< the rows from the table, by number
     void 入力フォーム() override;
-    void マスター登録(int row);
-    void マスター削除();
+    void マスター登録(int row); ///< writes a marked row, draws its number if it has none, and takes the mark away
+    void マスター削除(); ///< the row under the cursor, if the person says yes; nothing on the heading or an empty one
 
     // Acts of the person.
 

@@ -23,10 +23,10 @@ public:
 
     // Operations.
 
-    void 書式設定();
-    void 勤務タイプリスト表示();
-    void 社員マスター全呼出();
-    void 社員勤務種類マスター全呼出();
+    void 書式設定();                   ///< the empty grid
+    void 勤務タイプリスト表示();       ///< the types into the list over the cells
+    void 社員マスター全呼出();         ///< the employees into the grid, by number
+    void 社員勤務種類マスター全呼出(); ///< the type of each; after the two above
     void 入力フォーム() override;
     void 保存処理(base::EmployeeKey employee, base::WorkTypeKey type); ///< nothing if either is 0
 

@@ -30,9 +30,11 @@ public:
 
     // Operations.
 
-    void 書式設定_休暇リスト();
-    void 休暇マスターリスト表示();
-    void 休暇リスト転記(); ///< from the row of `hyou` under the cursor; nothing on the heading
+    void 書式設定_休暇リスト();    ///< the empty list
+    void 休暇マスターリスト表示(); ///< attendance before leave, standard ones before the others, then by number
+    void 休暇リスト転記();         ///< from the row of `hyou` under the cursor; nothing on the heading
+    /// Saves or deletes the kind in `atai` and begins a new one. A missing name is told, and there is nothing to delete
+    /// of a new kind: then all stays as it is.
     void 休暇リスト登録(int mode);
 
     // Acts of the person.

@@ -29,10 +29,12 @@ public:
 
     // Operations.
 
-    void 書式設定_社員リスト();
-    void 社員マスター全呼出();
-    void 社員表示処理(qint64 number); ///< nothing for 0
-    void 画面クリア();
+    void 書式設定_社員リスト();       ///< the empty list
+    void 社員マスター全呼出();        ///< those with a `社員番号`, in the order of `sortlist`
+    void 社員表示処理(qint64 number); ///< nothing for 0; one that isn't there any more clears the boxes
+    void 画面クリア();                ///< the four boxes
+    /// Saves or deletes the employee in `atai`, clears the boxes and reads the list anew. A new one draws a number
+    /// first, also to be deleted: it is lost then. A new one without a name is told, and nothing is done.
     void 全体マスター変更処理(int mode);
 
     // Acts of the person.

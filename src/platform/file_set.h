@@ -28,9 +28,9 @@ class FileSet {
 public:
     explicit FileSet(QString folder) : m_folder(std::move(folder)) {}
 
-    /// Makes an empty file of this name, to be filled under the passing name.
+    /// Makes an empty file of this name, to be filled under the passing name. Each name once; the folder is there.
     std::error_code make(const QString& name);
-    const QString& passing_path(const QString& name) const;
+    const QString& passing_path(const QString& name) const; ///< of a file that was made
 
     /// Puts all files on the disk and in place. After an error the set stands whole or not at all.
     std::error_code place();

@@ -40,7 +40,7 @@ public:
     virtual bool open_document(const QString& address) = 0;
     /// Starts a program detached. False if it couldn't be started.
     virtual bool start_program(const QString& file, const QStringList& arguments = {}) = 0;
-    /// Whether a program that holds `title` in `folder` is running (see platform/program_lock.h).
+    /// Whether a program that holds `title` in `folder` is running (see platform/program_lock.h). Throws LockError.
     virtual bool program_running(const QString& title, const QString& folder) = 0;
 
     virtual QDateTime now() = 0;

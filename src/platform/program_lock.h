@@ -19,12 +19,14 @@ public:
 
 class ProgramLock {
 public:
+    /// Touches nothing yet. The folder has to be there when the lock is taken; the file stays when it is let go.
     ProgramLock(const QString& folder, const QString& title);
     ~ProgramLock();
     ProgramLock(const ProgramLock&) = delete;
     ProgramLock& operator=(const ProgramLock&) = delete;
 
-    /// Takes the lock, trying for a while. False if another program keeps it; LockError if it can't be had at all.
+    /// Takes the lock, trying for a while, with a patience of 0 once, and keeps it for as long as this lives. False if
+    /// another program keeps it; LockError if it can't be had at all.
     bool take(std::chrono::milliseconds patience);
 
     /// Takes the lock together with others that share it: take() fails as long as one of them runs, and the other way

@@ -71,7 +71,7 @@ public:
     // Operations.
 
     void 登録転記処理(); ///< the boxes to clock numbers, a first day that no month has to 1
-    void 登録処理();     ///< masters and settings from them; what a box doesn't say is 0
+    void 登録処理();     ///< masters and settings from them; what a box doesn't say is 0. Throws store::Error
 
     // Acts of the person.
 
@@ -84,6 +84,8 @@ public:
 
     void atai_Change(const QString& typed); ///< of `first_day`: digits only
     void prconb_Click(int item) { prconb.index = item; }
+    /// Registers, starts the program anew and wants the window closed; a second press does nothing. Throws
+    /// store::Error: the window stays then, to be tried again.
     void botan_Click();
 
 private:

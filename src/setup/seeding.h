@@ -38,10 +38,11 @@ struct Seed {
 };
 
 /// Reads the staff, the row with number 0 left out, and draws the numbers. Those drawn before stay drawn, so each seed
-/// has new ones.
+/// has new ones. Throws store::Error.
 Seed gather_seed(const base::Settings& settings);
 
-/// Replaces `kinsyu`, `kintype`, `syainkinmu` and `kyutype`, and `syain` if the seed has a staff.
+/// Replaces `kinsyu`, `kintype`, `syainkinmu` and `kyutype`, and `syain` if the seed has a staff. Throws store::Error;
+/// all of it stands as it was then.
 void plant(store::Database& rovdata, const Seed& seed, const Bands& bands);
 
 } // namespace setup

@@ -34,28 +34,31 @@ struct Connection;
 class Database {
 public:
     /// Opens an existing database; never makes one. Undoes what a killed writer left half done, then proves the key
-    /// with a read.
+    /// with a read. Code::Missing, NoAccess, Empty, NotADatabase or WrongKey for a file that isn't one of ours, and
+    /// OtherKind or Newer unless any kind will do.
     static Database open(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
 
     /// Makes a new, keyed database of the kind, with that kind's tables and indexes, and opens it.
-    /// A file that exists stands as it is and throws Code::Exists. The database is there whole or not at all, with the
-    /// rows that `fill` puts into it. A journal that waits for the file is put away first (put_away_journal).
+    /// A file that exists stands as it is and throws Code::Exists; the folder has to be there. The database is there
+    /// whole or not at all, with the rows that `fill` puts into it; what `fill` throws goes through. A journal that
+    /// waits for the file is put away first (put_away_journal).
     static Database create(const QString& path, Kind kind, const std::function<void(Database&)>& fill = {});
 
     Database(Database&&) noexcept;
     Database& operator=(Database&&) noexcept;
     ~Database();
 
+    /// One statement. Code::Misuse if the database hasn't got what it names.
     Statement prepare(std::string_view sql);
 
-    /// Runs statements without values, separated by ";".
+    /// Runs statements without values, separated by ";", up to the first that fails.
     void exec(std::string_view sql);
 
     /// Rows changed by the last insert, update or delete.
     int changes() const;
 
     bool has_table(const QString& name);
-    const QString& path() const;
+    const QString& path() const; ///< as it was given
 
 private:
     friend class Transaction;
@@ -77,8 +80,9 @@ QByteArray empty_database_image(Kind kind);
 /// handle: closing another one would take away the locks that this program holds on the file.
 QByteArray bytes_of(const QString& path);
 
-/// The row a statement stands on. Columns are counted from 0; a column of another type is converted, Null is 0 or
-/// empty.
+/// The row a statement stands on, until that steps on, is bound anew or ends. Columns are counted from 0 and end before
+/// columns(). A column of another type is converted, Null is 0 or empty:
+///   number() of "12a" // 12      of "a" // 0      text() of 12 // "12"
 class Row {
 public:
     qint64 number(int column) const;
@@ -88,7 +92,7 @@ public:
     QByteArrayView utf8(int column) const;
     bool is_null(int column) const;
     int columns() const;
-    QString name(int column) const;
+    QString name(int column) const; ///< the column's heading
 
 private:
     friend class Statement;
@@ -103,7 +107,9 @@ public:
     Statement& operator=(Statement&&) noexcept;
     ~Statement();
 
-    /// Binds the values to the places "?" in order. A Statement may be bound and run again after each run.
+    /// Binds the values, which are copied, to the places "?" in order. A Statement may be bound and run again after
+    /// each run. Places beyond the values keep what they have, Null at first; values beyond the places are
+    /// Code::Misuse.
     template <typename... Values>
     Statement& bind(const Values&... values) {
         reset();
@@ -125,9 +131,10 @@ public:
     bool step();
     Row row() const { return Row(m_statement); }
 
-    /// Runs a statement that gives no rows.
+    /// Runs a statement whose rows, if it gives any, nobody wants.
     void run();
 
+    /// Back to before the first row; what is bound stays.
     void reset();
 
 private:
@@ -141,7 +148,8 @@ private:
 };
 
 /// All writes of one procedure on one file. Takes the write lock at once (waiting at most the connection's patience)
-/// and makes sure the file at the path is still the one that was opened. Rolls back when it goes without commit().
+/// and makes sure the file at the path is still the one that was opened: Code::Busy or Replaced otherwise. Rolls back
+/// when it goes without commit(), or after one that has thrown. A database has one at a time.
 class Transaction {
 public:
     enum class Lock {

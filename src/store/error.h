@@ -47,7 +47,8 @@ private:
     QString m_detail;
 };
 
-/// Throws what a failure of the system at this file means; nothing if there is none.
+/// Throws what a failure of the system at this file means, Code::Exists, Full, ReadOnly, Io or Other; nothing if there
+/// is none.
 void check_system(const std::error_code& failure, const QString& file);
 
 } // namespace store

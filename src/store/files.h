@@ -1,6 +1,7 @@
 #pragma once
 
-// Where the database files lie under the two roots. All paths use "/".
+// Where the database files lie under the two roots. All paths use "/". Only kept_name() looks at the disk: the others
+// say where a file belongs, whether it is there or not.
 
 #include "base/settings.h"
 
@@ -42,7 +43,7 @@ inline constexpr int exchange_file_count = 20;
 QString journal_of(const QString& database);
 
 /// The name beside a database under which it is put away: its own with the time, NAME-YYYYMMDD-HHMMSS.mdb. Neither this
-/// name nor that of its journal is in use.
+/// name nor that of its journal is in use: a time that is taken gives way to the next second.
 QString kept_name(const QString& database, QDateTime time);
 
 } // namespace store

@@ -22,7 +22,7 @@ void check_copy(const QString& path, Kind kind, const RowCounts& expected);
 
 class Held {
 public:
-    /// Waits at most `patience` for the end of another program's write.
+    /// Waits at most `patience` for the end of another program's write, then Code::Busy; throws what opening throws.
     Held(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
     Held(Held&&) noexcept;
     Held& operator=(Held&&) = delete;
@@ -31,18 +31,20 @@ public:
     const QString& path() const { return m_database->path(); }
     const RowCounts& rows() const { return m_rows; }
 
-    /// How many pages a compacted copy would do without.
+    /// How many pages, of 4,096 bytes, a compacted copy would do without.
     qint64 spare_pages();
 
-    /// Copies everything into the empty file `target`, compacted; key, kind and version are the same. The target isn't
-    /// flushed and is nothing to look at if this throws.
+    /// Copies everything into `target`, an empty file or none, compacted; key, kind and version are the same. The
+    /// target isn't flushed and is nothing to look at if this throws: an Error whose file() is the target where that
+    /// can't be written.
     void compact_into(const QString& target);
 
-    /// The same as the file stands, byte for byte.
+    /// The same as the file stands, byte for byte; what was in the target goes.
     void copy_into(const QString& target);
 
     /// Takes the whole contents from the database at `copy`, in one transaction of the engine: whoever opens the file
-    /// after a kill or a power failure finds all of the old or all of the new. Waits for readers.
+    /// after a kill or a power failure finds all of the old or all of the new. Code::Busy if readers don't end within
+    /// the patience; the file stands as it was then.
     void take_over(const QString& copy);
 
 private:

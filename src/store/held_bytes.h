@@ -10,13 +10,14 @@ namespace store {
 
 class HeldBytes {
 public:
-    /// Waits at most `patience` for other programs.
+    /// Waits at most `patience` for other programs, then Code::Busy. Code::NoAccess if the file isn't there or can't be
+    /// opened, ReadOnly if this person may only read it.
     explicit HeldBytes(const QString& path, std::chrono::milliseconds patience = default_patience);
     HeldBytes(const HeldBytes&) = delete;
     HeldBytes& operator=(const HeldBytes&) = delete;
     ~HeldBytes();
 
-    QByteArray bytes() const;
+    QByteArray bytes() const; ///< all of them; Code::Io if they can't be read
 
     /// Takes away the journal, which belongs to what stood there, and puts the bytes on the disk. A kill in between
     /// leaves a file that can't be read.

@@ -40,7 +40,7 @@ void add_missing_tables(Database& database, Kind kind);
 /// The stamp that a file of this program version carries as user_version.
 inline constexpr int schema_version = 1;
 
-/// The 32-bit application id that tells the kinds of file apart.
+/// The 32-bit application id that tells the kinds of file apart; 0 for Kind::Any.
 int application_id(Kind kind);
 
 } // namespace store

@@ -19,12 +19,13 @@ inline const QString losystem = QStringLiteral("losystem");   ///< of this PC, i
 /// writes nothing.
 class OpenSettings {
 public:
+    /// Empty where there is no such key. Sees what was written through this opening.
     QString 設定読込(const QString& key);
     void 設定書込(const QString& key, const QString& value);
     /// Every key that begins so and goes on, with its value.
     QMap<QString, QString> beginning_with(const QString& start);
     void remove(const QString& key); ///< nothing where there is no such key
-    void commit();
+    void commit();                   ///< what is written after it is a transaction of its own
 
 private:
     friend class SettingTables;
@@ -42,13 +43,16 @@ class SettingTables {
 public:
     explicit SettingTables(base::Settings& settings) : m_settings(settings) {}
 
-    /// Opens the file of the table. Code::Misuse at the first read or write if it is none of the three.
+    /// Opens the file of the table, throwing what Database::open() throws. Code::Misuse at the first read or write if
+    /// it is none of the three.
     OpenSettings open(const QString& table);
 
-    /// The value under the key; empty if the key or the table name is empty or the key isn't there.
+    /// Opens, reads and closes: the value under the key; empty if the key or the table name is empty or the key isn't
+    /// there.
     QString 設定読込(const QString& table, const QString& key);
 
-    /// Stores the value under the key, adding the row if it isn't there. An empty table or key writes nothing.
+    /// Opens, stores the value under the key, adding the row if it isn't there, commits and closes. An empty table or
+    /// key writes nothing.
     void 設定書込(const QString& table, const QString& key, const QString& value);
 
 private:

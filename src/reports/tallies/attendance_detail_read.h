@@ -21,6 +21,7 @@ enum class Found { Nothing, Data };
 
 class DetailReader {
 public:
+    /// Opens the company's data for as long as this lives. Throws store::Error, as every read does.
     DetailReader(const frame::Session& session, const base::CompanyMonth& month);
 
     EmployeeRange everyone() { return all_employees(m_rovdata); }

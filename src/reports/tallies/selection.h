@@ -44,8 +44,8 @@ DateRange chosen_dates(const Conditions& conditions, const frame::Session& sessi
 /// The headings as every format leaves them: the title alone, and no selection.
 void set_title(Report& report, const QString& title);
 
-/// Sorts the sheet as this PC's lists of employees are sorted: by the system numbers in `key_col`, or by the employee
-/// numbers in `number_col` as text.
+/// Sorts the rows below the fixed ones as this PC's lists of employees are sorted: by the system numbers in `key_col`,
+/// or by the employee numbers in `number_col` as text.
 void sort_employees(base::Sheet& hyou, const frame::Session& session, int key_col, int number_col);
 
 /// The company's data, for reading. Throws store::Error where it can't be opened.

@@ -33,6 +33,7 @@ struct EmployeeSums {
 
 class WorkTimeReader {
 public:
+    /// The database must outlive the reader. Throws store::Error, as next() does.
     WorkTimeReader(store::Database& rovdata, const EmployeeRange& employees, const DateRange& dates);
 
     /// Sums of the next employee who has attendance in the date range, by system number; nothing when there is none
@@ -42,6 +43,7 @@ public:
     /// Names of the categories that were met, by system number.
     const QMap<qint64, QString>& categories() const { return m_met; }
 
+    /// Those of the range, with attendance or without.
     qint64 employee_count() const { return m_staff.size(); }
 
 private:
