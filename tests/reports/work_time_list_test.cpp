@@ -45,6 +45,9 @@ TEST_F(WorkTimeList, ASingleDayShowsItsClockTimes) {
     report.conditions.ymd = {u"2004/11/2"_s, u"2004/11/2"_s};
     集計_勤務時間一覧表(report, work);
     EXPECT_EQ(row(report.hyou, 3), u"1|1|9|山田|||0:45|61:30|||"_s) << "no clock times";
+    exec("update rovmei set 出社時間=900, 退社時間=900 where 出社日=20041102");
+    集計_勤務時間一覧表(report, work);
+    EXPECT_EQ(row(report.hyou, 3), u"1|1|9|山田|9:00|9:00|0:45|61:30|||"_s) << "a stay without length";
 }
 
 TEST_F(WorkTimeList, RangesGivenTheWrongWayRoundAreTurned) {
