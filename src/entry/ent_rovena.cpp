@@ -258,21 +258,26 @@ void ent_rovena::kyucom_Click(int index) {
 }
 
 void ent_rovena::hyou_day_Click(int column) {
+    m_history.begin_count();
     sheet.hyou_day.SetCol(column);
+}
+
+void ent_rovena::keep_count() {
+    const int column = sheet.hyou_day.Col();
+    m_draft.count_typed(sheet, column);
+    m_history.record_count(sheet, m_draft.beside_sheet(), column);
 }
 
 void ent_rovena::hyou_day_KeyPress(int character) {
     type_count(sheet.hyou_day, character);
-    m_draft.count_typed(sheet, sheet.hyou_day.Col());
-    m_history.record(sheet, m_draft.beside_sheet(), UndoHistory::Step::Own);
+    keep_count();
 }
 
 void ent_rovena::hyou_day_KeyDown(int key_code) {
     if (key_code != key::del)
         return;
     clear_count(sheet.hyou_day);
-    m_draft.count_typed(sheet, sheet.hyou_day.Col());
-    m_history.record(sheet, m_draft.beside_sheet(), UndoHistory::Step::Own);
+    keep_count();
 }
 
 void ent_rovena::botan_Click(int element) {

@@ -100,6 +100,9 @@ public:
     /// What is off, but for the kinds that this PC doesn't look for; nothing where the month isn't to be asked about.
     QList<Finding> look_before_saving();
     void calculate_all();
+    /// Asks where to and writes the days that can't be read back as a CSV file, as they stand once they are calculated.
+    /// Gives back where they lie; empty if that was cancelled or failed, which is told.
+    QString export_days_not_read_back();
     void ask_no_more_for_month();
     FindingKinds kinds_left_out() const;
     void leave_out(const FindingKinds& kinds); ///< from now on, on this PC
@@ -107,11 +110,14 @@ public:
     // Fill and paste. What is typed in the box counts, the cell in hand stays, and the notice says how many days
     // changed.
 
-    /// Whether the band that ends a normal day is still to be marked, for this work type: before a fill from standard
-    /// times one of band_choices(sheet) is chosen. Without a work type there are none, and nothing is filled.
-    bool needs_normal_band() const { return normal_band() == 0; }
-    void mark_normal_band(int number); ///< kept for this PC under the work type
-    /// See entry::fill. Gives back how many days were filled, 0 while the mark is needed for the source.
+    /// The bands that were marked as those of a normal day, for this work type.
+    NormalDay normal_day() const;
+    /// Whether they are still to be marked: before a fill from standard times they are chosen from
+    /// band_choices(sheet). Without a work type there are none, and nothing is filled.
+    bool needs_normal_day() const;
+    void mark_normal_day(NormalDay normal); ///< kept for this PC under the work type
+    /// See entry::fill. Gives back how many days were filled, 0 while the band that ends a normal
+    /// day isn't known to a source that needs it.
     int fill(FillSource source, std::optional<RowRange> rows = {});
     /// The days of the week that a fill without rows takes on this PC; Monday to Friday until they are set.
     Weekdays fill_weekdays() const;
@@ -138,8 +144,9 @@ public:
     void step_employee(int step);
     /// The list of kinds for the day in hand, which can be chosen from by number.
     void go_to_kinds();
-    void kyucom_Digit(int digit);      ///< chooses the item of this place in the list, 0 for no kind
-    bool kyucom_KeyDown(int key_code); ///< Enter goes to the next day, Escape back to this one; false: another key
+    void kyucom_Digit(int digit);        ///< chooses the item of this place in the list, 0 for no kind
+    void kyucom_KeyPress(int character); ///< another character: the notice says if no kind's name begins with it
+    bool kyucom_KeyDown(int key_code);   ///< Enter goes to the next day, Escape back to this one; false: another key
     /// Whether a page explains the day in hand beside the sheet; kept for this PC.
     bool why_shown = false;
     void set_why_shown(bool shown);
@@ -192,15 +199,16 @@ private:
     void say(const QString& words);
     int employee_row() const;
     void leave_kinds(int r);
+    QString numbers_of_kinds() const;
     bool enter_goes_on(int key_code) const;
     void load_switches();
     void forget_employee();
 
     void open_drafts();
     void mark_employees();
+    void keep_count();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
     bool can_act() const;
-    int normal_band() const;
     void stand_as_before(BesideSheet (UndoHistory::*go)(MonthSheet&));
 
     frame::Session& m_session;

@@ -2,14 +2,20 @@
 
 #include "base/literals.h"
 #include "base/numbers.h"
+#include "common/save_path.h"
+#include "common/sheet_csv.h"
 #include "entry/draft_store.h"
 #include "entry/ent_rovena.h"
+#include "entry/unread_days.h"
 
 namespace entry {
 
 using namespace base;
 
 namespace {
+
+/// What the days that can't be read back are called among the exports of this PC.
+const QString unread_days_name = u"出勤入力"_s;
 
 /// The kinds that aren't looked for, by their numbers, parted by commas.
 const QString left_out_key = u"登録前確認なし"_s;
@@ -70,6 +76,18 @@ QList<Finding> ent_rovena::look_before_saving() {
 void ent_rovena::calculate_all() {
     calculate_pending_days(sheet);
     keep_draft();
+}
+
+QString ent_rovena::export_days_not_read_back() {
+    const base::Sheet days = days_not_read_back(sheet, m_session.settings, m_session.host.now().date());
+    const QString headings[] = {
+        u"登録後に呼び出せない日"_s, syalab, ym[year_selector].text + u"年"_s + ym[month_selector].text + u"月"_s};
+    const QString path = common::CSV保存先取得(m_session.settings, m_session.host, m_session.tables, unread_days_name);
+    if (path.isEmpty())
+        return {};
+    const common::Written written = common::write_csv(headings, days, path);
+    common::tell_written(written, headings, days, m_session.host);
+    return written == common::Written::Failed ? QString() : path;
 }
 
 void ent_rovena::ask_no_more_for_month() {

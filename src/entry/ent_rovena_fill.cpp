@@ -12,8 +12,13 @@ using namespace base;
 
 namespace {
 
-/// The number of the band that ends a normal day, under this key and the number of the work type.
-const QString normal_band_key = u"標準時間帯"_s;
+/// The numbers of the bands that end and begin a normal day, parted by a comma, under this key and the number of the
+/// work type. The end alone: nobody was asked yet for the begin.
+const QString normal_day_key = u"標準時間帯"_s;
+
+bool has_choice(const QList<BandChoice>& choices, int number) {
+    return std::ranges::find(choices, number, &BandChoice::number) != choices.end();
+}
 
 /// The numbers of the weekdays, 0 Sunday to 6 Saturday, as one text.
 const QString weekdays_key = u"一括入力曜日"_s;
@@ -24,15 +29,24 @@ bool ent_rovena::can_act() const {
     return !saving && !waiting && !syainsyscd.isEmpty();
 }
 
-/// 0 if none is marked, or if the one marked is no band of the work type any longer.
-int ent_rovena::normal_band() const {
-    const int marked = int_val(m_session.tables.設定読込(store::losystem, normal_band_key + kintypecd));
+/// A band that the work type has no longer counts as not marked.
+NormalDay ent_rovena::normal_day() const {
+    const QString kept = m_session.tables.設定読込(store::losystem, normal_day_key + kintypecd);
     const QList<BandChoice> choices = band_choices(sheet);
-    return std::ranges::find(choices, marked, &BandChoice::number) == choices.end() ? 0 : marked;
+    const auto known = [&](int number) { return has_choice(choices, number) ? number : 0; };
+    return {known(int_val(kept)), known(int_val(kept.section(u',', 1)))};
 }
 
-void ent_rovena::mark_normal_band(int number) {
-    m_session.tables.設定書込(store::losystem, normal_band_key + kintypecd, digits(number));
+bool ent_rovena::needs_normal_day() const {
+    const NormalDay normal = normal_day();
+    const QString kept = m_session.tables.設定読込(store::losystem, normal_day_key + kintypecd);
+    const bool begin_asked = kept.contains(u',') && int_val(kept.section(u',', 1)) == normal.first;
+    return normal.last == 0 || (!begin_asked && normal.last != band_choices(sheet).first().number);
+}
+
+void ent_rovena::mark_normal_day(NormalDay normal) {
+    m_session.tables.設定書込(
+        store::losystem, normal_day_key + kintypecd, digits(normal.last) + u',' + digits(normal.first));
 }
 
 Weekdays ent_rovena::fill_weekdays() const {
@@ -56,7 +70,7 @@ int ent_rovena::fill(FillSource source, std::optional<RowRange> rows) {
     if (!can_act())
         return 0;
     atai_LostFocus();
-    const int filled = entry::fill(sheet, source, normal_band(), rows, fill_weekdays());
+    const int filled = entry::fill(sheet, source, normal_day(), rows, fill_weekdays());
     place_again(sheet, editors);
     say(filled == 0 ? u"入れる日がありません"_s : u"%1日に時刻を入れました"_s.arg(filled));
     keep_draft();

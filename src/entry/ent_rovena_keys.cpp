@@ -57,8 +57,24 @@ void ent_rovena::go_to_kinds() {
 }
 
 void ent_rovena::kyucom_Digit(int digit) {
+    editors.notice.reset();
     if (digit < editors.kyucom.items.size())
         kyucom_Click(digit);
+    else
+        say(u"%1 の区分はありません（%2）"_s.arg(digits(digit), numbers_of_kinds()));
+}
+
+void ent_rovena::kyucom_KeyPress(int character) {
+    editors.notice.reset();
+    const QChar first(character);
+    const auto begins = [&](const QString& item) { return item.startsWith(first, Qt::CaseInsensitive); };
+    if (std::ranges::none_of(editors.kyucom.items, begins))
+        say(u"「%1」で始まる区分はありません（%2）"_s.arg(first).arg(numbers_of_kinds()));
+}
+
+QString ent_rovena::numbers_of_kinds() const {
+    const qsizetype last = std::min<qsizetype>(editors.kyucom.items.size() - 1, 9);
+    return last < 1 ? u"0 で区分なし"_s : u"番号は 1～%1、0 で区分なし"_s.arg(last);
 }
 
 bool ent_rovena::kyucom_KeyDown(int key_code) {

@@ -40,12 +40,16 @@ QString clock_text(minutes time) {
     return time_to_text(minutes_to_time(time % whole_day));
 }
 
+bool has_band(const Bands& bands, int number) {
+    return number >= 1 && number < band_slots && is_used(bands[number]);
+}
+
 /// Nothing where the day would be longer than two clock times can tell.
-std::optional<ClockTimes> standard_times(const Bands& bands, int normal_band) {
-    if (normal_band < 1 || normal_band >= band_slots || !is_used(bands[normal_band]))
+std::optional<ClockTimes> standard_times(const Bands& bands, NormalDay normal) {
+    if (!has_band(bands, normal.last) || (normal.first != 0 && !has_band(bands, normal.first)))
         return std::nullopt;
-    const minutes start = std::ranges::find_if(bands, is_used)->start;
-    const minutes end = bands[normal_band].end;
+    const minutes start = normal.first == 0 ? std::ranges::find_if(bands, is_used)->start : bands[normal.first].start;
+    const minutes end = bands[normal.last].end;
     if (end <= start || end - start >= whole_day)
         return std::nullopt;
     return ClockTimes{clock_text(start), clock_text(end)};
@@ -64,10 +68,10 @@ std::optional<ClockTimes> times_above(const MonthSheet& sheet, int r) {
     return std::nullopt;
 }
 
-std::optional<ClockTimes> times_for(const MonthSheet& sheet, int r, FillSource source, int normal_band) {
+std::optional<ClockTimes> times_for(const MonthSheet& sheet, int r, FillSource source, NormalDay normal) {
     switch (source) {
     case FillSource::StandardTimes:
-        return standard_times(bands_of(sheet, r), normal_band);
+        return standard_times(bands_of(sheet, r), normal);
     case FillSource::DayAbove:
         return times_above(sheet, r);
     case FillSource::SameWeekdayLastWeek:
@@ -117,7 +121,7 @@ QList<BandChoice> band_choices(const MonthSheet& sheet) {
     return choices;
 }
 
-int fill(MonthSheet& sheet, FillSource source, int normal_band, std::optional<RowRange> rows, Weekdays weekdays) {
+int fill(MonthSheet& sheet, FillSource source, NormalDay normal, std::optional<RowRange> rows, Weekdays weekdays) {
     calculate_pending_days(sheet);
     const RowRange range = rows.value_or(RowRange{row::first_day, row::last_day});
     const auto is_wanted = [&](int r) {
@@ -127,7 +131,7 @@ int fill(MonthSheet& sheet, FillSource source, int normal_band, std::optional<Ro
     for (int r = std::max(range.first, row::first_day); r <= std::min(range.last, row::last_day); ++r) {
         if (!is_day(sheet, r) || !is_blank(sheet, r) || !is_wanted(r))
             continue;
-        if (const auto times = times_for(sheet, r, source, normal_band)) {
+        if (const auto times = times_for(sheet, r, source, normal)) {
             fill_day(sheet, r, *times);
             ++filled;
         }

@@ -11,7 +11,7 @@
 namespace entry {
 
 enum class FillSource {
-    StandardTimes,       ///< from the weekday's first band to the end of the band that was marked as normal
+    StandardTimes,       ///< from the begin of the normal day's first band to the end of its last one
     DayAbove,            ///< the nearest day above that has times: over a weekend it is Friday
     SameWeekdayLastWeek, ///< the row seven above
 };
@@ -26,7 +26,14 @@ struct RowRange {
 using Weekdays = std::bitset<7>;
 inline constexpr Weekdays every_weekday{0b1111111};
 
-/// A band that can be marked as the one that ends a normal day.
+/// The bands that a normal day begins and ends with, by their numbers.
+struct NormalDay {
+    int last = 0;  ///< 0: not known, and no day is filled from standard times
+    int first = 0; ///< 0: the first one that the weekday has
+    friend bool operator==(const NormalDay&, const NormalDay&) = default;
+};
+
+/// A band that can be marked as the one that begins or ends a normal day.
 struct BandChoice {
     int number;   ///< `連番`
     QString text; ///< as the first weekday from Monday on has it: "1 普通 8:30～17:30"
@@ -42,9 +49,9 @@ QList<BandChoice> band_choices(const MonthSheet& sheet);
 /// - Blank is a day without times, figures or a break, and without a kind that was chosen; the standard kind that the
 ///   calculation gives by itself, and a remark, don't count.
 /// - Nothing is filled in where the source has no times or only one of them, from before the month's first row, and
-///   with standard times on a weekday that lacks the normal band. Rows that are no days take nothing.
+///   with standard times on a weekday that lacks a band of the normal day. Rows that are no days take nothing.
 /// - Without rows, only these days of the week are filled.
-int fill(MonthSheet& sheet, FillSource source, int normal_band, std::optional<RowRange> rows = {},
+int fill(MonthSheet& sheet, FillSource source, NormalDay normal, std::optional<RowRange> rows = {},
     Weekdays weekdays = every_weekday);
 
 } // namespace entry

@@ -4,6 +4,7 @@
 #include "entry/cells.h"
 #include "entry/day_figures.h"
 #include "entry/tally.h"
+#include "entry/unread_days.h"
 
 #include <algorithm>
 
@@ -60,7 +61,7 @@ private:
             add(FindingKind::OneClockTime, r, in ? u"退社時間がありません"_s : u"出社時間がありません"_s);
         else if (in)
             look_at_stay(r);
-        if (!m_sheet.mark(r).isEmpty() && m_sheet.month.row_of_key(m_sheet.month.posting_key(r)) != r)
+        if (is_not_read_back(m_sheet, r))
             add(FindingKind::NotReadBack, r, u"登録したあと、この画面では呼び出せません"_s);
     }
 

@@ -27,7 +27,14 @@ public:
     };
 
     /// An act may have changed the sheet. If it did, that is a step, and what was undone can't be done again.
-    void record(const MonthSheet& sheet, const BesideSheet& beside, Step step);
+    /// Gives back whether it did.
+    bool record(const MonthSheet& sheet, const BesideSheet& beside, Step step);
+
+    /// A count of this column of the strip was typed: all that is typed on a visit of its box is one step.
+    void record_count(const MonthSheet& sheet, const BesideSheet& beside, int column);
+
+    /// A box of the strip was come to.
+    void begin_count();
 
     /// The marked days were posted: each of them is marked "1" at least in every state that is brought back from now
     /// on, as the tables hold the posted one.
@@ -37,17 +44,21 @@ public:
     bool can_redo() const { return m_now + 1 < m_states.size(); }
 
     /// Bring back the state before the last step, or the one after the step undone last, and give back what belongs
-    /// beside the sheet then. Only if there is one.
-    BesideSheet undo(MonthSheet& sheet) { return go(sheet, m_now - 1); }
-    BesideSheet redo(MonthSheet& sheet) { return go(sheet, m_now + 1); }
+    /// beside the sheet then. Only if there is one. A step that is seen nowhere, as one that marked a day whose texts
+    /// stayed, goes along with the next one.
+    BesideSheet undo(MonthSheet& sheet);
+    BesideSheet redo(MonthSheet& sheet);
 
 private:
     struct State {
         QStringList texts; ///< of all cells, shared with the sheet and with the states beside
+        qsizetype seen;    ///< so many of the texts, from the first on, are those of cells that are seen
         BesideSheet beside;
         base::Cell entry_cell;
         std::optional<base::Cell> pending_cell;
+        std::optional<int> count; ///< column of the strip whose typing led here, while its box is visited
     };
+    static bool look_alike(const State& a, const State& b);
     static State state_of(const MonthSheet& sheet, const BesideSheet& beside);
     BesideSheet go(MonthSheet& sheet, size_t to);
 

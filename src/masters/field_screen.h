@@ -15,7 +15,8 @@ public:
     std::array<QString, 4> atai;
     bool toubotan_lit = false; ///< button 1 shows its "_b" picture
 
-    void atai_Change(int element, const QString& text); ///< held at the 255 characters of a field
+    virtual void atai_Change(int element, const QString& text); ///< held at the 255 characters of a field
+    virtual void atai_LostFocus(int) {}
     void toubotan_GotFocus() { toubotan_lit = true; }
     void toubotan_LostFocus() { toubotan_lit = false; }
 

@@ -56,6 +56,7 @@ void mst_kinsyu::書式設定() {
 }
 
 void mst_kinsyu::マスター呼出() {
+    notice.reset();
     auto rovdata = open_rovdata();
     fill_list(
         hyou, rovdata.prepare("select システム番号, 種類名 from kinsyu order by システム番号 asc, rowid"), list_cells);
@@ -108,6 +109,7 @@ void mst_kinsyu::Form_Activate() {
 void mst_kinsyu::atai_Change(const QString& text) {
     if (!atai.active)
         return;
+    notice.reset();
     atai.text = field_text(text);
     const QString name = Trim(atai.text);
     const int row = atai.cell.row;
@@ -123,6 +125,7 @@ void mst_kinsyu::atai_Change(const QString& text) {
 void mst_kinsyu::leave_cell() {
     if (!atai.active)
         return;
+    notice.reset();
     try {
         マスター登録(atai.cell.row);
     } catch (...) {
@@ -130,6 +133,7 @@ void mst_kinsyu::leave_cell() {
         入力フォーム();
         throw;
     }
+    say_if_not_saved(atai.cell.row);
     atai.close();
 }
 
@@ -141,6 +145,13 @@ void mst_kinsyu::rows_are_back() {
         hyou(hyou.Rows() - 1, name_col) = name;
         hyou.SetRows(hyou.Rows() + 1);
     }
+}
+
+/// A row that was ever saved has a number.
+void mst_kinsyu::say_if_not_saved(int row) {
+    const QString& name = hyou(row, name_col);
+    if (!name.isEmpty() && hyou(row, number_col).isEmpty())
+        notice = {{row, name_col}, u"「%1」はまだ登録されていません（1文字足して消すと登録されます）"_s.arg(name)};
 }
 
 void mst_kinsyu::press(int element) {

@@ -6,6 +6,7 @@
 // new name that arrives in one single change (one key, one paste, one conversion of the input method) is therefore not
 // saved until it is changed once more. This is how the screen works, not a slip.
 
+#include "base/notice.h"
 #include "masters/grid_screen.h"
 
 namespace masters {
@@ -15,6 +16,9 @@ public:
     /// Columns of `hyou`: number (hidden, empty on a row never saved), name, change mark (hidden, "1" or empty).
     /// Rows: heading, one a category, one empty row for a new entry.
     enum Column { number_col, name_col, mark_col };
+
+    /// Said of a row that was left with a name and isn't saved; until the next key.
+    std::optional<base::Notice<base::Cell>> notice;
 
     explicit mst_kinsyu(frame::Session& session);
 
@@ -34,6 +38,7 @@ public:
     void atai_Change(const QString& text); ///< one change of the box's text: a key, a paste, a committed conversion
 
 private:
+    void say_if_not_saved(int row);
     void leave_cell() override;
     void rows_are_back() override;
     void press(int element) override; ///< 2 deletes; 1 does nothing more, since leaving the cell is what saves

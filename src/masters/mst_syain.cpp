@@ -146,6 +146,7 @@ void mst_syain::Form_Load() {
 }
 
 void mst_syain::hyou_Click(int row) {
+    notice.clear();
     if (hyou.Contains(row, key_col)) {
         hyou.SetRow(row);
         社員表示処理(Val(hyou(row, key_col)));
@@ -164,7 +165,23 @@ void mst_syain::sortlist_Click(int element) {
     common::keep_employee_order(m_session.tables, common::EmployeeOrder(element));
 }
 
+void mst_syain::atai_Change(int element, const QString& text) {
+    notice.clear();
+    FieldScreen::atai_Change(element, text);
+}
+
+/// A number twice is stored as it is typed; it is told.
+void mst_syain::atai_LostFocus(int element) {
+    const QString number = Trim(atai[number_field]);
+    if (element != number_field || number.isEmpty())
+        return;
+    for (int r = hyou.FixedRows(); r < hyou.Rows(); ++r)
+        if (hyou(r, number_col) == number && Val(hyou(r, key_col)) != Val(atai[key_field]))
+            notice = u"社員番号 %1 は %2 さんも使っています"_s.arg(number, hyou(r, name_col));
+}
+
 bool mst_syain::atai_KeyDown(int element, int key_code) {
+    notice.clear();
     if (key_code == key::enter && element == reading_field)
         to_toubotan();
     else if (key_code == key::enter && element >= number_field)

@@ -26,6 +26,7 @@ public:
 
     base::Sheet hyou_syain{0, 2}; ///< the whole row on screen: field names and values, whatever fields there are
     int sortlist = 0;             ///< the element selected
+    QString notice; ///< of the number that was left, if somebody else in the list has it as well; until the next key
 
     // Operations.
 
@@ -45,6 +46,8 @@ public:
     void Command1_Click();
     void sortlist_Click(int element); ///< only kept as a setting; the list follows with the next "抽出"
 
+    void atai_Change(int element, const QString& text) override;
+    void atai_LostFocus(int element) override;
     bool atai_KeyDown(int element, int key_code); ///< whether the key moved the keyboard
     bool toubotan_KeyDown(int key_code);
 

@@ -9,6 +9,7 @@
 // - `focus` is a wish: move the keyboard there and clear it. `close_wanted`: the page closes and the menu comes back.
 // - while `busy` the interface is given time inside an act: take no input, don't destroy the form.
 
+#include "base/notice.h"
 #include "frame/mainform.h"
 #include "reports/pages/print_surface.h"
 #include "reports/tallies/report.h"
@@ -48,12 +49,13 @@ public:
     QString Image1;                 ///< file of the heading picture; empty if there is none
     std::array<MonthBox, 2> yyyymm; ///< their texts stand in the conditions
     std::array<bool, 2> ntancd_enabled{true, true};
-    bool pic_msg = false;                  ///< whether the headings are in sight
-    bool extract_lit = false;              ///< the extract button shows its "_b" picture
-    QString jyoulab;                       ///< how the text file stands
-    std::function<void()> jyoulab_changed; ///< it stands otherwise and the work goes on: a page paints it at once
-    QString msg_tai;                       ///< how the last extract or print ended, and where its file lies
-    std::optional<Wish> focus;             ///< where the keyboard should go next
+    bool pic_msg = false;                     ///< whether the headings are in sight
+    bool extract_lit = false;                 ///< the extract button shows its "_b" picture
+    QString jyoulab;                          ///< how the text file stands
+    std::function<void()> jyoulab_changed;    ///< it stands otherwise and the work goes on: a page paints it at once
+    QString msg_tai;                          ///< how the last extract or print ended, and where its file lies
+    std::optional<base::Notice<Wish>> notice; ///< what was blanked or put back in which box; until the next key
+    std::optional<Wish> focus;                ///< where the keyboard should go next
     bool close_wanted = false;
     bool busy = false;
 
@@ -86,7 +88,7 @@ public:
     /// Without a choice the box stays as it is. The row that stands for the whole company has an empty number.
     void search_ended(int element, const std::optional<QString>& number);
 
-    void ymd_Change(int element, const QString& text) { report.conditions.ymd[element] = text; }
+    void ymd_Change(int element, const QString& text);
     void ymd_GotFocus(int element);
     void ymd_LostFocus(int element);
     bool ymd_KeyDown(int element, int key_code, bool at_the_start); ///< the caret at the start and nothing selected

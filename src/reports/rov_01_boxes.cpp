@@ -28,6 +28,7 @@ bool is_digit_or_backspace(int character) {
 // What the person does in the boxes of the conditions. Employees first.
 
 void rov_01::tancd_Change(int element, const QString& text) {
+    notice.reset();
     report.conditions.tancd[element] = text;
     report.conditions.systancd[element].clear();
     report.conditions.ntancd[element].clear();
@@ -40,13 +41,16 @@ void rov_01::tancd_LostFocus(int element) {
             m_session.settings, u"syain"_s, u"社員番号"_s, c.tancd[element], {u"システム番号"_s, u"社員名"_s});
         c.systancd[element] = found[0];
         c.ntancd[element] = found[1];
-        if (found[0].isEmpty())
+        if (found[0].isEmpty()) {
+            notice = {{ReportControl::tancd, element}, u"社員番号 %1 は登録されていません"_s.arg(c.tancd[element])};
             c.tancd[element].clear();
+        }
     }
     ntancd_enabled[element] = true;
 }
 
 bool rov_01::tancd_KeyDown(int element, int key_code) {
+    notice.reset();
     if (key_code == key::f1)
         m_windows.search(common::search_employees, element);
     else if (key_code == key::enter)
@@ -86,6 +90,11 @@ void rov_01::ymd_GotFocus(int element) {
         text = 日付連結(text, era_years(m_session.settings, today()) ? YearForm::Era : YearForm::Western);
 }
 
+void rov_01::ymd_Change(int element, const QString& text) {
+    notice.reset();
+    report.conditions.ymd[element] = text;
+}
+
 /// What makes no date puts back what the box held: an empty box would open the range without a word.
 void rov_01::ymd_LostFocus(int element) {
     if (free_text_dates())
@@ -94,10 +103,13 @@ void rov_01::ymd_LostFocus(int element) {
     const auto date = m_mainform.date_entry.日付簡単入力(text, common::Blank::TakesLastDate, today());
     if (date.value_or(0) != 0)
         m_accepted_ymd[element] = 日付表示変換(digits(*date), m_session.settings, today());
+    else if (!text.isEmpty())
+        notice = {{ReportControl::ymd, element}, u"%1 は日付になりません（10月3日は 1003）"_s.arg(text)};
     text = m_accepted_ymd[element];
 }
 
 bool rov_01::ymd_KeyDown(int element, int key_code, bool at_the_start) {
+    notice.reset();
     if (key_code == key::enter)
         element == 0 ? to(ReportControl::ymd, 1) : to(ReportControl::tancd, 0);
     else if (key_code == key::left && element == 1 && at_the_start)

@@ -5,7 +5,9 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "common/typed_time.h"
 #include "platform/paths.h"
+#include "setup/first_day.h"
 #include "store/files.h"
 
 #include <QFileInfo>
@@ -30,6 +32,17 @@ template <typename Form>
 auto& text_of(Form& form, TimePlace place) {
     const std::array boxes{&form.st_time, &form.en_time, &form.kyukin_time, &form.kyu_time};
     return (*boxes[size_t(place.box)])[size_t(place.band)];
+}
+
+common::TypedTime kind_of(TimeBox box) {
+    switch (box) {
+    case TimeBox::kyukin_time:
+        return common::TypedTime::Length;
+    case TimeBox::kyu_time:
+        return common::TypedTime::Break;
+    default:
+        return common::TypedTime::Clock;
+    }
 }
 
 ClockNumber clock(const QString& box) {
@@ -94,18 +107,23 @@ void fir_start::Form_Load() {
 }
 
 void fir_start::time_Change(TimePlace place, const QString& typed) {
+    notice.reset();
     text_of(*this, place) = field_text(typed);
 }
 
 void fir_start::time_GotFocus(TimePlace place) {
-    text_of(*this, place) = text_to_time(text(place));
+    text_of(*this, place) = m_as_read = text_to_time(text(place));
 }
 
 void fir_start::time_LostFocus(TimePlace place) {
-    text_of(*this, place) = time_to_text(text(place));
+    const QString& typed = text(place);
+    if (const QString words = typed_time_notice(kind_of(place.box), typed); typed != m_as_read && !words.isEmpty())
+        notice = {place, words};
+    text_of(*this, place) = time_to_text(typed);
 }
 
 bool fir_start::time_KeyDown(TimePlace place, int key_code) {
+    notice.reset();
     if (key_code != key::enter)
         return false;
     focus = next(place);
@@ -113,6 +131,10 @@ bool fir_start::time_KeyDown(TimePlace place, int key_code) {
 }
 
 void fir_start::atai_Change(const QString& typed) {
+    const QString words = typed_first_day_notice(typed);
+    notice.reset();
+    if (!words.isEmpty())
+        notice = {std::nullopt, words};
     atai[first_day] = only_of(typed, "0123456789"_L1);
 }
 

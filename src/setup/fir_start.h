@@ -7,6 +7,7 @@
 // Registering replaces the masters without asking. The screen is left through its one button: a window closed by other
 // means has registered nothing, and the next start goes to the main frame all the same.
 
+#include "base/notice.h"
 #include "common/day_picture.h"
 #include "frame/session.h"
 #include "setup/printer_list.h"
@@ -59,6 +60,8 @@ public:
     std::array<QString, 2> atai{QStringLiteral("1")};
     PrinterList prconb;
 
+    /// What a box made of what was typed, where that may not be what was meant; without a place it is of the first day.
+    std::optional<base::Notice<std::optional<TimePlace>>> notice;
     std::optional<TimePlace> focus; ///< a wish: move the keyboard there and clear it
     bool close_wanted = false;      ///< the window closes
 
@@ -94,6 +97,7 @@ private:
 
     frame::Session& m_session;
     QString m_program_folder;
+    QString m_as_read; ///< the box in hand when the keyboard came to it
 };
 
 } // namespace setup

@@ -5,6 +5,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "setup/first_day.h"
 
 namespace setup {
 
@@ -71,6 +72,8 @@ int mst_kihon::first_day_in_kihon() {
 void mst_kihon::基本情報マスター登録_転記() {
     atai[date_style] = waseireki == 0 ? u"0"_s : u"1"_s;
     atai[net_info] = ck ? u"1"_s : u"0"_s;
+    notice.reset();
+    say(first_day, typed_first_day_notice(atai[first_day]));
     atai[first_day] = digits(valid_first_day(Val(atai[first_day])));
 }
 
@@ -122,10 +125,22 @@ void mst_kihon::prconb_Click(int item) {
 
 void mst_kihon::atai_Change(int element, const QString& typed) {
     atai[element] = field_text(only_of(typed, "0123456789-"_L1));
+    notice.reset();
+    if (element == first_day)
+        say(element, typed_first_day_notice(typed));
+    else if (atai[element] != typed)
+        say(element, u"数字だけを入力します（逆の向きは -3 のように）"_s);
     m_stored_day = first_day_in_kihon();
 }
 
+/// Nothing is said where there are no words.
+void mst_kihon::say(int element, const QString& words) {
+    if (!words.isEmpty())
+        notice = {element, words};
+}
+
 bool mst_kihon::atai_KeyDown(int element, int key_code) {
+    notice.reset();
     if (element != offset_y || key_code != key::enter)
         return false;
     focus = frame::Focus{frame::Control::Atai, offset_x};

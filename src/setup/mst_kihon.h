@@ -7,6 +7,7 @@
 // from `losystem`, which as a rule has no such key: the box then shows 1, and a save stores 1, whatever stood there.
 // This is how the screen works, not a slip.
 
+#include "base/notice.h"
 #include "frame/screen.h"
 #include "setup/printer_list.h"
 
@@ -38,6 +39,7 @@ public:
     bool ck = false;
     PrinterList prconb; ///< none selected where the stored printer isn't on this PC
     QString msglab;
+    std::optional<base::Notice<int>> notice; ///< of an element of `atai`: what was dropped or turned there
 
     /// How the first day in `kihon` stands to that of the box and to the one that this run began with, in words; empty
     /// where all three are one.
@@ -61,6 +63,7 @@ public:
     bool atai_KeyDown(int element, int key_code);        ///< Enter leads from one offset to the other; whether it did
 
 private:
+    void say(int element, const QString& words);
     void press(
         int element) override; ///< 1 saves; the display of dates changes at once, the first day at the next start
     void load_shared();

@@ -41,9 +41,9 @@ TEST(Fill, BlankDaysGetTheStandardTimesAndWhatWasTypedStays) {
     calculate(typed, 1, u"8:30"_s, u"22:00"_s);
 
     MonthSheet tuesdays = sheet;
-    EXPECT_EQ(fill(tuesdays, FillSource::StandardTimes, 2, {}, Weekdays(1 << 2)), 5 - 2) << "two were typed";
+    EXPECT_EQ(fill(tuesdays, FillSource::StandardTimes, {2}, {}, Weekdays(1 << 2)), 5 - 2) << "two were typed";
     EXPECT_EQ(times(tuesdays, 1), blank);
-    EXPECT_EQ(fill(sheet, FillSource::StandardTimes, 2), 19 - 6) << "from Monday to Thursday, less those typed";
+    EXPECT_EQ(fill(sheet, FillSource::StandardTimes, {2}), 19 - 6) << "from Monday to Thursday, less those typed";
     EXPECT_EQ(cells_from(sheet.hyou, 1, 0), cells_from(typed.hyou, 1, 0)) << "as if it had been typed";
     EXPECT_EQ(sheet.hyou(1, col::work_time) + sheet.mark(1), u"12:301"_s);
     EXPECT_EQ(times(sheet, 8) + sheet.hyou(8, col::remark), u"8:30-22:00直行"_s);
@@ -52,23 +52,25 @@ TEST(Fill, BlankDaysGetTheStandardTimesAndWhatWasTypedStays) {
         EXPECT_EQ(times(sheet, r), blank) << r;
     EXPECT_EQ(sheet.entry_cell, (Cell{15, col::remark}));
     EXPECT_EQ(count_under(sheet, u"s3"_s), u"15"_s) << "the month is summed";
-    EXPECT_EQ(fill(sheet, FillSource::StandardTimes, 1, RowRange{5, 7}), 1) << "Friday has the first band alone";
+    EXPECT_EQ(fill(sheet, FillSource::StandardTimes, {1}, RowRange{5, 7}), 1) << "Friday has the first band alone";
     EXPECT_EQ(times(sheet, 5), u"8:30-17:30"_s);
 }
 
-TEST(Fill, StandardTimesGoFromTheFirstBandToTheEndOfTheNormalOne) {
+TEST(Fill, StandardTimesGoFromTheFirstBandOfANormalDayToTheEndOfItsLast) {
     struct Row {
         Band first;
         Band second;
-        int normal;
+        NormalDay normal;
         QString times;
     };
-    for (const Row& row : {Row{band(11, 500, 830), band(11, 830, 1730), 2, u"5:00-17:30"_s},
-             {band(12, 2200, 500), {}, 1, u"22:00-5:00"_s}, {band(12, 1600, 2400), {}, 1, u"16:00-0:00"_s},
-             {{}, band(11, 900, 1800), 2, u"9:00-18:00"_s}, {band(11, 900, 1800), {}, 2, blank},
-             {band(11, 900, 1800), {}, 0, blank}, {band(11, 900, 1800), {}, 99, blank},
-             {band(11, 900, 1800), band(12, 500, 800), 2, blank},
-             {band(11, 900, 1800), band(12, 1800, 900), 2, blank}}) {
+    for (const Row& row : {Row{band(11, 500, 830), band(11, 830, 1730), {2}, u"5:00-17:30"_s},
+             {band(11, 500, 830), band(11, 830, 1730), {2, 2}, u"8:30-17:30"_s},
+             {band(11, 500, 830), band(11, 830, 1730), {1, 2}, blank}, {{}, band(11, 900, 1800), {2, 1}, blank},
+             {band(12, 2200, 500), {}, {1}, u"22:00-5:00"_s}, {band(12, 1600, 2400), {}, {1}, u"16:00-0:00"_s},
+             {{}, band(11, 900, 1800), {2}, u"9:00-18:00"_s}, {band(11, 900, 1800), {}, {2}, blank},
+             {band(11, 900, 1800), {}, {}, blank}, {band(11, 900, 1800), {}, {99}, blank},
+             {band(11, 900, 1800), band(12, 500, 800), {2}, blank},
+             {band(11, 900, 1800), band(12, 1800, 900), {2}, blank}}) {
         MonthSheet sheet = month_sheet({11, 12});
         every_day(sheet, 1, row.first);
         every_day(sheet, 2, row.second);
@@ -81,15 +83,15 @@ TEST(Fill, TheDayAboveAndTheWeekBeforeServeAsTheyAreFilled) {
     MonthSheet sheet = working_week(2); // February 2004 begins on a Sunday and has 29 days
     calculate(sheet, 5, u"9:00"_s, u"1:30"_s);
     sheet.hyou(12, col::clock_in) = u"8:00"_s;
-    EXPECT_EQ(fill(sheet, FillSource::DayAbove, 0), 20 - 2 - 3) << "weekdays, less two typed and three before them";
+    EXPECT_EQ(fill(sheet, FillSource::DayAbove, {}), 20 - 2 - 3) << "weekdays, less two typed and three before them";
     EXPECT_EQ(times(sheet, 4) + times(sheet, 6) + times(sheet, 7) + times(sheet, 9), u"-9:00-1:30-9:00-1:30"_s);
     EXPECT_EQ(times(sheet, 13), u"9:00-1:30"_s) << "a day with one time serves nobody";
 
     sheet = working_week(2);
     calculate(sheet, 1, u"9:00"_s, u"12:00"_s);
     calculate(sheet, 10, u"8:00"_s, u"15:00"_s);
-    EXPECT_EQ(fill(sheet, FillSource::SameWeekdayLastWeek, 0, RowRange{-3, 40}), 6) << "a range has Sundays as well";
+    EXPECT_EQ(fill(sheet, FillSource::SameWeekdayLastWeek, {}, RowRange{-3, 40}), 6) << "a range has Sundays as well";
     EXPECT_EQ(times(sheet, 8) + times(sheet, 29) + times(sheet, 24), u"9:00-12:009:00-12:008:00-15:00"_s);
     EXPECT_EQ(times(sheet, 30) + times(sheet, 31) + times(sheet, row::total), blank + blank + blank);
-    EXPECT_EQ(fill(sheet, FillSource::DayAbove, 0, RowRange{20, 19}), 0);
+    EXPECT_EQ(fill(sheet, FillSource::DayAbove, {}, RowRange{20, 19}), 0);
 }

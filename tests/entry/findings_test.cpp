@@ -2,6 +2,7 @@
 #include "entry/notices.h"
 #include "entry/sheet_builder.h"
 #include "entry/tally.h"
+#include "entry/unread_days.h"
 
 #include <gtest/gtest.h>
 
@@ -90,6 +91,13 @@ TEST(Findings, JanuaryDaysOfAMonthThatBeginsInDecemberAreToldOnceTheyAreTyped) {
     EXPECT_EQ(told(sheet), QStringList());
     sheet.mark(11) = sheet.mark(12) = u"1"_s;
     EXPECT_EQ(told(sheet), QStringList{u"12 登録したあと、この画面では呼び出せません"_s});
+    sheet.mark(12) = u"2"_s;
+    sheet.hyou(12, col::clock_in) = u"8:00"_s;
+    sheet.hyou(12, col::clock_out) = u"12:00"_s;
+    const base::Sheet days = days_not_read_back(sheet, base::Settings(), QDate(2004, 12, 1));
+    EXPECT_EQ(days.Rows(), 2);
+    EXPECT_EQ(cells_from(days, 1, 0).split(u'|').mid(0, 6).join(u'|'), u"2005/1/1|土|8:00|12:00||4:00"_s)
+        << "as it stands once it is calculated";
 }
 
 TEST(Notices, WhatACellMakesOfAFigureIsSaidWhereItMayNotBeMeantSo) {

@@ -44,6 +44,8 @@ TEST_F(Categories, ANewNameThatArrivesInOneChangeIsNotSaved) {
     form.botan_Click(1);
     EXPECT_EQ(stored(), QStringList());
     EXPECT_EQ(counter(u"勤務種類"_s), 0);
+    EXPECT_EQ(form.notice->text, u"「深夜残業」はまだ登録されていません（1文字足して消すと登録されます）"_s);
+    EXPECT_EQ(form.notice->place, (Cell{1, mst_kinsyu::name_col}));
 
     form.hyou_Click({1, mst_kinsyu::name_col});
     form.atai_Change(odd_name);
@@ -51,6 +53,7 @@ TEST_F(Categories, ANewNameThatArrivesInOneChangeIsNotSaved) {
     EXPECT_EQ(form.hyou(1, mst_kinsyu::mark_col), u"1"_s);
     EXPECT_TRUE(form.atai_KeyDown(key::enter));
     EXPECT_EQ(stored(), QStringList({u"1|"_s + odd_name}));
+    EXPECT_FALSE(form.notice);
     EXPECT_EQ(form.atai.cell, (Cell{2, mst_kinsyu::name_col}));
 }
 

@@ -53,6 +53,12 @@ TEST_F(Employees, ANewEmployeeStandsInEveryCopyUnderOneNumberAndADeleteTakesItOu
     form.Form_Load();
     save(u" 7 "_s, u" 山田 "_s, u"ヤマダ"_s);
     save(u"8"_s, odd_name, odd_name);
+    form.atai_Change(mst_syain::number_field, u"7"_s);
+    form.atai_LostFocus(mst_syain::number_field);
+    EXPECT_EQ(form.notice, u"社員番号 7 は 山田 さんも使っています"_s);
+    form.hyou_Click(1);
+    form.atai_LostFocus(mst_syain::number_field);
+    EXPECT_EQ(form.notice, QString()) << "its own number";
     const QString second = u"2|8|"_s + odd_name + u'|' + odd_name;
     expect_in_every_copy({u"1|7|山田|ヤマダ"_s, second});
     EXPECT_EQ(column(form.hyou, 1), QStringList({u"山田"_s, odd_name}));

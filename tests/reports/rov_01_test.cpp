@@ -136,6 +136,12 @@ TEST_F(Rov01, AnEmployeeNumberBringsItsNameAndAnotherOneTakesItAwayAndF1FindsOne
     EXPECT_EQ(employee(0), u"1  "_s) << "a number of before is never used";
     form->tancd_LostFocus(0);
     EXPECT_EQ(employee(0), u"  "_s) << "nobody has this number";
+    EXPECT_EQ(form->notice->text, u"社員番号 1 は登録されていません"_s);
+    EXPECT_EQ(form->notice->place, (Wish{ReportControl::tancd, 0}));
+    form->botan_Click(1);
+    EXPECT_TRUE(form->notice) << "the whole company was extracted: it is still told why";
+    form->tancd_KeyDown(1, key::down);
+    EXPECT_FALSE(form->notice);
     form->tancd_GotFocus(1);
     EXPECT_FALSE(form->ntancd_enabled[1]);
     form->tancd_LostFocus(1);
@@ -187,6 +193,7 @@ TEST_F(Rov01, ADateIsTypedInDigitsAndShownAsADate) {
         EXPECT_EQ(c.ymd[0], shown) << typed.toStdString();
     }
     leave_date(1, u"1332"_s);
+    EXPECT_EQ(form->notice->text, u"1332 は日付になりません（10月3日は 1003）"_s);
     EXPECT_EQ(c.ymd[1], u"2004/10/31"_s) << "a slip puts back what the box held, not what another one took";
     open(5);
     leave_date(1, QString());

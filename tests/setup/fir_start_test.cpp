@@ -109,6 +109,7 @@ TEST_F(FirstStart, TheFirstDayIsHeldWithinAMonthAndThePrinterIsThisPcs) {
              {u"31"_s, u"31"_s}, {u""_s, u"1"_s}, {u"1日5"_s, u"15"_s}}) {
         fir_start form = loaded();
         form.atai_Change(typed);
+        EXPECT_EQ(form.notice.has_value(), typed != stored);
         form.prconb_Click(1);
         form.botan_Click();
         EXPECT_EQ(shared(u"月初日付"_s), stored) << typed.toStdString();
@@ -120,9 +121,12 @@ TEST_F(FirstStart, TheFirstDayIsHeldWithinAMonthAndThePrinterIsThisPcs) {
 }
 
 TEST_F(FirstStart, ABoxShowsDigitsInHandAndTimeWhenLeft) {
-    const std::tuple<QString, QString, int> cases[]{{u"830"_s, u"8:30"_s, 830}, {u"8:30"_s, u"8:30"_s, 830},
-        {u"5"_s, u"0:05"_s, 5}, {u"2530"_s, u"25:30"_s, 2530}, {u""_s, u""_s, 0}, {u"あ"_s, u"0:0あ"_s, 0}};
-    for (const auto& [typed, left, minutes] : cases) {
+    const std::tuple<QString, QString, int, QString> cases[]{{u"830"_s, u"8:30"_s, 830, {}},
+        {u"8:30"_s, u"8:30"_s, 830, {}}, {u"5"_s, u"0:05"_s, 5, u"5 は 0:05 です（5時は 500）"_s},
+        {u"2530"_s, u"25:30"_s, 2530, {}}, {u""_s, u""_s, 0, {}},
+        {u"875"_s, u"8:75"_s, 875, u"8:75 は時刻になりません（分は 59 まで）"_s},
+        {u"あ"_s, u"0:0あ"_s, 0, u"数字で入力します（8:30 は 830）"_s}};
+    for (const auto& [typed, left, minutes, said] : cases) {
         fir_start form = loaded();
         const TimePlace place{TimeBox::st_time, 1};
         form.time_GotFocus(place);
@@ -130,6 +134,11 @@ TEST_F(FirstStart, ABoxShowsDigitsInHandAndTimeWhenLeft) {
         form.time_Change(place, typed);
         form.time_LostFocus(place);
         EXPECT_EQ(form.text(place), left);
+        EXPECT_EQ(form.notice ? form.notice->text : QString(), said);
+        form.time_KeyDown(place, key::down);
+        form.time_GotFocus(place);
+        form.time_LostFocus(place);
+        EXPECT_FALSE(form.notice) << "what stands is told once";
         form.botan_Click();
         EXPECT_EQ(rows("select distinct 開始時間 from kintype where 連番=2"), QStringList{QString::number(minutes)})
             << typed.toStdString();

@@ -67,9 +67,13 @@ TEST_F(BasicSettings, TheFirstDayIsReadFromThisPcAndStoredForAll) {
     for (const auto& [typed, stored] :
         {std::pair(u"0"_s, u"1"_s), {u"32"_s, u"1"_s}, {u"31"_s, u"31"_s}, {u"-5"_s, u"1"_s}, {u"1日0"_s, u"10"_s}}) {
         form.atai_Change(mst_kihon::first_day, typed);
+        EXPECT_EQ(form.notice.has_value(), typed != stored);
         form.save();
         EXPECT_EQ(shared(u"月初日付"_s), stored) << typed.toStdString();
     }
+    form.atai_Change(mst_kihon::first_day, u"40"_s);
+    form.save();
+    EXPECT_EQ(form.notice->text, u"40 は 1 日として登録します（1～31 を入力します）"_s);
 }
 
 TEST_F(BasicSettings, ASaveWritesEachSettingUnderItsKeyAndTheDisplayChangesAtOnce) {

@@ -60,9 +60,9 @@ inline void answer_box(const QString& text) {
 }
 
 /// Presses a key where the keyboard is.
-inline void press(Qt::Key key) {
+inline void press(QKeyCombination key) {
     if (QWidget* at = QApplication::focusWidget())
-        QTest::keyClick(at, key);
+        QTest::keyClick(at, key.key(), key.keyboardModifiers());
 }
 
 /// Types a word where the keyboard is: ASCII by its keys, anything else through the input method.
@@ -80,14 +80,16 @@ inline void type_word(const QString& word) {
     QApplication::sendEvent(at, &composed);
 }
 
-/// Words parted by blanks; "Enter" and the names that Qt has for other keys are those keys.
+/// Words parted by blanks; "Enter", the names that Qt has for other keys, and "Ctrl+Z" are those keys.
 inline void type(const QString& words) {
     static const auto keys = QMetaEnum::fromType<Qt::Key>();
     for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
         const QByteArray name = "Key_" + (word == QLatin1String("Enter") ? "Return" : word.toUtf8());
         bool is_key = false;
         const int key = keys.keyToValue(name.constData(), &is_key);
-        if (is_key && word.size() > 1 && !word[0].isDigit())
+        if (word.startsWith(QLatin1String("Ctrl+")))
+            press(QKeySequence(word)[0]);
+        else if (is_key && word.size() > 1 && !word[0].isDigit())
             press(Qt::Key(key));
         else
             type_word(word);

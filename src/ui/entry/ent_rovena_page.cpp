@@ -8,13 +8,14 @@
 #include "ui/entry/look_panel.h"
 #include "ui/entry/paste_panel.h"
 #include "ui/parts/key_codes.h"
+#include "ui/parts/moment_note.h"
 #include "ui/parts/page_parts.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QToolTip>
+#include <QShortcut>
 #include <utility>
 
 namespace ui {
@@ -37,7 +38,7 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
     : Acting(parent), m_session(session), m_form(session),
       m_controls(*this, loaded(m_form), {month_acts(0), month_acts(1)}, frame::picture_folder(session.settings)),
       m_atai(new CellEditor(*m_controls.hyou, m_form.editors.atai, editor_acts())),
-      m_kyucom(new CellCombo(*m_controls.hyou)) {
+      m_kyucom(new CellCombo(*m_controls.hyou)), m_note(new MomentNote(*this)) {
     setWindowTitle(entry::ent_rovena::caption.toString());
     for (const QString& item : m_form.editors.kyucom.items)
         m_kyucom->addItem(entry::kind_parts(item).name);
@@ -60,6 +61,8 @@ EditorActs ent_rovena_page::editor_acts() {
         .Insert = [this](const QString& text) { return m_form.atai_Insert(text); },
         .Change = [this](const QString& text) { m_form.atai_Change(text); },
         .LostFocus = [this] { act([this] { m_form.atai_LostFocus(); }); },
+        .Undo = [this] { press_key(Qt::Key_F11); },
+        .Redo = [this] { press_key(Qt::Key_F12); },
         .Paste = [this](const QString& text) { return paste_cells(text); },
     };
 }
@@ -127,9 +130,13 @@ void ent_rovena_page::connect_buttons() {
 
 void ent_rovena_page::connect_keys() {
     connect(m_controls.keys, &FunctionBar::pressed, this, &ent_rovena_page::press_key);
+    for (const auto& [keys, key] : {std::pair(QKeySequence::Undo, Qt::Key_F11), {QKeySequence::Redo, Qt::Key_F12}})
+        connect(new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut), &QShortcut::activated,
+            this, [this, key] { press_key(key); });
     connect(m_controls.give_up, &QPushButton::clicked, this, [this] { give_up_draft(); });
     connect(m_controls.goes_on, &QCheckBox::toggled, this, [this](bool on) { m_form.set_goes_on(on); });
     m_kyucom->Digit = [this](int digit) { act([&] { m_form.kyucom_Digit(digit); }); };
+    m_kyucom->KeyPress = [this](int character) { act([&] { m_form.kyucom_KeyPress(character); }); };
     m_kyucom->Leave = [this](int key) { act([&] { m_form.kyucom_KeyDown(key_code(key)); }); };
     m_on_their_way.setInterval(look_again);
     connect(&m_on_their_way, &QTimer::timeout, this, &ent_rovena_page::follow_saved_days);
@@ -173,13 +180,13 @@ entry::RowRange ent_rovena_page::row_in_hand() const {
 void ent_rovena_page::fill_days() {
     if (m_form.syainsyscd.isEmpty())
         return;
-    const bool ask = m_form.needs_normal_band();
-    FillPanel panel(
-        m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(), m_form.fill_weekdays(), this);
+    const bool ask = m_form.needs_normal_day();
+    FillPanel panel(m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(), m_form.normal_day(),
+        m_form.fill_weekdays(), this);
     if (panel.exec() != QDialog::Accepted)
         return;
-    if (const auto band = panel.normal_band(); band && panel.source() == entry::FillSource::StandardTimes)
-        m_form.mark_normal_band(*band);
+    if (const auto normal = panel.normal_day(); normal && panel.source() == entry::FillSource::StandardTimes)
+        m_form.mark_normal_day(*normal);
     m_form.set_fill_weekdays(panel.weekdays());
     act([&] { m_form.fill(panel.source(), panel.rows()); });
 }
@@ -203,7 +210,8 @@ bool ent_rovena_page::may_save() {
     const QList<entry::Finding> found = m_form.look_before_saving();
     if (found.isEmpty())
         return true;
-    LookPanel panel(m_form.sheet, found, m_form.kinds_left_out(), this);
+    LookPanel panel(
+        m_form.sheet, found, m_form.kinds_left_out(), [this] { return m_form.export_days_not_read_back(); }, this);
     panel.exec();
     return take_answer(panel);
 }
@@ -313,16 +321,11 @@ void ent_rovena_page::refresh() {
 /// What was said of the last key stays in the line until the next one, and beside its cell for a moment.
 void ent_rovena_page::show_standing() {
     const auto& notice = m_form.editors.notice;
-    const QString words = notice ? notice->text : m_form.standing();
     m_controls.give_up->setVisible(m_form.has_draft());
     m_controls.goes_on->setChecked(m_form.goes_on);
-    if (words == m_controls.standing->text())
-        return;
-    m_controls.standing->setText(words);
-    if (!notice)
-        return QToolTip::hideText();
-    const QRect cell = m_controls.hyou->cell_rect(notice->cell);
-    QToolTip::showText(m_controls.hyou->viewport()->mapToGlobal(cell.bottomLeft()), words, m_controls.hyou);
+    m_controls.standing->setText(notice ? notice->text : m_form.standing());
+    const GridView& hyou = *m_controls.hyou;
+    m_note->say(notice ? notice->text : QString(), *hyou.viewport(), hyou.cell_rect(notice ? notice->cell : Cell{}));
 }
 
 void ent_rovena_page::show_month() {

@@ -13,6 +13,7 @@
 namespace ui {
 
 class LookPanel;
+class MomentNote;
 
 class ent_rovena_page : public Acting<QWidget> {
     Q_OBJECT
@@ -64,6 +65,7 @@ private:
     ent_rovena_controls m_controls;
     CellEditor* m_atai;
     CellCombo* m_kyucom;
+    MomentNote* m_note;
     QTimer m_on_their_way;                            ///< asks whether saved days have come into the tables
     std::optional<std::pair<QString, int>> m_put_off; ///< employee and month whose decision was put off
     bool m_asking = false;                            ///< inside the panel of days that were changed elsewhere

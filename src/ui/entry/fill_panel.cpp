@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace ui {
 
@@ -41,8 +42,8 @@ QSpinBox* row_box(int row, int last, QWidget* parent) {
 
 } // namespace
 
-FillPanel::FillPanel(
-    const entry::MonthSheet& sheet, const QList<entry::BandChoice>& choices, entry::Weekdays weekdays, QWidget* parent)
+FillPanel::FillPanel(const entry::MonthSheet& sheet, const QList<entry::BandChoice>& choices, entry::NormalDay marked,
+    entry::Weekdays weekdays, QWidget* parent)
     : QDialog(parent), m_sources(new QButtonGroup(this)), m_whole(new QButtonGroup(this)),
       m_first(row_box(sheet.entry_cell.row, sheet.month.length(), this)),
       m_last(row_box(sheet.month.length(), sheet.month.length(), this)) {
@@ -53,7 +54,7 @@ FillPanel::FillPanel(
     column->addWidget(section(u"入れる時刻"_s, this));
     add_options(column, m_sources, source_captions);
     if (!choices.isEmpty())
-        ask_normal_band(column, choices);
+        ask_normal_day(column, choices, marked);
     column->addWidget(section(u"入れる日"_s, this));
     add_options(column, m_whole, range_captions);
     column->insertLayout(column->count() - 1, make_weekdays(weekdays));
@@ -72,12 +73,27 @@ void FillPanel::add_options(QVBoxLayout* column, QButtonGroup* group, std::span<
     }
 }
 
-void FillPanel::ask_normal_band(QVBoxLayout* column, const QList<entry::BandChoice>& choices) {
-    column->addWidget(new QLabel(u"この勤務タイプで、普段の退社はどの時間帯の終わりですか"_s, this));
-    m_bands = new QComboBox(this);
+/// Where the work type has one band alone, it begins the day as well.
+void FillPanel::ask_normal_day(QVBoxLayout* column, const QList<entry::BandChoice>& choices, entry::NormalDay marked) {
+    column->addWidget(new QLabel(u"この勤務タイプの、普段の出社と退社"_s, this));
+    if (choices.size() > 1) {
+        const QList<entry::BandChoice> of_the_day{{0, u"その曜日の最初の時間帯"_s}};
+        m_first_band = add_bands(column, u"の始めに出社"_s, of_the_day + choices, marked.first);
+    }
+    m_last_band = add_bands(column, u"の終わりに退社"_s, choices, marked.last);
+}
+
+QComboBox* FillPanel::add_bands(
+    QVBoxLayout* column, const QString& caption, const QList<entry::BandChoice>& choices, int marked) {
+    auto* bands = new QComboBox(this);
     for (const entry::BandChoice& choice : choices)
-        m_bands->addItem(choice.text, choice.number);
-    column->addWidget(m_bands);
+        bands->addItem(choice.text, choice.number);
+    bands->setCurrentIndex(std::max(0, bands->findData(marked)));
+    auto* row = new QHBoxLayout;
+    row->addWidget(bands, 1);
+    row->addWidget(new QLabel(caption, this));
+    column->addLayout(row);
+    return bands;
 }
 
 /// From Monday on, each with the digit of its place as a key: Alt and 6 is Saturday.
@@ -136,8 +152,10 @@ entry::Weekdays FillPanel::weekdays() const {
     return ticked;
 }
 
-std::optional<int> FillPanel::normal_band() const {
-    return m_bands ? std::optional(m_bands->currentData().toInt()) : std::nullopt;
+std::optional<entry::NormalDay> FillPanel::normal_day() const {
+    if (!m_last_band)
+        return std::nullopt;
+    return entry::NormalDay{m_last_band->currentData().toInt(), m_first_band ? m_first_band->currentData().toInt() : 0};
 }
 
 } // namespace ui

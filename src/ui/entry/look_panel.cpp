@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 namespace ui {
 
@@ -30,7 +32,7 @@ QLabel* heading(const QString& text, QWidget* parent) {
 } // namespace
 
 LookPanel::LookPanel(const entry::MonthSheet& sheet, const QList<entry::Finding>& found,
-    const entry::FindingKinds& left_out, QWidget* parent)
+    const entry::FindingKinds& left_out, std::function<QString()> export_days, QWidget* parent)
     : QDialog(parent), m_no_more(new QCheckBox(u"この月では聞かない"_s, this)) {
     setWindowTitle(u"登録前の確認"_s);
     resize(usual_size);
@@ -39,6 +41,8 @@ LookPanel::LookPanel(const entry::MonthSheet& sheet, const QList<entry::Finding>
     column->addWidget(
         heading(found.isEmpty() ? u"気になるところはありません"_s : u"登録する前に確かめてください"_s, this));
     column->addWidget(make_list(sheet, found), 1);
+    if (std::ranges::any_of(found, [](const entry::Finding& f) { return f.kind == entry::FindingKind::NotReadBack; }))
+        column->addWidget(make_export(std::move(export_days)));
     column->addWidget(m_no_more);
     column->addWidget(make_kinds(left_out));
     column->addWidget(make_buttons(found));
@@ -57,6 +61,24 @@ QTableWidget* LookPanel::make_list(const entry::MonthSheet& sheet, const QList<e
         end(Answer::Back);
     });
     return list;
+}
+
+/// What was saved so can still be looked up afterwards, in the file.
+QWidget* LookPanel::make_export(std::function<QString()> export_days) {
+    auto* row = new QWidget(this);
+    auto* button = new QPushButton(u"呼び出せない日をCSVに保存"_s, row);
+    button->setAutoDefault(false);
+    auto* where = new QLabel(row);
+    where->setWordWrap(true);
+    connect(button, &QPushButton::clicked, this, [where, export_days = std::move(export_days)] {
+        if (const QString path = export_days(); !path.isEmpty())
+            where->setText(u"%1 に保存しました"_s.arg(path));
+    });
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(button);
+    line->addWidget(where, 1);
+    return row;
 }
 
 QWidget* LookPanel::make_kinds(const entry::FindingKinds& left_out) {

@@ -6,6 +6,7 @@
 #include "entry/findings.h"
 
 #include <QDialog>
+#include <functional>
 
 class QCheckBox;
 class QTableWidget;
@@ -18,8 +19,9 @@ public:
     enum class Answer { Back, Save, CalculateAndSave };
 
     /// `sheet` names the days. The kinds that aren't looked for stand unchecked in the list of kinds.
+    /// `export_days` is offered where a day can't be read back; it gives back where the days lie, if it wrote them.
     LookPanel(const entry::MonthSheet& sheet, const QList<entry::Finding>& found, const entry::FindingKinds& left_out,
-        QWidget* parent);
+        std::function<QString()> export_days, QWidget* parent);
 
     Answer answer() const { return m_answer; }
     std::optional<int> day_to_go_to() const { return m_day; } ///< the sheet row that was chosen on going back
@@ -29,6 +31,7 @@ public:
 private:
     QTableWidget* make_list(const entry::MonthSheet& sheet, const QList<entry::Finding>& found);
     QWidget* make_kinds(const entry::FindingKinds& left_out);
+    QWidget* make_export(std::function<QString()> export_days);
     QWidget* make_buttons(const QList<entry::Finding>& found);
     void end(Answer answer);
 

@@ -76,8 +76,8 @@ CellEditor::CellEditor(GridView& grid, base::CellEditor& state, EditorActs acts)
 }
 
 void CellEditor::refresh() {
-    if (text() != m_state.text)
-        setText(m_state.text);
+    if (text() != m_state.text || m_state.select_all)
+        setText(m_state.text); // what was typed in the cell before isn't taken back in this one
     const bool input_method = m_state.input_method == base::InputMethod::On;
     setAttribute(Qt::WA_InputMethodEnabled, input_method);
     setInputMethodHints(input_method ? Qt::ImhNone : Qt::ImhPreferLatin | Qt::ImhNoPredictiveText);
@@ -125,12 +125,23 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
         return;
     if (event->matches(QKeySequence::Paste))
         paste_text(QApplication::clipboard()->text());
+    else if (event->matches(QKeySequence::Undo))
+        go_back(event, isUndoAvailable(), m_acts.Undo);
+    else if (event->matches(QKeySequence::Redo))
+        go_back(event, isRedoAvailable(), m_acts.Redo);
     else if (takes_text_away(*event))
         type(event, backspace_key);
     else if (types_text(*event))
         type(event, event->text().front().unicode());
     else
         QLineEdit::keyPressEvent(event);
+}
+
+void CellEditor::go_back(QKeyEvent* event, bool own, const std::function<void()>& of_the_page) {
+    if (own || !of_the_page)
+        QLineEdit::keyPressEvent(event);
+    else
+        of_the_page();
 }
 
 void CellEditor::paste_text(const QString& text) {
@@ -226,8 +237,11 @@ void CellCombo::keyPressEvent(QKeyEvent* event) {
         Leave(key);
     else if (in_sight && Digit && key >= Qt::Key_0 && key <= Qt::Key_9)
         Digit(key - Qt::Key_0);
-    else if (in_sight)
+    else if (in_sight) {
         QComboBox::keyPressEvent(event);
+        if (KeyPress && types_text(*event) && key != Qt::Key_Space)
+            KeyPress(event->text().front().unicode());
+    }
     event->accept();
 }
 

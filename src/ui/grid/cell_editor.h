@@ -17,7 +17,7 @@ namespace ui {
 
 class GridView;
 
-/// The form's acts behind the box. Every one but Paste must be set.
+/// The form's acts behind the box. Those with a default may be unset.
 struct EditorActs {
     /// A key that the forms know (see key_codes.h) goes down. True if it moved the cursor; else it is the box's own.
     std::function<bool(int key_code)> KeyDown;
@@ -29,6 +29,9 @@ struct EditorActs {
     std::function<void(const QString& text)> Change;
     /// The focus went to another control of this window.
     std::function<void()> LostFocus;
+    /// Undo and redo, once the box has nothing of its own to undo or redo.
+    std::function<void()> Undo{};
+    std::function<void()> Redo{};
     /// The clipboard's text, before it is inserted. True if the page took it for more than this cell.
     std::function<bool(const QString& text)> Paste{};
 };
@@ -54,6 +57,7 @@ protected:
 private:
     void type(QKeyEvent* event, int character);
     QString accepted(const QString& text);
+    void go_back(QKeyEvent* event, bool own, const std::function<void()>& of_the_page);
     void paste_text(const QString& text);
     void place();
 
@@ -87,6 +91,8 @@ public:
     /// What keys choose by number and leave the list; unset, digits look for a name and Enter does nothing.
     std::function<void(int digit)> Digit{};
     std::function<void(int key)> Leave{}; ///< Enter or Escape
+    /// Another character was typed, by which the list looks for a name.
+    std::function<void(int character)> KeyPress{};
 
 protected:
     /// Like a cell, with a small arrow: the desktop's own look would leave no room for the text.

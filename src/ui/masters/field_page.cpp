@@ -37,8 +37,8 @@ void FieldPage::add_box(int element, QStringView label, FieldText text, Key key_
     m_atai[element] = new FieldBox(text,
         {.Change = [this, element](
                        const QString& typed) { act([&] { form_of_fields().atai_Change(element, typed); }); },
-            .KeyDown = [this, key_down = std::move(key_down)](
-                           int code) { return act([&] { return key_down(code); }); }},
+            .KeyDown = [this, key_down = std::move(key_down)](int code) { return act([&] { return key_down(code); }); },
+            .LostFocus = [this, element] { act([&] { form_of_fields().atai_LostFocus(element); }); }},
         this);
     m_atai[element]->setFixedWidth(box_width);
     m_atai[element]->setAccessibleName(label.toString());

@@ -4,6 +4,7 @@
 #include "frame/help.h"
 #include "ui/grid/grid_view.h"
 #include "ui/parts/colours.h"
+#include "ui/parts/moment_note.h"
 #include "ui/parts/standing_line.h"
 #include "ui/parts/style.h"
 
@@ -30,7 +31,8 @@ constexpr int order_at_foot[] = {1, 2, 0};
 
 MasterPage::MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent)
     : Acting(parent), m_session(session), m_name(name), m_buttons(buttons), m_toubotan(new QWidget(this)),
-      m_body(new QHBoxLayout), m_parts(lay_parts(*this)) {
+      m_body(new QHBoxLayout), m_parts(lay_parts(*this)), m_said(long_note("said", this)),
+      m_note(new MomentNote(*this)) {
     setWindowTitle(name.caption.toString());
     m_toubotan->setObjectName("toubotan");
     m_toubotan->setFocusPolicy(Qt::ClickFocus);
@@ -48,7 +50,12 @@ void MasterPage::add_foot(QWidget* behind) {
     m_parts.foot->addWidget(make_help_button());
     if (behind)
         m_parts.foot->addWidget(behind);
-    m_parts.foot->addStretch();
+    m_parts.foot->addWidget(m_said, 1);
+}
+
+void MasterPage::say(const QString& words, const QWidget& beside, QRect place) {
+    m_said->setText(words);
+    m_note->say(words, beside, place);
 }
 
 void MasterPage::add_deletions(masters::MasterScreen& form) {

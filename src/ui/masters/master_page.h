@@ -15,6 +15,7 @@
 namespace ui {
 
 class GridView;
+class MomentNote;
 enum class CursorStyle;
 
 /// How many of the buttons 0 to 2 a page has: leave, register, delete.
@@ -61,6 +62,11 @@ protected:
     /// A list of which a row is chosen; row 0 for its heading and for the ground beside it.
     void connect_list(GridView& view, std::function<void(int row)> choose);
 
+    /// Says words beside the place in the control for a moment, and keeps them at the foot until others are said; none
+    /// takes both away.
+    void say(const QString& words, const QWidget& beside, QRect place);
+    void say(const QString& words, const QWidget& beside) { say(words, beside, beside.rect()); }
+
     /// A page that is nothing but the grid of its form, with the buttons at the foot.
     void show_only(GridView& view, masters::GridScreen& form);
 
@@ -85,6 +91,8 @@ private:
     std::function<void()> m_show_deletions = [] {};
     QHBoxLayout* m_body;
     PageParts m_parts;
+    QLabel* m_said;
+    MomentNote* m_note;
 };
 
 /// A grid of a master page in its usual size of rows, or smaller so that it is at most `room` pixels wide.

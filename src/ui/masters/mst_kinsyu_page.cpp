@@ -18,6 +18,9 @@ mst_kinsyu_page::mst_kinsyu_page(frame::Session& session, QWidget* parent)
 void mst_kinsyu_page::show_form() {
     m_hyou->refresh();
     m_atai->refresh();
+    const auto& notice = m_form.notice;
+    say(notice ? notice->text : QString(), *m_hyou->viewport(),
+        m_hyou->cell_rect(notice ? notice->place : base::Cell{}));
 }
 
 /// The box is out of sight then, its whole text selected as in any cell that is come to.

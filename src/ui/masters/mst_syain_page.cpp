@@ -48,6 +48,7 @@ QLayout* mst_syain_page::make_order_row() {
 
 void mst_syain_page::show_form() {
     FieldPage::show_form();
+    say(m_form.notice, *atai(masters::mst_syain::number_field));
     m_sortlist->button(m_form.sortlist)->setChecked(true);
 }
 

@@ -7,6 +7,7 @@
 #include "ui/masters/master_page.h"
 #include "ui/pages/printer_box.h"
 #include "ui/parts/colours.h"
+#include "ui/parts/moment_note.h"
 #include "ui/parts/page_parts.h"
 #include "ui/parts/panel.h"
 #include "ui/parts/picture_button.h"
@@ -65,7 +66,8 @@ QStringList band_names() {
 } // namespace
 
 fir_start_window::fir_start_window(frame::Session& session, const QString& program_folder)
-    : m_session(session), m_form(session, program_folder) {
+    : m_session(session), m_form(session, program_folder), m_said(long_note("said", this)),
+      m_note(new MomentNote(*this)) {
     m_form.Form_Load();
     setWindowTitle(Form::caption.toString());
     setWindowIcon(QIcon(frame::program_icon_path(session.settings)));
@@ -183,7 +185,7 @@ QLayout* fir_start_window::make_foot() {
     row->addWidget(imghelp);
     row->addSpacing(8);
     row->addWidget(lettered(Form::later_note, Lettering::Comment, this));
-    row->addStretch();
+    row->addWidget(m_said, 1);
     return row;
 }
 
@@ -194,10 +196,18 @@ void fir_start_window::refresh() {
     m_first_day->show_text(m_form.atai[Form::first_day]);
     m_prconb->show_list(m_form.prconb);
     m_day->show_day(m_form.picture(), band_names());
+    show_notice();
     if (const auto wish = std::exchange(m_form.focus, std::nullopt))
         time(*wish)->setFocus(Qt::OtherFocusReason);
     if (m_form.close_wanted)
         close();
+}
+
+void fir_start_window::show_notice() {
+    const auto& notice = m_form.notice;
+    const QString words = notice ? notice->text : QString();
+    m_said->setText(words);
+    m_note->say(words, notice && notice->place ? *time(*notice->place) : *m_first_day);
 }
 
 } // namespace ui

@@ -10,11 +10,13 @@
 #include <QWidget>
 #include <array>
 
+class QLabel;
 class QLayout;
 
 namespace ui {
 
 class DayLine;
+class MomentNote;
 class PictureButton;
 class PrinterBox;
 
@@ -38,6 +40,7 @@ private:
     QLayout* make_foot();
     FieldBox* make_time(setup::TimePlace place, QWidget* parent);
     void refresh() override;
+    void show_notice();
 
     frame::Session& m_session;
     setup::fir_start m_form;
@@ -46,6 +49,8 @@ private:
     PrinterBox* m_prconb;
     PictureButton* m_botan;
     DayLine* m_day;
+    QLabel* m_said; ///< what a box made of what was typed, until the next key
+    MomentNote* m_note;
 };
 
 } // namespace ui

@@ -145,6 +145,8 @@ void mst_kihon_page::show_form() {
     m_in_force->setText(in_force);
     m_in_force->setVisible(!in_force.isEmpty());
     m_msglab->setText(m_form.msglab);
+    const auto& said = m_form.notice;
+    say(said ? said->text : QString(), *m_atai[said ? said->place : Form::first_day]);
 }
 
 } // namespace ui

@@ -5,6 +5,7 @@
 #include "ui/masters/master_page.h"
 #include "ui/pages/ken_mst_dialog.h"
 #include "ui/paper/print_preview.h"
+#include "ui/parts/moment_note.h"
 #include "ui/parts/page_parts.h"
 
 #include <QLabel>
@@ -38,7 +39,7 @@ rov_01_page::rov_01_page(frame::Session& session, frame::mainform& main_form, QW
       m_hyou(master_grid(m_form.report.hyou, CursorStyle::Row, "hyou", this)),
       m_hyou_day(master_grid(m_form.report.hyou_day, CursorStyle::Cell, "hyou_day", this)),
       m_karibotan(new KeyStop({}, Qt::ClickFocus, this)), m_jyoulab(master_note(this)),
-      m_msg_tai(long_note("msg_tai", this)) {
+      m_msg_tai(long_note("msg_tai", this)), m_said(long_note("said", this)), m_note(new MomentNote(*this)) {
     setWindowTitle(reports::rov_01::caption.toString());
     m_form.Form_Load();
     const PageParts parts = lay_parts(*this);
@@ -75,7 +76,8 @@ void rov_01_page::make_head(QHBoxLayout* head) {
         row->addWidget(midasi = master_label({}, m_pic_msg));
     head->addWidget(m_Image1);
     head->addWidget(m_chulab);
-    head->addStretch();
+    head->addWidget(m_said, 1);
+    m_said->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     head->addWidget(m_pic_msg);
 }
 
@@ -179,6 +181,15 @@ void rov_01_page::refresh() {
     m_botan[1]->setDown(m_form.extract_lit);
     fit_sheets();
     follow_focus_wish();
+    show_notice();
+}
+
+void rov_01_page::show_notice() {
+    const auto& notice = m_form.notice;
+    const QString words = notice ? notice->text : QString();
+    m_said->setText(words);
+    const QWidget* box = notice ? m_conditions->control(notice->place) : nullptr;
+    m_note->say(words, box ? *box : *this);
 }
 
 void rov_01_page::show_texts() {

@@ -14,6 +14,7 @@ class QVBoxLayout;
 
 namespace ui {
 
+class MomentNote;
 class ken_mst_dialog;
 
 class rov_01_page : public Acting<QWidget> {
@@ -57,6 +58,7 @@ private:
     void press(const std::function<void()>& button);
     void refresh() override;
     void show_texts();
+    void show_notice();
     void fit_sheets();
     void follow_focus_wish();
 
@@ -79,6 +81,8 @@ private:
     PictureButton* m_csvex = nullptr;
     QLabel* m_jyoulab;
     QLabel* m_msg_tai;
+    QLabel* m_said; ///< what a box blanked or put back, until the next key
+    MomentNote* m_note;
 };
 
 } // namespace ui
