@@ -107,6 +107,7 @@ void ent_rovena::社員選択処理() {
     load_month(employee);
     trim_strip(sheet.hyou_day);
     m_draft.begin(sheet, employee);
+    m_closed = common::closed_since(m_session.settings, sheet.month.month_key());
     unloaded.dismiss();
     keep_draft();
     sheet.hyou_day.SetCursor({1, 0});
@@ -131,6 +132,7 @@ bool ent_rovena::saved_days_are_in(EmployeeKey employee) {
 void ent_rovena::forget_employee() {
     m_draft.end();
     m_history.end();
+    m_closed.reset();
     for (QString* text : {&syainsyscd, &syalab, &kintypecd, &lab2, &msglab})
         text->clear();
     sheet.band_table = {};
@@ -211,6 +213,8 @@ bool ent_rovena::atai_KeyPress(int character) {
         ask_for_employee();
         return false;
     }
+    if (refuse_if_closed())
+        return false;
     const bool stands = type_key(sheet, character);
     say_refused(!stands);
     return stands;
@@ -221,6 +225,8 @@ QString ent_rovena::atai_Insert(const QString& text) {
         ask_for_employee();
         return {};
     }
+    if (refuse_if_closed())
+        return {};
     const QString standing = accept_text(sheet, text);
     say_refused(standing.isEmpty() && !text.isEmpty());
     return standing;
@@ -250,10 +256,10 @@ void ent_rovena::atai_LostFocus() {
 }
 
 void ent_rovena::kyucom_Click(int index) {
-    if (employee_chosen())
-        choose_kind(sheet, editors.kyucom, index);
-    else
+    if (!employee_chosen())
         ask_for_employee();
+    else if (!refuse_if_closed())
+        choose_kind(sheet, editors.kyucom, index);
     keep_draft();
 }
 
@@ -269,12 +275,14 @@ void ent_rovena::keep_count() {
 }
 
 void ent_rovena::hyou_day_KeyPress(int character) {
+    if (refuse_if_closed())
+        return;
     type_count(sheet.hyou_day, character);
     keep_count();
 }
 
 void ent_rovena::hyou_day_KeyDown(int key_code) {
-    if (key_code != key::del)
+    if (key_code != key::del || refuse_if_closed())
         return;
     clear_count(sheet.hyou_day);
     keep_count();

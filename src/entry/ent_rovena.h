@@ -15,6 +15,7 @@
 // - while `saving` or `waiting` is true the interface may be given time inside botan_Click(1), hyou_syain_Click(),
 //   ym_Click() or ym_KeyDown(): take no input, don't destroy the form.
 
+#include "common/closed_months.h"
 #include "common/employee_order.h"
 #include "entry/editing.h"
 #include "entry/fill.h"
@@ -85,9 +86,12 @@ public:
     // An employee who has one carries a dot in the list.
 
     /// How the month stands, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty if untouched.
-    QString standing() const { return m_draft.standing(); }
+    /// A closed month says so first.
+    QString standing() const;
     /// Whether saved days are on their way into the tables: a page asks now and then, and shows standing() anew.
     bool days_on_their_way();
+    /// A closed month is shown, and takes nothing: whatever would change the sheet says why it doesn't.
+    bool is_closed() const { return m_closed.has_value(); }
     bool has_draft() const { return !m_draft.isEmpty(); }
     /// Days that somebody else changed as well, to be decided one by one.
     const QList<Clash>& clashes() const { return m_draft.clashes(); }
@@ -209,10 +213,12 @@ private:
     void keep_count();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
     bool can_act() const;
+    bool refuse_if_closed();
     void stand_as_before(BesideSheet (UndoHistory::*go)(MonthSheet&));
 
     frame::Session& m_session;
     MonthDraft m_draft;
+    std::optional<common::Noted> m_closed;
     UndoHistory m_history;
     QSet<qint64> m_employees_with_drafts;
 };

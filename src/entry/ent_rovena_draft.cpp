@@ -22,6 +22,18 @@ const QString left_out_key = u"登録前確認なし"_s;
 
 } // namespace
 
+QString ent_rovena::standing() const {
+    if (!m_closed)
+        return m_draft.standing();
+    return u"締め済み　"_s + m_draft.standing();
+}
+
+bool ent_rovena::refuse_if_closed() {
+    if (m_closed)
+        say(common::closed_words(sheet.month.month_key(), *m_closed));
+    return is_closed();
+}
+
 void ent_rovena::open_drafts() {
     if (const QString kept = put_away_damaged_drafts(m_session.settings); !kept.isEmpty())
         m_session.host.tell(u"下書きのファイルが壊れていたため、\n%1\nとして残しました。"_s.arg(kept), u"下書き"_s);

@@ -67,7 +67,7 @@ void ent_rovena::set_fill_weekdays(Weekdays weekdays) {
 }
 
 int ent_rovena::fill(FillSource source, std::optional<RowRange> rows) {
-    if (!can_act())
+    if (!can_act() || refuse_if_closed())
         return 0;
     atai_LostFocus();
     const int filled = entry::fill(sheet, source, normal_day(), rows, fill_weekdays());
@@ -80,12 +80,14 @@ int ent_rovena::fill(FillSource source, std::optional<RowRange> rows) {
 PastePreview ent_rovena::preview_paste(const QString& text) {
     if (!can_act())
         return {{}, u"社員を選択してから入力してください"_s};
+    if (m_closed)
+        return {{}, common::closed_words(sheet.month.month_key(), *m_closed)};
     atai_LostFocus();
     return entry::preview_paste(sheet, text);
 }
 
 int ent_rovena::paste(const PastePreview& preview) {
-    if (!can_act())
+    if (!can_act() || refuse_if_closed())
         return 0;
     atai_LostFocus();
     const int changed = entry::paste(sheet, preview);

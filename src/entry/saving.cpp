@@ -1,6 +1,7 @@
 #include "entry/saving.h"
 
 #include "base/literals.h"
+#include "common/closed_months.h"
 #include "common/program_wait.h"
 #include "entry/cells.h"
 #include "frame/exchange_files.h"
@@ -58,10 +59,18 @@ void append(const QString& path, const QList<ExchangeRow>& rows) {
     transaction.commit();
 }
 
+/// Months are closed in a turn, too: one that is open now stays so until the rows are posted.
+bool is_closed(frame::Session& session, const CompanyMonth& month) {
+    const auto since = common::closed_since(session.settings, month.month_key());
+    if (since)
+        session.host.tell(common::closed_words(month.month_key(), *since) + u"\n登録できません"_s, u"締め済み"_s);
+    return since.has_value();
+}
+
 /// False if the save ended with a message and nothing was posted.
-bool post_in_turn(frame::Session& session, const QList<ExchangeRow>& rows) {
+bool post_in_turn(frame::Session& session, const CompanyMonth& month, const QList<ExchangeRow>& rows) {
     const Turn turn(session.link);
-    if (!turn.granted())
+    if (!turn.granted() || is_closed(session, month))
         return false;
     if (is_main_pc(session.settings) && manager_at_work(session)) {
         session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);
@@ -100,7 +109,7 @@ Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const Poste
         return Saved::Nothing;
     const QString stamp = session.host.now().toString(u"yyyyMMddhhmmss"_s);
     const QList<ExchangeRow> rows = rows_to_post(sheet, employee, stamp);
-    if (rows.isEmpty() || !post_in_turn(session, rows))
+    if (rows.isEmpty() || !post_in_turn(session, sheet.month, rows))
         return Saved::Nothing;
     if (is_main_pc(session.settings))
         start_manager(session);

@@ -54,8 +54,8 @@ void start_manager(frame::Session& session);
 enum class Saved { Nothing, Posted };
 
 /// The whole save: rows, turn, manager's absence, posting, turn given up, manager started. Without a changed day, or
-/// without an employee, nothing happens. Ends with a message and posts nothing if the turn isn't to be had or the
-/// manager is still at work.
+/// without an employee, nothing happens. Ends with a message and posts nothing if the turn isn't to be had, the
+/// month is closed or the manager is still at work.
 Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee);
 
 } // namespace entry

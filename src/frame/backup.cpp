@@ -45,6 +45,7 @@ constexpr Source sources[]{
     {Kind::Rovdata, store::rovdata_path, Need::Must, Live::Compacted},
     {Kind::Comsys, store::comsys_path, Need::Must, Live::Compacted},
     {Kind::Allsystem, store::allsystem_path, Need::Must, Live::Compacted},
+    {Kind::Closings, store::closings_path, Need::May, Live::Left},
     {Kind::Losys, server_losys_path, Need::May, Live::Left},
 };
 

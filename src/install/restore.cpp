@@ -29,18 +29,22 @@ using store::Kind;
 
 namespace {
 
+/// What a backup of the shared data must have, may have, and what it has of one PC.
+enum class Part { Shared, SharedIfMade, OwnPc };
+
 struct Place {
     QStringView file;
     Kind kind;
     QString (*path)(const base::Settings&);
-    bool shared;
+    Part part;
 };
 
 constexpr Place places[]{
-    {u"rovdata.mdb", Kind::Rovdata, store::rovdata_path, true},
-    {u"comsys.mdb", Kind::Comsys, store::comsys_path, true},
-    {u"allsystem.mdb", Kind::Allsystem, store::allsystem_path, true},
-    {u"losys.mdb", Kind::Losys, store::losys_path, false},
+    {u"rovdata.mdb", Kind::Rovdata, store::rovdata_path, Part::Shared},
+    {u"comsys.mdb", Kind::Comsys, store::comsys_path, Part::Shared},
+    {u"allsystem.mdb", Kind::Allsystem, store::allsystem_path, Part::Shared},
+    {u"simekiri.mdb", Kind::Closings, store::closings_path, Part::SharedIfMade},
+    {u"losys.mdb", Kind::Losys, store::losys_path, Part::OwnPc},
 };
 
 [[noreturn]] void fail(const QString& text) {
@@ -90,10 +94,14 @@ void tell_if_mixed(const std::vector<Found>& found, const Say& say) {
             return say(u"these databases don't come from one backup: see their times"_s);
 }
 
+bool has_shared(const std::vector<Found>& found) {
+    return std::ranges::any_of(found, [](const Found& one) { return one.place.part != Part::OwnPc; });
+}
+
 void demand_a_backup(const std::vector<Found>& found, const QString& folder) {
-    const auto shared = std::ranges::count_if(found, [](const Found& one) { return one.place.shared; });
-    const auto all_shared = std::ranges::count_if(places, &Place::shared);
-    if (found.empty() || (shared != 0 && shared != all_shared))
+    const auto shared = std::ranges::count_if(found, [](const Found& one) { return one.place.part == Part::Shared; });
+    const auto all_shared = std::ranges::count(places, Part::Shared, &Place::part);
+    if (found.empty() || (has_shared(found) && shared != all_shared))
         fail(platform::native(folder) + (found.empty() ? u": no backup"_s : u": a database is missing"_s));
 }
 
@@ -116,10 +124,6 @@ std::vector<Found> look_through(const QString& folder, const Say& say) {
     demand_a_backup(found, folder);
     tell_if_mixed(found, say);
     return found;
-}
-
-bool has_shared(const std::vector<Found>& found) {
-    return std::ranges::any_of(found, [](const Found& one) { return one.place.shared; });
 }
 
 enum class Data { Here, Elsewhere };

@@ -23,7 +23,7 @@ struct sqlite3_stmt;
 namespace store {
 
 /// What a file must be, written into it as the application id. `Any` opens a keyed database of whatever kind.
-enum class Kind { Comsys, Allsystem, Rovdata, Losys, Exchange, Drafts, Any };
+enum class Kind { Comsys, Allsystem, Rovdata, Losys, Exchange, Drafts, Closings, Any };
 
 /// How long a connection waits for another one's write before Code::Busy.
 inline constexpr std::chrono::milliseconds default_patience(5000);

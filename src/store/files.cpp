@@ -45,6 +45,10 @@ QString data_folder(const base::Settings& settings) {
     return below_server(settings, u"/comdata/data"_s);
 }
 
+QString closings_path(const base::Settings& settings) {
+    return data_folder(settings) + u"/simekiri.mdb"_s;
+}
+
 QString exchange_folder(const base::Settings& settings) {
     return data_folder(settings) + u"/jyusin"_s;
 }

@@ -193,6 +193,22 @@ constexpr Field sitagaki_nissu_fields[]{
 
 constexpr Field kakuninzumi_fields[]{{u"社員システム番号", number}, {u"年月", number}};
 
+/// A closing of a month, and its reopening.
+constexpr Field simekiri_fields[]{
+    {u"年月", number},
+    {u"締日時", text},
+    {u"締端末", text},
+    {u"解除日時", text},
+    {u"解除端末", text},
+};
+
+constexpr Field simekiri_kei_fields[]{
+    {u"年月", number},
+    {u"社員システム番号", number},
+    {u"種類", text},
+    {u"値", number},
+};
+
 constexpr Table comsys_tables[]{
     {u"kihon", setting_fields},
     {u"waseihen", waseihen_fields},
@@ -218,6 +234,11 @@ constexpr Table drafts_tables[]{
     {u"sitagaki", sitagaki_fields},
     {u"sitagaki_nissu", sitagaki_nissu_fields},
     {u"kakuninzumi", kakuninzumi_fields},
+};
+
+constexpr Table closings_tables[]{
+    {u"simekiri", simekiri_fields},
+    {u"simekiri_kei", simekiri_kei_fields},
 };
 
 constexpr Index comsys_indexes[]{
@@ -247,6 +268,11 @@ constexpr Index drafts_indexes[]{
     {u"kakuninzumi_key", u"kakuninzumi", u"\"社員システム番号\", \"年月\""},
 };
 
+constexpr Index closings_indexes[]{
+    {u"simekiri_key", u"simekiri", u"\"年月\""},
+    {u"simekiri_kei_key", u"simekiri_kei", u"\"年月\", \"社員システム番号\""},
+};
+
 struct Content {
     Kind kind;
     int application_id;
@@ -261,6 +287,7 @@ constexpr std::array contents{
     Content{Kind::Losys, 0x52560004, losys_tables, losys_indexes},
     Content{Kind::Exchange, 0x52560005, exchange_tables, {}},
     Content{Kind::Drafts, 0x52560006, drafts_tables, drafts_indexes},
+    Content{Kind::Closings, 0x52560007, closings_tables, closings_indexes},
     Content{Kind::Any, 0, {}, {}},
 };
 

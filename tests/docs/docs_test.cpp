@@ -60,7 +60,7 @@ void expect_told(const QString& program, const QString& help) {
 TEST(Documents, EveryTableAndFieldOfTheFilesStandsInTheFormats) {
     const QString formats = document(u"formats.md"_s);
     using store::Kind;
-    for (const Kind kind : {Kind::Comsys, Kind::Allsystem, Kind::Rovdata, Kind::Losys, Kind::Drafts})
+    for (const Kind kind : {Kind::Comsys, Kind::Allsystem, Kind::Rovdata, Kind::Losys, Kind::Drafts, Kind::Closings})
         for (const store::Table& table : store::tables_of(kind)) {
             const bool settings = table.fields.size() == 2 && table.fields[0].name == u"項目名";
             const QString told = section(formats, settings ? u"### `kihon`"_s : u"### `%1`"_s.arg(table.name));

@@ -1,0 +1,36 @@
+#include "common/closed_months.h"
+#include "entry/company.h"
+
+#include <gtest/gtest.h>
+
+using namespace entry;
+
+using ClosedMonth = OpenForm;
+
+TEST_F(ClosedMonth, IsShownAndTakesNeitherKeysNorASaveUntilItIsOpenedAgain) {
+    const base::Settings& settings = company.tree.settings;
+    const int month = form->sheet.month.month_key();
+    const common::Noted by{QDateTime({2004, 11, 1}, {9, 5}), u"受付"_s};
+    const common::KeptSums sums{{u"勤務"_s, 510}};
+    type_day(4, u"830"_s, u"1800"_s);
+    EXPECT_TRUE(common::close_month(settings, month, by, {{EmployeeKey(1), sums}}));
+    EXPECT_FALSE(common::close_month(settings, month, by, {})) << "its sums stay";
+    form->botan_Click(1);
+    EXPECT_EQ(company.posted(), QStringList()) << "it was open when it was read";
+
+    open();
+    type_day(5, u"830"_s, u"1800"_s);
+    form->fill(FillSource::DayAbove, RowRange{5, 5});
+    form->hyou_day_KeyPress('1');
+    EXPECT_EQ(cells_from(form->sheet.hyou, 5, col::clock_in, 3), u"||"_s);
+    form->kyucom_Click(1);
+    EXPECT_EQ(form->editors.notice->text, u"2004年10月は締められています（2004/11/01 09:05 受付）"_s);
+    EXPECT_EQ(form->standing(), u"締め済み　未登録 1日"_s);
+
+    EXPECT_TRUE(common::reopen_month(settings, month, by));
+    EXPECT_FALSE(common::reopen_month(settings, month, by));
+    EXPECT_EQ(common::kept_sums(settings, month).value(EmployeeKey(1)), sums);
+    open();
+    form->botan_Click(1);
+    EXPECT_FALSE(company.posted().isEmpty());
+}
