@@ -5,6 +5,7 @@
 #include "platform/paths.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace common {
 
@@ -26,6 +27,18 @@ bool is_folder(const QString& path) {
     return !path.isEmpty() && QFileInfo(platform::portable(path)).isDir();
 }
 
+QString file_name_of(QString text) {
+    text.replace(u'/', u'-');
+    return text.remove(QRegularExpression(u"[\\p{Z}\\p{C}\\\\:*?\"<>|]"_s));
+}
+
+QString free_name(const QString& folder, const QString& name) {
+    QString free = name + u".csv"_s;
+    for (int number = 2; QFileInfo::exists(platform::portable(folder) + u'/' + free); ++number)
+        free = u"%1(%2).csv"_s.arg(name).arg(number);
+    return free;
+}
+
 } // namespace
 
 std::optional<QString> ファイル保存ダイアログ(platform::Host& host, platform::SaveDialog record) {
@@ -39,13 +52,15 @@ std::optional<QString> ファイル保存ダイアログ(platform::Host& host, p
     return path;
 }
 
-QString CSV保存先取得(
-    const base::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number) {
+QString CSV保存先取得(const base::Settings& settings, platform::Host& host, store::SettingTables& tables,
+    const QString& report_number, const QString& name) {
     const QString key = folder_key(report_number);
     const QString last = without_end_separator(tables.設定読込(store::losystem, key));
     const QString start = is_folder(last) ? last : platform::drive_root(settings.install_drive);
+    const QString proposed = file_name_of(name);
     const auto path =
-        ファイル保存ダイアログ(host, {u"ファイルを選択して下さい。"_s, start, u"csv"_s, u"CSV(*.csv)|*.csv"_s});
+        ファイル保存ダイアログ(host, {u"ファイルを選択して下さい。"_s, start, u"csv"_s, u"CSV(*.csv)|*.csv"_s,
+                                         proposed.isEmpty() ? proposed : free_name(start, proposed)});
     if (!path)
         return {};
     tables.設定書込(store::losystem, key, platform::native(QFileInfo(platform::portable(*path)).path()));

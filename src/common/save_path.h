@@ -14,7 +14,9 @@ std::optional<QString> ファイル保存ダイアログ(platform::Host& host, p
 
 /// Asks for the path of a CSV file. The folder of the last file of this report is proposed, or the root of the
 /// program's drive where that is gone; what is chosen is remembered in `losystem`. Empty if cancelled.
-QString CSV保存先取得(
-    const base::Settings& settings, platform::Host& host, store::SettingTables& tables, const QString& report_number);
+/// `name`, without an ending, is proposed for the file, with a number where that folder has such a file: "表(2).csv".
+/// What no file system takes in a name is left out of it; an empty one proposes none.
+QString CSV保存先取得(const base::Settings& settings, platform::Host& host, store::SettingTables& tables,
+    const QString& report_number, const QString& name = {});
 
 } // namespace common

@@ -194,9 +194,10 @@ bool mst_syain::atai_KeyDown(int element, int key_code) {
 }
 
 bool mst_syain::toubotan_KeyDown(int key_code) {
-    if (key_code == key::enter)
+    if (key_code == key::enter) {
         全体マスター変更処理(SaveByEnter);
-    else if (key_code == key::up)
+        to_atai(number_field);
+    } else if (key_code == key::up)
         to_atai(reading_field);
     else
         return false;

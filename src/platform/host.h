@@ -21,6 +21,7 @@ struct SaveDialog {
     QString folder;
     QString extension; ///< without the dot
     QString filter;    ///< "CSV(*.csv)|*.csv": text and pattern parted by "|"
+    QString name = {}; ///< proposed, with its extension; empty proposes none
 };
 
 class Host {

@@ -3,6 +3,7 @@
 #include "ui/paper/pdf_file.h"
 
 #include "base/literals.h"
+#include "base/text.h"
 #include "platform/paths.h"
 #include "platform/program_lock.h"
 #include "platform/share.h"
@@ -11,6 +12,8 @@
 #include <QDesktopServices>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFileSystemModel>
+#include <QIdentityProxyModel>
 #include <QInputDialog>
 #include <QLibraryInfo>
 #include <QMessageBox>
@@ -70,6 +73,23 @@ void speak_japanese() {
         QCoreApplication::installTranslator(&texts);
 }
 
+/// The columns of the dialog's list that Qt fills in the desktop's language.
+class ListInJapanese : public QIdentityProxyModel {
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        constexpr int kind = 2, changed = 3;
+        const auto* files = qobject_cast<QFileSystemModel*>(sourceModel());
+        if (role != Qt::DisplayRole || index.column() < kind || files == nullptr)
+            return QIdentityProxyModel::data(index, role);
+        const QFileInfo file = files->fileInfo(mapToSource(index));
+        if (index.column() == changed)
+            return file.lastModified().toString(u"yyyy/MM/dd HH:mm"_s);
+        return file.isDir() ? u"フォルダー"_s : Trim(file.suffix().toUpper() + u" ファイル"_s);
+    }
+};
+
 } // namespace
 
 Answer QtHost::ask(const QString& text, const QString& title, Buttons buttons) {
@@ -107,10 +127,13 @@ QStringList name_filters(const QString& filter) {
 std::optional<QString> QtHost::save_path(const platform::SaveDialog& record) {
     speak_japanese();
     QFileDialog dialog(QApplication::activeWindow(), record.title, platform::portable(record.folder));
+    dialog.setProxyModel(new ListInJapanese(&dialog));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setDefaultSuffix(record.extension);
     dialog.setNameFilters(name_filters(record.filter));
+    if (!record.name.isEmpty())
+        dialog.selectFile(record.name);
     dialog.setLabelText(QFileDialog::LookIn, u"場所"_s);
     dialog.setLabelText(QFileDialog::FileName, u"ファイル名"_s);
     dialog.setLabelText(QFileDialog::FileType, u"種類"_s);

@@ -4,6 +4,7 @@
 #include "platform/paths.h"
 #include "store/test_tree.h"
 #include "support/fake_host.h"
+#include "support/stored.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,10 @@ using namespace base;
 
 class SavePath : public ::testing::Test {
 protected:
-    QString ask(const QString& report) { return common::CSV保存先取得(tree.settings, host, tables, report); }
+    QString ask(const QString& report, const QString& name = {}) {
+        return common::CSV保存先取得(tree.settings, host, tables, report, name);
+    }
+
     TestTree tree;
     const QString folder = tree.folder.path();
     store::SettingTables tables{tree.settings};
@@ -41,6 +45,17 @@ TEST_F(SavePath, AFolderThatIsGoneGivesWayToTheDrive) {
     ask(u"2"_s);
     EXPECT_EQ(host.dialogs[0].folder, drive);
     EXPECT_EQ(host.dialogs[1].folder, folder) << "a separator at the end goes";
+}
+
+TEST_F(SavePath, ANameIsProposedThatAFileCanHaveAndNoneHas) {
+    tables.設定書込(u"losystem"_s, u"H_ph_exp_4"_s, folder);
+    support::put_bytes(folder + u"/表_10-1佐藤.csv"_s, {});
+    ask(u"4"_s, u"表_10/1 佐\u3000藤\t?"_s);
+    ask(u"5"_s, u"表"_s);
+    ask(u"5"_s);
+    EXPECT_EQ(host.dialogs[0].name, u"表_10-1佐藤(2).csv"_s);
+    EXPECT_EQ(host.dialogs[1].name, u"表.csv"_s);
+    EXPECT_EQ(host.dialogs[2].name, QString());
 }
 
 TEST_F(SavePath, TheDialogIsGivenItsTitleAndAPlainExtension) {

@@ -111,6 +111,7 @@ TEST_F(Employees, TheKeysWalkTheBoxesAndRegisterAtTheEnd) {
     EXPECT_EQ(form.focus, (Focus{Control::Atai, mst_syain::reading_field}));
     EXPECT_TRUE(form.toubotan_KeyDown(key::enter));
     EXPECT_EQ(stored(rovdata()).size(), 1);
+    EXPECT_EQ(form.focus, (Focus{Control::Atai, mst_syain::number_field})) << "for the next one";
 }
 
 /// The data files of the other products take part in what is saved.
