@@ -12,6 +12,7 @@
 #include "ui/parts/style.h"
 #include "ui/splash.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPixmap>
 #include <QScreen>
@@ -128,6 +129,7 @@ void Program::show(frame::Start start) {
 }
 
 void Program::show_wizard() {
+    make_place();
     m_wizard = std::make_unique<Whole<fir_start_window>>(m_session, m_program_folder);
     m_wizard->adjustSize();
     m_wizard->move(m_wizard->screen()->availableGeometry().center() - m_wizard->rect().center());
@@ -143,7 +145,25 @@ void Program::show_window() {
     m_window->show();
 }
 
+void Program::come_up() {
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr)
+        window = m_window.get();
+    if (m_window && m_window->isMinimized())
+        m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    if (window == nullptr)
+        return; // it is about to come
+    window->raise();
+    window->activateWindow();
+}
+
+void Program::make_place() const {
+    if (makes_place)
+        makes_place();
+}
+
 void Program::back_up() {
+    make_place();
     BackupPanel panel(*m_window);
     frame::バックアップ処理(
         m_settings, m_host, [&](const QString& text, frame::StepsDone steps) { panel.show_step(text, steps); });

@@ -12,6 +12,7 @@
 #include "ui/main_window.h"
 #include "ui/pages/fir_start_window.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <thread>
@@ -39,9 +40,17 @@ public:
     fir_start_window* wizard() const { return m_wizard.get(); } ///< null but on the first start
     frame::Session& session() { return m_session; }
 
+    /// Brings what the person has to see before all other windows: the window, or the box that it waits for.
+    void come_up();
+
+    /// Called once a later start has to go on by itself: the wizard starts the program anew, and who leaves doesn't
+    /// come back.
+    std::function<void()> makes_place;
+
 private:
     void start_up(Splash& splash);
     void take_place();
+    void make_place() const;
     void back_up();
     void show(frame::Start start);
     void show_wizard();

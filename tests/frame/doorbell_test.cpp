@@ -1,0 +1,45 @@
+#include "frame/doorbell.h"
+
+#include "base/literals.h"
+#include "support/stored.h"
+
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace base;
+using namespace std::chrono_literals;
+using frame::Doorbell;
+
+namespace {
+
+/// Starts on a thread of its own, so that whoever is there before can answer; whether it goes on.
+bool goes_on(const QString& folder) {
+    bool on = false;
+    const std::unique_ptr<QThread> start(QThread::create([&] { on = Doorbell(folder, u"rovena"_s).comes_in(60s); }));
+    QEventLoop events;
+    QObject::connect(start.get(), &QThread::finished, &events, &QEventLoop::quit);
+    start->start();
+    events.exec();
+    return on;
+}
+
+} // namespace
+
+TEST(Doorbell, WhoWasHereComesUpUnlessItIsDeadOrBusyOrHasLeft) {
+    const QTemporaryDir dir;
+    support::put_bytes(dir.filePath(u"rovena"_s), "left of one that was killed");
+    int rings = 0;
+    Doorbell first(dir.path(), u"rovena"_s);
+    first.rung = [&] { ++rings; };
+    EXPECT_TRUE(first.comes_in(0ms));
+    EXPECT_FALSE(goes_on(dir.path()));
+    EXPECT_EQ(rings, 1);
+    EXPECT_TRUE(Doorbell(dir.path(), u"other"_s).comes_in(0ms));
+    EXPECT_TRUE(Doorbell(dir.path(), u"rovena"_s).comes_in(1ms)) << "nobody answers here";
+    first.leave();
+    EXPECT_TRUE(goes_on(dir.path()));
+    EXPECT_TRUE(Doorbell(dir.filePath(u"none"_s), u"rovena"_s).comes_in(0ms));
+}
