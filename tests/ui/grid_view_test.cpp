@@ -112,6 +112,16 @@ TEST_F(Grid, ColoursOfTheFormAreShownAndAListTintsTheWholeRowInHand) {
     EXPECT_EQ(pixel(list, 4, 2), QColor(Qt::white));
 }
 
+TEST_F(Grid, TheKeyboardIsSeenOnAListWithoutARowInHand) {
+    ui::GridView list(sheet, ui::CursorStyle::Row);
+    sheet.SetCursor({0, 2});
+    list.show();
+    const QImage idle = list.grab().toImage();
+    support::bring_up(list, list.size());
+    list.setFocus();
+    EXPECT_NE(list.grab().toImage(), idle);
+}
+
 TEST_F(Grid, AlignmentPutsTheTextWhereTheFormSays) {
     const auto ink_in_left_half = [this](int row) {
         const QRect cell = view.cell_rect({row, 4});

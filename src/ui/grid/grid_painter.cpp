@@ -58,7 +58,23 @@ public:
         m_painter.drawRect(rect.adjusted(0, 0, -1, -1));
     }
 
+    /// Where no cell in view is in hand, as in an empty list, the whole grid shows that it has the keyboard.
+    void frame_of_grid(const GridGeometry& geometry) {
+        if (!m_style.focused || is_in_view(geometry))
+            return;
+        m_painter.setPen(QPen(QColor::fromRgb(colours::accent), 2));
+        m_painter.drawRect(QRect(QPoint(), geometry.view()).adjusted(1, 1, -1, -1));
+    }
+
 private:
+    bool is_in_view(const GridGeometry& geometry) const {
+        if (!m_cursor)
+            return false;
+        const auto of_cursor = [row = m_cursor->row](const Span& span) { return span.index == row; };
+        return m_style.row_cursor ? std::ranges::any_of(geometry.rows(), of_cursor)
+                                  : !geometry.rect(*m_cursor).isEmpty();
+    }
+
     QRgb own_ground(const CellPlace& place) const {
         if (place.heading)
             return !m_style.row_cursor && m_cursor && m_cursor->col == place.cell.col ? colours::heading_in_hand
@@ -180,6 +196,7 @@ void paint_grid(QPainter& painter, const base::Sheet& sheet, const GridGeometry&
                 heading || col.index < sheet.FixedCols()});
     }
     painting.frame_in_hand(geometry);
+    painting.frame_of_grid(geometry);
 }
 
 } // namespace ui

@@ -63,7 +63,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(isEnabled() ? 1 : 0.45);
     painter.drawPixmap(rect(), isDown() ? pressed_picture() : m_up);
-    if (hasFocus() && m_reached_by_key)
+    if (hasFocus())
         draw_focus(painter, rect());
 }
 
@@ -72,19 +72,6 @@ void PictureButton::keyPressEvent(QKeyEvent* event) {
         click();
     else
         QAbstractButton::keyPressEvent(event);
-}
-
-void PictureButton::focusInEvent(QFocusEvent* event) {
-    const Qt::FocusReason reason = event->reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
-        m_reached_by_key = true;
-    QAbstractButton::focusInEvent(event);
-}
-
-void PictureButton::focusOutEvent(QFocusEvent* event) {
-    if (event->reason() != Qt::ActiveWindowFocusReason)
-        m_reached_by_key = false;
-    QAbstractButton::focusOutEvent(event);
 }
 
 } // namespace ui

@@ -2,7 +2,7 @@
 
 // A button that is a bitmap: one picture at rest, another while it is pressed. The bitmaps are drawn at twice the size
 // they are shown at, so that they are sharp at 200 % and smooth at 100 %. A click doesn't take the focus away from the
-// cell in hand; by keyboard the button is reached with Tab and pressed with Space or Enter.
+// cell in hand; by keyboard the button is reached with Tab, shows that it is, and is pressed with Space or Enter.
 
 #include "frame/button.h"
 
@@ -24,13 +24,10 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     const QPixmap& pressed_picture();
 
-    bool m_reached_by_key = false; ///< the focus shows only where a person looks for it
     QPixmap m_up;
     QString m_pressed_path;
     QPixmap m_pressed; ///< null until it was needed
