@@ -21,7 +21,7 @@ using namespace base;
 
 namespace {
 
-constexpr QStringView source_captions[] = {u"勤務タイプの標準時間", u"上の日と同じ時刻", u"前の週の同じ曜日と同じ時刻"};
+constexpr QStringView source_captions[] = {u"勤務タイプのふだんの時刻", u"上の日と同じ時刻", u"前の週の同じ曜日と同じ時刻"};
 constexpr QStringView range_captions[] = {u"次の曜日の、空いている日すべて", u"行の範囲"};
 constexpr QStringView weekday_names = u"日月火水木金土";
 enum Range { whole, some };
@@ -75,7 +75,7 @@ void FillPanel::add_options(QVBoxLayout* column, QButtonGroup* group, std::span<
 
 /// Where the work type has one band alone, it begins the day as well.
 void FillPanel::ask_normal_day(QVBoxLayout* column, const QList<entry::BandChoice>& choices, entry::NormalDay marked) {
-    column->addWidget(new QLabel(u"この勤務タイプの、普段の出社と退社"_s, this));
+    column->addWidget(new QLabel(u"この勤務タイプの、ふだんの出社と退社"_s, this));
     if (choices.size() > 1) {
         const QList<entry::BandChoice> of_the_day{{0, u"その曜日の最初の時間帯"_s}};
         m_first_band = add_bands(column, u"の始めに出社"_s, of_the_day + choices, marked.first);
