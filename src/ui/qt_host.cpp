@@ -7,6 +7,7 @@
 #include "platform/paths.h"
 #include "platform/program_lock.h"
 #include "platform/share.h"
+#include "ui/pages/help_window.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -20,6 +21,7 @@
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTimer>
 #include <QTranslator>
 #include <QUrl>
@@ -63,6 +65,11 @@ Box box_for(Buttons buttons) {
         return {yes_no, Answer::No, QMessageBox::Question};
     }
     Q_UNREACHABLE();
+}
+
+bool is_page(const QUrl& url) {
+    const QString path = url.toLocalFile();
+    return path.endsWith(u".htm"_s) || path.endsWith(u".html"_s);
 }
 
 /// Qt's own file dialog has texts of its own. They are read when it first opens: the start needs none of them. Where
@@ -148,7 +155,33 @@ bool QtHost::open_document(const QString& address) {
     QUrl url = QUrl::fromUserInput(address);
     if (url.scheme() == u"file"_s && url.host() == u"localhost"_s)
         url.setHost({}); // several desktops take "file://localhost/..." for the name of a file and open nothing
-    return QDesktopServices::openUrl(url);
+    return is_page(url) ? open_page(url) : QDesktopServices::openUrl(url);
+}
+
+/// The opener of a Unix desktop says by its end that it found no browser. It may live as long as the browser, and so
+/// longer than this program.
+bool QtHost::open_page(const QUrl& page) {
+    const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s);
+    if (opener.isEmpty())
+        return QDesktopServices::openUrl(page) || show_help(page);
+    auto* opening = new QProcess;
+    opening->setStandardInputFile(QProcess::nullDevice());
+    opening->setStandardOutputFile(QProcess::nullDevice());
+    opening->setStandardErrorFile(QProcess::nullDevice());
+    QObject::connect(opening, &QProcess::finished, opening, [this, opening, page](int status) {
+        opening->deleteLater();
+        if (status != 0)
+            show_help(page);
+    });
+    opening->start(opener, {page.toString(QUrl::FullyEncoded)});
+    return true;
+}
+
+bool QtHost::show_help(const QUrl& page) {
+    if (!m_help)
+        m_help = new HelpWindow;
+    m_help->show_page(page);
+    return true;
 }
 
 bool QtHost::start_program(const QString& file, const QStringList& arguments) {
