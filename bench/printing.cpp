@@ -1,13 +1,13 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "bench/companies.h"
+#include "bench/desktop.h"
 #include "bench/table.h"
 #include "reports/pages/page_layouts.h"
 #include "reports/printing/print.h"
 #include "ui/paper/print_shop.h"
 
 #include <QDir>
-#include <QFile>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTemporaryDir>
@@ -23,25 +23,6 @@ constexpr int employees = 1000;
 constexpr int columns = 12;
 constexpr int days = 31;
 constexpr int total_row = 32;
-
-/// The desktop of a PC where nobody looks.
-class Desktop : public platform::Host {
-public:
-    platform::Answer ask(const QString& text, const QString&, platform::Buttons) override {
-        throw std::runtime_error(text.toStdString());
-    }
-    std::optional<QString> input(const QString&) override { return {}; }
-    std::optional<QString> save_path(const platform::SaveDialog&) override { return {}; }
-    bool open_document(const QString& address) override { return QFile::remove(address); }
-    bool start_program(const QString&, const QStringList&) override { return false; }
-    bool program_running(const QString&, const QString&) override { return false; }
-    QDateTime now() override { return QDateTime(QDate(2026, 12, 1), QTime(9, 0)); }
-    std::chrono::steady_clock::time_point steady_now() override { return {}; }
-    QStringList printers() override { return {u"PDF"_s}; }
-    bool connect_share(const QString&, const QString&, const QString&) override { return true; }
-    void yield() override {}
-    void wait(std::chrono::milliseconds) override {}
-};
 
 /// A month with every day worked, of the employee with this number.
 reports::Report month_of(int employee) {

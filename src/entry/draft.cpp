@@ -66,6 +66,11 @@ TypedDay typed_day(const MonthSheet& sheet, int r) {
         hidden(r, record::kind_number), hidden(r, record::kind_name), hidden(r, record::holiday_work)};
 }
 
+bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work) {
+    const bool stamped = day.kind_number == kind_without_work.number && day.holiday_work != u"0";
+    return Val(day.kind_number) != 0 && !stamped;
+}
+
 bool stored_alike(const TypedDay& a, const TypedDay& b) {
     return as_stored(a) == as_stored(b);
 }

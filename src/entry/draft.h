@@ -27,6 +27,10 @@ struct TypedDay {
 
 TypedDay typed_day(const MonthSheet& sheet, int r);
 
+/// Whether a person chose the day's kind. The calculation gives a day without work its kind and leaves `休出` as it is;
+/// a choice sets it.
+bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work);
+
 /// Whether both are the same once they are stored and read back: a clock-out of midnight reads back as "24:00", a break
 /// of "0:00" and a kind of number 0 as nothing.
 bool stored_alike(const TypedDay& a, const TypedDay& b);

@@ -4,6 +4,7 @@
 #include "base/literals.h"
 #include "base/month_look.h"
 #include "base/numbers.h"
+#include "entry/break_handling.h"
 #include "entry/day_kinds.h"
 #include "entry/employees.h"
 #include "entry/layout.h"
@@ -11,7 +12,6 @@
 #include "entry/notices.h"
 #include "entry/saving.h"
 #include "entry/waiting_days.h"
-#include "entry/work_type.h"
 #include "store/files.h"
 
 #include <QScopedValueRollback>
@@ -21,23 +21,13 @@ namespace entry {
 
 using namespace base;
 
-namespace {
-
-const QString break_key = u"休憩時間処理"_s;
-
-int element_of(const QString& setting) {
-    return Val(setting) == 0 ? 0 : 1;
-}
-
-} // namespace
-
 store::Database ent_rovena::open_data() const {
     return store::Database::open(store::rovdata_path(m_session.settings), store::Kind::Rovdata);
 }
 
 void ent_rovena::Form_Load() {
     sortlist = int(common::employee_order(m_session.tables));
-    sheet.kyuflg = BreakHandling(element_of(m_session.tables.設定読込(store::losystem, break_key)));
+    sheet.kyuflg = break_handling(m_session.tables);
     リスト初期設定();
     書式設定();
     書式設定_日();
@@ -143,13 +133,9 @@ void ent_rovena::forget_employee() {
 
 void ent_rovena::load_month(EmployeeKey employee) {
     auto database = open_data();
-    // One view of the tables for all queries: the exchange manager may be writing meanwhile.
-    const store::Transaction view(database, store::Transaction::Lock::Read);
-    const WorkType type = 時間外フォーム呼出処理(database, employee);
+    const WorkType type = read_month(sheet, database, employee);
     kintypecd = type.kintypecd;
     lab2 = type.name;
-    勤務タイプデーター呼出処理(sheet, database, WorkTypeKey(Val(kintypecd)));
-    勤務時間取得(sheet, database, employee);
 }
 
 void ent_rovena::保存処理() {
@@ -183,7 +169,7 @@ void ent_rovena::sortlist_Click(int element) {
 
 void ent_rovena::kyuflg_Click(int element) {
     sheet.kyuflg = BreakHandling(element);
-    m_session.tables.設定書込(store::losystem, break_key, digits(element));
+    keep_break_handling(m_session.tables, sheet.kyuflg);
 }
 
 void ent_rovena::hyou_Click(Cell cell) {

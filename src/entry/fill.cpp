@@ -4,6 +4,7 @@
 
 #include "entry/calculation.h"
 #include "entry/cells.h"
+#include "entry/draft.h"
 #include "entry/editing.h"
 
 #include <algorithm>
@@ -80,18 +81,11 @@ std::optional<ClockTimes> times_for(const MonthSheet& sheet, int r, FillSource s
     return std::nullopt;
 }
 
-/// The calculation gives a day without work its kind and leaves `休出` as it is; a choice sets it.
-bool has_chosen_kind(const MonthSheet& sheet, int r) {
-    const QString& number = sheet.hyou_system(r, record::kind_number);
-    const bool stamped = number == sheet.kind_without_work.number && sheet.hyou_system(r, record::holiday_work) != u"0";
-    return Val(number) != 0 && !stamped;
-}
-
 bool is_blank(const MonthSheet& sheet, int r) {
     for (int column = col::clock_in; column < sheet.hyou.Cols(); ++column)
         if (column != col::remark && column != col::kind && !sheet.hyou(r, column).isEmpty())
             return false;
-    return !has_chosen_kind(sheet, r);
+    return !has_chosen_kind(typed_day(sheet, r), sheet.kind_without_work);
 }
 
 void fill_day(MonthSheet& sheet, int r, const ClockTimes& times) {

@@ -49,6 +49,7 @@ public:
     void bring_back(const BesideSheet& beside);
 
     bool isEmpty() const { return m_kept.isEmpty(); }
+    const QString& trouble() const { return m_trouble; } ///< why it can't be kept, in words; empty if it is
 
     /// How things stand, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty for an untouched month.
     QString standing() const;

@@ -1,5 +1,6 @@
 #include "entry/month_load.h"
 
+#include "base/numbers.h"
 #include "base/text.h"
 #include "common/saved_month.h"
 #include "entry/cells.h"
@@ -50,6 +51,15 @@ void 勤務時間取得(MonthSheet& sheet, store::Database& database, EmployeeKe
     saved.counts(employee, [&](const common::SavedCount& count) { show_count(sheet.hyou_day, count); });
     saved.kinds(employee, [&](int r, const common::SavedKind& kind) { show_kind(sheet, r, kind); });
     sheet.entry_cell = {row::first_day, col::clock_in};
+}
+
+WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
+    // The exchange manager may be writing meanwhile.
+    const store::Transaction view(database, store::Transaction::Lock::Read);
+    WorkType type = 時間外フォーム呼出処理(database, employee);
+    勤務タイプデーター呼出処理(sheet, database, WorkTypeKey(Val(type.kintypecd)));
+    勤務時間取得(sheet, database, employee);
+    return type;
 }
 
 void trim_strip(base::Sheet& hyou_day) {

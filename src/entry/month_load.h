@@ -2,8 +2,7 @@
 
 // Reading a saved month back into the sheet.
 
-#include "entry/sheet.h"
-#include "store/database.h"
+#include "entry/work_type.h"
 
 namespace entry {
 
@@ -12,6 +11,10 @@ namespace entry {
 /// Clock-outs past midnight show as the small hour ("25:30" as "1:30"); a day saved with both clock times 0 shows both
 /// blank. Reads by key only: what else the tables hold costs nothing.
 void 勤務時間取得(MonthSheet& sheet, store::Database& database, base::EmployeeKey employee);
+
+/// Reads all that the sheet shows of the employee's month, in one view of the tables: the work type with its schedule,
+/// and the saved month. The sheet is the empty one of the month.
+WorkType read_month(MonthSheet& sheet, store::Database& database, base::EmployeeKey employee);
 
 /// Takes off the strip's unused columns behind the last one that has a name; the two fixed sums stay.
 void trim_strip(base::Sheet& hyou_day);

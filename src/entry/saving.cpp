@@ -8,6 +8,8 @@
 #include "platform/paths.h"
 #include "store/files.h"
 
+#include <algorithm>
+
 namespace entry {
 
 using namespace base;
@@ -60,17 +62,18 @@ void append(const QString& path, const QList<ExchangeRow>& rows) {
 }
 
 /// Months are closed in a turn, too: one that is open now stays so until the rows are posted.
-bool is_closed(frame::Session& session, const CompanyMonth& month) {
-    const auto since = common::closed_since(session.settings, month.month_key());
+bool is_closed(frame::Session& session, int month) {
+    const auto since = common::closed_since(session.settings, month);
     if (since)
-        session.host.tell(common::closed_words(month.month_key(), *since) + u"\n登録できません"_s, u"締め済み"_s);
+        session.host.tell(common::closed_words(month, *since) + u"\n登録できません"_s, u"締め済み"_s);
     return since.has_value();
 }
 
 /// False if the save ended with a message and nothing was posted.
-bool post_in_turn(frame::Session& session, const CompanyMonth& month, const QList<ExchangeRow>& rows) {
+bool post_in_turn(frame::Session& session, const QSet<int>& months, const QList<ExchangeRow>& rows) {
     const Turn turn(session.link);
-    if (!turn.granted() || is_closed(session, month))
+    const auto closed = [&](int month) { return is_closed(session, month); };
+    if (!turn.granted() || std::ranges::any_of(months, closed))
         return false;
     if (is_main_pc(session.settings) && manager_at_work(session)) {
         session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);
@@ -104,16 +107,19 @@ void post_rows(const base::Settings& settings, const QList<ExchangeRow>& rows) {
     }
 }
 
-Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee) {
-    if (employee.key == 0)
-        return Saved::Nothing;
-    const QString stamp = session.host.now().toString(u"yyyyMMddhhmmss"_s);
-    const QList<ExchangeRow> rows = rows_to_post(sheet, employee, stamp);
-    if (rows.isEmpty() || !post_in_turn(session, sheet.month, rows))
+Saved post(frame::Session& session, const QSet<int>& months, const QList<ExchangeRow>& rows) {
+    if (rows.isEmpty() || !post_in_turn(session, months, rows))
         return Saved::Nothing;
     if (is_main_pc(session.settings))
         start_manager(session);
     return Saved::Posted;
+}
+
+Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee) {
+    if (employee.key == 0)
+        return Saved::Nothing;
+    const QString stamp = session.host.now().toString(u"yyyyMMddhhmmss"_s);
+    return post(session, {sheet.month.month_key()}, rows_to_post(sheet, employee, stamp));
 }
 
 } // namespace entry

@@ -8,6 +8,7 @@
 #include "entry/sheet.h"
 #include "frame/session.h"
 
+#include <QSet>
 #include <QStringList>
 
 namespace entry {
@@ -52,6 +53,10 @@ bool manager_running(frame::Session& session);
 void start_manager(frame::Session& session);
 
 enum class Saved { Nothing, Posted };
+
+/// Posts rows of these months (yyyymm) in the turn and starts the manager: all of them, or none with a message if the
+/// turn isn't to be had, one of the months is closed or the manager is still at work. No rows are none to post.
+Saved post(frame::Session& session, const QSet<int>& months, const QList<ExchangeRow>& rows);
 
 /// The whole save: rows, turn, manager's absence, posting, turn given up, manager started. Without a changed day, or
 /// without an employee, nothing happens. Ends with a message and posts nothing if the turn isn't to be had, the

@@ -25,6 +25,8 @@ constexpr auto patience = 20ms;
 /// The employee stands in ordinal 6 of kind "51" and in ordinal 3 of the others; a field is named its ordinal + 1.
 constexpr std::string_view row_of_employee =
     R"(select 1 from jyusin where (case "2" when '51' then "7" else "4" end) = ? limit 1)";
+constexpr std::string_view employees_of_rows =
+    R"(select distinct (case "2" when '51' then "7" else "4" end) from jyusin)";
 
 bool holds_row(const QString& path, EmployeeKey employee) {
     try {
@@ -33,6 +35,21 @@ bool holds_row(const QString& path, EmployeeKey employee) {
     } catch (const store::Error& error) {
         return error.code() == store::Code::Busy;
     }
+}
+
+/// Nothing for a file that is busy.
+std::optional<QSet<qint64>> employees_in(const QString& path) {
+    QSet<qint64> employees;
+    try {
+        auto exchange = store::Database::open(path, store::Kind::Exchange, patience);
+        auto query = exchange.prepare(employees_of_rows);
+        while (query.step())
+            employees.insert(Val(query.row().text(0)));
+    } catch (const store::Error& error) {
+        if (error.code() == store::Code::Busy)
+            return std::nullopt;
+    }
+    return employees;
 }
 
 /// Starts the manager on the PC whose work that is, and again if it ends with rows left.
@@ -53,13 +70,14 @@ private:
     std::chrono::steady_clock::time_point m_next;
 };
 
-bool wait_for_days(frame::Session& session, EmployeeKey employee) {
+/// False if the time is over before they are in.
+bool wait_until(frame::Session& session, const std::function<bool()>& are_in) {
     ManagerStart manager(session);
     const auto limit = session.host.steady_now() + longest_wait;
     while (session.host.steady_now() < limit) {
         manager.see_to_it();
         session.host.wait(step);
-        if (!days_wait(session.settings, employee))
+        if (are_in())
             return true;
     }
     return false;
@@ -74,11 +92,32 @@ bool days_wait(const base::Settings& settings, EmployeeKey employee) {
         frame::kept_files(settings), [&](const QString& path) { return holds_row(path, employee); });
 }
 
+QSet<qint64> those_waiting(const base::Settings& settings, const QSet<qint64>& employees) {
+    auto waiting = employees_in(store::exchange_path(settings, posting_file));
+    for (const QString& path : frame::kept_files(settings))
+        if (const auto in_file = employees_in(path); in_file && waiting)
+            *waiting |= *in_file;
+        else
+            waiting.reset();
+    return waiting ? *waiting & employees : employees;
+}
+
+QSet<qint64> wait_for_days(frame::Session& session, const QSet<qint64>& employees) {
+    QSet<qint64> waiting = those_waiting(session.settings, employees);
+    if (waiting.isEmpty())
+        return waiting;
+    wait_until(session, [&] {
+        waiting = those_waiting(session.settings, employees);
+        return waiting.isEmpty();
+    });
+    return waiting;
+}
+
 Opening 登録待ち(frame::Session& session, EmployeeKey employee, const std::function<void()>& waiting) {
     if (!days_wait(session.settings, employee))
         return Opening::Free;
     waiting();
-    if (wait_for_days(session, employee))
+    if (wait_until(session, [&] { return !days_wait(session.settings, employee); }))
         return Opening::Free;
     const auto answer = session.host.ask(u"この社員の登録がまだ終わっていません。\n"
                                          "いま開くと、登録したばかりの日は\n"

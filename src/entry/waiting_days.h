@@ -11,6 +11,7 @@
 
 #include "frame/session.h"
 
+#include <QSet>
 #include <functional>
 
 namespace entry {
@@ -19,6 +20,14 @@ namespace entry {
 /// file that isn't there or can't be read holds none that the manager would take.
 /// Costs the opening of one file and the reading of the rows that wait in it.
 bool days_wait(const base::Settings& settings, base::EmployeeKey employee);
+
+/// Of these employees (`システム番号`), those of whom posted rows may still wait; all of them while a file can't be
+/// looked into.
+QSet<qint64> those_waiting(const base::Settings& settings, const QSet<qint64>& employees);
+
+/// Waits until no row of these employees waits, as 登録待ち does, but without a question: those of whom rows wait still
+/// when the time is over.
+QSet<qint64> wait_for_days(frame::Session& session, const QSet<qint64>& employees);
 
 enum class Opening { Free, Refused };
 

@@ -26,9 +26,15 @@ constexpr Page closed_by_top_button[]{Page::ent_rovena, Page::rov_00, Page::rov_
 constexpr Page closed_at_the_end[]{Page::errform, Page::ent_rovena, Page::rov_00, Page::rov_01, Page::mst_00,
     Page::mst_syain, Page::mst_kinjikan, Page::mst_kinsyu, Page::mst_kintype, Page::mst_kyuka, Page::info};
 
+// Reached from another page, and open instead of it.
+constexpr Page closed_where_open[]{Page::ent_torikomi};
+
 void close_all(Pages& pages, std::span<const Page> closed) {
     for (const Page page : closed)
         pages.close(page);
+    for (const Page page : closed_where_open)
+        if (pages.is_open(page))
+            pages.close(page);
 }
 
 } // namespace

@@ -6,6 +6,7 @@ namespace frame {
 
 enum class Page {
     ent_rovena,
+    ent_torikomi,
     rov_00,
     rov_01,
     mst_00,

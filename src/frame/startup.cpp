@@ -19,14 +19,23 @@ namespace frame {
 
 using namespace base;
 
+std::unique_ptr<platform::ProgramLock> take_place(const base::Settings& settings) {
+    constexpr std::chrono::milliseconds patience(2000);
+    auto place =
+        std::make_unique<platform::ProgramLock>(store::data_folder(settings), store::desktop_program.toString());
+    if (!place->share(patience))
+        throw std::runtime_error("バックアップからの復元中です。終わってから起動してください。");
+    return place;
+}
+
 stg::stg(Session session, QString program_folder, std::function<void()> changed)
     : m_session(session), m_settings(session.settings), m_program_folder(std::move(program_folder)),
       m_changed(std::move(changed)) {}
 
 Start stg::Form_Activate(const std::function<void(Start)>& show) {
-    if (!起動時データー設定取得())
+    if (!read_settings())
         return Start::End;
-    load_eras();
+    delete_news();
     const auto first_start = store::初期セットアップ(m_settings);
     store::db追加_テーブル(m_settings, m_session.tables);
     m_settings.own_holidays = common::read_own_holidays(m_session.tables);
@@ -38,6 +47,13 @@ Start stg::Form_Activate(const std::function<void(Start)>& show) {
     if (first_start)
         first_start->stand();
     return start;
+}
+
+bool stg::read_settings() {
+    if (!起動時データー設定取得())
+        return false;
+    load_eras();
+    return true;
 }
 
 bool stg::起動時データー設定取得() {
@@ -52,7 +68,6 @@ bool stg::起動時データー設定取得() {
         Image1_Visible = true;
         paint();
     }
-    delete_news();
     return true;
 }
 

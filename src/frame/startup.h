@@ -6,8 +6,10 @@
 // through to the caller, who says its text and ends the program.
 
 #include "frame/session.h"
+#include "platform/program_lock.h"
 
 #include <functional>
+#include <memory>
 
 namespace frame {
 
@@ -18,6 +20,10 @@ enum class Start {
     End, ///< the share can't be reached and the person gave up
 };
 
+/// Says on the shared data, as long as the lock lives, that a program works with it, so that no restore begins
+/// meanwhile. std::runtime_error where a restore is at work.
+std::unique_ptr<platform::ProgramLock> take_place(const base::Settings& settings);
+
 class stg {
 public:
     /// `program_folder` is the folder that the program runs from. `changed` is called when the splash shows something
@@ -27,6 +33,10 @@ public:
     /// The whole of start-up. `show` brings up what it ends with. A start that fails up to there isn't counted as the
     /// product's first, so that the wizard isn't missed.
     Start Form_Activate(const std::function<void(Start)>& show = {});
+
+    /// The settings alone: where the data lies, what all else consults, and the eras. False if the share can't be
+    /// reached and the person gave up.
+    bool read_settings();
 
     QString Label1;              ///< "Ver." and the version
     bool Image1_Visible = false; ///< the splash picture

@@ -38,6 +38,7 @@ constexpr Place folders[]{
 
 constexpr Place programs[]{
     {Owner::Pc, u"system/exe/exe/rovena.exe"},
+    {Owner::Pc, u"system/exe/exe/rovena-import.exe"},
     {Owner::Shared, u"comdata/exe/exe/jyusinkanri.exe"},
     {Owner::Shared, u"comdata/exe/exe/jyunban.exe"},
 };

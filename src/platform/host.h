@@ -24,6 +24,13 @@ struct SaveDialog {
     QString name = {}; ///< proposed, with its extension; empty proposes none
 };
 
+/// How the dialog opens that asks for a file to read; as SaveDialog.
+struct OpenDialog {
+    QString title;
+    QString folder;
+    QString filter;
+};
+
 class Host {
 public:
     virtual ~Host() = default;
@@ -36,6 +43,9 @@ public:
     virtual std::optional<QString> input(const QString& prompt) = 0;
     /// The path to save to; nothing if cancelled.
     virtual std::optional<QString> save_path(const SaveDialog& dialog) = 0;
+
+    /// The path of a file that is there; nothing if cancelled.
+    virtual std::optional<QString> open_path(const OpenDialog& dialog) = 0;
 
     /// Opens a document or address with the desktop's own program. False if the desktop refused.
     virtual bool open_document(const QString& address) = 0;

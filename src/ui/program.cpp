@@ -25,9 +25,6 @@ namespace {
 
 constexpr QSize wanted_size(1366, 768);
 
-constexpr std::chrono::milliseconds lock_patience(2000);
-const QString restore_at_work = u"バックアップからの復元中です。終わってから起動してください。"_s;
-
 bool holds(QSize room, QSize size) {
     return size.boundedTo(room) == size;
 }
@@ -109,16 +106,9 @@ void Program::start_up(Splash& splash) {
     find_fonts_ahead();
     read_pictures_ahead(expected_settings(m_program_folder));
     stg.Form_Activate([this](frame::Start start) {
-        take_place();
+        m_place = frame::take_place(m_settings);
         show(start);
     });
-}
-
-/// Without a lock the program would not be seen by a restore, so where none can be had it doesn't start.
-void Program::take_place() {
-    m_place.emplace(store::data_folder(m_settings), store::desktop_program.toString());
-    if (!m_place->share(lock_patience))
-        throw std::runtime_error(restore_at_work.toStdString());
 }
 
 void Program::show(frame::Start start) {

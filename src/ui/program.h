@@ -14,7 +14,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <thread>
 
 namespace ui {
@@ -62,7 +61,7 @@ private:
     store::SettingTables m_tables;
     frame::TurnLink m_link;
     frame::Session m_session;
-    std::optional<platform::ProgramLock> m_place; ///< says on the shared folder that a program runs
+    std::unique_ptr<platform::ProgramLock> m_place; ///< says on the shared folder that a program runs
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<fir_start_window> m_wizard;
 };

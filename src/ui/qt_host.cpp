@@ -151,6 +151,21 @@ std::optional<QString> QtHost::save_path(const platform::SaveDialog& record) {
     return platform::native(dialog.selectedFiles().constFirst());
 }
 
+std::optional<QString> QtHost::open_path(const platform::OpenDialog& record) {
+    speak_japanese();
+    QFileDialog dialog(QApplication::activeWindow(), record.title, platform::portable(record.folder));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(name_filters(record.filter));
+    dialog.setLabelText(QFileDialog::LookIn, u"場所"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"ファイル名"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"種類"_s);
+    dialog.setLabelText(QFileDialog::Accept, u"開く"_s);
+    dialog.setLabelText(QFileDialog::Reject, cancel.text.toString());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return platform::native(dialog.selectedFiles().constFirst());
+}
+
 bool QtHost::open_document(const QString& address) {
     QUrl url = QUrl::fromUserInput(address);
     if (url.scheme() == u"file"_s && url.host() == u"localhost"_s)

@@ -17,6 +17,7 @@ public:
     platform::Answer ask(const QString& text, const QString& title, platform::Buttons buttons) override;
     std::optional<QString> input(const QString& prompt) override;
     std::optional<QString> save_path(const platform::SaveDialog& dialog) override;
+    std::optional<QString> open_path(const platform::OpenDialog& dialog) override;
     /// A page of the help that no browser shows comes in a window of the program's own.
     bool open_document(const QString& address) override;
     bool start_program(const QString& file, const QStringList& arguments) override;

@@ -74,6 +74,6 @@ TEST(Documents, EveryTableAndFieldOfTheFilesStandsInTheFormats) {
 
 TEST(Documents, EveryOptionOfAProgramStandsInTheOperations) {
     expect_told(u"rovena-install"_s, install::usage());
-    for (const QString& program : {u"jyunban"_s, u"jyusinkanri"_s})
+    for (const QString& program : {u"jyunban"_s, u"jyusinkanri"_s, u"rovena-import"_s})
         expect_told(program, help_of(program));
 }

@@ -41,5 +41,6 @@ TEST_P(OfACompanyAtWork, IsWalkedToItsEnd) {
 INSTANTIATE_TEST_SUITE_P(Road, OfANewCompany, testing::Values("new-company", "first-start"), name);
 INSTANTIATE_TEST_SUITE_P(Road, OfACompanyAtWork,
     testing::Values("company", "corrected-day", "saved-twice", "top-button", "left-in-the-middle", "as-left", "search",
-        "failed-save", "boxes", "report-conditions", "sizes", "masters", "settings", "drafts", "typed-month"),
+        "failed-save", "boxes", "report-conditions", "sizes", "masters", "settings", "drafts", "typed-month",
+        "recorder"),
     name);

@@ -23,7 +23,7 @@ class FakeHost : public platform::Host {
 public:
     std::deque<platform::Answer> answers;      ///< given in order; when used up: Ok, or Yes to a question
     std::deque<std::optional<QString>> inputs; ///< given in order; when used up: cancelled
-    std::deque<std::optional<QString>> paths;  ///< likewise, of the save-path dialog
+    std::deque<std::optional<QString>> paths;  ///< likewise, of the dialogs for a path
     std::set<QString> running;                 ///< titles of the programs that run
     QStringList printer_names;
     std::function<bool(const QString&, const QString&, const QString&)> share; ///< connect_share; unset: true
@@ -45,6 +45,9 @@ public:
     }
     std::optional<QString> save_path(const platform::SaveDialog& dialog) override {
         dialogs.push_back(dialog);
+        return next(paths, std::optional<QString>());
+    }
+    std::optional<QString> open_path(const platform::OpenDialog&) override {
         return next(paths, std::optional<QString>());
     }
     bool open_document(const QString& address) override { return opened << address, true; }

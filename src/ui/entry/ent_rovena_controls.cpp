@@ -94,8 +94,8 @@ ent_rovena_controls::ent_rovena_controls(
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
       imghelp(new PictureButton(pictures, frame::help_button, left)), toubotan(new QWidget(left)),
       standing(label(*left, 12, colours::text)), give_up(new QPushButton(u"入力を取り消す"_s, left)),
-      goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)), keys(new FunctionBar(function_keys, page)),
-      why(new WhyPanel(&page)) {
+      goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)), torikomi(new QPushButton(u"取込(&I)..."_s, left)),
+      keys(new FunctionBar(function_keys, page)), why(new WhyPanel(&page)) {
     syalab->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
     standing->setWordWrap(true);
@@ -104,6 +104,8 @@ ent_rovena_controls::ent_rovena_controls(
     give_up->setFlat(true);
     give_up->setFocusPolicy(Qt::TabFocus);
     goes_on->setFocusPolicy(Qt::TabFocus);
+    torikomi->setFlat(true);
+    torikomi->setFocusPolicy(Qt::TabFocus);
     toubotan->setFocusPolicy(Qt::ClickFocus);
     toubotan->setFixedSize(1, 1);
     toubotan->setObjectName("toubotan");
@@ -133,7 +135,10 @@ void ent_rovena_controls::fill_left_column() {
     column->addLayout(in_a_row(*sortlist));
     column->addWidget(hyou_syain, 1);
     column->addLayout(in_a_row(*kyuflg));
-    column->addWidget(goes_on);
+    auto* goes_on_row = new QHBoxLayout;
+    goes_on_row->addWidget(goes_on, 1);
+    goes_on_row->addWidget(torikomi);
+    column->addLayout(goes_on_row);
     column->addLayout(buttons);
     column->addWidget(standing);
     column->addWidget(give_up, 0, Qt::AlignLeft);
@@ -141,7 +146,7 @@ void ent_rovena_controls::fill_left_column() {
 
 void ent_rovena_controls::order_by_tab() {
     QWidget* const order[] = {ym[0], ym[1], sortlist->button(0), sortlist->button(1), hyou_syain, hyou, hyou_day,
-        kyuflg->button(0), kyuflg->button(1), goes_on, botan[1], botan[0], imghelp, give_up};
+        kyuflg->button(0), kyuflg->button(1), goes_on, torikomi, botan[1], botan[0], imghelp, give_up};
     for (std::size_t i = 1; i < std::size(order); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }

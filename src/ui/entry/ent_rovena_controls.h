@@ -50,6 +50,7 @@ struct ent_rovena_controls {
     QLabel* standing;     ///< how the month stands, and what was said of the last key
     QPushButton* give_up; ///< "入力を取り消す"
     QCheckBox* goes_on;
+    QPushButton* torikomi; ///< the time recorder import
     FunctionBar* keys;
     WhyPanel* why; ///< out of sight unless asked for
 

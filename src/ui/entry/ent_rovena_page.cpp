@@ -133,6 +133,7 @@ void ent_rovena_page::connect_keys() {
     for (const auto& [keys, key] : {std::pair(QKeySequence::Undo, Qt::Key_F11), {QKeySequence::Redo, Qt::Key_F12}})
         connect(new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut), &QShortcut::activated,
             this, [this, key] { press_key(key); });
+    connect(m_controls.torikomi, &QPushButton::clicked, this, [this] { leave_for_import(); });
     connect(m_controls.give_up, &QPushButton::clicked, this, [this] { give_up_draft(); });
     connect(m_controls.goes_on, &QCheckBox::toggled, this, [this](bool on) { m_form.set_goes_on(on); });
     m_kyucom->Digit = [this](int digit) { act([&] { m_form.kyucom_Digit(digit); }); };
@@ -170,6 +171,13 @@ void ent_rovena_page::press_key(Qt::Key key) {
     default:
         return;
     }
+}
+
+void ent_rovena_page::leave_for_import() {
+    if (m_form.saving || m_form.waiting)
+        return;
+    m_controls.toubotan->setFocus(); // so that a cell in edit is committed
+    Q_EMIT import_wanted();
 }
 
 entry::RowRange ent_rovena_page::row_in_hand() const {

@@ -27,6 +27,8 @@ public:
 Q_SIGNALS:
     /// The person left the screen.
     void close_wanted();
+    /// The person wants the time recorder import instead; what is typed lies in the draft.
+    void import_wanted();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -44,6 +46,7 @@ private:
     void press(int botan);
     void press_key(Qt::Key key);
     entry::RowRange row_in_hand() const;
+    void leave_for_import();
     void fill_days();
     bool paste_cells(const QString& text);
     bool may_save();

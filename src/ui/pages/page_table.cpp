@@ -2,6 +2,7 @@
 
 #include "frame/menus.h"
 #include "ui/entry/ent_rovena_page.h"
+#include "ui/intake/ent_torikomi_page.h"
 #include "ui/masters/mst_kinjikan_page.h"
 #include "ui/masters/mst_kinsyu_page.h"
 #include "ui/masters/mst_kintype_page.h"
@@ -35,6 +36,19 @@ QWidget* make_ent_rovena(const PageContext& context, QWidget* parent) {
     QObject::connect(page, &ent_rovena_page::close_wanted, page, [&pages = context.pages, &form = context.main_form] {
         pages.close(frame::Page::ent_rovena);
         form.show_info();
+    });
+    QObject::connect(page, &ent_rovena_page::import_wanted, page, [&pages = context.pages] {
+        pages.close(frame::Page::ent_rovena);
+        pages.show(frame::Page::ent_torikomi);
+    });
+    return page;
+}
+
+QWidget* make_ent_torikomi(const PageContext& context, QWidget* parent) {
+    auto* page = new Whole<ent_torikomi_page>(context.session, context.main_form.work, parent);
+    QObject::connect(page, &ent_torikomi_page::close_wanted, page, [&pages = context.pages] {
+        pages.close(frame::Page::ent_torikomi);
+        pages.show(frame::Page::ent_rovena);
     });
     return page;
 }
@@ -77,6 +91,7 @@ QWidget* make_errform(const PageContext& context, QWidget* parent) {
 
 constexpr PageRow table[]{
     {frame::Page::ent_rovena, make_ent_rovena},
+    {frame::Page::ent_torikomi, make_ent_torikomi},
     {frame::Page::info, make_info},
     {frame::Page::rov_00, make_menu<frame::rov_00>},
     {frame::Page::rov_01, make_rov_01},

@@ -17,6 +17,7 @@ namespace e2e {
 class Desk : public ui::QtHost {
 public:
     std::optional<QString> answer_to_save; ///< to the next dialog; one without an answer is cancelled
+    std::optional<QString> answer_to_open; ///< likewise
     QStringList opened, started;           ///< documents, and base names of programs, until they are taken
 
     QDateTime now() override { return QDateTime::currentDateTime().addMSecs(m_behind); }
@@ -28,6 +29,10 @@ public:
     }
     std::optional<QString> save_path(const platform::SaveDialog&) override {
         return std::exchange(answer_to_save, std::nullopt);
+    }
+
+    std::optional<QString> open_path(const platform::OpenDialog&) override {
+        return std::exchange(answer_to_open, std::nullopt);
     }
 
 private:

@@ -156,6 +156,11 @@ const QMap<QString, Walker::Act> Walker::acts{
     {u"back"_s, [](Walker& at, const Step& step) { at.move(step.word(0), u".away"_s, {}); }},
     // printed NAME | PAGES | TEXT...: in the one file that was opened; it becomes NAME.pdf
     {u"printed"_s, [](Walker& at, const Step& step) { at.printed(step); }},
+    // opens FILE: beside the roads, in the next dialog that asks for a file
+    {u"opens"_s,
+        [](Walker& at, const Step& step) {
+            at.m_desk.answer_to_open = platform::native(QStringLiteral(ROVENA_ROADS "/") + step.word(0));
+        }},
     // file NAME | TEXT...: in the report's CSV file
     {u"file"_s, [](Walker& at, const Step& step) { at.make_file(step); }},
     // opened TEXT: in the address of the only document since the last such step
