@@ -54,7 +54,10 @@ private:
             {u"Right"_s, [&] { form->atai_KeyDown(key::right); }},
             {u"Down"_s, [&] { form->atai_KeyDown(key::down); }},
             {u"fill"_s, [&] { form->fill(FillSource::StandardTimes); }},
-            {u"normal_day"_s, [&] { form->mark_normal_day({rest.toInt(), rest.toInt()}); }},
+            {u"normal_day"_s,
+                [&] {
+                    form->mark_normal_day({rest.toInt(), rest.toInt()});
+                }},
             {u"step"_s, [&] { form->step_employee(rest.toInt()); }},
             {u"goes_on"_s, [&] { form->set_goes_on(true); }},
             {u"kinds"_s, [&] { form->go_to_kinds(); }},

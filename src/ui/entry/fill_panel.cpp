@@ -21,7 +21,8 @@ using namespace base;
 
 namespace {
 
-constexpr QStringView source_captions[] = {u"勤務タイプのふだんの時刻", u"上の日と同じ時刻", u"前の週の同じ曜日と同じ時刻"};
+constexpr QStringView source_captions[] = {
+    u"勤務タイプのふだんの時刻", u"上の日と同じ時刻", u"前の週の同じ曜日と同じ時刻"};
 constexpr QStringView range_captions[] = {u"次の曜日の、空いている日すべて", u"行の範囲"};
 constexpr QStringView weekday_names = u"日月火水木金土";
 enum Range { whole, some };
