@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
@@ -177,8 +178,9 @@ void ent_torikomi_page::showEvent(QShowEvent* event) {
 void ent_torikomi_page::refresh() {
     const intake::RecorderFile& file = m_form.file;
     m_file->setText(m_form.path.isEmpty() ? u"タイムレコーダーの CSV やテキストのファイルを選んでください"_s
-                                          : u"%1　（%2、%3区切り、%4行）"_s.arg(platform::native(m_form.path),
+                                          : u"%1　（%2、%3区切り、%4行）"_s.arg(QFileInfo(m_form.path).fileName(),
                                                 file.encoding, file.separator, QString::number(file.lines.size())));
+    m_file->setToolTip(platform::native(m_form.path));
     m_read_again->setEnabled(!m_form.path.isEmpty());
     m_columns->refresh();
     m_lines->refresh();
