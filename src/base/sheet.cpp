@@ -131,6 +131,11 @@ void Sheet::SetCellDot(int row, int col, bool dot) {
         look_of(row, col).dot = dot;
 }
 
+void Sheet::SetCellStandIn(int row, int col, const QString& words) {
+    if (Look(row, col).stand_in != words)
+        look_of(row, col).stand_in = words;
+}
+
 void Sheet::SetCellTip(int row, int col, const QString& tip) {
     look_of(row, col).tip = tip;
 }

@@ -30,8 +30,9 @@ struct CellLook {
     std::optional<Rgb> back;
     std::optional<Rgb> fore;
     std::optional<Alignment> alignment;
-    bool dot = false; ///< a round mark at the cell's right edge: something of it waits
-    QString tip{};    ///< what is said of the cell beside its text; empty for nothing
+    bool dot = false;   ///< a round mark at the cell's right edge: something of it waits
+    QString tip{};      ///< what is said of the cell beside its text; empty for nothing
+    QString stand_in{}; ///< shown quietly in place of an empty text
 };
 
 enum class SortOrder {
@@ -91,6 +92,7 @@ public:
     void SetCellFore(int row, int col, Rgb colour);
     void SetCellAlignment(int row, int col, Alignment alignment);
     void SetCellDot(int row, int col, bool dot);
+    void SetCellStandIn(int row, int col, const QString& words);
     void SetCellTip(int row, int col, const QString& tip);
 
     /// Empties every cell and takes all looks, sizes and alignments back to their defaults; rows, columns and fixed

@@ -10,6 +10,9 @@
 
 namespace masters {
 
+/// What is shown in place of a choice that isn't set.
+inline constexpr QStringView unset_choice = u"（未設定）";
+
 /// What an item carries: its name and the text of its number.
 struct Choice {
     QString name;

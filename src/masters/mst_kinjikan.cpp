@@ -4,6 +4,7 @@
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "base/text.h"
+#include "masters/day_strip.h"
 #include "masters/lists.h"
 #include "masters/work_type_load.h"
 #include "masters/work_type_save.h"
@@ -15,7 +16,6 @@ using namespace base;
 
 namespace {
 
-constexpr int monday = 1;
 constexpr Rgb white{255, 255, 255};
 constexpr Rgb chosen_back{255, 220, 220};
 
@@ -69,14 +69,6 @@ constexpr int arrow_cols[] = {band_col::start, band_col::end, band_col::first_ru
     band_col::first_rule + 2, band_col::first_rule + 3, band_col::first_rule + 4, band_col::last_rule};
 constexpr int enter_cols[] = {band_col::start, band_col::end};
 constexpr CellRoutes routes{arrow_cols, enter_cols};
-
-bool is_day_set(int column) {
-    return column >= weekday_count;
-}
-
-int day_shown(int column) {
-    return is_day_set(column) ? monday : column;
-}
 
 QString note_of(const QList<ForeignRow>& foreign) {
     constexpr qsizetype told = 3;
@@ -137,6 +129,7 @@ void mst_kinjikan::take_in_hand(qint64 number) {
     m_week = week;
     kinjikanmei = Trim(hyoulist(hyoulist.Row(), 0));
     kinjino = digits(number);
+    hold_as_registered(week, kinjikanmei);
     m_week.show_day(hyou, monday);
     choose_day(monday);
 }
@@ -181,10 +174,13 @@ void mst_kinjikan::write(int mode, const QString& name) {
     if (number == 0)
         number = store::採番(m_session.settings, u"勤務時間"_s);
     auto rovdata = open_rovdata();
-    if (mode == Register)
+    if (mode == Register) {
         replace_work_type(rovdata, number, name, m_week);
-    else
+        hold_as_registered(m_week, name);
+    } else {
         deletions.add(delete_work_type(rovdata, number));
+        hold_as_registered({}, {});
+    }
     notelab.clear();
 }
 

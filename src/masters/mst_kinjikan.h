@@ -57,9 +57,18 @@ public:
     /// The picture of the day in the grid, with what is typed in the open cell as it would be committed now.
     common::DayPicture picture() const;
 
+    /// What is to be said of break rules that were typed under a day set and would be registered as their hour alone on
+    /// days that weren't shown since; empty if there are none.
+    QString rules_line() const;
+
+    bool mark_unregistered() override;
+
     // Acts of the person.
 
     void Form_Load();
+
+    /// The button beside the line of the rules: they reach every day of their set. Nothing is registered by that.
+    void give_rules_to_all_days();
 
     void hyoulist_Click(int row);
     void hyou_youbi_Click(int column);
@@ -81,12 +90,18 @@ private:
     void tell_progress(const QString& during, const QString& after, const std::function<void()>& work);
     void say(const QString& progress);
     void take_in_hand(qint64 number);
+    void rows_are_back() override;
+    QList<int> days_cut_short() const;
+    void hold_as_registered(const WeekBuffer& week, const QString& name);
+    bool differs(const WeekBuffer& week, int weekday, int band) const;
     bool confirmed(int mode, const QString& name);
     void write(int mode, const QString& name);
     void choose_day(int column);
     void set_choice(int element, int row, const Choice& choice);
 
     WeekBuffer m_week;
+    WeekBuffer m_registered; ///< the type in hand as it is in the table; empty for a new one
+    QString m_registered_name;
 };
 
 } // namespace masters

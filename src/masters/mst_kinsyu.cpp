@@ -38,11 +38,15 @@ Deletion delete_category(store::Database& rovdata, qint64 number, const QString&
     return deletion;
 }
 
-/// Names that were typed and have no number yet.
-QStringList names_not_stored(const Sheet& hyou) {
+/// A name was typed and has no number yet.
+bool is_new(const Sheet& hyou, int row) {
+    return hyou(row, mst_kinsyu::number_col).isEmpty() && !hyou(row, mst_kinsyu::name_col).isEmpty();
+}
+
+QStringList new_names(const Sheet& hyou) {
     QStringList names;
     for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row)
-        if (hyou(row, mst_kinsyu::number_col).isEmpty() && !hyou(row, mst_kinsyu::name_col).isEmpty())
+        if (is_new(hyou, row))
             names << hyou(row, mst_kinsyu::name_col);
     return names;
 }
@@ -95,6 +99,16 @@ void mst_kinsyu::マスター削除() {
     マスター呼出();
 }
 
+bool mst_kinsyu::mark_unregistered() {
+    bool any = false;
+    for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row) {
+        const bool marked = is_new(hyou, row) || !hyou(row, mark_col).isEmpty();
+        hyou.SetCellDot(row, name_col, marked);
+        any |= marked;
+    }
+    return any;
+}
+
 void mst_kinsyu::Form_Load() {
     書式設定();
     マスター呼出();
@@ -139,7 +153,7 @@ void mst_kinsyu::leave_cell() {
 
 /// The table read afresh knows nothing of names without a number.
 void mst_kinsyu::rows_are_back() {
-    const QStringList typed = names_not_stored(hyou);
+    const QStringList typed = new_names(hyou);
     マスター呼出();
     for (const QString& name : typed) {
         hyou(hyou.Rows() - 1, name_col) = name;

@@ -30,6 +30,8 @@ public:
     void マスター登録(int row); ///< writes a marked row, draws its number if it has none, and takes the mark away
     void マスター削除(); ///< the row under the cursor, if the person says yes; nothing on the heading or an empty one
 
+    bool mark_unregistered() override; ///< a name without a number too, which leaving the cell doesn't save
+
     // Acts of the person.
 
     void Form_Load();

@@ -47,6 +47,8 @@ void mst_kintype::勤務タイプリスト表示() {
 void mst_kintype::社員マスター全呼出() {
     auto rovdata = open_rovdata();
     list_employees(hyou, rovdata, employee_col, common::EmployeeOrder::Numbered);
+    for (int row = hyou.FixedRows(); row < hyou.Rows(); ++row)
+        hyou.SetCellStandIn(row, type_name_col, unset_choice.toString());
 }
 
 void mst_kintype::社員勤務種類マスター全呼出() {

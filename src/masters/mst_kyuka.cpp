@@ -71,6 +71,7 @@ void mst_kyuka::休暇リスト転記() {
     atai[mark_field] = digits(mark);
     ch_hyou = mark != 0;
     Op_kyusyu = static_cast<int>(day_class);
+    hold_as_registered();
 }
 
 void mst_kyuka::休暇リスト登録(int mode) {
@@ -130,6 +131,7 @@ void mst_kyuka::start_new_row() {
     for (const Field field : {key_field, name_field, mark_field})
         atai[field].clear();
     ch_hyou = false;
+    hold_as_registered();
 }
 
 void mst_kyuka::Form_Load() {

@@ -79,6 +79,7 @@ void mst_syain::社員表示処理(qint64 number) {
         hyou_syain(i, 1) = row.text(i);
         show_field({row.name(i), row.text(i)});
     }
+    hold_as_registered();
 }
 
 void mst_syain::show_field(const FieldText& field) {
@@ -90,6 +91,7 @@ void mst_syain::show_field(const FieldText& field) {
 void mst_syain::画面クリア() {
     for (QString& text : atai)
         text.clear();
+    hold_as_registered();
 }
 
 void mst_syain::全体マスター変更処理(int mode) {

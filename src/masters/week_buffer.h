@@ -53,6 +53,15 @@ public:
     /// A band or a day into the grid: time text, and a break rule of "0:00" as an empty cell.
     void show_band(base::Sheet& hyou, int weekday, int band) const;
     void show_day(base::Sheet& hyou, int weekday) const;
+    /// Whether the grid holds what show_day() would put there.
+    bool is_shown(const base::Sheet& hyou, int weekday) const;
+
+    bool is_blank(int weekday, int band) const;
+
+    /// The text of a break rule that would be saved as another time, as "1:30"; empty if the day has none.
+    QString rule_cut_short(int weekday) const;
+    /// Makes the break rules of all days numbers, as they'd be if each day had been shown and left.
+    void make_rules_numbers();
 
 private:
     using Band = std::array<QString, band_col::count>;

@@ -4,6 +4,8 @@
 #include "base/numbers.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace masters {
 
 using namespace base;
@@ -25,12 +27,6 @@ bool is_kept(const WeekBuffer& week, int weekday, int band) {
     return !Trim(week(weekday, band, band_col::start)).isEmpty() || !Trim(week(weekday, band, band_col::end)).isEmpty();
 }
 
-/// The name of the type as it is in the table, whatever stands in the box.
-QString stored_name(store::Database& rovdata, qint64 number) {
-    auto query = rovdata.prepare("select 勤務タイプ名 from kintype where システム番号=? order by rowid");
-    return short_name(query.bind(number).step() ? Trim(query.row().text(0)) : QString());
-}
-
 void delete_rows(store::Database& rovdata, qint64 number) {
     rovdata.prepare("delete from kintype where システム番号=?").bind(number).run();
 }
@@ -39,16 +35,25 @@ void add_bands(store::Database& rovdata, qint64 number, const QString& name, con
     auto add = rovdata.prepare(add_row);
     for (int weekday = 0; weekday < weekday_count; ++weekday)
         for (int band = 1; band <= band_count; ++band) {
-            if (!is_kept(week, weekday, band))
+            const auto stored = stored_band(week, weekday, band);
+            if (!stored)
                 continue;
             add.bind(number, name, weekday, band);
-            for (int i = 0; i < int(std::size(stored_cols)); ++i)
-                add.bind_at(first_stored_place + i, Val(week(weekday, band, stored_cols[i])));
+            for (std::size_t i = 0; i < stored->size(); ++i)
+                add.bind_at(first_stored_place + int(i), (*stored)[i]);
             add.run();
         }
 }
 
 } // namespace
+
+std::optional<StoredBand> stored_band(const WeekBuffer& week, int weekday, int band) {
+    if (!is_kept(week, weekday, band))
+        return std::nullopt;
+    StoredBand stored;
+    std::ranges::transform(stored_cols, stored.begin(), [&](int col) { return Val(week(weekday, band, col)); });
+    return stored;
+}
 
 void replace_work_type(store::Database& rovdata, qint64 number, const QString& name, const WeekBuffer& week) {
     store::Transaction transaction(rovdata);
@@ -57,9 +62,14 @@ void replace_work_type(store::Database& rovdata, qint64 number, const QString& n
     transaction.commit();
 }
 
+QString stored_name(store::Database& rovdata, qint64 number) {
+    auto query = rovdata.prepare("select 勤務タイプ名 from kintype where システム番号=? order by rowid");
+    return query.bind(number).step() ? Trim(query.row().text(0)) : QString();
+}
+
 Deletion delete_work_type(store::Database& rovdata, qint64 number) {
     store::Transaction transaction(rovdata);
-    Deletion deletion{.what = u"勤務タイプ "_s + stored_name(rovdata, number),
+    Deletion deletion{.what = u"勤務タイプ "_s + short_name(stored_name(rovdata, number)),
         .hanging = hanging_on(number, rovdata,
             "select count(*) from syain where システム番号 in (select システム社員番号 from syainkinmu where "
             "勤務タイプ=?)",

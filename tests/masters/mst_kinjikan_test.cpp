@@ -52,6 +52,15 @@ protected:
         return rows(rovdata(), "select 曜日, 休憩勤務時間1, 休憩時間1 from kintype order by 曜日");
     }
 
+    /// The days of the strip with a dot.
+    QString dotted() {
+        form.mark_unregistered();
+        QString days;
+        for (int day = 0; day < weekday_count; ++day)
+            days += form.hyou_youbi.Look(0, day).dot ? form.hyou_youbi(0, day) : QString();
+        return days;
+    }
+
     /// So many cells of a row from one on, joined by "|".
     QString grid(int row, int col, int count) const {
         QStringList cells;
@@ -156,6 +165,52 @@ TEST_F(WorkTypes, ARuleCopiedOntoADaySetIsSavedAsItsHourUnlessTheDayWasShown) {
     form.kinjino = u"1"_s;
     form.botan_Click(1);
     EXPECT_EQ(stored_rules()[5], u"5|130|45"_s) << "a day shown and left is right";
+}
+
+TEST_F(WorkTypes, ARuleThatReachedOnlyTheDayInViewIsToldAndGivenToEveryDayOfItsSet) {
+    open_a_named_day(monday_to_friday);
+    form.kinjino = u"1"_s;
+    enter(1, band_col::first_rule, u"130"_s);
+    enter(1, band_col::first_rule + 1, u"45"_s);
+    form.hyou_youbi_Click(2);
+    EXPECT_EQ(form.rules_line(), u"まとめて入れた休憩は、このままでは 月・水・木・金 で 1:30 が 0:01 と登録されます"_s);
+    EXPECT_EQ(dotted(), u"月火水木金"_s);
+    form.botan_Click(1);
+    EXPECT_EQ(dotted(), QString());
+    form.give_rules_to_all_days();
+    EXPECT_EQ(form.rules_line(), QString());
+    EXPECT_EQ(dotted(), u"月水木金"_s) << "not in the table yet";
+    form.hyou_youbi_Click(monday_to_friday);
+    for (const QString& cut : {u"1|1|0"_s, u"1|130|45"_s}) {
+        form.botan_Click(1);
+        EXPECT_EQ(stored_rules()[0], cut);
+        form.give_rules_to_all_days();
+        EXPECT_EQ(form.hyou_youbi_tag, 1) << "the set in view would cut them again";
+    }
+    EXPECT_EQ(stored_rules().filter(u"|130|45"_s).size(), 5);
+}
+
+TEST_F(WorkTypes, WhatIsTypedIsDottedUntilItIsRegisteredAndAChoiceNotMadeIsSaid) {
+    add_band(7, u"普通"_s, 1, 1, 830, 1715, 99);
+    open_the_first_type();
+    EXPECT_EQ(dotted(), QString());
+    EXPECT_EQ(form.hyou.Look(1, band_col::category_name).stand_in, u"（削除済み）"_s);
+    enter(2, band_col::start, u"1715"_s);
+    choose(3, band_col::category_name, 0);
+    form.hyou_Click({1, band_col::start});
+    EXPECT_EQ(dotted(), u"月"_s);
+    EXPECT_EQ(form.hyou.Look(2, band_col::mode_name).stand_in, u"（未設定）"_s);
+    EXPECT_EQ(form.hyou.Look(4, band_col::mode_name).stand_in, QString());
+    form.botan_Click(1);
+    EXPECT_EQ(dotted(), u"月"_s);
+    EXPECT_FALSE(form.hyou.Look(2, band_col::row_number).dot);
+    EXPECT_TRUE(form.hyou.Look(3, band_col::row_number).dot) << "a band without a time is dropped";
+    form.botan_Click(2);
+    EXPECT_TRUE(form.mark_unregistered());
+    EXPECT_TRUE(form.hyou.Look(2, band_col::row_number).dot && form.hyoulist.Look(1, 0).dot);
+    form.undo_deletion();
+    form.mark_unregistered();
+    EXPECT_FALSE(form.hyou.Look(2, band_col::row_number).dot);
 }
 
 TEST_F(WorkTypes, TheDaySetQuestionComesBeforeTheConfirmationAndANoToThatWritesNothing) {

@@ -46,6 +46,7 @@ TEST_F(Categories, ANewNameThatArrivesInOneChangeIsNotSaved) {
     EXPECT_EQ(counter(u"勤務種類"_s), 0);
     EXPECT_EQ(form.notice->text, u"「深夜残業」はまだ登録されていません（1文字足して消すと登録されます）"_s);
     EXPECT_EQ(form.notice->place, (Cell{1, mst_kinsyu::name_col}));
+    EXPECT_TRUE(form.mark_unregistered() && form.hyou.Look(1, mst_kinsyu::name_col).dot);
 
     form.hyou_Click({1, mst_kinsyu::name_col});
     form.atai_Change(odd_name);
@@ -54,6 +55,7 @@ TEST_F(Categories, ANewNameThatArrivesInOneChangeIsNotSaved) {
     EXPECT_TRUE(form.atai_KeyDown(key::enter));
     EXPECT_EQ(stored(), QStringList({u"1|"_s + odd_name}));
     EXPECT_FALSE(form.notice);
+    EXPECT_FALSE(form.mark_unregistered() || form.hyou.Look(1, mst_kinsyu::name_col).dot);
     EXPECT_EQ(form.atai.cell, (Cell{2, mst_kinsyu::name_col}));
 }
 

@@ -57,6 +57,7 @@ TEST_F(Assignments, ATypeWithoutRowsReadsAsNoneAndOfTwoNamesTheFirstIsShown) {
     assign(1, 7);
     form.Form_Load();
     EXPECT_EQ(column(form.hyou, mst_kintype::type_name_col), QStringList({u""_s, u"普通社員"_s}));
+    EXPECT_EQ(form.hyou.Look(1, mst_kintype::type_name_col).stand_in, u"（未設定）"_s);
     EXPECT_EQ(stored(), QStringList({u"2|99"_s, u"1|7"_s})) << "the row of the type stays";
     for (const int row : {2, 1}) {
         form.hyou_Click({row, mst_kintype::type_name_col});

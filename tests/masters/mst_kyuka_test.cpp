@@ -60,7 +60,9 @@ TEST_F(DayKinds, AClickTakesTheRowInHandAndASaveNeedsANameAndReplacesIt) {
     EXPECT_EQ(form.atai[mst_kyuka::key_field], u"3"_s);
     EXPECT_TRUE(form.ch_hyou);
     EXPECT_EQ(form.Op_kyusyu, 1);
+    EXPECT_FALSE(form.mark_unregistered());
     name(u"  "_s);
+    EXPECT_TRUE(form.mark_unregistered() && form.hyou.Look(1, 0).dot);
     form.botan_Click(1);
     EXPECT_EQ(host.shown, (std::vector<Shown>{{u"休暇名を入力してください"_s, u"休暇名未入力"_s, Buttons::Ok}}));
     name(odd_name);

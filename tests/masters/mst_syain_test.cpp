@@ -81,8 +81,11 @@ TEST_F(Employees, OnlyANewEmployeeNeedsANameForADeleteTooWhichDrawsANumberAndDel
     form.botan_Click(2);
     EXPECT_EQ(counter(u"社員番号"_s), 1);
     form.hyou_Click(1);
+    EXPECT_FALSE(form.mark_unregistered());
     form.atai_Change(mst_syain::name_field, u""_s);
+    EXPECT_TRUE(form.mark_unregistered() && form.hyou.Look(1, 0).dot);
     form.botan_Click(1);
+    EXPECT_FALSE(form.mark_unregistered() || form.hyou.Look(1, 0).dot);
     EXPECT_EQ(stored(rovdata()), QStringList({u"4|12||"_s}));
 }
 

@@ -33,9 +33,9 @@ public:
         const base::CellLook look = m_sheet.Look(place.cell.row, place.cell.col);
         m_painter.fillRect(place.rect, look.back ? colour(*look.back) : QColor::fromRgb(own_ground(place)));
         lines(place);
-        m_painter.setPen(
-            look.fore ? colour(*look.fore) : QColor::fromRgb(place.heading ? colours::heading_text : colours::text));
-        text(place);
+        const QString& content = m_sheet(place.cell.row, place.cell.col);
+        m_painter.setPen(look.fore ? colour(*look.fore) : QColor::fromRgb(own_colour(place, content)));
+        text(place, content.isEmpty() ? look.stand_in : content);
         if (look.dot)
             dot(place.rect);
     }
@@ -87,6 +87,12 @@ private:
         return colours::ground;
     }
 
+    static QRgb own_colour(const CellPlace& place, const QString& content) {
+        if (content.isEmpty())
+            return colours::stand_in;
+        return place.heading ? colours::heading_text : colours::text;
+    }
+
     void lines(const CellPlace& place) {
         const QRect& r = place.rect;
         m_painter.fillRect(r.right(), r.top(), 1, r.height(),
@@ -97,8 +103,7 @@ private:
 
     bool is_last_fixed_col(const CellPlace& place) const { return place.cell.col == m_sheet.FixedCols() - 1; }
 
-    void text(const CellPlace& place) {
-        const QString& content = m_sheet(place.cell.row, place.cell.col);
+    void text(const CellPlace& place, const QString& content) {
         if (content.isEmpty())
             return;
         set_font_for(place.rect.height());

@@ -128,7 +128,10 @@ GridReader& reader_of(GridView& view) {
 }
 
 QString CellReader::text(QAccessible::Text wanted) const {
-    return isValid() && wanted == QAccessible::Name ? sheet()(m_cell.row, m_cell.col) : QString();
+    if (!isValid() || wanted != QAccessible::Name)
+        return {};
+    const QString& content = sheet()(m_cell.row, m_cell.col);
+    return content.isEmpty() ? sheet().Look(m_cell.row, m_cell.col).stand_in : content;
 }
 
 /// On the screen; empty while the cell is scrolled away.

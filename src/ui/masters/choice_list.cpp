@@ -10,6 +10,7 @@ namespace ui {
 
 ChoiceList::ChoiceList(GridView& grid, masters::ComboBox& state, ChoiceActs acts)
     : CellCombo(grid), m_state(state), m_acts(std::move(acts)) {
+    setPlaceholderText(masters::unset_choice.toString());
     connect(this, &QComboBox::activated, this, [this](int item) { m_acts.Click(item); });
 }
 

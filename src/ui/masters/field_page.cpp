@@ -61,7 +61,7 @@ void FieldPage::close_fields() {
     body()->addSpacing(12);
     body()->addLayout(column);
     body()->addStretch(1);
-    add_deletions(form_of_fields());
+    add_standing(form_of_fields());
     add_foot();
 }
 

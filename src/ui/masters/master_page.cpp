@@ -27,6 +27,18 @@ constexpr frame::Button botan_buttons[] = {
 };
 constexpr int order_at_foot[] = {1, 2, 0};
 
+/// Its place stands also while it is out of sight.
+QLabel* unregistered_legend(QWidget* parent) {
+    auto* legend =
+        new QLabel(u"<span style='color:%1'>●</span> 未登録"_s.arg(QColor::fromRgb(colours::waiting).name()), parent);
+    letter(*legend, Lettering::Quiet);
+    legend->setObjectName("unregistered");
+    QSizePolicy policy = legend->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    legend->setSizePolicy(policy);
+    return legend;
+}
+
 } // namespace
 
 MasterPage::MasterPage(frame::Session& session, MasterName name, MasterButtons buttons, QWidget* parent)
@@ -48,6 +60,8 @@ void MasterPage::add_foot(QWidget* behind) {
         if (element < static_cast<int>(m_buttons))
             m_parts.foot->addWidget(make_button(element));
     m_parts.foot->addWidget(make_help_button());
+    if (m_unregistered)
+        m_parts.foot->addWidget(m_unregistered);
     if (behind)
         m_parts.foot->addWidget(behind);
     m_parts.foot->addWidget(m_said, 1);
@@ -58,13 +72,19 @@ void MasterPage::say(const QString& words, const QWidget& beside, QRect place) {
     m_note->say(words, beside, place);
 }
 
-void MasterPage::add_deletions(masters::MasterScreen& form) {
-    auto* line = new StandingLine(u"元に戻す", this);
-    line->setObjectName("deletions");
-    m_parts.body->addWidget(line);
-    connect(line->button(), &QPushButton::clicked, this,
-        [this, &form] { press_after_leaving([&] { form.undo_deletion(); }); });
-    m_show_deletions = [line, &form] { line->say(form.deletions.line(), form.deletions.can_undo()); };
+void MasterPage::add_standing(masters::MasterScreen& form) {
+    m_form = &form;
+    m_deletions = standing_line("deletions", u"元に戻す", [&form] { form.undo_deletion(); });
+    m_parts.body->addWidget(m_deletions);
+    m_unregistered = unregistered_legend(this);
+}
+
+StandingLine* MasterPage::standing_line(
+    const char* name, QStringView button, const std::function<void()>& act_of_form) {
+    auto* line = new StandingLine(button, this);
+    line->setObjectName(name);
+    connect(line->button(), &QPushButton::clicked, this, [this, act_of_form] { press_after_leaving(act_of_form); });
+    return line;
 }
 
 PictureButton* MasterPage::make_button(int element) {
@@ -87,11 +107,17 @@ void MasterPage::resizeEvent(QResizeEvent* event) {
 }
 
 void MasterPage::refresh() {
+    if (m_form)
+        show_standing();
     show_form();
-    m_show_deletions();
     const auto wish = std::exchange(screen().focus, std::nullopt);
     if (wish)
         (wish->control == masters::Control::Toubotan ? m_toubotan : control(*wish))->setFocus(Qt::OtherFocusReason);
+}
+
+void MasterPage::show_standing() {
+    m_unregistered->setVisible(m_form->mark_unregistered());
+    m_deletions->say(m_form->deletions.line(), m_form->deletions.can_undo());
 }
 
 /// A window that comes back from the task bar goes on where it was left.

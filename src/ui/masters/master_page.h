@@ -16,6 +16,7 @@ namespace ui {
 
 class GridView;
 class MomentNote;
+class StandingLine;
 enum class CursorStyle;
 
 /// How many of the buttons 0 to 2 a page has: leave, register, delete.
@@ -71,14 +72,18 @@ protected:
     void show_only(GridView& view, masters::GridScreen& form);
 
     QHBoxLayout* body() { return m_body; }
-    /// The line above the buttons that tells what was deleted, with the way back. Made before the foot.
-    void add_deletions(masters::MasterScreen& form);
+    /// The line above the buttons that tells what was deleted, with the way back, and the word for the dots of rows
+    /// that aren't registered. Called before add_foot().
+    void add_standing(masters::MasterScreen& form);
+    /// A line whose button is an act of the form.
+    StandingLine* standing_line(const char* name, QStringView button, const std::function<void()>& act_of_form);
     /// The buttons at the foot, and what stands behind them. Made last, so that Tab comes to them last.
     void add_foot(QWidget* behind = nullptr);
 
 private:
     PictureButton* make_button(int element);
     PictureButton* make_help_button();
+    void show_standing();
     void press(int element);
     /// Presses something of the form after the cell in edit was left.
     void press_after_leaving(const std::function<void()>& act_of_form);
@@ -88,7 +93,9 @@ private:
     MasterButtons m_buttons;
     QWidget* m_toubotan; ///< takes the focus when a button is pressed, so that a cell in edit is committed
     std::array<PictureButton*, 3> m_botan{};
-    std::function<void()> m_show_deletions = [] {};
+    masters::MasterScreen* m_form = nullptr; ///< unset where nothing is deleted
+    StandingLine* m_deletions = nullptr;
+    QLabel* m_unregistered = nullptr;
     QHBoxLayout* m_body;
     PageParts m_parts;
     QLabel* m_said;

@@ -5,6 +5,7 @@
 #include "ui/masters/day_line.h"
 #include "ui/parts/field_box.h"
 #include "ui/parts/page_parts.h"
+#include "ui/parts/standing_line.h"
 
 #include <QVBoxLayout>
 #include <algorithm>
@@ -29,12 +30,13 @@ mst_kinjikan_page::mst_kinjikan_page(frame::Session& session, QWidget* parent)
     make_editors();
     m_picture = new DayLine(this);
     m_kinjino = master_note(this);
+    m_rules = standing_line("rules", u"すべての曜日に入れる", [this] { m_form.give_rules_to_all_days(); });
     m_notelab = master_note(this);
     m_notelab->setWordWrap(true);
     m_msglab = master_note(this);
     body()->addWidget(m_hyoulist);
     body()->addLayout(make_work(), 1);
-    add_deletions(m_form);
+    add_standing(m_form);
     add_foot(m_msglab);
     m_form.msglab_changed = [this] { show_at_once(*m_msglab, m_form.msglab); };
     refresh();
@@ -88,6 +90,7 @@ QLayout* mst_kinjikan_page::make_work() {
     column->addWidget(m_hyou_youbi);
     column->addWidget(m_hyou);
     column->addWidget(m_picture);
+    column->addWidget(m_rules);
     column->addWidget(m_notelab);
     column->addStretch();
     return column;
@@ -112,6 +115,8 @@ void mst_kinjikan_page::show_form() {
     m_kinjikanmei->show_text(m_form.kinjikanmei);
     m_kinjino->setText(m_form.kinjino);
     m_notelab->setText(m_form.notelab);
+    const QString rules = m_form.rules_line();
+    m_rules->say(rules, !rules.isEmpty());
     m_msglab->setText(m_form.msglab);
     m_picture->show_day(m_form.picture(), category_names());
     m_atai->refresh();

@@ -42,6 +42,7 @@ private:
     DayLine* m_picture;
     QLabel* m_kinjino;
     QLabel* m_notelab;
+    StandingLine* m_rules;
     QLabel* m_msglab;
     CellEditor* m_atai;
     std::array<ChoiceList*, 2> m_atai_com;

@@ -10,7 +10,7 @@ mst_kinsyu_page::mst_kinsyu_page(frame::Session& session, QWidget* parent)
     m_hyou = master_grid(m_form.hyou, CursorStyle::Cell, "hyou", this);
     m_atai = new CellEditor(
         *m_hyou, m_form.atai, editor_acts(m_form, [this](const QString& text) { m_form.atai_Change(text); }));
-    add_deletions(m_form);
+    add_standing(m_form);
     show_only(*m_hyou, m_form);
     refresh();
 }

@@ -14,6 +14,7 @@ inline constexpr QRgb ground = 0xffffffff;      ///< the ground of cells and box
 inline constexpr QRgb box_in_hand = 0xfff0f0ff; ///< the ground of a box that has the keyboard
 inline constexpr QRgb text = 0xff1d2030;
 inline constexpr QRgb quiet_text = 0xff5b6080;
+inline constexpr QRgb stand_in = 0xff8a8fa8; ///< words in place of a text that isn't there
 
 inline constexpr QRgb heading = 0xffe6e8f6;
 inline constexpr QRgb heading_text = 0xff2a2d5e;
