@@ -36,8 +36,8 @@ BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
 }
 
 /// A day without work takes its kind from the calculation, which leaves `休出` as it is; a choice sets it.
-bool only_stamped(const MonthSheet& sheet, const TypedDay& before, TypedDay now) {
-    if (now.kind_number != sheet.kind_without_work.number || now.holiday_work != before.holiday_work)
+bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now) {
+    if (now.kind_number != kind_without_work.number || now.holiday_work != before.holiday_work)
         return false;
     now.kind_number = before.kind_number;
     now.kind_name = before.kind_name;
@@ -75,6 +75,10 @@ bool stored_alike(const TypedDay& a, const TypedDay& b) {
     return as_stored(a) == as_stored(b);
 }
 
+bool stands_as_before(const DraftDay& day, const TypedDay& stored, const DayKind& kind_without_work) {
+    return stored_alike(day.before, stored) || only_stamped(kind_without_work, day.before, stored);
+}
+
 MonthAsRead month_as_read(const MonthSheet& sheet) {
     MonthAsRead days;
     for (int r = row::first_day; r <= row::last_day; ++r)
@@ -93,7 +97,7 @@ QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, con
         const auto as_posted = posted.find(r);
         const bool stands_as_posted = as_posted != posted.end() && *as_posted == now;
         const TypedDay& before = as_posted == posted.end() || stands_as_posted ? read[r] : *as_posted;
-        if (stands_as_posted || (now != before && !only_stamped(sheet, before, now)))
+        if (stands_as_posted || (now != before && !only_stamped(sheet.kind_without_work, before, now)))
             days << DraftDay{sheet.month.day(r), before, now, break_from(sheet, r, before), Val(sheet.mark(r)) == 2,
                 stands_as_posted};
     }
@@ -107,7 +111,7 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
         const auto day = std::ranges::find(draft.days, sheet.month.day(r), &DraftDay::date);
         if (day == draft.days.end() || stored_alike(day->typed, read[r]))
             continue;
-        if (stored_alike(day->before, read[r]))
+        if (stands_as_before(*day, read[r], sheet.kind_without_work))
             lay_day(sheet, r, *day);
         else
             clashes << Clash{r, *day, read[r]};

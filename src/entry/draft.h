@@ -49,6 +49,10 @@ struct DraftDay {
     friend bool operator==(const DraftDay&, const DraftDay&) = default;
 };
 
+/// Whether the tables hold what the day was typed over, as it was or with the standard kind that a save of other days
+/// gave it by itself.
+bool stands_as_before(const DraftDay& day, const TypedDay& stored, const DayKind& kind_without_work);
+
 struct Draft {
     base::EmployeeKey employee;
     QList<DraftDay> days; ///< in order

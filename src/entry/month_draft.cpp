@@ -53,7 +53,7 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
         return;
     const auto arrived = [&](const DraftDay& day) {
         const int r = row_of(m_month, day.date);
-        return day.posted && !(is_found_again(sheet, r) && stored_alike(day.before, m_read[r]));
+        return day.posted && !(is_found_again(sheet, r) && stands_as_before(day, m_read[r], sheet.kind_without_work));
     };
     m_kept.days.removeIf(arrived);
     for (DraftDay& day : m_kept.days)

@@ -88,7 +88,7 @@ void StandingDays::lay_draft(Month& read, EmployeeKey employee, const CompanyMon
         const int r = row_of(month, day.date);
         if (stored_alike(day.typed, read.days[r]))
             continue;
-        if (stored_alike(day.before, read.days[r]))
+        if (stands_as_before(day, read.days[r], m_kind_without_work))
             read.days[r] = day.typed;
         else
             read.clashes << r;
