@@ -45,6 +45,19 @@ void BareDatabase::exec(const char* sql) {
     check(sqlite3_exec(m_engine, sql, nullptr, nullptr, nullptr) == SQLITE_OK, sql);
 }
 
+void step(sqlite3_stmt* statement, std::initializer_list<qint64> values) {
+    int place = 0;
+    for (const qint64 value : values)
+        sqlite3_bind_int64(statement, ++place, value);
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        for (int column = 0; column < sqlite3_column_count(statement); ++column)
+            if (sqlite3_column_type(statement, column) == SQLITE_TEXT)
+                benchmark::DoNotOptimize(sqlite3_column_text(statement, column));
+            else
+                benchmark::DoNotOptimize(sqlite3_column_int64(statement, column));
+    sqlite3_reset(statement);
+}
+
 void BareDatabase::step_through(const char* sql, std::initializer_list<qint64> values) {
     sqlite3_stmt* statement = prepare(sql);
     int place = 0;

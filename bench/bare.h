@@ -11,6 +11,9 @@ namespace bench {
 /// The key of a file in the engine's raw form, derived once.
 std::string raw_key(const QString& path);
 
+/// Steps through a prepared query with numbers bound in order, looks at every column as what it is, and resets it.
+void step(sqlite3_stmt* statement, std::initializer_list<qint64> values);
+
 class BareDatabase {
 public:
     BareDatabase(const QString& path, const std::string& key);

@@ -83,20 +83,6 @@ void work_time_list(benchmark::State& state) {
         company.tally();
 }
 
-/// Steps to the end and looks at every column as what it is.
-void step(sqlite3_stmt* statement, std::initializer_list<qint64> values) {
-    int place = 0;
-    for (const qint64 value : values)
-        sqlite3_bind_int64(statement, ++place, value);
-    while (sqlite3_step(statement) == SQLITE_ROW)
-        for (int column = 0; column < sqlite3_column_count(statement); ++column)
-            if (sqlite3_column_type(statement, column) == SQLITE_TEXT)
-                benchmark::DoNotOptimize(sqlite3_column_text(statement, column));
-            else
-                benchmark::DoNotOptimize(sqlite3_column_int64(statement, column));
-    sqlite3_reset(statement);
-}
-
 struct Queries {
     const char* employees;
     const char* days;

@@ -25,6 +25,7 @@ std::vector<Line> recorder_import();
 std::vector<Line> apply();
 std::vector<Line> masters();
 std::vector<Line> work_time_lists();
+std::vector<Line> limits_of_all();
 std::vector<Line> printing();
 
 } // namespace bench

@@ -7,6 +7,7 @@ namespace frame {
 enum class Page {
     ent_rovena,
     ent_torikomi,
+    ent_jyougen,
     rov_00,
     rov_01,
     mst_00,

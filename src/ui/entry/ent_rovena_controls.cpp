@@ -54,6 +54,12 @@ QLabel* label(QWidget& parent, int pixel_size, QRgb colour, QFont::Weight weight
     return made;
 }
 
+/// A button beside the month's own: words alone, reached with Tab.
+void stand_aside(QPushButton& button) {
+    button.setFlat(true);
+    button.setFocusPolicy(Qt::TabFocus);
+}
+
 QHBoxLayout* month_row(QWidget& parent, const std::array<MonthBox*, 2>& ym) {
     auto* row = new QHBoxLayout;
     row->setSpacing(4);
@@ -95,17 +101,16 @@ ent_rovena_controls::ent_rovena_controls(
       imghelp(new PictureButton(pictures, frame::help_button, left)), toubotan(new QWidget(left)),
       standing(label(*left, 12, colours::text)), give_up(new QPushButton(u"入力を取り消す"_s, left)),
       goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)), torikomi(new QPushButton(u"取込(&I)..."_s, left)),
-      keys(new FunctionBar(function_keys, page)), why(new WhyPanel(&page)) {
+      jyougen(new QPushButton(u"上限(&L)..."_s, left)), keys(new FunctionBar(function_keys, page)),
+      why(new WhyPanel(&page)) {
     syalab->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
     standing->setWordWrap(true);
     standing->setFixedHeight(2 * standing->fontMetrics().lineSpacing());
     standing->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    give_up->setFlat(true);
-    give_up->setFocusPolicy(Qt::TabFocus);
     goes_on->setFocusPolicy(Qt::TabFocus);
-    torikomi->setFlat(true);
-    torikomi->setFocusPolicy(Qt::TabFocus);
+    for (QPushButton* aside : {give_up, torikomi, jyougen})
+        stand_aside(*aside);
     toubotan->setFocusPolicy(Qt::ClickFocus);
     toubotan->setFixedSize(1, 1);
     toubotan->setObjectName("toubotan");
@@ -135,10 +140,12 @@ void ent_rovena_controls::fill_left_column() {
     column->addLayout(in_a_row(*sortlist));
     column->addWidget(hyou_syain, 1);
     column->addLayout(in_a_row(*kyuflg));
-    auto* goes_on_row = new QHBoxLayout;
-    goes_on_row->addWidget(goes_on, 1);
-    goes_on_row->addWidget(torikomi);
-    column->addLayout(goes_on_row);
+    column->addWidget(goes_on);
+    auto* aside = new QHBoxLayout;
+    aside->addWidget(torikomi);
+    aside->addWidget(jyougen);
+    aside->addStretch(1);
+    column->addLayout(aside);
     column->addLayout(buttons);
     column->addWidget(standing);
     column->addWidget(give_up, 0, Qt::AlignLeft);
@@ -146,7 +153,7 @@ void ent_rovena_controls::fill_left_column() {
 
 void ent_rovena_controls::order_by_tab() {
     QWidget* const order[] = {ym[0], ym[1], sortlist->button(0), sortlist->button(1), hyou_syain, hyou, hyou_day,
-        kyuflg->button(0), kyuflg->button(1), goes_on, torikomi, botan[1], botan[0], imghelp, give_up};
+        kyuflg->button(0), kyuflg->button(1), goes_on, torikomi, jyougen, botan[1], botan[0], imghelp, give_up};
     for (std::size_t i = 1; i < std::size(order); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }

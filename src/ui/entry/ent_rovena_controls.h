@@ -51,6 +51,7 @@ struct ent_rovena_controls {
     QPushButton* give_up; ///< "入力を取り消す"
     QCheckBox* goes_on;
     QPushButton* torikomi; ///< the time recorder import
+    QPushButton* jyougen;  ///< the limits of hours, breaks and leave
     FunctionBar* keys;
     WhyPanel* why; ///< out of sight unless asked for
 

@@ -133,7 +133,8 @@ void ent_rovena_page::connect_keys() {
     for (const auto& [keys, key] : {std::pair(QKeySequence::Undo, Qt::Key_F11), {QKeySequence::Redo, Qt::Key_F12}})
         connect(new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut), &QShortcut::activated,
             this, [this, key] { press_key(key); });
-    connect(m_controls.torikomi, &QPushButton::clicked, this, [this] { leave_for_import(); });
+    connect(m_controls.torikomi, &QPushButton::clicked, this, [this] { leave_for(&ent_rovena_page::import_wanted); });
+    connect(m_controls.jyougen, &QPushButton::clicked, this, [this] { leave_for(&ent_rovena_page::limits_wanted); });
     connect(m_controls.give_up, &QPushButton::clicked, this, [this] { give_up_draft(); });
     connect(m_controls.goes_on, &QCheckBox::toggled, this, [this](bool on) { m_form.set_goes_on(on); });
     m_kyucom->Digit = [this](int digit) { act([&] { m_form.kyucom_Digit(digit); }); };
@@ -173,11 +174,11 @@ void ent_rovena_page::press_key(Qt::Key key) {
     }
 }
 
-void ent_rovena_page::leave_for_import() {
+void ent_rovena_page::leave_for(void (ent_rovena_page::*other)()) {
     if (m_form.saving || m_form.waiting)
         return;
     m_controls.toubotan->setFocus(); // so that a cell in edit is committed
-    Q_EMIT import_wanted();
+    Q_EMIT(this->*other)();
 }
 
 entry::RowRange ent_rovena_page::row_in_hand() const {

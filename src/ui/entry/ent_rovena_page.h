@@ -29,6 +29,8 @@ Q_SIGNALS:
     void close_wanted();
     /// The person wants the time recorder import instead; what is typed lies in the draft.
     void import_wanted();
+    /// The same for the limits of hours, breaks and leave.
+    void limits_wanted();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -46,7 +48,7 @@ private:
     void press(int botan);
     void press_key(Qt::Key key);
     entry::RowRange row_in_hand() const;
-    void leave_for_import();
+    void leave_for(void (ent_rovena_page::*other)());
     void fill_days();
     bool paste_cells(const QString& text);
     bool may_save();

@@ -30,13 +30,6 @@ constexpr int line_height = 24;
 constexpr int word_width = 90;
 constexpr std::array<int, PreviewModel::column_count - 1> widths{48, 56, 190, 104, 190, 84, 170};
 
-QHBoxLayout* row_in(QWidget* row) {
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(no_margins);
-    layout->setSpacing(page_gap);
-    return layout;
-}
-
 void add_labelled(QHBoxLayout* row, const QString& caption, QWidget* box) {
     auto* label = new QLabel(caption);
     label->setBuddy(box);

@@ -13,17 +13,15 @@ using namespace base;
 namespace {
 
 constexpr QRgb new_text = 0xff1b6e3c;
-constexpr QRgb different_text = 0xffb35c00;
-constexpr QRgb not_understood_text = 0xffb3261e;
 
 QRgb colour_of(intake::State state) {
     switch (state) {
     case intake::State::New:
         return new_text;
     case intake::State::Different:
-        return different_text;
+        return colours::care_text;
     case intake::State::NotUnderstood:
-        return not_understood_text;
+        return colours::wrong_text;
     case intake::State::Same:
         return colours::quiet_text;
     }

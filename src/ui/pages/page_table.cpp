@@ -3,6 +3,7 @@
 #include "frame/menus.h"
 #include "ui/entry/ent_rovena_page.h"
 #include "ui/intake/ent_torikomi_page.h"
+#include "ui/limits/ent_jyougen_page.h"
 #include "ui/masters/mst_kinjikan_page.h"
 #include "ui/masters/mst_kinsyu_page.h"
 #include "ui/masters/mst_kintype_page.h"
@@ -41,6 +42,10 @@ QWidget* make_ent_rovena(const PageContext& context, QWidget* parent) {
         pages.close(frame::Page::ent_rovena);
         pages.show(frame::Page::ent_torikomi);
     });
+    QObject::connect(page, &ent_rovena_page::limits_wanted, page, [&pages = context.pages] {
+        pages.close(frame::Page::ent_rovena);
+        pages.show(frame::Page::ent_jyougen);
+    });
     return page;
 }
 
@@ -48,6 +53,15 @@ QWidget* make_ent_torikomi(const PageContext& context, QWidget* parent) {
     auto* page = new Whole<ent_torikomi_page>(context.session, context.main_form.work, parent);
     QObject::connect(page, &ent_torikomi_page::close_wanted, page, [&pages = context.pages] {
         pages.close(frame::Page::ent_torikomi);
+        pages.show(frame::Page::ent_rovena);
+    });
+    return page;
+}
+
+QWidget* make_ent_jyougen(const PageContext& context, QWidget* parent) {
+    auto* page = new Whole<ent_jyougen_page>(context.session, parent);
+    QObject::connect(page, &ent_jyougen_page::close_wanted, page, [&pages = context.pages] {
+        pages.close(frame::Page::ent_jyougen);
         pages.show(frame::Page::ent_rovena);
     });
     return page;
@@ -92,6 +106,7 @@ QWidget* make_errform(const PageContext& context, QWidget* parent) {
 constexpr PageRow table[]{
     {frame::Page::ent_rovena, make_ent_rovena},
     {frame::Page::ent_torikomi, make_ent_torikomi},
+    {frame::Page::ent_jyougen, make_ent_jyougen},
     {frame::Page::info, make_info},
     {frame::Page::rov_00, make_menu<frame::rov_00>},
     {frame::Page::rov_01, make_rov_01},

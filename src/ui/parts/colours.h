@@ -27,6 +27,8 @@ inline constexpr QRgb notice = 0xfffff7e3; ///< something waits for the person
 inline constexpr QRgb notice_line = 0xffe3c77d;
 inline constexpr QRgb waiting = 0xffd9822b; ///< the mark of what isn't saved yet
 inline constexpr QRgb line = 0xffdfe2ec;
+inline constexpr QRgb care_text = 0xffb35c00;  ///< to be looked at
+inline constexpr QRgb wrong_text = 0xffb3261e; ///< something is off
 
 inline constexpr QRgb categories[] = {0xff8f9be0, 0xfff2b66d, 0xff7cc3b2, 0xffd990b5, 0xffa9c46c, 0xffb59ddb,
     0xff7fbbe0, 0xffe0a08a, 0xffc9b45f, 0xff9fb0bf};

@@ -34,6 +34,13 @@ PageParts lay_parts(QWidget& page) {
     return parts;
 }
 
+QHBoxLayout* row_in(QWidget* row) {
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(no_margins);
+    layout->setSpacing(page_gap);
+    return layout;
+}
+
 QWidget* page_heading(QStringView caption, QWidget* parent) {
     auto* heading = new QLabel(caption.toString(), parent);
     letter(*heading, Lettering::Heading);

@@ -40,6 +40,9 @@ QWidget* rule(QWidget* parent, QRgb colour, int height);
 /// The line below a heading.
 QWidget* page_rule(QWidget* parent);
 
+/// Lays the row's controls side by side, without air around them.
+QHBoxLayout* row_in(QWidget* row);
+
 /// The title of a page as a heading.
 QWidget* page_heading(QStringView caption, QWidget* parent);
 
