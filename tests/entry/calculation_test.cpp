@@ -135,7 +135,7 @@ TEST(DayCalculation, ABreakLongerThanTheStayGoesThroughTheConversionsAsItIs) {
 TEST(DayCalculation, AnImpossibleClockTimeIsBlankedByItsLastFourDigits) {
     const std::pair<QString, QString> cases[] = {{u"23:59"_s, u"23:59"_s}, {u"24:00"_s, u""_s}, {u"25:00"_s, u""_s},
         {u"99:59"_s, u""_s}, {u"8:60"_s, u""_s}, {u"123:45"_s, u"123:45"_s}, {u"1234:00"_s, u""_s},
-        {u"1234567"_s, u""_s}, {u"-1:00"_s, u""_s}};
+        {u"1234567"_s, u""_s}, {u"-1:00"_s, u""_s}, {u"1:-5"_s, u""_s}};
     for (const auto& [typed, stands] : cases)
         for (const int column : {col::clock_in, col::clock_out}) {
             MonthSheet sheet = month_sheet({});

@@ -38,7 +38,7 @@ protected:
 TEST_F(Editing, WhatIsTypedInTheBoxReachesTheCellAsTimeText) {
     const std::pair<QString, QString> cases[] = {{u"830"_s, u"8:30"_s}, {u"8"_s, u"0:08"_s}, {u"123"_s, u"1:23"_s},
         {u""_s, u""_s}, {u"2500"_s, u"25:00"_s}, {u"12345"_s, u"123:45"_s}, {u"123456"_s, u"1234:56"_s},
-        {u"859"_s, u"8:59"_s}, {u"860"_s, u""_s}, {u"12399"_s, u""_s}, {u"1234512"_s, u"1234512"_s}};
+        {u"859"_s, u"8:59"_s}, {u"860"_s, u""_s}, {u"12399"_s, u""_s}, {u"1234512"_s, u"1234512"_s}, {u"-5"_s, u""_s}};
     for (const auto& [typed, stands] : cases) {
         sheet.hyou(1, 8) = u"7:00"_s;
         go_to(1, 8);

@@ -1,4 +1,6 @@
 #include "entry/company.h"
+#include "platform/from_cp932.h"
+#include "support/stored.h"
 
 #include <gtest/gtest.h>
 
@@ -83,6 +85,14 @@ TEST_F(Form, TheOrderOfTheEmployeesAndTheBreakHandlingAreKeptAndChangeNoFigure) 
     EXPECT_EQ(again.sheet.kyuflg, BreakHandling::Deducted);
 }
 
+TEST_F(Form, TheWeekdaysToFillAreThoseOfTheWeekUntilOthersAreKept) {
+    EXPECT_EQ(form.fill_weekdays().to_string(), "0111110");
+    form.set_fill_weekdays(Weekdays(0b1000001));
+    EXPECT_EQ(ent_rovena(company.session).fill_weekdays().to_string(), "1000001");
+    company.tables.設定書込(store::losystem, u"一括入力曜日"_s, u"x/073"_s);
+    EXPECT_EQ(form.fill_weekdays().to_string(), "0001001") << "what is no weekday is none";
+}
+
 TEST_F(Form, AnEmployeesWorkTypeBringsItsCategoriesAndKinds) {
     QStringList reported;
     form.msglab_changed = [&] { reported << form.msglab; };
@@ -123,6 +133,10 @@ TEST_F(Form, TypingOrClickingWithoutAnEmployeeIsRefusedWithAMessage) {
     EXPECT_EQ(form.atai_Insert(u"8"_s), u""_s);
     form.kyucom_Click(1);
     EXPECT_EQ(form.fill(FillSource::StandardTimes), 0);
+    EXPECT_EQ(form.preview_paste(u"830"_s).refused, u"社員を選択してから入力してください"_s);
+    EXPECT_EQ(form.paste({}), 0);
+    form.undo();
+    form.redo();
     EXPECT_EQ(company.host.shown, std::vector(4, support::Shown{u"社員を選択してから入力してください"_s,
                                                      u"社員未選択"_s, platform::Buttons::Ok}));
     EXPECT_EQ(form.sheet.mark(3), u""_s);
@@ -158,6 +172,37 @@ TEST_F(Form, ATypedMonthIsLoadedByEnterAloneAndNonsenseGoesBack) {
             EXPECT_EQ(months(), u"1999/8"_s) << nonsense.toStdString();
             EXPECT_EQ(form.sheet.month.month_key(), 199908);
         }
+}
+
+TEST_F(Form, TheBoxesOfTheMonthTakeFiguresAloneAndNoOtherKeyThanEnter) {
+    for (const auto& [character, stands] : {std::pair(u'0', true), {u'9', true}, {u'-', true}, {u'\b', true},
+             {u'/', false}, {u':', false}, {u'年', false}})
+        EXPECT_EQ(ent_rovena::ym_KeyPress(character), stands) << int(character);
+    form.ym_Change(1, u"8"_s);
+    EXPECT_FALSE(form.ym_KeyDown(1, key::right));
+    form.ym_Click(1, -1);
+    form.ym_Click(1, 12);
+    EXPECT_EQ(form.sheet.month.month_key(), 200410);
+}
+
+TEST_F(Form, DaysThatCantBeReadBackAreExportedAndAFailureIsTold) {
+    company.tree.settings.month_start_day = 21;
+    form.Form_Load();
+    choose(u"1"_s);
+    form.ym_Click(1, 11);
+    form.hyou_Click({12, col::clock_in});
+    type(form, u"800"_s);
+    const QString path = company.tree.folder.filePath(u"a.csv"_s);
+    company.host.paths = {std::nullopt, path, path + u"/b.csv"_s};
+    EXPECT_EQ(form.export_days_not_read_back(), u""_s) << "cancelled";
+    form.atai_LostFocus();
+    EXPECT_EQ(form.export_days_not_read_back(), path);
+    const QString written = platform::from_cp932(support::bytes_of(path));
+    EXPECT_TRUE(written.startsWith(u"登録後に呼び出せない日\r\n"_s)) << written.toStdString();
+    EXPECT_TRUE(written.contains(u"20:山田:太郎"_s) && written.contains(u"2005/1/1"_s));
+    EXPECT_TRUE(company.host.shown.empty());
+    EXPECT_EQ(form.export_days_not_read_back(), u""_s);
+    EXPECT_EQ(company.host.shown.size(), 1U);
 }
 
 TEST_F(Form, WithNobodyChosenTheSheetIsStillOfTheMonthInTheBoxes) {

@@ -49,7 +49,9 @@ private:
             {u"give_up"_s, [&] { form->give_up_draft(); }},
             {u"decide"_s, [&] { form->decide(0, MonthDraft::Choice(rest == u"stored")); }},
             {u"open"_s, [&] { open(); }},
-            {u"damage"_s, [&] { damage_drafts(); }},
+            {u"damage"_s, [&] { damage_drafts(rest); }},
+            {u"block"_s, [&] { EXPECT_TRUE(QDir().mkpath(store::drafts_path(company.tree.settings))); }},
+            {u"free"_s, [&] { EXPECT_TRUE(QDir().rmdir(store::drafts_path(company.tree.settings))); }},
             {u"Enter"_s, [&] { form->atai_KeyDown(key::enter); }},
             {u"Right"_s, [&] { form->atai_KeyDown(key::right); }},
             {u"Down"_s, [&] { form->atai_KeyDown(key::down); }},
@@ -62,7 +64,10 @@ private:
             {u"goes_on"_s, [&] { form->set_goes_on(true); }},
             {u"kinds"_s, [&] { form->go_to_kinds(); }},
             {u"digit"_s, [&] { form->kyucom_Digit(rest.toInt()); }},
+            {u"letter"_s, [&] { form->kyucom_KeyPress(rest[0].unicode()); }},
             {u"kind_Enter"_s, [&] { EXPECT_TRUE(form->kyucom_KeyDown(key::enter)); }},
+            {u"kind_Escape"_s, [&] { EXPECT_TRUE(form->kyucom_KeyDown(key::escape)); }},
+            {u"refuses"_s, [&] { EXPECT_FALSE(form->atai_KeyPress(rest[0].unicode())); }},
             {u"calculate"_s, [&] { form->calculate_all(); }},
             {u"ask_no_more"_s, [&] { form->ask_no_more_for_month(); }},
             {u"leave_out"_s, [&] { leave_out(rest); }},
@@ -82,6 +87,8 @@ private:
             {u"who"_s, [&] { EXPECT_EQ(form->syalab, rest); }},
             {u"notice"_s, [&] { EXPECT_EQ(form->editors.notice->text, rest); }},
             {u"findings"_s, [&] { EXPECT_EQ(form->look_before_saving().size(), rest.toInt()); }},
+            {u"quiet"_s, [&] { EXPECT_FALSE(form->editors.notice); }},
+            {u"trouble"_s, [&] { EXPECT_TRUE(form->standing().startsWith(u"下書きを保存できません。")); }},
             {u"told"_s, [&] { EXPECT_EQ(company.host.shown.size(), rest.toULongLong()); }},
             {u"choice"_s, [&] { EXPECT_EQ(form->editors.kyucom.index, rest.toInt()); }},
             {u"bands"_s, [&] { EXPECT_EQ(bands(), rest); }},
@@ -109,9 +116,14 @@ private:
         form->leave_out(kind == u"-" ? FindingKinds() : FindingKinds{FindingKind::OneClockTime});
     }
 
-    void damage_drafts() const {
+    void damage_drafts(const QString& how) const {
         const QString path = store::drafts_path(company.tree.settings);
-        support::put_bytes(path, support::bytes_of(path).replace(4096, 8192, QByteArray(8192, 'x')));
+        const QByteArray damaged = how == u"empty"   ? QByteArray()
+                                   : how == u"other" ? support::bytes_of(store::rovdata_path(company.tree.settings))
+                                   : how == u"text"
+                                       ? QByteArray(9000, 'x')
+                                       : support::bytes_of(path).replace(4096, 8192, QByteArray(8192, 'x'));
+        support::put_bytes(path, damaged);
     }
 
     void erase() {

@@ -62,6 +62,13 @@ TEST(MonthTally, ACategoryCountsTheDaysWithAnyTimeInItAndNotAKindOfItsNumber) {
     EXPECT_EQ(cells_from(sheet.hyou_day, strip::count, 2), u"|||31|2||1"_s) << "of s3 nothing, of 3 one day";
 }
 
+TEST(MonthTally, ACategoryOfNumberZeroIsNotCounted) {
+    MonthSheet sheet = month_sheet({0});
+    sheet.hyou(1, 8) = u"1:00"_s;
+    tally_month(sheet);
+    EXPECT_EQ(cells_from(sheet.hyou_day, strip::count, 2), u"|||31|"_s) << "its number is that of every kind's tag";
+}
+
 TEST(MonthTally, CountsAreBuiltAnewEachTime) {
     MonthSheet sheet = month_sheet({A});
     sheet.hyou_day(strip::count, 3) = u"17"_s;

@@ -31,6 +31,19 @@ protected:
 
 } // namespace
 
+TEST(UndoHistory, OfMoreStepsThanItHoldsTheOldestCantBeUndone) {
+    MonthSheet sheet = month_sheet({});
+    UndoHistory history;
+    history.begin(sheet, {});
+    for (int step = 1; step <= UndoHistory::longest + 5; ++step) {
+        sheet.hyou(1, col::remark) = digits(step);
+        history.record(sheet, {}, UndoHistory::Step::Own);
+    }
+    while (history.can_undo())
+        history.undo(sheet);
+    EXPECT_EQ(sheet.hyou(1, col::remark), u"5"_s);
+}
+
 TEST_F(Undo, TwoThousandRandomActsAreUndoneAndDoneAgainAsTheyWere) {
     QRandomGenerator random(7);
     const auto any_cell = [&] {

@@ -1,4 +1,5 @@
 #include "entry/company.h"
+#include "entry/waiting_days.h"
 #include "frame/exchange_files.h"
 #include "frame/kept_files.h"
 #include "support/stored.h"
@@ -76,6 +77,19 @@ TEST_F(WaitingDays, RowsOfAFileThatWasRemadeCountToo) {
     choose(1);
     EXPECT_EQ(form.sheet.hyou(5, 2), u"8:15"_s);
     EXPECT_EQ(waited(), 2000);
+}
+
+TEST_F(WaitingDays, OfSeveralThoseWithRowsWaitAndAllWhileAFileCantBeLookedInto) {
+    const base::Settings& settings = company.tree.settings;
+    const QSet<qint64> all{1, 2, 3};
+    EXPECT_EQ(those_waiting(settings, all), QSet<qint64>());
+    post(rows_of_yamada[0].second);
+    frame::交換ファイル作成(settings, company.host.clock, [](const QString&) {});
+    post(R"(insert into jyusin ("2","3","4","5") values ('54','20041005','2','1'))");
+    EXPECT_EQ(those_waiting(settings, all), (QSet<qint64>{1, 2})) << "in a kept file and in the one in use";
+    auto other = store::Database::open(frame::kept_files(settings).first(), store::Kind::Exchange);
+    const store::Transaction writing(other, store::Transaction::Lock::Exclusive);
+    EXPECT_EQ(those_waiting(settings, all), all);
 }
 
 TEST_F(WaitingDays, NothingElseDelays) {
