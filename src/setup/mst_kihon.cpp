@@ -30,8 +30,7 @@ void mst_kihon::基本マスター呼出() {
     load_of_this_pc();
     waseireki = Val(atai[date_style]) == 0 ? 0 : 1;
     ck = Val(atai[net_info]) == 1;
-    if (!prconb.items.isEmpty())
-        prconb.select(atai[printer]);
+    prconb.select(atai[printer]);
 }
 
 void mst_kihon::load_shared() {

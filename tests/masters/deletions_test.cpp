@@ -85,7 +85,22 @@ TEST_F(DeletedRows, GoBackOneAfterTheOtherAndATypedNameStays) {
     EXPECT_EQ(categories.deletions.line(), u"勤務種類 残業 を元に戻しました。　勤務種類 "_s + odd_name +
                                                u" を削除しました（勤務タイプの時間帯 3件に残っています）"_s);
     categories.undo_deletion();
-    EXPECT_EQ(column(categories.hyou, mst_kinsyu::name_col), QStringList({Trim(odd_name), u"残業"_s, u"早"_s, u""_s}));
+    const QStringList names{Trim(odd_name), u"残業"_s, u"早"_s, u""_s};
+    EXPECT_EQ(column(categories.hyou, mst_kinsyu::name_col), names);
+    const QString said = categories.deletions.line();
+    categories.undo_deletion();
+    EXPECT_EQ(categories.deletions.line(), said) << "no more is deleted";
+    EXPECT_EQ(column(categories.hyou, mst_kinsyu::name_col), names);
+}
+
+TEST_F(DeletedRows, AreToldByTwentyCharactersOfTheirNameOrAsNameless) {
+    EXPECT_EQ(short_name(QString(20, u'あ')), QString(20, u'あ'));
+    EXPECT_EQ(short_name(QString(21, u'あ')), QString(20, u'あ') + u'…');
+    rovdata().exec("delete from kintype; update kinsyu set 種類名=''");
+    categories.Form_Load();
+    categories.hyou_Click({1, mst_kinsyu::name_col});
+    categories.botan_Click(2);
+    EXPECT_EQ(categories.deletions.line(), u"勤務種類 （名前なし） を削除しました"_s);
 }
 
 TEST_F(DeletedRows, StayOutWhereTheRowIsThereAgainOrAnotherEmployeeHasTheNumber) {

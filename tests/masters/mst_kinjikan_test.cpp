@@ -90,11 +90,51 @@ TEST_F(WorkTypes, TheKeysPassTheListsOver) {
     EXPECT_EQ(form.atai.cell, (Cell{1, band_col::first_rule}));
     enter(band_count, band_col::last_rule, u"15"_s);
     EXPECT_FALSE(form.atai_KeyDown(key::enter)) << "the last row";
+    for (const Cell no_box : {Cell{0, band_col::start}, {1, band_col::row_number}}) {
+        form.hyou_Click(no_box);
+        form.atai_Change(u"900"_s);
+        EXPECT_FALSE(form.atai.active || form.atai_KeyDown(key::enter)) << no_box.col;
+    }
+    for (const auto& [character, stands] :
+        {std::pair(u'0', true), {u'9', true}, {u'-', true}, {u'\b', true}, {u'/', false}, {u':', false}})
+        EXPECT_EQ(form.atai_KeyPress(character), stands) << int(character);
+    EXPECT_EQ(form.atai_Insert(u"8:30分-"_s), u"830-"_s);
+}
+
+TEST_F(WorkTypes, AListFollowsItsCellOutOfSightAndBack) {
+    constexpr int width = 20'000, height = 6 * 270;
+    form.Form_Load();
+    form.hyou_Click({1, band_col::category_name});
+    for (const auto& [first_row, visible] : {std::pair(5, false), {1, true}}) {
+        form.hyou_Scroll(first_row, 1, width, height);
+        EXPECT_EQ(form.atai_com[0].visible, visible) << first_row;
+    }
+    form.atai_com_Click(0, 1);
+    EXPECT_EQ(form.hyou(1, band_col::category), u"2"_s);
+}
+
+TEST_F(WorkTypes, WhereThereIsNoTypeOrNoDayAClickChangesNothing) {
+    add_band(0, u"零"_s, 1, 1, 830, 1715);
+    add_band(7, u"普通"_s, 1, 1, 900, 1800);
+    form.Form_Load();
+    form.hyoulist_Click(2);
+    for (const int row : {1, 0, 99}) // a type of number 0 is none
+        form.hyoulist_Click(row);
+    EXPECT_EQ(form.kinjino, u"7"_s);
+    for (const int day : {-1, 10})
+        form.hyou_youbi_Click(day);
+    EXPECT_EQ(form.hyou_youbi_tag, 1);
+    form.botan_Click(2);
+    form.kinjino.clear(); // a new type is in hand
+    form.undo_deletion();
+    EXPECT_EQ(stored().size(), 2);
+    EXPECT_TRUE(form.mark_unregistered());
 }
 
 TEST_F(WorkTypes, TheListsWriteNameAndNumberAndBackspaceTakesThemBack) {
     form.Form_Load();
     form.atai_com_Click(0, 1);
+    EXPECT_FALSE(form.atai_com_KeyPress(0, key::backspace));
     EXPECT_EQ(form.hyou(1, band_col::category), u""_s) << "a choice counts only while the list is shown";
     choose(2, band_col::category_name, 1);
     choose(2, band_col::mode_name, 1);
@@ -102,6 +142,10 @@ TEST_F(WorkTypes, TheListsWriteNameAndNumberAndBackspaceTakesThemBack) {
     form.hyou_Click({3, band_col::category_name});
     EXPECT_EQ(form.atai_com[0].index, 1) << "a cell without a number leaves the selection as it is";
     form.hyou_Click({2, band_col::category_name});
+    for (const int item : {-1, 2})
+        form.atai_com_Click(0, item);
+    EXPECT_FALSE(form.atai_com_KeyPress(0, u'1'));
+    EXPECT_EQ(grid(2, band_col::category_name, 2), u"残業|2"_s);
     EXPECT_TRUE(form.atai_com_KeyPress(0, key::backspace));
     EXPECT_EQ(grid(2, band_col::category_name, 2), u"|"_s);
 }
@@ -188,6 +232,14 @@ TEST_F(WorkTypes, ARuleThatReachedOnlyTheDayInViewIsToldAndGivenToEveryDayOfItsS
         EXPECT_EQ(form.hyou_youbi_tag, 1) << "the set in view would cut them again";
     }
     EXPECT_EQ(stored_rules().filter(u"|130|45"_s).size(), 5);
+
+    form.hyou_youbi_Click(every_day);
+    enter(1, band_col::first_rule, u"200"_s);
+    form.give_rules_to_all_days();
+    EXPECT_EQ(host.shown.back().text, u"毎日、この設定で変更しますか？"_s)
+        << "what is typed over the set is asked about";
+    form.botan_Click(1);
+    EXPECT_EQ(stored_rules().filter(u"|200|45"_s).size(), 7);
 }
 
 TEST_F(WorkTypes, WhatIsTypedIsDottedUntilItIsRegisteredAndAChoiceNotMadeIsSaid) {
@@ -315,6 +367,10 @@ TEST_F(WorkTypes, RowsOfAnotherHandAreToldBeforeTheyGoAndATypeIsListedOnce) {
     EXPECT_EQ(form.notelab, QString());
     form.Form_Load();
     EXPECT_EQ(column(form.hyoulist, 0), QStringList({u"日勤"_s}));
+    for (const int weekday : {-1, 7, 8, 9})
+        add_band(7, u"日勤"_s, weekday, 1, 1100, 1200);
+    form.hyoulist_Click(1);
+    EXPECT_TRUE(form.notelab.contains(u"曜日 8 連番 1、ほか 1 行）"_s)) << form.notelab.toStdString();
 }
 
 TEST_F(WorkTypes, AFailedSaveLeavesTheOldRows) {
@@ -348,6 +404,9 @@ TEST_F(WorkTypes, EachStepTellsHowItStandsAndTakesNoInput) {
         form.botan_Click(1);
         form.hyou_youbi_Click(3);
         form.hyou_Click({1, band_col::start});
+        form.hyoulist_Click(1);
+        form.give_rules_to_all_days();
+        form.undo_deletion();
     };
     open_the_first_type();
     form.botan_Click(1);

@@ -94,6 +94,9 @@ TEST_F(Categories, ANameCanBeEmptiedAndARowNeverSavedGoesWithADelete) {
     form.Form_Load();
     form.botan_Click(2);
     EXPECT_TRUE(host.shown.empty()) << "no row is in hand yet";
+    form.hyou_Click({2, mst_kinsyu::name_col});
+    form.botan_Click(2);
+    EXPECT_TRUE(host.shown.empty()) << "nothing is typed in the last one";
     form.Form_Activate();
     form.atai_Change(u""_s);
     form.botan_Click(1);
@@ -114,8 +117,11 @@ TEST_F(Categories, AClickCommitsTheCellLeftBeforeTheNextIsOpened) {
     form.hyou_Click({2, mst_kinsyu::name_col});
     EXPECT_EQ(stored().first(), u"1|早朝2"_s);
     EXPECT_EQ(form.atai.text, u"残業"_s);
-    form.hyou_Click({0, mst_kinsyu::name_col});
-    EXPECT_FALSE(form.atai.active) << "the heading takes no editor";
+    for (const Cell no_box : {Cell{0, mst_kinsyu::name_col}, {1, mst_kinsyu::number_col}}) {
+        form.hyou_Click(no_box);
+        form.atai_Change(u"x"_s);
+        EXPECT_FALSE(form.atai.active || form.mark_unregistered()) << "heading and hidden columns take no editor";
+    }
 }
 
 TEST_F(Categories, ARowThatCouldntBeWrittenStaysInHandAndTheScreenStaysWithIt) {

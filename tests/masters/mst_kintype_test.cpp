@@ -37,12 +37,21 @@ TEST_F(Assignments, AChoiceIsSavedAtOnceAndReplacesEveryRowOfTheEmployee) {
     form.atai_com_Click(1);
     EXPECT_EQ(stored(), QStringList({u"2|7"_s, u"55|7"_s, u"3|99"_s, u"1|2147483647"_s}));
     EXPECT_EQ(form.hyou(2, mst_kintype::type_name_col), u"Ｂパート"_s);
+    fails_without_rovdata([this] { form.atai_com_Click(0); });
+    EXPECT_EQ(form.atai_com.index, 1) << "what couldn't be saved isn't shown as chosen";
+    EXPECT_EQ(form.hyou(2, mst_kintype::type_name_col), u"Ｂパート"_s);
+    for (const auto& [first_row, visible] : {std::pair(1, true), {3, false}}) {
+        form.hyou_Scroll(first_row, 0, 20'000, 2'000);
+        EXPECT_EQ(form.atai_com.visible, visible) << first_row;
+    }
 }
 
 TEST_F(Assignments, AChoiceCountsOnlyWhileTheListIsShownOverACell) {
     form.Form_Load();
-    form.hyou_Click({1, mst_kintype::name_col});
-    form.atai_com_Click(0);
+    for (const Cell no_list : {Cell{1, mst_kintype::name_col}, {0, mst_kintype::type_name_col}}) {
+        form.hyou_Click(no_list);
+        form.atai_com_Click(0);
+    }
     form.hyou_Click({1, mst_kintype::type_name_col});
     form.atai_com_LostFocus();
     form.atai_com_Click(0);

@@ -34,6 +34,8 @@ TEST_F(DayKinds, TheMarkFollowsTheClassAndTheClassStaysForTheNextKind) {
     name(u"出勤"_s);
     form.ch_hyou_Click(true);
     form.Op_kyusyu_Click(1);
+    EXPECT_FALSE(form.atai_KeyDown(key::right) || form.toubotan_KeyDown(key::up));
+    EXPECT_EQ(stored(), QStringList());
     EXPECT_TRUE(form.atai_KeyDown(key::enter));
     EXPECT_EQ(form.focus, (Focus{Control::Toubotan})) << "the hidden button registers";
     form.toubotan_GotFocus();
@@ -47,6 +49,10 @@ TEST_F(DayKinds, TheMarkFollowsTheClassAndTheClassStaysForTheNextKind) {
     form.ch_hyou_Click(true);
     form.botan_Click(1);
     EXPECT_EQ(stored(), QStringList({u"1|出勤|2|1"_s, u"2|休日出勤|-|1"_s, u"3|公休|1|0"_s}));
+    form.hyou_Click(3);
+    form.ch_hyou_Click(false);
+    form.botan_Click(1);
+    EXPECT_EQ(stored().last(), u"3|公休|-|0"_s);
 }
 
 TEST_F(DayKinds, AClickTakesTheRowInHandAndASaveNeedsANameAndReplacesIt) {
@@ -74,6 +80,13 @@ TEST_F(DayKinds, AClickTakesTheRowInHandAndASaveNeedsANameAndReplacesIt) {
     name(u""_s);
     form.botan_Click(2);
     EXPECT_EQ(stored().size(), 1) << "a delete needs no name and doesn't ask";
+    form.hyou_Click(1);
+    form.hyou_Click(0);
+    EXPECT_EQ(form.atai[mst_kyuka::key_field], u"3"_s) << "the heading is no row";
+    rovdata().exec("delete from kyutype"); // on another PC meanwhile
+    const QString said = form.deletions.line();
+    form.botan_Click(2);
+    EXPECT_EQ(form.deletions.line(), said) << "there is nothing to be had back";
 }
 
 } // namespace masters

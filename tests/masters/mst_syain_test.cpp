@@ -89,6 +89,21 @@ TEST_F(Employees, OnlyANewEmployeeNeedsANameForADeleteTooWhichDrawsANumberAndDel
     EXPECT_EQ(stored(rovdata()), QStringList({u"4|12||"_s}));
 }
 
+TEST_F(Employees, OneWhoIsGoneMeanwhileLeavesTheScreenForANewOneAndNumberZeroIsNobody) {
+    add_employee(0, u"0"_s, u"全体"_s);
+    add_employee(4, u"12"_s, u"山田"_s);
+    form.Form_Load();
+    form.hyou_Click(2);
+    for (const int row : {1, 99, -1}) {
+        form.hyou_Click(row);
+        EXPECT_EQ(form.atai[mst_syain::name_field], u"山田"_s) << row;
+    }
+    rovdata().exec("delete from syain"); // on another PC
+    form.hyou_Click(2);
+    EXPECT_EQ(form.atai[mst_syain::key_field] + form.atai[mst_syain::name_field], u""_s);
+    EXPECT_FALSE(form.mark_unregistered());
+}
+
 TEST_F(Employees, TheNumber9999IsNeverGiven) {
     comsys().exec("insert into bangou (番号名称, 番号) values ('社員番号', 9998)");
     form.Form_Load();
@@ -104,12 +119,15 @@ TEST_F(Employees, TheKeysWalkTheBoxesAndRegisterAtTheEnd) {
         {mst_syain::reading_field, key::enter, Focus{Control::Toubotan}},
         {mst_syain::reading_field, key::up, Focus{Control::Atai, mst_syain::name_field}},
         {mst_syain::number_field, key::up, std::nullopt},
+        {mst_syain::key_field, key::enter, std::nullopt},
+        {mst_syain::name_field, key::right, std::nullopt},
     };
     for (const auto& [element, code, target] : moves) {
         form.focus.reset();
         EXPECT_EQ(form.atai_KeyDown(element, code), target.has_value());
         EXPECT_EQ(form.focus, target);
     }
+    EXPECT_FALSE(form.toubotan_KeyDown(key::right));
     EXPECT_TRUE(form.toubotan_KeyDown(key::up));
     EXPECT_EQ(form.focus, (Focus{Control::Atai, mst_syain::reading_field}));
     EXPECT_TRUE(form.toubotan_KeyDown(key::enter));
@@ -149,10 +167,10 @@ constexpr std::string_view four_fields =
 
 TEST_F(Copies, FieldsBeyondTheFourAreCarriedOverByNameAndType) {
     rovdata().exec("alter table syain add column 部署 integer; alter table syain add column 時給 real;"
-                   "alter table syain add column 手当 real;"
+                   "alter table syain add column 手当 double;"
                    "insert into syain values (4, 12, '山田', 'ヤマダ', '営業', '', null, 30, 950.5, null)");
     comsys().exec("alter table syain add column 時給 real; alter table syain add column 部署 text; alter table syain "
-                  "add column 手当 real;"
+                  "add column 手当 float;"
                   "insert into syain (システム番号, 社員番号, 社員名) values (4, 1, '古い名'), (0, null, '全体')");
     form.Form_Load();
     form.hyou_Click(1);

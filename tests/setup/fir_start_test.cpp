@@ -118,6 +118,8 @@ TEST_F(FirstStart, TheFirstDayIsHeldWithinAMonthAndThePrinterIsThisPcs) {
     EXPECT_EQ(loaded().prconb.text(), u"PDF"_s) << "the one that stands already";
     set_of_this_pc(u"プリンター１"_s, u"gone"_s);
     EXPECT_EQ(loaded().prconb.text(), u"Office"_s);
+    host.printer_names.clear();
+    EXPECT_EQ(loaded().prconb.index, -1);
 }
 
 TEST_F(FirstStart, ABoxShowsDigitsInHandAndTimeWhenLeft) {
@@ -142,6 +144,19 @@ TEST_F(FirstStart, ABoxShowsDigitsInHandAndTimeWhenLeft) {
         form.botan_Click();
         EXPECT_EQ(rows("select distinct 開始時間 from kintype where 連番=2"), QStringList{QString::number(minutes)})
             << typed.toStdString();
+    }
+}
+
+TEST_F(FirstStart, WhatAFigureMayBeMeantForIsSaidByItsBox) {
+    for (const auto& [box, typed, said] : {std::tuple(TimeBox::kyu_time, u"8"_s, u"8 は 0:08 です（8時間は 800）"_s),
+             {TimeBox::kyu_time, u"9"_s, u""_s}, {TimeBox::kyukin_time, u"23"_s, u"23 は 0:23 です（23時間は 2300）"_s},
+             {TimeBox::kyukin_time, u"24"_s, u""_s},
+             {TimeBox::kyukin_time, u"x"_s, u"数字で入力します（1時間は 100）"_s}}) {
+        fir_start form = loaded();
+        form.time_GotFocus({box, 0});
+        form.time_Change({box, 0}, typed);
+        form.time_LostFocus({box, 0});
+        EXPECT_EQ(form.notice ? form.notice->text : QString(), said) << typed.toStdString();
     }
 }
 

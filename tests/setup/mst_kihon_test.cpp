@@ -104,6 +104,8 @@ TEST_F(BasicSettings, APrinterThatIsGoneStaysStoredAndSelectsNothingAndLeavingDi
     set_of_this_pc(u"プリンター１"_s, u"Old printer"_s);
     Loaded form(session);
     EXPECT_EQ(form.prconb.index, -1);
+    form.botan_Click(2);
+    EXPECT_EQ(form.msglab, QString()) << "button 1 alone saves";
     form.save();
     EXPECT_EQ(of_this_pc(u"プリンター１"_s), u"Old printer"_s);
     form.atai_Change(mst_kihon::offset_y, u"9"_s);
@@ -119,9 +121,27 @@ TEST_F(BasicSettings, EnterLeadsFromOneOffsetToTheOther) {
     form.focus.reset();
     EXPECT_FALSE(form.atai_KeyDown(mst_kihon::first_day, key::enter));
     EXPECT_FALSE(form.atai_KeyDown(mst_kihon::offset_x, key::enter));
+    EXPECT_FALSE(form.atai_KeyDown(mst_kihon::offset_y, key::right));
     EXPECT_EQ(form.focus, std::nullopt);
     EXPECT_TRUE(form.atai_KeyDown(mst_kihon::offset_y, key::enter));
     EXPECT_EQ(form.focus, (frame::Focus{frame::Control::Atai, mst_kihon::offset_x}));
+}
+
+TEST_F(BasicSettings, ALineOfHolidaysIsADayOrARunAndWhatIsNoneIsNotUnderstood) {
+    struct Case {
+        QString typed, read; ///< as it would be shown again
+    };
+    for (const Case& c : {Case{u"5/1"_s, u"5/1 休業日\n"_s}, {u"2/29　閏日"_s, u"2/29 閏日\n"_s},
+             {u"2026/9/30~2026/10/1 棚卸\n2026/10/2 棚卸"_s, u"2026/9/30～2026/10/2 棚卸\n"_s},
+             {u"8/13〜8/14\n8/15 盆\n8/17 盆"_s, u"8/13～8/14 休業日\n8/15 盆\n8/17 盆\n"_s},
+             {u"8/13 盆\n8/13 夏休"_s, u"8/13 夏休\n"_s}, {u"5/1-5/31 改装"_s, u"5/1～5/31 改装\n"_s},
+             {u"5/2-6/1 改装\n6/2 改装"_s, u"5/2～6/1 改装\n6/2 改装\n"_s}, // longer than a line may be
+             {u"5/1-6/1"_s, {}}, {u"2026/3/3~2026/3/1"_s, {}}, {u"1/1~2026/1/3"_s, {}}, {u"2/30"_s, {}}, {u"5"_s, {}},
+             {u"2026/1/1/1"_s, {}}, {u"5/1~5"_s, {}}, {u"正月 1/1"_s, {}}, {u"5/1休み"_s, {}}}) {
+        const TypedHolidays typed = read_holidays(c.typed, tree.settings, host.clock.date());
+        EXPECT_EQ(holiday_lines(typed.days, tree.settings, host.clock.date()), c.read) << c.typed.toStdString();
+        EXPECT_EQ(typed.not_understood, c.read.isEmpty() ? QStringList(c.typed) : QStringList());
+    }
 }
 
 TEST_F(BasicSettings, TheCompanysOwnHolidaysAreLinesThatAreReadBackAsTheyAreMeant) {
@@ -133,14 +153,17 @@ TEST_F(BasicSettings, TheCompanysOwnHolidaysAreLinesThatAreReadBackAsTheyAreMean
     form.lines.truncate(form.lines.indexOf(u"2026/9/31"_s));
     EXPECT_TRUE(form.register_Click());
     EXPECT_EQ(tree.settings.own_holidays.value(103), u"年末年始"_s);
+    rovdata().exec("insert into rov_kihon values ('会社休日x', 'x'), ('会社休日0103', 'y')"); // of no day's key
     form.Form_Load();
+    EXPECT_TRUE(form.may_leave() && host.shown.empty()) << "nothing is typed";
     EXPECT_EQ(form.lines, u"1/1～1/3 年末年始\n8/13～8/14 休業日\n12/29～12/31 年末年始\n2026/9/30 棚卸, 全社\n"_s);
     form.lines = u"2026/9/30 棚卸"_s;
     host.answers = {platform::Answer::No};
     EXPECT_FALSE(form.may_leave()) << "the person is asked, and stays";
+    EXPECT_TRUE(form.may_leave()) << "or leaves";
     form.register_Click();
-    EXPECT_EQ(rows("select 項目名, データ from rov_kihon where 項目名 like '会社休日%'"),
-        QStringList{u"会社休日20260930|棚卸"_s});
+    EXPECT_EQ(rows("select 項目名, データ from rov_kihon where 項目名 like '会社休日%' order by 1"),
+        QStringList({u"会社休日0103|y"_s, u"会社休日20260930|棚卸"_s, u"会社休日x|x"_s}));
 }
 
 } // namespace setup
