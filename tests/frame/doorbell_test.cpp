@@ -28,6 +28,19 @@ bool goes_on(const QString& folder) {
 
 } // namespace
 
+TEST(Doorbell, IsOfOneProgramFolderOnOneScreen) {
+    const QTemporaryDir one, other;
+    const QString name = frame::doorbell_name(one.path());
+    EXPECT_EQ(frame::doorbell_name(one.path() + u"/."_s), name);
+    EXPECT_NE(frame::doorbell_name(other.path()), name);
+    const QByteArray screen = qgetenv("DISPLAY");
+    qputenv("DISPLAY", ":77");
+    EXPECT_NE(frame::doorbell_name(one.path()), name);
+    qputenv("DISPLAY", screen);
+    EXPECT_EQ(frame::doorbell_name(one.path()), name);
+    EXPECT_FALSE(frame::doorbell_folder().isEmpty());
+}
+
 TEST(Doorbell, WhoWasHereComesUpUnlessItIsDeadOrBusyOrHasLeft) {
     const QTemporaryDir dir;
     support::put_bytes(dir.filePath(u"rovena"_s), "left of one that was killed");

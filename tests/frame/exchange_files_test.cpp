@@ -100,14 +100,16 @@ TEST_F(ExchangeFiles, AFileThatCannotBeReadIsKeptWholeAndTold) {
     support::put_bytes(path(4), "plain");
     support::put_bytes(path(5), {});
     support::put_bytes(path(6), support::bytes_of(path(6)).replace(0, 4096, QByteArray(4096, 'x')));
+    open(path(7)).exec("drop table jyusin");
     remake();
-    for (int number = 3; number <= 6; ++number)
+    for (int number = 3; number <= 7; ++number)
         EXPECT_TRUE(rows(path(number)).isEmpty()) << number;
     const QString moved = u"hanjyusin03-20041005-090001-007.mdb.kowareta"_s;
     EXPECT_EQ(kept(),
         QStringList({moved, moved + u"-journal"_s, u"hanjyusin04-20041005-090001-007.mdb.kowareta"_s,
-            u"hanjyusin05-20041005-090001-007.mdb.kowareta"_s, u"hanjyusin06-20041005-090001-007.mdb.kowareta"_s}));
-    ASSERT_EQ(told.size(), 4);
+            u"hanjyusin05-20041005-090001-007.mdb.kowareta"_s, u"hanjyusin06-20041005-090001-007.mdb.kowareta"_s,
+            u"hanjyusin07-20041005-090001-007.mdb.kowareta"_s}));
+    ASSERT_EQ(told.size(), 5);
     EXPECT_TRUE(told[0].contains(moved)) << told[0].toStdString();
     EXPECT_EQ(support::bytes_of(kept_path(moved)), noise);
     EXPECT_FALSE(QFile::exists(path(3) + u"-journal"_s));

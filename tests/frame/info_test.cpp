@@ -58,8 +58,9 @@ protected:
         return *form;
     }
     void put_file(const QString& name, const QByteArray& bytes) {
-        QDir().mkpath(folder);
-        support::put_bytes(folder + name, bytes);
+        const QString path = QDir::cleanPath(folder + name);
+        QDir().mkpath(QFileInfo(path).path());
+        support::put_bytes(path, bytes);
     }
 
     DriveTree tree;
@@ -110,7 +111,8 @@ TEST_F(Info, AsksNobodyWhereNewsIsNotWantedOrNoServerIsSet) {
     EXPECT_EQ(visit().hyou.Rows(), 0);
     EXPECT_TRUE(form->osirase && form->pic_info && form->intjyuflg);
     EXPECT_FALSE(form->down);
-    EXPECT_TRUE(server.asked.isEmpty());
+    form->down_Click();
+    EXPECT_TRUE(server.asked.isEmpty() && host.opened.isEmpty());
 }
 
 TEST_F(Info, ARudeServerLeavesNoNewsAndNobodyIsTold) {
@@ -128,12 +130,17 @@ TEST_F(Info, ARudeServerLeavesNoNewsAndNobodyIsTold) {
             QList<QByteArray>{"HTTP/1.1 401 No\r\nWWW-Authenticate: Basic realm=a\r\n\r\n"} + flood},
         {"a head without end", QList{ok + "X: "} + flood},
         {"a chunk below none", {ok + chunked + "ffffffffffffffff\r\n" + item}},
+        {"a chunk that doesn't end where it should", {ok + chunked + "2\r\n1\n2 news\r\n0\r\n\r\n"}},
+        {"less than nothing", {ok + "Content-Length: -5\r\n\r\n" + item}},
         {"half a chunk", {ok + chunked + "ff\r\n" + item}},
         {"another page", {ok + "\r\n<html><body>Please log in</body></html>"}},
         {"an error with a body", {"HTTP/1.1 500 Oh\r\n\r\n" + item}},
         {"no HTTP", {"220 smtp.example ready\r\n", item}},
         {"redirects elsewhere",
             {"HTTP/1.1 302 Found\r\nLocation: http://" + elsewhere.host().toLatin1() + "/news\r\n\r\n"}},
+        {"redirects to another name", {"HTTP/1.1 302 Found\r\nLocation: http://other.invalid/\r\n\r\n"}},
+        {"redirects to another scheme",
+            {"HTTP/1.1 302 Found\r\nLocation: https://" + server.host().toLatin1() + "/\r\n\r\n"}},
         {"redirects in circles", {"HTTP/1.1 302 Found\r\nLocation: " + news_place.toLatin1() + "\r\n\r\n"}},
     };
     for (const auto& [name, answer] : cases) {
@@ -178,9 +185,21 @@ TEST_F(Info, APictureThatDoesNotComeTakesNothingElseAway) {
     EXPECT_EQ(hyou(0, frame::news_text), u"a"_s);
     EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList({u"good.png"_s, u"intinfrov.dat"_s}));
     EXPECT_FALSE(server.asked.join(u' ').contains(u"evil"_s));
+    for (const int without : {-1, 0, 9})
+        form->drop_picture(without);
+    EXPECT_TRUE(QFileInfo::exists(folder + u"good.png"_s));
     form->drop_picture(8);
     EXPECT_FALSE(QFileInfo::exists(folder + u"good.png"_s));
     EXPECT_EQ(hyou(8, frame::news_picture), QString());
+}
+
+TEST_F(Info, WhereNothingCanBeKeptThereIsNoNewsAndNobodyIsTold) {
+    server.put(news_place, "1\n2 news\n");
+    QDir(folder).removeRecursively();
+    put_file(u"../info"_s, "in the folder's place");
+    EXPECT_EQ(visit().hyou.Rows(), 0);
+    EXPECT_EQ(server.asked, QStringList{news_place});
+    EXPECT_TRUE(host.shown.empty());
 }
 
 TEST_F(Info, NoFurtherPictureIsAskedForWhenTheWholeTimeIsOver) {

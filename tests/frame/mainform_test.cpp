@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "frame/help.h"
 #include "frame/menus.h"
+#include "frame/work_line.h"
 #include "support/fake_host.h"
 #include "support/fake_pages.h"
 
@@ -101,6 +102,27 @@ TEST_F(MainForm, TheLandingPageStandsAtTheStartAndAfterAMenuUnlessItIsATailoredI
     stands({Page::info});
     settings.special_soft = 1;
     stands({});
+}
+
+TEST(WorkLine, TellsHowFarTheWorkIsUntilItIsCancelledOrDone) {
+    support::FakeHost host;
+    frame::WorkLine line(host);
+    QList<int> told;
+    line.changed = [&] { told << (line.running() ? line.percent() : -2); };
+    {
+        const frame::WorkLine::Running work(line, u"読んでいます"_s);
+        for (const auto& [done, total, percent] :
+            {std::tuple(5, 0, -1), {0, 3, 0}, {1, 3, 33}, {3, 3, 100}, {9, 3, 100}, {-1, 3, 0}}) {
+            EXPECT_TRUE(line.advance(done, total));
+            EXPECT_EQ(line.percent(), percent) << done << " of " << total;
+        }
+        line.cancel();
+        EXPECT_FALSE(line.advance(1, 3) || line.advance(2, 3));
+    }
+    EXPECT_EQ(told.first(), -1);
+    EXPECT_EQ(told.last(), -2);
+    const frame::WorkLine::Running next(line, u"登録しています"_s);
+    EXPECT_TRUE(line.advance(1, 2)) << "another work isn't cancelled";
 }
 
 TEST(MenuBand, StandsAtTheFootOfThePageButNeverAboveItsPlace) {

@@ -24,6 +24,7 @@ TEST(News, IsReadByTheNumbersBeforeEachLine) {
     EXPECT_EQ(items[0].link, u"http://a.example/"_s) << "the blank line takes nothing away";
     EXPECT_EQ(items[1].picture, QString());
     EXPECT_EQ(items[1].text, u"plain[31m"_s);
+    EXPECT_EQ(read_news("1\n \t\n2 x\n")[0].text, u"x"_s);
     EXPECT_TRUE(read_news("<html>\n<body>Please log in</body>\n").isEmpty());
 }
 
@@ -52,7 +53,7 @@ TEST(News, NamesAndAddressesAreTakenOnlyWhereTheyAreHarmless) {
         {frame::is_picture_name, {u"a.png"_s, u"お知らせ 1.JPG"_s, u"x.y.gif"_s, u"console.bmp"_s},
             {QString(), u"../a.png"_s, u"a/b.png"_s, u"..\\a.png"_s, u"C:a.png"_s, u".a.png"_s, u"a..png"_s,
                 u"a.png\n"_s, u"a\u202egnp.png"_s, u"a.svg"_s, u"intinfrov.dat"_s, u"nul.png"_s, u"COM1.x.bmp"_s,
-                u"a?.png"_s, QString(100, u'a') + u".png"_s}},
+                u"a?.png"_s, u"😀.png"_s, QString(100, u'a') + u".png"_s}},
         {[](const QString& text) { return frame::web_address(text).has_value(); },
             {u"http://a.example/x?y=1#z"_s, u"https://a.example"_s, u"HTTP://a.example/"_s},
             {QString(), u"javascript:alert(1)"_s, u"file:///etc/passwd"_s, u"http:///x"_s, u"//a.example/"_s,
@@ -60,7 +61,7 @@ TEST(News, NamesAndAddressesAreTakenOnlyWhereTheyAreHarmless) {
         {[](const QString& text) { return frame::news_server(text).has_value(); },
             {u" news.example "_s, u"news.example:8080"_s, u"http://news.example/"_s, u"10.0.0.1"_s},
             {QString(), u" "_s, u"ftp://news.example"_s, u"news.example/other"_s, u"news.example?x"_s,
-                u"user@news.example"_s, u"file:///etc"_s}},
+                u"user@news.example"_s, u"file:///etc"_s, u"https://news.example"_s, u"news.example#x"_s}},
     };
     for (const auto& kind : kinds) {
         for (const QString& text : kind.taken)

@@ -152,6 +152,11 @@ TEST_F(StartUp, ADamagedExchangeFileIsToldWithTheNameUnderWhichItIsKept) {
     host.shown.clear();
     start();
     EXPECT_TRUE(host.shown.empty());
+    support::put_bytes(store::exchange_path(found, 2), damaged);
+    QFile::remove(frame::error_file_path(found));
+    QDir().mkpath(frame::error_file_path(found));
+    start();
+    EXPECT_EQ(host.shown.size(), 1u) << "told, though it can't be written down";
 }
 
 TEST_F(StartUp, AShareIsConnectedWithTheStoredAccountBeforeItIsRead) {

@@ -1,5 +1,6 @@
 #include "install/company.h"
 #include "install/password.h"
+#include "install/tree_settings.h"
 #include "store/setting_tables.h"
 #include "store/setup.h"
 
@@ -102,7 +103,11 @@ TEST_F(InstallTree, WhatIsMadeAnewBesideMastersFitsThem) {
     EXPECT_FALSE(初期セットアップ(settings)) << "a register that was kept, with masters from elsewhere";
 
     ASSERT_TRUE(QFile::remove(allsystem_path(settings)) && QFile::remove(comsys_path(settings)));
+    support::put_bytes(journal_of(comsys_path(settings)), QByteArray(700, 'x'));
     run(options());
+    EXPECT_FALSE(QFileInfo::exists(journal_of(comsys_path(settings))))
+        << "of a file that is gone: it spoils no new one";
+    EXPECT_EQ(said.filter(u"put away "_s).size(), 1);
     EXPECT_FALSE(初期セットアップ(settings)) << "the wizard would replace them";
     EXPECT_EQ(rows_of(comsys_path(settings), Kind::Comsys, "select 番号名称, 番号 from bangou order by rowid"),
         QStringList({u"勤務種類|6"_s, u"勤務時間|0"_s, u"休暇種類|0"_s, u"社員番号|7"_s}));
@@ -125,6 +130,9 @@ TEST_F(InstallTree, WritesWhatIsGivenIntoTheSettingsOfATreeThatIsThere) {
         {u"使用区分|1"_s, u"winユーザー名|clerk"_s, u"winパスワード|secret"_s, u"プリンター１|LBP"_s})
         EXPECT_TRUE(of_pc(settings).contains(row)) << row.toStdString();
     EXPECT_EQ(shared(settings, u"サーバー名"_s) + u' ' + shared(settings, u"情報サーバー"_s), u"main news:80"_s);
+    list_settings(given.root, [this](const QString& line) { said << line; });
+    for (const QString& line : {u"使用区分 = 1"_s, u"winパスワード = ***"_s, u"サーバー名 = main"_s})
+        EXPECT_TRUE(said.contains(line)) << line.toStdString();
     EXPECT_FALSE(said.join(u' ').contains(u"secret"_s));
 }
 
@@ -210,6 +218,18 @@ TEST_F(InstallTree, BelongsToTheGroupThatItsFolderIsHandedDownTo) {
 }
 
 #endif
+
+TEST_F(InstallTree, NamesWhatIsInItsWay) {
+    write(u"file"_s, "x");
+    EXPECT_TRUE(refusal(options(u"file"_s)).contains(folder.filePath(u"file"_s)));
+    Options no_assets = options();
+    no_assets.assets = QStringList{folder.filePath(u"none"_s)};
+    EXPECT_TRUE(refusal(no_assets).contains(u"none: no such folder"_s));
+    write(u"bin/rovena"_s, "program");
+    const QString program = settings_of(options()).local_root + u"/rovena100/system/exe/exe/rovena"_s;
+    QDir().mkpath(program + u"/held"_s);
+    EXPECT_TRUE(refusal(options()).contains(program));
+}
 
 TEST_F(InstallTree, BringsProgramsAndAssetsUpToDateOnEachRun) {
     write(u"bin/rovena"_s, "old");

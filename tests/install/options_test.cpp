@@ -50,7 +50,8 @@ TEST(Arguments, WhatCantBeUsedIsNamed) {
         {u""_s, u"--sample 5"_s, u"/a /b"_s, u"/a --colour red"_s, u"/a --use-class 3"_s, u"/a --use-class x"_s,
             u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s, u"restore"_s,
             u"restore /bk"_s, u"restore --list"_s, u"restore /bk /a /b"_s, u"restore /bk /a --sample"_s,
-            u"/a --until 202610"_s, u"/a --share-password p --share-password-file f"_s, u"show"_s, u"show /a /b"_s})
+            u"/a --until 202610"_s, u"/a --sample --until 202600"_s, u"/a --sample --until 210001"_s, u"show --list"_s,
+            u"/a --share-password p --share-password-file f"_s, u"show"_s, u"show /a /b"_s})
         EXPECT_NE(read(line).problem, QString()) << line.toStdString();
 }
 

@@ -79,6 +79,18 @@ TEST_F(RestoredCompany, IsTheSameUnderASecondRootAndItsProgramLooksThere) {
     EXPECT_EQ(shown_root(second), QStringList{second.server_root});
 }
 
+TEST_F(RestoredCompany, IsToldToBeMixedWhereItsFilesAreOfDifferentTimes) {
+    const auto mixed = [this] { return !said.filter(u"don't come from one backup"_s).isEmpty(); };
+    restore(u"second"_s);
+    EXPECT_FALSE(mixed());
+    QFile file(backup + u"/comsys.mdb"_s);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.setFileTime(QDateTime::currentDateTime().addDays(-7), QFileDevice::FileModificationTime);
+    file.close();
+    restore(u"third"_s);
+    EXPECT_TRUE(mixed());
+}
+
 TEST_F(RestoredCompany, ComesFromABackupThatWasKilledAmongItsLastRenames) {
     QByteArray list;
     for (const QByteArray name : {"rovdata.mdb", "comsys.mdb", "allsystem.mdb"})
