@@ -67,4 +67,11 @@ TEST(CompanyMonth, WithStartDayOneTheQueryReachesThe31stOfEveryMonth) {
     EXPECT_EQ(february.length(), 28);
     EXPECT_EQ(february.row_of_key(20050231), 31);
     EXPECT_EQ(february.row_of_key(20050301), std::nullopt);
+    for (const int no_day : {20050200, 20050131})
+        EXPECT_EQ(february.row_of_key(no_day), std::nullopt) << no_day;
+    for (const int no_row : {0, 29})
+        EXPECT_FALSE(february.day(no_row).isValid()) << no_row;
+    EXPECT_EQ(february.posting_key(29), 0);
+    for (const qint64 no_date : {qint64(0), qint64(9999'12'32), qint64(1) << 40, qint64(20050229)})
+        EXPECT_FALSE(date_of_number(no_date).isValid()) << no_date;
 }

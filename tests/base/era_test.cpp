@@ -52,4 +52,16 @@ TEST(Era, AnEmptyEraTableChangesNothing) {
     s.date_style = 1;
     EXPECT_EQ(和暦西暦変換(u"161003"_s, s, heisei_day), u"161003"_s);
     EXPECT_EQ(日付表示変換(u"20041003"_s, s, heisei_day), u"20041003"_s);
+    EXPECT_EQ(日付文字変換(u"20041003"_s, s, heisei_day), u"20041003"_s);
+}
+
+TEST(Era, WhereThereIsNoDateNoneIsShown) {
+    for (const int date_style : {0, 1})
+        for (const QString& none : {u""_s, u"0"_s}) {
+            const auto s = with_eras(date_style);
+            EXPECT_EQ(日付表示変換(none, s, heisei_day), none);
+            EXPECT_EQ(日付文字変換(none, s, heisei_day), none);
+            EXPECT_EQ(和暦西暦変換(none, s, heisei_day), none);
+        }
+    EXPECT_EQ(和暦西暦変換(u"91003"_s, with_eras(1), heisei_day), u"91003"_s) << "too short for a year of two digits";
 }

@@ -47,6 +47,8 @@ TEST(DayPicture, BandsStandOnTheLineWithTheirOverlapsGapsAndColours) {
         {u"8:30-17:15 17:15-20:00"_s, u"8:30-17:15 17:15-20:00"_s, u""_s, u""_s},
         {u"8:00-12:00 11:00-13:00 20:00-21:00"_s, u"8:00-12:00重 11:00-13:00重 20:00-21:00"_s, u"13:00-20:00"_s,
             u"11:00-12:00"_s},
+        // What overlaps in pieces is one overlap.
+        {u"8:00-12:00 9:00-11:00 9:30-10:00"_s, u"8:00-12:00重 9:00-11:00重 9:30-10:00重"_s, u""_s, u"9:00-11:00"_s},
         // Over midnight: two pieces, and the early band of the same day is a day away.
         {u"22:00-5:00 0:00-6:00"_s, u"22:00-24:00 0:00-5:00翌 0:00-6:00"_s, u"6:00-22:00"_s, u""_s},
         {u"22:00-23:00 25:00-26:00"_s, u"22:00-23:00 1:00-2:00翌"_s, u"23:00-24:00 0:00-1:00"_s, u""_s},

@@ -66,6 +66,8 @@ TEST_F(KenMst, TextMatchesWhateverItsCaseWidthAndKanaAndANumberOnlyARowThatHasOn
 }
 
 TEST_F(KenMst, ConditionsHoldTogether) {
+    EXPECT_EQ(common::search_mode(common::search_employees)->table, u"syain"_s);
+    EXPECT_EQ(common::search_mode(99), nullptr);
     EXPECT_EQ(found_by(ken_mst::name_box, u"郎"_s), u"30"_s);
     EXPECT_EQ(found_by(ken_mst::number_box, u"4"_s), u""_s);
     EXPECT_EQ(search.hyou.Row(), 0) << "the heading is all there is";
@@ -79,8 +81,10 @@ TEST_F(KenMst, EnterGoesThroughTheBoxesAndSearchesInTheLast) {
     search.focus.reset();
     EXPECT_TRUE(search.kenatai_KeyDown(ken_mst::number_box, key::enter));
     EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Hyou}));
+    EXPECT_FALSE(search.kenatai_KeyDown(ken_mst::name_box, key::right));
+    EXPECT_TRUE(search.kenatai_KeyDown(ken_mst::name_box, key::down)) << "to the rows that were found";
     search.hyou.SetRow(2);
-    EXPECT_FALSE(search.hyou_KeyDown(key::up));
+    EXPECT_FALSE(search.hyou_KeyDown(key::up) || search.hyou_KeyDown(key::enter));
     search.hyou.SetRow(1);
     EXPECT_TRUE(search.hyou_KeyDown(key::up));
     EXPECT_EQ(search.focus, (ken_mst::Wish{SearchControl::Kenatai, ken_mst::name_box}));
@@ -89,7 +93,8 @@ TEST_F(KenMst, EnterGoesThroughTheBoxesAndSearchesInTheLast) {
 TEST_F(KenMst, TheFlagStandsWhileTheSearchIsOpen) {
     EXPECT_EQ(mstkenflg, u"3"_s);
     search.botan_Click(1);
-    search.hyou_Click(0);
+    for (const int no_row : {0, -1, search.hyou.Rows()})
+        search.hyou_Click(no_row);
     EXPECT_FALSE(search.ended) << "the heading is no row";
     search.hyou_Click(3);
     EXPECT_EQ(search.search_result, u"30"_s);
@@ -100,6 +105,8 @@ TEST_F(KenMst, TheFlagStandsWhileTheSearchIsOpen) {
         EXPECT_EQ(mstkenflg, u"3"_s);
     }
     EXPECT_EQ(mstkenflg, QString()) << "unloaded by other means";
+    search.botan_Click(0);
+    EXPECT_EQ(search.search_result, QString()) << "left without a choice";
 }
 
 TEST_F(KenMst, AKanaIsAddedToTheReadingAndSearches) {

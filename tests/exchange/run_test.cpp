@@ -1,5 +1,6 @@
 #include "exchange/run.h"
 
+#include "exchange/places.h"
 #include "exchange_tree.h"
 #include "frame/exchange_files.h"
 #include "platform/program_lock.h"
@@ -159,6 +160,15 @@ TEST_F(Run, ItIsSeenAsRunningWhileItAppliesAndASecondOneLeavesTheRowsToTheFirst)
     EXPECT_EQ(run_manager(tree.settings, watch, {.manager = 0ms}), 0);
     EXPECT_EQ(tree.tables(), stored(20041001));
     EXPECT_TRUE(told.isEmpty());
+}
+
+TEST_F(Run, ItSaysWhereItCantWriteAndItsPlaceTellsTheRoot) {
+    const QString folder = store::exchange_folder(tree.settings);
+    EXPECT_EQ(server_root_above(folder + u"/nokori"_s), QDir::cleanPath(tree.settings.server_root));
+    EXPECT_EQ(server_root_above(u"/"_s), std::nullopt);
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    EXPECT_EQ(run_manager(tree.settings, watch), 1);
+    EXPECT_EQ(told, QStringList{u"受信フォルダ %1 に書き込めません"_s.arg(folder)});
 }
 
 } // namespace exchange

@@ -174,6 +174,14 @@ TEST(EventLog, AFloodFromOutsideIsToldByItsNumber) {
     EXPECT_TRUE(text.endsWith("stopped\n"));
 }
 
+TEST(EventLog, GoesToTheScreenWhereItsFileCantBeOpenedAndSaysWhy) {
+    testing::internal::CaptureStderr();
+    exchange::EventLog(u"/none/log"_s).line(u"開始"_s);
+    const QString told = QString::fromStdString(testing::internal::GetCapturedStderr());
+    EXPECT_TRUE(told.contains(u"記録ファイル /none/log を開けません"_s) && told.contains(u"開始"_s))
+        << told.toStdString();
+}
+
 TEST_F(TurnService, WithoutAManagerTurnsAreStillGranted) {
     start({u"--manager"_s, in(u"nothing"_s)});
     for (int turn = 0; turn < 2; ++turn) {

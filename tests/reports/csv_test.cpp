@@ -56,6 +56,8 @@ TEST_F(Csv, SaysNothingWhenCancelledAndNamesAFileThatCantBeWritten) {
 TEST_F(Csv, IsNotCalledWrittenWhereTheDiskIsFull) {
     const support::ShortFiles disk(expected.size() - 1);
     EXPECT_EQ(write_csv(report, path), Written::Failed);
+    report.hyou.SetRows(200'000);
+    EXPECT_EQ(write_csv(report, path), Written::Failed) << "nor one of many pieces";
 }
 #endif
 
@@ -67,6 +69,14 @@ TEST_F(Csv, NamesTheCellsInWhichACharacterWasReplaced) {
     ASSERT_EQ(host.shown.size(), 1U);
     EXPECT_TRUE(host.shown[0].text.contains(u"2行 名「𠮷田」"_s)) << host.shown[0].text.toStdString();
     EXPECT_FALSE(host.shown[0].text.contains(u"한"_s)) << "hidden";
+    report.midasi[1] = u"𠮷"_s;
+    report.hyou.SetRows(60);
+    for (int row = 3; row < 60; ++row)
+        report.hyou(row, 0) = u"한"_s;
+    write();
+    const QStringList told = host.shown[1].text.split(u'\n');
+    EXPECT_EQ(told[1], u"見出し「𠮷」"_s);
+    EXPECT_EQ(told.last(), u"ほか%1か所"_s.arg(1 + 58 - (told.size() - 2))) << "not all are named";
 }
 
 } // namespace reports

@@ -101,6 +101,16 @@ TEST_F(Settings, WithoutATableOrAKeyNothingIsReadOrWritten) {
     OpenSettings kihon = tables.open(u"kihon"_s);
     kihon.設定書込(QString(), u"1"_s);
     EXPECT_EQ(kihon.設定読込(QString()), QString());
+    EXPECT_EQ(code_of([this] { tables.設定書込(u"other"_s, u"鍵"_s, u"1"_s); }), Code::Misuse);
+}
+
+TEST(SystemErrors, AreToldAsWhatAPersonCanMend) {
+    for (const auto& [failure, code] : {std::pair(std::errc::file_exists, Code::Exists),
+             {std::errc::no_space_on_device, Code::Full}, {std::errc::file_too_large, Code::Full},
+             {std::errc::read_only_file_system, Code::ReadOnly}, {std::errc::permission_denied, Code::ReadOnly},
+             {std::errc::io_error, Code::Io}, {std::errc::timed_out, Code::Other}})
+        EXPECT_EQ(code_of([&] { check_system(std::make_error_code(failure), u"/x"_s); }), code) << int(failure);
+    EXPECT_EQ(code_of([] { check_system({}, u"/x"_s); }), std::nullopt);
 }
 
 class StartOnData : public testing::Test {
