@@ -104,7 +104,7 @@ int main(int argc, char** argv) {
     std::vector<Line> lines;
     for (const auto subject :
         {bench::setting_read, bench::month_load, bench::calculation, bench::drafts, bench::recorder_import,
-            bench::apply, bench::masters, bench::work_time_lists, bench::limits_of_all, bench::printing})
+            bench::overview, bench::apply, bench::masters, bench::work_time_lists, bench::limits_of_all, bench::printing})
         for (const Line& line : subject())
             lines.push_back(line);
     LeastTimes times;

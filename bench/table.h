@@ -22,6 +22,7 @@ std::vector<Line> month_load();
 std::vector<Line> calculation();
 std::vector<Line> drafts();
 std::vector<Line> recorder_import();
+std::vector<Line> overview();
 std::vector<Line> apply();
 std::vector<Line> masters();
 std::vector<Line> work_time_lists();

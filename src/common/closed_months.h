@@ -24,8 +24,7 @@ struct Closing {
     std::optional<Noted> reopened; ///< nothing: the month is closed now
 };
 
-/// What is kept of an employee's month, by what was summed ("勤務", "勤務種類11", "日数k1"): minutes, or days times
-/// 100.
+/// What is kept of an employee's month, by what was summed ("勤務", "勤務種類11", "日数k1"): minutes, or days.
 using KeptSums = QMap<QString, qint64>;
 
 /// This moment on this PC. An unnamed PC is "".

@@ -154,6 +154,19 @@ DraftsWaiting drafts_waiting(const base::Settings& settings) {
     return waiting;
 }
 
+QSet<qint64> drafts_waiting(const base::Settings& settings, const CompanyMonth& month) {
+    QSet<qint64> employees;
+    auto database = open_drafts(settings);
+    if (!database)
+        return employees;
+    auto rows = database->prepare("select 社員システム番号 from sitagaki where 年月日 between ? and ?"
+                                  " union select 社員システム番号 from sitagaki_nissu where 年月 = ?");
+    rows.bind(date_number(month.first()), date_number(month.last()), month.month_key());
+    while (rows.step())
+        employees.insert(rows.row().number(0));
+    return employees;
+}
+
 QString waiting_words(const base::Settings& settings) {
     try {
         const int months = drafts_waiting(settings).months;

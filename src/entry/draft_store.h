@@ -26,6 +26,8 @@ struct DraftsWaiting {
     int months = 0;
 };
 DraftsWaiting drafts_waiting(const base::Settings& settings);
+/// Those who have one of this month.
+QSet<qint64> drafts_waiting(const base::Settings& settings, const base::CompanyMonth& month);
 
 /// What a start says of them: "未登録の月が 3件あります"; empty if there are none, or if the file can't be read: that
 /// is told where months are typed.

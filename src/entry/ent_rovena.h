@@ -24,6 +24,7 @@
 #include "entry/paste.h"
 #include "entry/sheet.h"
 #include "entry/undo.h"
+#include "frame/month_in_hand.h"
 #include "frame/session.h"
 
 #include <array>
@@ -151,6 +152,10 @@ public:
     void kyucom_Digit(int digit);        ///< chooses the item of this place in the list, 0 for no kind
     void kyucom_KeyPress(int character); ///< another character: the notice says if no kind's name begins with it
     bool kyucom_KeyDown(int key_code);   ///< Enter goes to the next day, Escape back to this one; false: another key
+    /// Shows a day of an employee's month, with the cursor on its clock-in; an employee who isn't there any more leaves
+    /// the sheet as it is. May wait, as the choice of an employee does.
+    void open_day(const frame::MonthInHand& day);
+    frame::MonthInHand in_hand() const; ///< the month on the sheet, its employee and the day of the cursor
     /// Whether a page explains the day in hand beside the sheet; kept for this PC.
     bool why_shown = false;
     void set_why_shown(bool shown);

@@ -17,9 +17,6 @@ namespace {
 /// What the days that can't be read back are called among the exports of this PC.
 const QString unread_days_name = u"出勤入力"_s;
 
-/// The kinds that aren't looked for, by their numbers, parted by commas.
-const QString left_out_key = u"登録前確認なし"_s;
-
 } // namespace
 
 QString ent_rovena::standing() const {
@@ -107,21 +104,11 @@ void ent_rovena::ask_no_more_for_month() {
 }
 
 FindingKinds ent_rovena::kinds_left_out() const {
-    FindingKinds kinds;
-    const QString numbers = m_session.tables.設定読込(store::losystem, left_out_key);
-    for (const QStringView number : QStringView(numbers).split(u',', Qt::SkipEmptyParts))
-        kinds.insert(FindingKind(number.toInt()));
-    return kinds;
+    return entry::kinds_left_out(m_session.tables);
 }
 
 void ent_rovena::leave_out(const FindingKinds& kinds) {
-    if (kinds == kinds_left_out())
-        return;
-    QStringList numbers;
-    for (int i = 0; i < int(finding_captions().size()); ++i)
-        if (kinds.contains(FindingKind(i)))
-            numbers << digits(i);
-    m_session.tables.設定書込(store::losystem, left_out_key, numbers.join(u','));
+    entry::leave_out(m_session.tables, kinds);
 }
 
 } // namespace entry

@@ -5,6 +5,8 @@
 #include "base/numbers.h"
 #include "entry/ent_rovena.h"
 
+#include <algorithm>
+
 namespace entry {
 
 using namespace base;
@@ -68,6 +70,27 @@ bool ent_rovena::ym_KeyDown(int element, int key_code) {
 
 void ent_rovena::ym_LostFocus() {
     show_month();
+}
+
+void ent_rovena::open_day(const frame::MonthInHand& day) {
+    int r = hyou_syain.FixedRows();
+    while (r < hyou_syain.Rows() && Val(hyou_syain(r, 2)) != day.employee.value())
+        ++r;
+    if (waiting || r == hyou_syain.Rows())
+        return;
+    const QDate month(day.month / 100, day.month % 100, 1);
+    ym[year_selector].text = shown_year(month, m_session.settings, m_session.host.now().date());
+    ym[month_selector].text = digits(month.month());
+    書式設定();
+    hyou_syain.SetCursor({r, hyou_syain.Cols() - 1});
+    hyou_syain_Click(r);
+    if (employee_chosen())
+        hyou_Click(
+            {std::max(row::first_day, int(sheet.month.first().daysTo(day.day)) + row::first_day), col::clock_in});
+}
+
+frame::MonthInHand ent_rovena::in_hand() const {
+    return {sheet.month.month_key(), EmployeeKey(Val(syainsyscd)), sheet.month.day(sheet.hyou.Row())};
 }
 
 } // namespace entry

@@ -24,6 +24,9 @@ constexpr QStringView captions[] = {
     u"登録後に呼び出せない日",
 };
 
+/// The kinds that aren't looked for, by their numbers, parted by commas.
+const QString left_out_key = u"登録前確認なし"_s;
+
 QString shown(minutes time) {
     return time_to_text(minutes_to_time(time));
 }
@@ -117,6 +120,24 @@ private:
 
 QList<Finding> findings(const MonthSheet& sheet, const FindingKinds& left_out) {
     return Search(sheet, left_out).whole();
+}
+
+FindingKinds kinds_left_out(store::SettingTables& tables) {
+    FindingKinds kinds;
+    const QString numbers = tables.設定読込(store::losystem, left_out_key);
+    for (const QStringView number : QStringView(numbers).split(u',', Qt::SkipEmptyParts))
+        kinds.insert(FindingKind(number.toInt()));
+    return kinds;
+}
+
+void leave_out(store::SettingTables& tables, const FindingKinds& kinds) {
+    if (kinds == kinds_left_out(tables))
+        return;
+    QStringList numbers;
+    for (int i = 0; i < int(finding_captions().size()); ++i)
+        if (kinds.contains(FindingKind(i)))
+            numbers << digits(i);
+    tables.設定書込(store::losystem, left_out_key, numbers.join(u','));
 }
 
 bool calculation_helps(const QList<Finding>& found) {

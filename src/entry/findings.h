@@ -4,6 +4,7 @@
 // each finding is something that a clerk mostly didn't mean.
 
 #include "entry/sheet.h"
+#include "store/setting_tables.h"
 
 #include <QSet>
 #include <span>
@@ -33,6 +34,10 @@ using FindingKinds = QSet<FindingKind>;
 /// All findings of the month but those of the kinds left out, day by day, the month's own last; empty if nothing is
 /// off. An employee without a work type has no minutes outside its bands. Costs less than a calculation of each day.
 QList<Finding> findings(const MonthSheet& sheet, const FindingKinds& left_out = {});
+
+/// The kinds that this PC doesn't look for, and from now on.
+FindingKinds kinds_left_out(store::SettingTables& tables);
+void leave_out(store::SettingTables& tables, const FindingKinds& kinds);
 
 /// Whether any of them is gone once the days are calculated.
 bool calculation_helps(const QList<Finding>& found);

@@ -2,7 +2,6 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
-#include "common/saved_month.h"
 #include "entry/cells.h"
 
 namespace entry {
@@ -46,6 +45,10 @@ void show_kind(MonthSheet& sheet, int r, const common::SavedKind& kind) {
 
 void 勤務時間取得(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
     common::SavedMonth saved(database, sheet.month, common::PastMidnight::AsTyped);
+    勤務時間取得(sheet, saved, employee);
+}
+
+void 勤務時間取得(MonthSheet& sheet, common::SavedMonth& saved, EmployeeKey employee) {
     saved.days(employee, [&](int r, const common::SavedDay& day) { show_day(sheet.hyou, r, day); });
     saved.hours(employee, [&](int r, qint64 category, const QString& time) { show_hours(sheet, r, category, time); });
     saved.counts(employee, [&](const common::SavedCount& count) { show_count(sheet.hyou_day, count); });

@@ -2,6 +2,7 @@
 
 // Reading a saved month back into the sheet.
 
+#include "common/saved_month.h"
 #include "entry/work_type.h"
 
 namespace entry {
@@ -11,6 +12,8 @@ namespace entry {
 /// Clock-outs past midnight show as the small hour ("25:30" as "1:30"); a day saved with both clock times 0 shows both
 /// blank. Reads by key only: what else the tables hold costs nothing.
 void 勤務時間取得(MonthSheet& sheet, store::Database& database, base::EmployeeKey employee);
+/// The same for many employees of one month: the reader is that of the sheet's month, past midnight as it is typed.
+void 勤務時間取得(MonthSheet& sheet, common::SavedMonth& saved, base::EmployeeKey employee);
 
 /// Reads all that the sheet shows of the employee's month, in one view of the tables: the work type with its schedule,
 /// and the saved month. The sheet is the empty one of the month.

@@ -18,23 +18,6 @@ namespace {
 
 constexpr int most_fields = 15;
 
-/// Gives the turn up however the save ends.
-class Turn {
-public:
-    explicit Turn(frame::TurnLink& link) : m_link(link), m_granted(link.サーバー接続開始()) {}
-    ~Turn() {
-        if (m_granted)
-            m_link.サーバー接続終了();
-    }
-    Turn(const Turn&) = delete;
-    Turn& operator=(const Turn&) = delete;
-    bool granted() const { return m_granted; }
-
-private:
-    frame::TurnLink& m_link;
-    bool m_granted;
-};
-
 bool manager_at_work(frame::Session& session) {
     return common::ウィンドウ終了待ち(session.host, store::manager_program.toString(),
                store::exchange_folder(session.settings)) == common::Wait::StillRunning;
@@ -71,7 +54,7 @@ bool is_closed(frame::Session& session, int month) {
 
 /// False if the save ended with a message and nothing was posted.
 bool post_in_turn(frame::Session& session, const QSet<int>& months, const QList<ExchangeRow>& rows) {
-    const Turn turn(session.link);
+    const frame::Turn turn(session.link);
     const auto closed = [&](int month) { return is_closed(session, month); };
     if (!turn.granted() || std::ranges::any_of(months, closed))
         return false;

@@ -27,7 +27,7 @@ constexpr Page closed_at_the_end[]{Page::errform, Page::ent_rovena, Page::rov_00
     Page::mst_syain, Page::mst_kinjikan, Page::mst_kinsyu, Page::mst_kintype, Page::mst_kyuka, Page::info};
 
 // Reached from another page, and open instead of it.
-constexpr Page closed_where_open[]{Page::ent_torikomi, Page::ent_jyougen};
+constexpr Page closed_where_open[]{Page::ent_torikomi, Page::ent_jyougen, Page::ent_itiran};
 
 void close_all(Pages& pages, std::span<const Page> closed) {
     for (const Page page : closed)

@@ -6,6 +6,7 @@
 
 #include "common/date_entry.h"
 #include "frame/button.h"
+#include "frame/month_in_hand.h"
 #include "frame/pages.h"
 #include "frame/session.h"
 #include "frame/work_line.h"
@@ -43,6 +44,9 @@ public:
     QString stalab;    ///< "●", "◎", "○" or empty
     QString mstkenflg; ///< not empty while the search popup is open
     int report_no = 0; ///< the report chosen on `rov_00`
+
+    MonthInHand overview_at;                ///< where the month overview opens
+    std::optional<MonthInHand> day_to_open; ///< where attendance entry opens once; nothing: as it opens by itself
 
     WorkLine work;                ///< long work of a page, in the status line
     common::DateEntry date_entry; ///< knows the date accepted last on any screen

@@ -8,6 +8,7 @@ enum class Page {
     ent_rovena,
     ent_torikomi,
     ent_jyougen,
+    ent_itiran,
     rov_00,
     rov_01,
     mst_00,

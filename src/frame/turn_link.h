@@ -49,4 +49,21 @@ private:
     LinkState m_link_state = LinkState::Idle;
 };
 
+/// The turn for as long as this lives, if it was granted; given up however the work ends.
+class Turn {
+public:
+    explicit Turn(TurnLink& link) : m_link(link), m_granted(link.サーバー接続開始()) {}
+    ~Turn() {
+        if (m_granted)
+            m_link.サーバー接続終了();
+    }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    bool granted() const { return m_granted; }
+
+private:
+    TurnLink& m_link;
+    bool m_granted;
+};
+
 } // namespace frame

@@ -34,6 +34,7 @@ constexpr FunctionKey function_keys[] = {
     {Qt::Key_F7, u"前社員"},
     {Qt::Key_F8, u"次社員"},
     {Qt::Key_F9, u"登録"},
+    {Qt::Key_F10, u"月間一覧"},
     {Qt::Key_F11, u"元に戻す"},
     {Qt::Key_F12, u"やり直し"},
 };

@@ -4,9 +4,7 @@
 #include "entry/day_kinds.h"
 #include "frame/help.h"
 #include "ui/entry/clash_panel.h"
-#include "ui/entry/fill_panel.h"
 #include "ui/entry/look_panel.h"
-#include "ui/entry/paste_panel.h"
 #include "ui/parts/key_codes.h"
 #include "ui/parts/moment_note.h"
 #include "ui/parts/page_parts.h"
@@ -57,7 +55,11 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
 EditorActs ent_rovena_page::editor_acts() {
     return {
         .KeyDown = [this](int key_code) { return act([&] { return m_form.atai_KeyDown(key_code); }); },
-        .KeyPress = [this](int character) { return m_form.atai_KeyPress(character); },
+        .KeyPress =
+            [this](int character) {
+                const auto tell = qScopeGuard([this] { show_standing(); }); // why the key doesn't stand
+                return m_form.atai_KeyPress(character);
+            },
         .Insert = [this](const QString& text) { return m_form.atai_Insert(text); },
         .Change = [this](const QString& text) { m_form.atai_Change(text); },
         .LostFocus = [this] { act([this] { m_form.atai_LostFocus(); }); },
@@ -165,6 +167,8 @@ void ent_rovena_page::press_key(Qt::Key key) {
         return act([this] { m_form.step_employee(1); });
     case Qt::Key_F9:
         return m_controls.botan[1]->click();
+    case Qt::Key_F10:
+        return leave_for(&ent_rovena_page::ask_for_overview);
     case Qt::Key_F11:
         return act([this] { m_form.undo(); });
     case Qt::Key_F12:
@@ -181,37 +185,17 @@ void ent_rovena_page::leave_for(void (ent_rovena_page::*other)()) {
     Q_EMIT(this->*other)();
 }
 
+void ent_rovena_page::ask_for_overview() {
+    Q_EMIT overview_wanted(m_form.in_hand());
+}
+
+void ent_rovena_page::open_day(const frame::MonthInHand& day) {
+    act([&] { m_form.open_day(day); });
+}
+
 entry::RowRange ent_rovena_page::row_in_hand() const {
     const int r = m_form.sheet.hyou.Row();
     return {r, r};
-}
-
-void ent_rovena_page::fill_days() {
-    if (m_form.syainsyscd.isEmpty())
-        return;
-    const bool ask = m_form.needs_normal_day();
-    FillPanel panel(m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(), m_form.normal_day(),
-        m_form.fill_weekdays(), this);
-    if (panel.exec() != QDialog::Accepted)
-        return;
-    if (const auto normal = panel.normal_day(); normal && panel.source() == entry::FillSource::StandardTimes)
-        m_form.mark_normal_day(*normal);
-    m_form.set_fill_weekdays(panel.weekdays());
-    act([&] { m_form.fill(panel.source(), panel.rows()); });
-}
-
-/// A text of several cells; one of a single cell is the box's own.
-bool ent_rovena_page::paste_cells(const QString& text) {
-    if (!text.trimmed().contains(u'\n') && !text.contains(u'\t'))
-        return false;
-    const base::Cell in_hand{m_form.sheet.hyou.Row(), m_form.sheet.hyou.Col()};
-    const entry::PastePreview preview = act([&] { return m_form.preview_paste(text); });
-    PastePanel panel(m_form.sheet, preview, this);
-    if (panel.exec() == QDialog::Accepted)
-        act([&] { m_form.paste(preview); });
-    else
-        act([&] { m_form.hyou_Click(in_hand); });
-    return true;
 }
 
 /// What is off is told before anything is posted. Nothing off: nothing shown.

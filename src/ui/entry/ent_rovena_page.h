@@ -24,6 +24,8 @@ public:
     const entry::ent_rovena& form() const { return m_form; }
     const ent_rovena_controls& controls() const { return m_controls; }
 
+    void open_day(const frame::MonthInHand& day);
+
 Q_SIGNALS:
     /// The person left the screen.
     void close_wanted();
@@ -31,6 +33,8 @@ Q_SIGNALS:
     void import_wanted();
     /// The same for the limits of hours, breaks and leave.
     void limits_wanted();
+    /// The person wants to see the month of all employees.
+    void overview_wanted(const frame::MonthInHand& in_hand);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -49,6 +53,7 @@ private:
     void press_key(Qt::Key key);
     entry::RowRange row_in_hand() const;
     void leave_for(void (ent_rovena_page::*other)());
+    void ask_for_overview();
     void fill_days();
     bool paste_cells(const QString& text);
     bool may_save();

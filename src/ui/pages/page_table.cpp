@@ -9,6 +9,7 @@
 #include "ui/masters/mst_kintype_page.h"
 #include "ui/masters/mst_kyuka_page.h"
 #include "ui/masters/mst_syain_page.h"
+#include "ui/overview/ent_itiran_page.h"
 #include "ui/pages/errform_page.h"
 #include "ui/pages/info_page.h"
 #include "ui/pages/menu_page.h"
@@ -16,6 +17,7 @@
 #include "ui/pages/rov_01_page.h"
 
 #include <memory>
+#include <utility>
 
 namespace ui {
 
@@ -46,6 +48,34 @@ QWidget* make_ent_rovena(const PageContext& context, QWidget* parent) {
         pages.close(frame::Page::ent_rovena);
         pages.show(frame::Page::ent_jyougen);
     });
+    QObject::connect(page, &ent_rovena_page::overview_wanted, page,
+        [&pages = context.pages, &form = context.main_form](frame::MonthInHand in_hand) {
+            in_hand.only_off = form.overview_at.only_off;
+            form.overview_at = in_hand;
+            pages.close(frame::Page::ent_rovena);
+            pages.show(frame::Page::ent_itiran);
+        });
+    if (const auto day = std::exchange(context.main_form.day_to_open, std::nullopt))
+        QMetaObject::invokeMethod(
+            page, [page, day] { page->open_day(*day); }, Qt::QueuedConnection);
+    return page;
+}
+
+void leave_overview(frame::Pages& pages, frame::mainform& form, const frame::MonthInHand& day) {
+    if (!day.employee.none())
+        form.day_to_open = day;
+    pages.close(frame::Page::ent_itiran);
+    pages.show(frame::Page::ent_rovena);
+}
+
+/// Attendance entry opens at the day that is wanted, or as it was left.
+QWidget* make_ent_itiran(const PageContext& context, QWidget* parent) {
+    auto* page = new Whole<ent_itiran_page>(context.session, context.main_form.overview_at, parent);
+    QObject::connect(page, &ent_itiran_page::close_wanted, page,
+        [&pages = context.pages, &form = context.main_form] { leave_overview(pages, form, form.overview_at); });
+    QObject::connect(page, &ent_itiran_page::day_wanted, page,
+        [&pages = context.pages, &form = context.main_form](
+            const frame::MonthInHand& day) { leave_overview(pages, form, day); });
     return page;
 }
 
@@ -107,6 +137,7 @@ constexpr PageRow table[]{
     {frame::Page::ent_rovena, make_ent_rovena},
     {frame::Page::ent_torikomi, make_ent_torikomi},
     {frame::Page::ent_jyougen, make_ent_jyougen},
+    {frame::Page::ent_itiran, make_ent_itiran},
     {frame::Page::info, make_info},
     {frame::Page::rov_00, make_menu<frame::rov_00>},
     {frame::Page::rov_01, make_rov_01},

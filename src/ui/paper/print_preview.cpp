@@ -118,16 +118,20 @@ private:
 
 } // namespace
 
-bool preview(const reports::Report& report, frame::Session& session, reports::PrintShop& shop, QWidget* parent) {
-    const reports::Pages pages = reports::pages_of(report, session.host.now().date());
+bool preview_pages(const reports::Pages& pages, reports::Layout layout, frame::Session& session, QWidget* parent) {
     if (pages.empty()) {
         session.host.tell(reports::no_pages.toString(), u"印刷プレビュー"_s);
         return false;
     }
-    const reports::Layout layout = reports::layout_of(report);
     const reports::Place offset = reports::print_offset({}, reports::printer_setting(layout, session.tables));
     PreviewDialog dialog(pages, offset, reports::印刷設定取得(layout).orientation, parent);
-    return dialog.exec() == QDialog::Accepted && reports::print(report, session, shop) == reports::Printed::Yes;
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool preview(const reports::Report& report, frame::Session& session, reports::PrintShop& shop, QWidget* parent) {
+    const reports::Pages pages = reports::pages_of(report, session.host.now().date());
+    return preview_pages(pages, reports::layout_of(report), session, parent) &&
+           reports::print(report, session, shop) == reports::Printed::Yes;
 }
 
 } // namespace ui
