@@ -55,11 +55,7 @@ ent_rovena_page::ent_rovena_page(frame::Session& session, QWidget* parent)
 EditorActs ent_rovena_page::editor_acts() {
     return {
         .KeyDown = [this](int key_code) { return act([&] { return m_form.atai_KeyDown(key_code); }); },
-        .KeyPress =
-            [this](int character) {
-                const auto tell = qScopeGuard([this] { show_standing(); }); // why the key doesn't stand
-                return m_form.atai_KeyPress(character);
-            },
+        .KeyPress = [this](int character) { return type_key(character); },
         .Insert = [this](const QString& text) { return m_form.atai_Insert(text); },
         .Change = [this](const QString& text) { m_form.atai_Change(text); },
         .LostFocus = [this] { act([this] { m_form.atai_LostFocus(); }); },
@@ -67,6 +63,14 @@ EditorActs ent_rovena_page::editor_acts() {
         .Redo = [this] { press_key(Qt::Key_F12); },
         .Paste = [this](const QString& text) { return paste_cells(text); },
     };
+}
+
+/// Why a key doesn't stand is said at once; what was said before stays until the next act.
+bool ent_rovena_page::type_key(int character) {
+    const bool stands = m_form.atai_KeyPress(character);
+    if (!stands)
+        show_standing();
+    return stands;
 }
 
 MonthActs ent_rovena_page::month_acts(int element) {

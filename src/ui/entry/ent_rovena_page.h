@@ -43,6 +43,7 @@ protected:
 
 private:
     EditorActs editor_acts();
+    bool type_key(int character);
     MonthActs month_acts(int element);
     void connect_lists();
     void connect_sheet();
