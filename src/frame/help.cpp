@@ -25,7 +25,7 @@ constexpr HelpPage help_pages[]{
     {u"ent_rovena", any_report, u"002-0.htm"},
     {u"ent_torikomi", any_report, u"002-1.htm"},
     {u"ent_jyougen", any_report, u"002-3.htm"},
-    {u"ent_itiran", any_report, u"002-0.htm"},
+    {u"ent_itiran", any_report, u"002-2.htm"},
     {u"mst_kinjikan", any_report, u"001-3-03.htm"},
     {u"mst_kinsyu", any_report, u"001-3-02.htm"},
     {u"mst_kintype", any_report, u"001-3-04.htm"},

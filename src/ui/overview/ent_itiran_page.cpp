@@ -29,13 +29,6 @@ constexpr frame::Button file_button{0, u"ファイル作成", u"zen_file.BMP", u
 constexpr std::chrono::milliseconds first_picture(50); ///< is painted before the look begins
 constexpr std::chrono::milliseconds slice(40);         ///< of the look, in which no key is taken
 
-QHBoxLayout* row_in(QWidget* row) {
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(no_margins);
-    layout->setSpacing(page_gap);
-    return layout;
-}
-
 } // namespace
 
 ent_itiran_page::ent_itiran_page(frame::Session& session, frame::MonthInHand& in_hand, QWidget* parent)
