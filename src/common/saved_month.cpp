@@ -25,6 +25,12 @@ constexpr std::string_view kinds_sql = "select 年月日, システム番号, �
 constexpr std::string_view counts_sql =
     "select システム番号, 休暇残業, 日数１ from kinnisu where 社員システム番号 = ? and 年月 = ?";
 
+/// With start day 1 the total's key follows the last day's; with a later one it lies between two days.
+int last_key(const CompanyMonth& month) {
+    const int totalKey = month.total_key();
+    return std::max(month.end_key(), totalKey);
+}
+
 QString clock_out_field(const store::Row& fields, int column, PastMidnight past_midnight) {
     const minutes time = time_to_minutes(ClockNumber{fields.number(column)});
     if (past_midnight == PastMidnight::AsTyped && time > midnight)
@@ -51,7 +57,7 @@ QString SavedKind::holiday_work() const {
 }
 
 SavedMonth::SavedMonth(store::Database& rovdata, const CompanyMonth& month, PastMidnight past_midnight)
-    : m_month(month), m_past_midnight(past_midnight), m_last_key(std::max(month.end_key(), month.total_key())),
+    : m_month(month), m_past_midnight(past_midnight), m_last_key(last_key(month)),
       m_days(rovdata.prepare(days_sql)), m_hours(rovdata.prepare(hours_sql)), m_kinds(rovdata.prepare(kinds_sql)),
       m_counts(rovdata.prepare(counts_sql)) {}
 

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "entry/calculation.h"
 #include "entry/cells.h"
+#include "entry/hand_figures.h"
 #include "entry/tally.h"
 
 #include <algorithm>
@@ -109,14 +110,17 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
     QList<Clash> clashes;
     for (int r = row::first_day; r <= sheet.month.length(); ++r) {
         const auto day = std::ranges::find(draft.days, sheet.month.day(r), &DraftDay::date);
-        if (day == draft.days.end() || stored_alike(day->typed, read[r]))
+        if (day == draft.days.end())
             continue;
-        if (stands_as_before(*day, read[r], sheet.kind_without_work))
+        if (stored_alike(day->typed, read[r]))
+            lay_hours(sheet, r, day->hours);
+        else if (stands_as_before(*day, read[r], sheet.kind_without_work))
             lay_day(sheet, r, *day);
         else
             clashes << Clash{r, *day, read[r]};
     }
     lay_counts(sheet.hyou_day, draft.counts);
+    lay_sums(sheet, draft.counts);
     return clashes;
 }
 
@@ -132,6 +136,7 @@ void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
         calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
     if (!day.pending || day.typed.kind_number != day.before.kind_number)
         write_kind(sheet, r, day.typed);
+    lay_hours(sheet, r, day.hours);
     sheet.mark(r) = u"1"_s;
     tally_month(sheet);
 }

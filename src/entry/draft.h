@@ -39,6 +39,9 @@ bool stored_alike(const TypedDay& a, const TypedDay& b);
 using MonthAsRead = std::array<TypedDay, row::total>;
 MonthAsRead month_as_read(const MonthSheet& sheet);
 
+/// Figures typed over by hand, by tag: "勤務" for the work time, a category's number for its hours.
+using Hours = QMap<QString, QString>;
+
 struct DraftDay {
     QDate date;
     TypedDay before; ///< as it was read
@@ -46,6 +49,7 @@ struct DraftDay {
     BreakFrom break_from = BreakFrom::Rules;
     bool pending = false; ///< typed and not yet calculated: its kind follows from the calculation
     bool posted = false;  ///< saved as it is typed, but not yet seen in the tables
+    Hours hours{};        ///< that don't follow from what was typed into the day
     friend bool operator==(const DraftDay&, const DraftDay&) = default;
 };
 
@@ -56,7 +60,8 @@ bool stands_as_before(const DraftDay& day, const TypedDay& stored, const DayKind
 struct Draft {
     base::EmployeeKey employee;
     QList<DraftDay> days; ///< in order
-    /// Counts typed into the strip by hand, by their tag.
+    /// Counts typed into the strip by hand, by their tag, and sums typed over in the total row, by sum_tag and the tag
+    /// of the hours.
     QMap<QString, QString> counts;
 
     bool isEmpty() const { return days.isEmpty() && counts.isEmpty(); }
@@ -87,8 +92,9 @@ struct BesideSheet {
 };
 
 /// Lays the draft over the newly read month: days that stand in the tables as they did get the typed values, are
-/// calculated and marked; days that stand as typed already, and days of other months, are passed over. Then the counts
-/// typed by hand. Gives back the days that are to be decided; they stay as they were read.
+/// calculated and marked; days that stand as typed already, but for hours typed over, and days of other months are
+/// passed over. Then the counts and sums typed by hand. Gives back the days that are to be decided; they stay as they
+/// were read.
 QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
 
 /// Writes the typed values into a day and marks it changed; a day whose times aren't the same is calculated.

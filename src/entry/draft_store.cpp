@@ -1,6 +1,7 @@
 #include "entry/draft_store.h"
 
 #include "base/literals.h"
+#include "base/numbers.h"
 #include "store/database.h"
 #include "store/files.h"
 
@@ -65,6 +66,24 @@ void add_counts(store::Database& database, const Draft& draft, int month_key) {
         insert.bind(draft.employee, month_key, tag, days).run();
 }
 
+/// Hours stand beside the counts, under their day and tag.
+void add_hours(store::Database& database, const Draft& draft, int month_key) {
+    auto insert = database.prepare("insert into sitagaki_nissu values (?,?,?,?)");
+    for (const DraftDay& day : draft.days)
+        for (const auto& [tag, time] : day.hours.asKeyValueRange())
+            insert.bind(draft.employee, month_key, u"%1 %2"_s.arg(date_number(day.date)).arg(tag), time).run();
+}
+
+/// A count, or hours of a day of the draft.
+void take_in(Draft& draft, const QString& tag, const QString& text) {
+    for (DraftDay& day : draft.days)
+        if (const QString own = digits(date_number(day.date)) + u' '; tag.startsWith(own)) {
+            day.hours.insert(tag.sliced(own.size()), text);
+            return;
+        }
+    draft.counts.insert(tag, text);
+}
+
 void take_away(store::Database& database, EmployeeKey employee, const CompanyMonth& month) {
     database.prepare("delete from sitagaki where 社員システム番号 = ? and 年月日 between ? and ?")
         .bind(employee, date_number(month.first()), date_number(month.last()))
@@ -118,7 +137,7 @@ Draft read_draft(const base::Settings& settings, EmployeeKey employee, const Com
     auto counts = database->prepare("select 種類, 日数 from sitagaki_nissu where 社員システム番号 = ? and 年月 = ?");
     counts.bind(employee, month.month_key());
     while (counts.step())
-        draft.counts.insert(counts.row().text(0), counts.row().text(1));
+        take_in(draft, counts.row().text(0), counts.row().text(1));
     return draft;
 }
 
@@ -130,6 +149,7 @@ void keep_draft(const base::Settings& settings, const Draft& draft, const Compan
     take_away(database, draft.employee, month);
     add_days(database, draft);
     add_counts(database, draft, month.month_key());
+    add_hours(database, draft, month.month_key());
     transaction.commit();
 }
 
@@ -148,8 +168,10 @@ DraftsWaiting drafts_waiting(const base::Settings& settings) {
     auto counts = database->prepare("select 社員システム番号, 年月 from sitagaki_nissu");
     while (counts.step())
         months.insert({counts.row().number(0), counts.row().integer(1)});
-    for (const auto& [employee, month] : months)
+    for (const auto& [employee, month] : months) {
         waiting.employees.insert(employee);
+        waiting.months_of[employee].insert(month);
+    }
     waiting.months = static_cast<int>(months.size());
     return waiting;
 }

@@ -20,9 +20,10 @@ Draft read_draft(const base::Settings& settings, base::EmployeeKey employee, con
 /// Makes the draft the one of its employee and month, in one transaction; an empty one takes the old one away.
 void keep_draft(const base::Settings& settings, const Draft& draft, const base::CompanyMonth& month);
 
-/// Who has drafts: the employees' `システム番号`, and how many months of them all.
+/// Who has drafts: the employees' `システム番号`, the month keys of each, and how many months of them all.
 struct DraftsWaiting {
     QSet<qint64> employees;
+    QMap<qint64, QSet<int>> months_of;
     int months = 0;
 };
 DraftsWaiting drafts_waiting(const base::Settings& settings);

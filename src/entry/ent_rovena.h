@@ -215,6 +215,7 @@ private:
 
     void open_drafts();
     void mark_employees();
+    void mark_employee(int r, QList<int> months);
     void keep_count();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
     bool can_act() const;
@@ -225,7 +226,7 @@ private:
     MonthDraft m_draft;
     std::optional<common::Noted> m_closed;
     UndoHistory m_history;
-    QSet<qint64> m_employees_with_drafts;
+    QMap<qint64, QSet<int>> m_draft_months; ///< by employee, month keys
 };
 
 } // namespace entry

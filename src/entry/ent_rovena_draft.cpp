@@ -1,5 +1,6 @@
 // The draft of ent_rovena and its look before saving: what was typed is never lost, and what is off is told in time.
 
+#include "base/era.h"
 #include "base/literals.h"
 #include "base/numbers.h"
 #include "common/save_path.h"
@@ -7,6 +8,8 @@
 #include "entry/draft_store.h"
 #include "entry/ent_rovena.h"
 #include "entry/unread_days.h"
+
+#include <algorithm>
 
 namespace entry {
 
@@ -34,13 +37,24 @@ bool ent_rovena::refuse_if_closed() {
 void ent_rovena::open_drafts() {
     if (const QString kept = put_away_damaged_drafts(m_session.settings); !kept.isEmpty())
         m_session.host.tell(u"下書きのファイルが壊れていたため、\n%1\nとして残しました。"_s.arg(kept), u"下書き"_s);
-    m_employees_with_drafts = drafts_waiting(m_session.settings).employees;
+    m_draft_months = drafts_waiting(m_session.settings).months_of;
     mark_employees();
 }
 
 void ent_rovena::mark_employees() {
     for (int r = hyou_syain.FixedRows(); r < hyou_syain.Rows(); ++r)
-        hyou_syain.SetCellDot(r, 0, m_employees_with_drafts.contains(Val(hyou_syain(r, 2))));
+        mark_employee(r, m_draft_months.value(Val(hyou_syain(r, 2))).values());
+}
+
+/// The dot tells that there is a draft, its tip of which months.
+void ent_rovena::mark_employee(int r, QList<int> months) {
+    const QDate today = m_session.host.now().date();
+    std::ranges::sort(months);
+    QStringList names;
+    for (const int month : std::as_const(months))
+        names << u"%1年%2月"_s.arg(shown_year(QDate(month / 100, 1, 1), m_session.settings, today)).arg(month % 100);
+    hyou_syain.SetCellDot(r, 0, !months.isEmpty());
+    hyou_syain.SetCellTip(r, 0, months.isEmpty() ? QString() : u"未登録 "_s + names.join(u'、'));
 }
 
 /// Whoever has another month's draft keeps the dot when this month's is over.
@@ -48,12 +62,13 @@ void ent_rovena::keep_draft(UndoHistory::Step step) {
     m_draft.keep(sheet);
     m_history.record(sheet, m_draft.beside_sheet(), step);
     const qint64 employee = Val(syainsyscd);
-    if (employee == 0 || has_draft() == m_employees_with_drafts.contains(employee))
+    const int month = sheet.month.month_key();
+    if (employee == 0 || has_draft() == m_draft_months.value(employee).contains(month))
         return;
     if (has_draft())
-        m_employees_with_drafts.insert(employee);
+        m_draft_months[employee].insert(month);
     else
-        m_employees_with_drafts = drafts_waiting(m_session.settings).employees;
+        m_draft_months = drafts_waiting(m_session.settings).months_of;
     mark_employees();
 }
 

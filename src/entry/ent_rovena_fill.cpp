@@ -23,6 +23,12 @@ bool has_choice(const QList<BandChoice>& choices, int number) {
 /// The numbers of the weekdays, 0 Sunday to 6 Saturday, as one text.
 const QString weekdays_key = u"一括入力曜日"_s;
 
+/// A single row is the day in hand.
+QString no_day_words(const std::optional<RowRange>& rows) {
+    return rows && rows->first == rows->last ? u"入れる時刻がないか、この日に時刻か区分が入っています"_s
+                                             : u"入れる日がありません"_s;
+}
+
 } // namespace
 
 bool ent_rovena::can_act() const {
@@ -72,7 +78,7 @@ int ent_rovena::fill(FillSource source, std::optional<RowRange> rows) {
     atai_LostFocus();
     const int filled = entry::fill(sheet, source, normal_day(), rows, fill_weekdays());
     place_again(sheet, editors);
-    say(filled == 0 ? u"入れる日がありません"_s : u"%1日に時刻を入れました"_s.arg(filled));
+    say(filled == 0 ? no_day_words(rows) : u"%1日分の時刻を入れました"_s.arg(filled));
     keep_draft();
     return filled;
 }
@@ -92,7 +98,7 @@ int ent_rovena::paste(const PastePreview& preview) {
     atai_LostFocus();
     const int changed = entry::paste(sheet, preview);
     place_again(sheet, editors);
-    say(u"%1日に貼り付けました"_s.arg(changed));
+    say(u"%1日分を貼り付けました"_s.arg(changed));
     keep_draft();
     return changed;
 }

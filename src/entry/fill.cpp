@@ -115,6 +115,23 @@ QList<BandChoice> band_choices(const MonthSheet& sheet) {
     return choices;
 }
 
+NormalDay proposed_day(const MonthSheet& sheet) {
+    NormalDay longest;
+    minutes length(0);
+    for (int number = 1; number < band_slots; ++number)
+        for (int i = 0; i < weekday_count; ++i) {
+            const Band& band = sheet.band_table[(monday + i) % weekday_count][number];
+            if (!is_used(band))
+                continue;
+            if (band.end - band.start > length) {
+                length = band.end - band.start;
+                longest = {number, number};
+            }
+            break;
+        }
+    return longest;
+}
+
 int fill(MonthSheet& sheet, FillSource source, NormalDay normal, std::optional<RowRange> rows, Weekdays weekdays) {
     calculate_pending_days(sheet);
     const RowRange range = rows.value_or(RowRange{row::first_day, row::last_day});

@@ -42,6 +42,10 @@ struct BandChoice {
 /// The bands of the work type by their numbers; empty without a work type.
 QList<BandChoice> band_choices(const MonthSheet& sheet);
 
+/// What is proposed before they are marked: the longest band, of equal ones the first, begins and ends the day. Blank
+/// without a work type.
+NormalDay proposed_day(const MonthSheet& sheet);
+
 /// Fills the blank days of the rows, or without rows those of the month whose weekday has bands; the days above first,
 /// so that a filled day serves as the one above. Gives back how many days were filled.
 /// Each is calculated with the breaks of the rules and marked as changed; the cell in hand stays. Days that wait for

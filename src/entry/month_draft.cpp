@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "entry/cells.h"
 #include "entry/draft_store.h"
+#include "entry/hand_figures.h"
 #include "entry/waiting_days.h"
 
 #include <algorithm>
@@ -33,6 +34,7 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     m_employee = employee;
     m_month = sheet.month;
     m_read = month_as_read(sheet);
+    m_read_figures = sheet.hyou;
     m_kept = read_draft(m_session.settings, employee, m_month);
     if (m_kept.isEmpty())
         return;
@@ -41,6 +43,7 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
         if (day.posted)
             m_posted.insert(row_of(m_month, day.date), day.typed);
     m_counts = m_kept.counts;
+    m_counts.removeIf([](const auto& count) { return count.key().startsWith(sum_tag); });
     m_clashes = lay_draft(sheet, m_kept);
     keep(sheet);
 }
@@ -53,7 +56,9 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
         return;
     const auto arrived = [&](const DraftDay& day) {
         const int r = row_of(m_month, day.date);
-        return day.posted && !(is_found_again(sheet, r) && stands_as_before(day, m_read[r], sheet.kind_without_work));
+        const bool differs = !stored_alike(day.before, day.typed); // else only its hours were typed
+        return day.posted &&
+               !(is_found_again(sheet, r) && differs && stands_as_before(day, m_read[r], sheet.kind_without_work));
     };
     m_kept.days.removeIf(arrived);
     for (DraftDay& day : m_kept.days)
@@ -77,6 +82,8 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
             m_counts.value(tag) != sheet.hyou_day(strip::count, column))
             m_counts.remove(tag);
     Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
+    add_hours(draft.days, sheet, m_read, m_posted, m_read_figures);
+    draft.counts.insert(sums_by_hand(sheet, m_read_figures));
     // A day that is typed anew before it is decided stands as it is typed now.
     for (const Clash& clash : m_clashes)
         if (std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) == draft.days.end())
@@ -120,6 +127,7 @@ void MonthDraft::posted(const MonthSheet& sheet) {
     for (const DraftDay& day : draft.days)
         if (const int r = row_of(m_month, day.date); !undecided(r))
             m_posted.insert(r, day.typed);
+    m_read_figures = sheet.hyou;
     write(draft_of(sheet));
 }
 
@@ -162,7 +170,7 @@ QString MonthDraft::standing() const {
     if (const int days = m_kept.unsaved_days())
         return u"未登録 %1日"_s.arg(days);
     if (!m_kept.counts.isEmpty())
-        return u"未登録 日数"_s;
+        return m_counts.isEmpty() ? u"未登録 合計"_s : u"未登録 日数"_s;
     if (!m_kept.days.isEmpty())
         return words(u"反映待ち"_s, m_saved);
     return m_saved.isValid() ? words(u"登録しました"_s, m_saved) : QString();

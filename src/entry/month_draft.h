@@ -63,10 +63,11 @@ private:
     base::EmployeeKey m_employee;
     base::CompanyMonth m_month{2000, 1, 1};
     MonthAsRead m_read;
+    base::Sheet m_read_figures{0, 0}; ///< the sheet as it was read, or posted last
     PostedDays m_posted;
     Draft m_kept; ///< as it lies in the file
     QList<Clash> m_clashes;
-    QMap<QString, QString> m_counts; ///< typed by hand, as they were typed
+    QMap<QString, QString> m_counts; ///< of the strip, typed by hand, as they were typed
     QTime m_saved;                   ///< when it was posted; invalid if it wasn't since it was read
     QString m_trouble;               ///< why the draft can't be written
 };

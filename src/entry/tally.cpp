@@ -73,10 +73,7 @@ std::optional<int> column_of_category(const MonthSheet& sheet, int category) {
 }
 
 void sum_column(MonthSheet& sheet, int column) {
-    minutes sum(0);
-    for (int r = row::first_day; r <= row::last_day; ++r)
-        sum += minutes_of(sheet.hyou(r, column));
-    sheet.hyou(row::total, column) = time_to_cell(minutes_to_time(sum));
+    sheet.hyou(row::total, column) = sum_of_days(sheet, column);
 }
 
 void add_days(QString& count, int days) {
@@ -106,6 +103,13 @@ void tally_month(MonthSheet& sheet) {
         sum_column(sheet, column);
         count_category(sheet, column);
     }
+}
+
+QString sum_of_days(const MonthSheet& sheet, int column) {
+    minutes sum(0);
+    for (int r = row::first_day; r <= row::last_day; ++r)
+        sum += minutes_of(sheet.hyou(r, column));
+    return time_to_cell(minutes_to_time(sum));
 }
 
 void 休暇出勤日計算処理(MonthSheet& sheet, int r) {

@@ -13,6 +13,9 @@ namespace entry {
 /// changed.
 void tally_month(MonthSheet& sheet);
 
+/// What the days' cells of a column of times add up to, as the total's cell shows it.
+QString sum_of_days(const MonthSheet& sheet, int column);
+
 /// Counts the kind of one row's day into the strip; for row 0 counts the kinds of all days anew.
 void 休暇出勤日計算処理(MonthSheet& sheet, int r);
 

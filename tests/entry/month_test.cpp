@@ -92,6 +92,8 @@ private:
             {u"told"_s, [&] { EXPECT_EQ(company.host.shown.size(), rest.toULongLong()); }},
             {u"choice"_s, [&] { EXPECT_EQ(form->editors.kyucom.index, rest.toInt()); }},
             {u"bands"_s, [&] { EXPECT_EQ(bands(), rest); }},
+            {u"proposed"_s, [&] { EXPECT_EQ(proposed_day(form->sheet), NormalDay(rest.toInt(), rest.toInt())); }},
+            {u"dot_tip"_s, [&] { EXPECT_EQ(form->hyou_syain.Look(1, 0).tip, rest); }},
             {u"clashes"_s, [&] { EXPECT_EQ(clashes(), rest); }},
             {u"can"_s, [&] { EXPECT_TRUE(can(rest)); }},
             {u"cannot"_s, [&] { EXPECT_FALSE(can(rest)); }},

@@ -68,6 +68,20 @@ TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
     EXPECT_EQ(box->geometry(), controls.hyou->cell_rect({5, clock_in + 1})) << "the next cell comes into view";
 }
 
+TEST_F(EntryPage, WhoSavesByKeyTypesOnWhereHeWas) {
+    click_sheet(5, clock_in);
+    press(Qt::Key_F9);
+    type(u"830"_s);
+    type(u"Enter"_s);
+    EXPECT_EQ(form.sheet.hyou(5, clock_in), u"8:30"_s);
+}
+
+TEST_F(EntryPage, TheSmallestWindowShowsTheSwitchesWhole) {
+    page.resize(1020, 600);
+    for (const QWidget* control : {static_cast<QWidget*>(controls.goes_on), static_cast<QWidget*>(controls.torikomi)})
+        EXPECT_GE(control->width(), control->sizeHint().width());
+}
+
 TEST_F(EntryPage, WhatIsTypedWhileTheListOfKindsIsOpenOrScrolledAwayReachesNoCount) {
     support::bring_up(page, {900, 400});
     click_sheet(5, 7);

@@ -44,6 +44,7 @@ ClashPanel::ClashPanel(const entry::MonthSheet& sheet, const QList<entry::Clash>
         new QLabel(u"ここで入力したあと、ほかのＰＣで登録された日があります。どちらを残すか選んでください。"_s, this);
     note->setWordWrap(true);
     auto* table = day_table({u"日"_s, u"登録されている内容"_s, u"ここで入力した内容"_s}, this);
+    table->setSelectionMode(QAbstractItemView::NoSelection); // what is chosen are the buttons
     table->setRowCount(static_cast<int>(clashes.size()));
     for (const Column column : {day, stored})
         table->setColumnWidth(column, column_width[column]);

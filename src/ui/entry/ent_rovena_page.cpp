@@ -170,7 +170,7 @@ void ent_rovena_page::press_key(Qt::Key key) {
     case Qt::Key_F8:
         return act([this] { m_form.step_employee(1); });
     case Qt::Key_F9:
-        return m_controls.botan[1]->click();
+        return save_by_key();
     case Qt::Key_F10:
         return leave_for(&ent_rovena_page::ask_for_overview);
     case Qt::Key_F11:
@@ -180,6 +180,14 @@ void ent_rovena_page::press_key(Qt::Key key) {
     default:
         return;
     }
+}
+
+/// Who saves by a key types on where he was.
+void ent_rovena_page::save_by_key() {
+    const bool in_sheet = m_controls.hyou->isAncestorOf(focusWidget()) || m_controls.hyou->hasFocus();
+    m_controls.botan[save_button]->click();
+    if (const base::Sheet& hyou = m_form.sheet.hyou; in_sheet && !m_form.syainsyscd.isEmpty())
+        act([&] { m_form.hyou_Click({hyou.Row(), hyou.Col()}); });
 }
 
 void ent_rovena_page::leave_for(void (ent_rovena_page::*other)()) {
@@ -288,13 +296,14 @@ void ent_rovena_page::resizeEvent(QResizeEvent* event) {
     refresh_editors();
 }
 
-/// Another window came before this one: a box of the month is left by that, too.
-void ent_rovena_page::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || isActiveWindow())
-        return;
-    m_form.ym_LostFocus();
-    show_month();
+/// Another window came before this one: a box of the month is left by that, too. A page inside a window is told of it
+/// by this event alone.
+bool ent_rovena_page::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate) {
+        m_form.ym_LostFocus();
+        show_month();
+    }
+    return QWidget::event(event);
 }
 
 void ent_rovena_page::refresh() {
@@ -320,9 +329,11 @@ void ent_rovena_page::show_standing() {
     const auto& notice = m_form.editors.notice;
     m_controls.give_up->setVisible(m_form.has_draft());
     m_controls.goes_on->setChecked(m_form.goes_on);
-    m_controls.standing->setText(notice ? notice->text : m_form.standing());
+    const QString words = notice ? notice->text : QString();
+    // In the line a number stays with what it counts.
+    m_controls.standing->setText(notice ? QString(words).replace(u' ', QChar::Nbsp) : m_form.standing());
     const GridView& hyou = *m_controls.hyou;
-    m_note->say(notice ? notice->text : QString(), *hyou.viewport(), hyou.cell_rect(notice ? notice->cell : Cell{}));
+    m_note->say(words, *hyou.viewport(), hyou.cell_rect(notice ? notice->cell : Cell{}));
 }
 
 void ent_rovena_page::show_month() {

@@ -39,7 +39,7 @@ Q_SIGNALS:
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     EditorActs editor_acts();
@@ -53,6 +53,7 @@ private:
     void press(int botan);
     void press_key(Qt::Key key);
     entry::RowRange row_in_hand() const;
+    void save_by_key();
     void leave_for(void (ent_rovena_page::*other)());
     void ask_for_overview();
     void fill_days();

@@ -10,8 +10,9 @@ void ent_rovena_page::fill_days() {
     if (m_form.syainsyscd.isEmpty())
         return;
     const bool ask = m_form.needs_normal_day();
-    FillPanel panel(m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(), m_form.normal_day(),
-        m_form.fill_weekdays(), this);
+    const entry::NormalDay marked = m_form.normal_day();
+    FillPanel panel(m_form.sheet, ask ? band_choices(m_form.sheet) : QList<entry::BandChoice>(),
+        marked.last == 0 ? proposed_day(m_form.sheet) : marked, m_form.fill_weekdays(), this);
     if (panel.exec() != QDialog::Accepted)
         return;
     if (const auto normal = panel.normal_day(); normal && panel.source() == entry::FillSource::StandardTimes)

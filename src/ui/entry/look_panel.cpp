@@ -40,11 +40,11 @@ LookPanel::LookPanel(const entry::MonthSheet& sheet, const QList<entry::Finding>
     column->setSpacing(10);
     column->addWidget(
         heading(found.isEmpty() ? u"気になるところはありません"_s : u"登録する前に確かめてください"_s, this));
-    column->addWidget(make_list(sheet, found), 1);
+    column->addWidget(m_list = make_list(sheet, found), 1);
     if (std::ranges::any_of(found, [](const entry::Finding& f) { return f.kind == entry::FindingKind::NotReadBack; }))
         column->addWidget(make_export(std::move(export_days)));
     column->addWidget(m_no_more);
-    column->addWidget(make_kinds(left_out));
+    column->addWidget(make_kinds(found, left_out));
     column->addWidget(make_buttons(found));
 }
 
@@ -81,7 +81,8 @@ QWidget* LookPanel::make_export(std::function<QString()> export_days) {
     return row;
 }
 
-QWidget* LookPanel::make_kinds(const entry::FindingKinds& left_out) {
+/// What is unchecked leaves the list at once.
+QWidget* LookPanel::make_kinds(const QList<entry::Finding>& found, const entry::FindingKinds& left_out) {
     auto* kinds = new QWidget(this);
     auto* grid = new QGridLayout(kinds);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -94,6 +95,11 @@ QWidget* LookPanel::make_kinds(const entry::FindingKinds& left_out) {
         m_kinds << new QCheckBox(captions[i].toString(), kinds);
         m_kinds[i]->setChecked(!left_out.contains(entry::FindingKind(i)));
         grid->addWidget(m_kinds[i], 1 + i / kinds_a_row, i % kinds_a_row);
+        connect(m_kinds[i], &QCheckBox::toggled, this, [this, i, found](bool on) {
+            for (int row = 0; row < found.size(); ++row)
+                if (found[row].kind == entry::FindingKind(i))
+                    m_list->setRowHidden(row, !on);
+        });
     }
     return kinds;
 }

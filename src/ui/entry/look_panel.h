@@ -30,13 +30,14 @@ public:
 
 private:
     QTableWidget* make_list(const entry::MonthSheet& sheet, const QList<entry::Finding>& found);
-    QWidget* make_kinds(const entry::FindingKinds& left_out);
+    QWidget* make_kinds(const QList<entry::Finding>& found, const entry::FindingKinds& left_out);
     QWidget* make_export(std::function<QString()> export_days);
     QWidget* make_buttons(const QList<entry::Finding>& found);
     void end(Answer answer);
 
     Answer m_answer = Answer::Back;
     std::optional<int> m_day;
+    QTableWidget* m_list = nullptr;
     QList<QCheckBox*> m_kinds;
     QCheckBox* m_no_more;
 };

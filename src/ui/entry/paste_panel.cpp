@@ -15,6 +15,7 @@ using namespace base;
 namespace {
 
 constexpr QSize usual_size(640, 480);
+constexpr int narrow = 80;
 enum Column { day, item, pasted, understood, state };
 const QStringList headings{u"日"_s, u"項目"_s, u"貼り付ける文字"_s, u"読み取り"_s, u"結果"_s};
 
@@ -37,6 +38,8 @@ PastePanel::PastePanel(const entry::MonthSheet& sheet, const entry::PastePreview
     column->addWidget(
         new QLabel(preview.refused.isEmpty() ? u"%1か所に入ります。"_s.arg(preview.changes()) : preview.refused, this));
     auto* table = day_table(headings, this);
+    for (const Column short_one : {day, item, understood})
+        table->setColumnWidth(short_one, narrow);
     table->setRowCount(static_cast<int>(preview.cells.size()));
     for (int i = 0; i < preview.cells.size(); ++i) {
         const entry::PasteCell& cell = preview.cells[i];

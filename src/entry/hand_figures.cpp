@@ -1,0 +1,109 @@
+#include "entry/hand_figures.h"
+
+#include "base/literals.h"
+#include "entry/cells.h"
+#include "entry/tally.h"
+
+#include <algorithm>
+
+namespace entry {
+
+using namespace base;
+
+namespace {
+
+bool is_figure(int column) {
+    return column == col::work_time || column >= col::first_category;
+}
+
+QString tag_of(const MonthSheet& sheet, int column) {
+    if (column == col::break_time)
+        return u"休憩"_s;
+    return column == col::work_time ? u"勤務"_s : digits(category_of(sheet, column));
+}
+
+BreakFrom break_as_it_stands(const MonthSheet& sheet, int r) {
+    const minutes by_rules = day_figures(sheet, r, BreakFrom::Rules).breakTotal;
+    return by_rules == minutes_of(sheet.hyou(r, col::break_time)) ? BreakFrom::Rules : BreakFrom::Cell;
+}
+
+/// What the row's cells would hold by themselves. A category without a band on the weekday keeps what was read.
+QStringList calculated(const MonthSheet& sheet, int r, const base::Sheet& read) {
+    const DayFigures day = day_figures(sheet, r, break_as_it_stands(sheet, r));
+    QStringList cells;
+    for (int column = 0; column < sheet.hyou.Cols(); ++column)
+        cells << read(r, column);
+    cells[col::work_time] = day.work_time;
+    for (const BandFigure& band : day.bands)
+        cells[band.column] = day.categories[band.column - col::first_category];
+    return cells;
+}
+
+template <typename Counted>
+Hours differing(const MonthSheet& sheet, int r, const base::Sheet& read, Counted counted) {
+    Hours hours;
+    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
+        if (const QString& cell = sheet.hyou(r, column); cell != read(r, column) && counted(column, cell))
+            hours.insert(tag_of(sheet, column), cell);
+    return hours;
+}
+
+} // namespace
+
+Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read) {
+    if (Val(sheet.mark(r)) == 2 || read.Cols() != sheet.hyou.Cols())
+        return {};
+    QStringList own; // only a row that differs is calculated
+    return differing(sheet, r, read, [&](int column, const QString& cell) {
+        if (is_figure(column) && own.isEmpty())
+            own = calculated(sheet, r, read);
+        return is_figure(column) && cell != own[column];
+    });
+}
+
+Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read) {
+    if (read.Cols() != sheet.hyou.Cols())
+        return {};
+    Hours sums;
+    const Hours hours = differing(sheet, row::total, read, [&](int column, const QString& cell) {
+        return (column == col::break_time || is_figure(column)) && cell != sum_of_days(sheet, column);
+    });
+    for (const auto& [tag, text] : hours.asKeyValueRange())
+        sums.insert(sum_tag.toString() + tag, text);
+    return sums;
+}
+
+void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted,
+    const base::Sheet& read_figures) {
+    for (int r = row::first_day; r <= sheet.month.length(); ++r) {
+        const Hours hours = hours_by_hand(sheet, r, read_figures);
+        if (hours.isEmpty())
+            continue;
+        auto day = std::ranges::find(days, sheet.month.day(r), &DraftDay::date);
+        if (day == days.end())
+            day = days.insert(
+                day, DraftDay{sheet.month.day(r), read[r], typed_day(sheet, r), break_as_it_stands(sheet, r)});
+        if (day->posted)
+            day->before = posted.value(r);
+        day->posted = false;
+        day->hours = hours;
+    }
+}
+
+void lay_hours(MonthSheet& sheet, int r, const Hours& hours) {
+    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
+        if (const auto typed = hours.find(tag_of(sheet, column)); typed != hours.end()) {
+            sheet.hyou(r, column) = *typed;
+            sheet.mark(r) = u"1"_s;
+        }
+}
+
+void lay_sums(MonthSheet& sheet, const Hours& sums) {
+    Hours hours;
+    for (const auto& [tag, text] : sums.asKeyValueRange())
+        if (tag.startsWith(sum_tag))
+            hours.insert(tag.sliced(sum_tag.size()), text);
+    lay_hours(sheet, row::total, hours);
+}
+
+} // namespace entry

@@ -1,0 +1,29 @@
+#pragma once
+
+// Figures that were typed over by hand: hours that the calculation gives, and sums of the month. Nothing else in the
+// sheet tells them from those that follow from the clock times, so they are found by comparison: a figure that neither
+// was read so nor follows from the day as it stands was typed, or stands from a calculation that wouldn't give it
+// any more. Either way it is what the person sees, and is kept.
+
+#include "entry/draft.h"
+
+namespace entry {
+
+/// Of a day, by tag. A day that is still to be calculated has none: the calculation overwrites them.
+/// `read` is the sheet as it was read, or as it was posted last.
+Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read);
+
+/// The same for the month's sums, which follow from the days; their tags begin with sum_tag.
+Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read);
+inline constexpr QStringView sum_tag = u"合計 ";
+
+/// Adds the hours typed by hand to the days of a draft; a day that has nothing else joins them, over what it was in the
+/// tables or as it was posted.
+void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted,
+    const base::Sheet& read_figures);
+
+/// Write hours into their cells and mark the row changed; tags that have no column now are passed over.
+void lay_hours(MonthSheet& sheet, int r, const Hours& hours);
+void lay_sums(MonthSheet& sheet, const Hours& sums);
+
+} // namespace entry
