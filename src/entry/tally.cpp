@@ -43,6 +43,13 @@ void count_kind(MonthSheet& sheet, int r, bool first_column_only) {
     }
 }
 
+int last_period_row(const base::Sheet& hyou) {
+    for (int r = row::last_day; r >= 28; --r)
+        if (!hyou(r, col::day).isEmpty())
+            return r;
+    return row::last_day;
+}
+
 void stamp_day_without_work(MonthSheet& sheet, int r) {
     if (!sheet.hyou(r, col::work_time).isEmpty() || Val(sheet.hyou_system(r, record::kind_number)) != 0 ||
         Val(sheet.hyou(r, col::day)) == 0)
@@ -61,7 +68,7 @@ void count_days(MonthSheet& sheet) {
         stamp_day_without_work(sheet, r);
         休暇出勤日計算処理(sheet, r);
     }
-    sheet.hyou_day(strip::count, strip::unworked_column) = digits(sheet.month.length() - Val(worked));
+    sheet.hyou_day(strip::count, strip::unworked_column) = digits(last_period_row(sheet.hyou) - Val(worked));
 }
 
 /// Kind tags read as 0, so that only a bare category column can match.
