@@ -182,12 +182,13 @@ void ent_rovena_page::press_key(Qt::Key key) {
     }
 }
 
-/// Who saves by a key types on where he was.
+/// Who saves by a key types on where he was: the first digit opens the cell in hand again. Nothing is calculated by it,
+/// since what was saved is what the sheet shows.
 void ent_rovena_page::save_by_key() {
     const bool in_sheet = m_controls.hyou->isAncestorOf(focusWidget()) || m_controls.hyou->hasFocus();
     m_controls.botan[save_button]->click();
-    if (const base::Sheet& hyou = m_form.sheet.hyou; in_sheet && !m_form.syainsyscd.isEmpty())
-        act([&] { m_form.hyou_Click({hyou.Row(), hyou.Col()}); });
+    if (in_sheet)
+        m_controls.hyou->setFocus();
 }
 
 void ent_rovena_page::leave_for(void (ent_rovena_page::*other)()) {
@@ -296,14 +297,13 @@ void ent_rovena_page::resizeEvent(QResizeEvent* event) {
     refresh_editors();
 }
 
-/// Another window came before this one: a box of the month is left by that, too. A page inside a window is told of it
-/// by this event alone.
-bool ent_rovena_page::event(QEvent* event) {
-    if (event->type() == QEvent::WindowDeactivate) {
-        m_form.ym_LostFocus();
-        show_month();
-    }
-    return QWidget::event(event);
+/// Another window came before this one: a box of the month is left by that, too.
+void ent_rovena_page::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || isActiveWindow())
+        return;
+    m_form.ym_LostFocus();
+    show_month();
 }
 
 void ent_rovena_page::refresh() {

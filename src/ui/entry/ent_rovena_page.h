@@ -39,7 +39,7 @@ Q_SIGNALS:
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     EditorActs editor_acts();
