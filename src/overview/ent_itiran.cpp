@@ -6,6 +6,7 @@
 #include "common/employee_order.h"
 #include "common/save_path.h"
 #include "common/sheet_csv.h"
+#include "limits/look.h"
 #include "overview/overview_pages.h"
 #include "reports/printing/print.h"
 #include "store/files.h"
@@ -57,6 +58,7 @@ void ent_itiran::read_month() {
     }
     m_looks.clear();
     m_changed.clear();
+    m_limits.clear();
     const int key = m_frame.month.month_key();
     m_closed = common::closed_since(m_session.settings, key);
     month_text = u"%1年 %2月"_s.arg(
@@ -91,6 +93,7 @@ void ent_itiran::look_on(std::chrono::milliseconds time) {
 }
 
 void ent_itiran::after_the_look() {
+    m_limits = limits::overview_words(m_session, m_frame.month.month_key());
     if (!closings().isEmpty()) {
         auto rovdata = open_data(m_session);
         const auto kept = common::kept_sums(m_session.settings, m_frame.month.month_key());
@@ -103,7 +106,7 @@ QList<PictureRow> ent_itiran::rows() const {
     QList<PictureRow> rows;
     rows.reserve(m_all.size());
     for (qsizetype i = 0; i < m_all.size(); ++i)
-        rows << PictureRow{&m_all[i], i < m_looks.size() ? &m_looks[i] : nullptr};
+        rows << PictureRow{&m_all[i], i < m_looks.size() ? &m_looks[i] : nullptr, m_limits.value(m_all[i].key)};
     return rows;
 }
 

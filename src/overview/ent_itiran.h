@@ -78,8 +78,9 @@ private:
     frame::MonthInHand& m_in_hand;
     Frame m_frame;
     QList<EmployeeMonth> m_all;
-    QList<EmployeeLook> m_looks; ///< of the first employees; of all once nothing is looked at any more
-    QList<qsizetype> m_shown;    ///< the employees of the sheet's rows
+    QList<EmployeeLook> m_looks;                ///< of the first employees; of all once nothing is looked at any more
+    QHash<base::EmployeeKey, QString> m_limits; ///< what is near or over a limit, in a word
+    QList<qsizetype> m_shown;                   ///< the employees of the sheet's rows
     std::optional<common::Noted> m_closed;
     QList<Told> m_changed;
 };

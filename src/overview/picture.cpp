@@ -18,6 +18,7 @@ constexpr int name_width = 88 * pixel;
 constexpr int day_width = 32 * pixel;
 constexpr int count_width = 34 * pixel;
 constexpr int time_width = 56 * pixel;
+constexpr int word_width = 76 * pixel;
 constexpr int row_height = Sheet::default_row_height;
 
 constexpr Rgb nothing_back{255, 255, 255};
@@ -54,6 +55,7 @@ constexpr SumColumn sum_columns[]{
     {column::holiday_work, u"休出", count_width},
     {column::work_time, u"勤務時間", time_width},
     {column::off, u"確認", count_width},
+    {column::limit, u"上限", word_width},
 };
 
 class Drawing {
@@ -92,6 +94,7 @@ public:
         m_hyou(r, column::work_time) = time_text(of.work);
         for (int i = 0; i < m_frame.categories.size(); ++i)
             m_hyou(r, column::first_category + i) = time_text(of.hours.value(m_frame.categories[i].number));
+        m_hyou(r, column::limit) = row.limit;
         if (row.look)
             show_look(r, *row.look);
     }

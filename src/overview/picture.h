@@ -18,8 +18,9 @@ inline constexpr int worked = first_day + 31;
 inline constexpr int leave = worked + 1;
 inline constexpr int holiday_work = worked + 2;
 inline constexpr int work_time = worked + 3;
-inline constexpr int off = worked + 4; ///< how many things are off
-inline constexpr int first_category = worked + 5;
+inline constexpr int off = worked + 4;   ///< how many things are off
+inline constexpr int limit = worked + 5; ///< which limit of hours, breaks or leave is near, in a word
+inline constexpr int first_category = worked + 6;
 } // namespace column
 
 /// Rows with the days of the month and of the week; the employees' rows begin behind them.
@@ -46,6 +47,7 @@ struct Frame {
 struct PictureRow {
     const EmployeeMonth* employee;
     const EmployeeLook* look;
+    QString limit{}; ///< the word of limits::overview_words
 };
 
 /// How the cells of days are written: for the eye and paper two characters of a kind, for a file its whole name.

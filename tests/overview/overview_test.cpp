@@ -66,11 +66,12 @@ TEST_F(Overview, ShowsTheTablesAndThisPcsDraftAndLeadsToTheDay) {
     form->hyou_Click({7, entry::col::remark});
     all.emplace(company.session, in_hand);
     all->Form_Load();
-    EXPECT_EQ(picture(3, 6), (QStringList{u"20 / 公休|8:30|有休|公休 / 1|1||8:30||9:00|0:30"_s, u"3 / ||| / ||||||"_s}))
+    EXPECT_EQ(
+        picture(3, 6), (QStringList{u"20 / 公休|8:30|有休|公休 / 1|1||8:30|||9:00|0:30"_s, u"3 / ||| / |||||||"_s}))
         << "what the tables hold comes first";
     all->look_to_the_end();
     EXPECT_EQ(picture(3, 6),
-        (QStringList{u"20 / 公休|8:30|有休|14:30 / 1|1||23:00|2|18:00|5:00"_s, u"3 / ||| / ||||未入力||"_s}));
+        (QStringList{u"20 / 公休|8:30|有休|14:30 / 1|1||23:00|2||18:00|5:00"_s, u"3 / ||| / ||||未入力|||"_s}));
     EXPECT_EQ(tip(6), u"退社時間がありません\n未登録です"_s);
     EXPECT_TRUE(dot(6));
     EXPECT_FALSE(dot(4));
@@ -89,7 +90,7 @@ TEST_F(Overview, ShowsTheTablesAndThisPcsDraftAndLeadsToTheDay) {
     EXPECT_EQ(picture(4, 4).size(), 2);
     EXPECT_TRUE(in_hand.only_off);
     look();
-    EXPECT_EQ(picture(4, 4), QStringList{u"3 /  / ||||未入力||"_s}) << "the draft was given up";
+    EXPECT_EQ(picture(4, 4), QStringList{u"3 /  / ||||未入力|||"_s}) << "the draft was given up";
     all->step_month(1);
     EXPECT_EQ(all->month_text, u"2004年 11月"_s);
     EXPECT_EQ(picture(4, 4).size(), 2);
@@ -114,7 +115,7 @@ TEST_F(Overview, ComesOnPaperAndIntoAFile) {
     EXPECT_EQ(lines.value(0), u"月間一覧  2004年 10月"_s);
     EXPECT_TRUE(lines.value(4).startsWith(u"20,山田:太郎,公休,公休,公休,8:30,有休,公休,"_s))
         << lines.value(4).toStdString();
-    EXPECT_TRUE(lines.value(4).endsWith(u",1,1,,8:30,,9:00,0:30"_s)) << lines.value(4).toStdString();
+    EXPECT_TRUE(lines.value(4).endsWith(u",1,1,,8:30,,,9:00,0:30"_s)) << lines.value(4).toStdString();
 }
 
 TEST_F(Overview, ClosesTheMonthWithItsSumsAndTellsWhatChangedSince) {

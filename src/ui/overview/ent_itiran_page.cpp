@@ -124,8 +124,9 @@ void ent_itiran_page::showEvent(QShowEvent* event) {
     m_looking.start(first_picture);
 }
 
-/// The picture changes with the last slice.
+/// The picture changes with the last slice. One that fails is tried again after the next act, not at once.
 void ent_itiran_page::look_on() {
+    m_looking.stop();
     if (m_form.busy)
         return;
     m_form.look_on(slice);
