@@ -70,7 +70,10 @@ TEST_F(EntryPage, TheBoxFollowsItsCellThroughAScroll) {
 
 TEST_F(EntryPage, WhoSavesByKeyTypesOnWhereHeWas) {
     click_sheet(5, clock_in);
+    press(Qt::Key_F3);
+    ASSERT_TRUE(form.editors.notice) << "there is no day above to take times from";
     press(Qt::Key_F9);
+    EXPECT_FALSE(form.editors.notice) << "the line tells of the save";
     type(u"8"_s);
     type(u"30"_s);
     type(u"Enter"_s);

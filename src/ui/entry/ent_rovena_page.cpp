@@ -268,6 +268,7 @@ void ent_rovena_page::follow_saved_days() {
 /// The hidden box takes the focus first, so that a cell in edit is committed. While the form saves it may give the
 /// interface time, and the page takes no input meanwhile.
 void ent_rovena_page::press(int botan) {
+    m_form.editors.notice.reset(); // what the cell that is left now has to say comes after it
     m_controls.toubotan->setFocus();
     if (botan == save_button && !may_save())
         return;
