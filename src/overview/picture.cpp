@@ -99,9 +99,9 @@ public:
             show_look(r, *row.look);
     }
 
-    /// Categories that nobody worked take no room.
-    void hide_unused_categories() {
-        for (int col = column::first_category; col < m_hyou.Cols(); ++col) {
+    /// A limit that nobody is near and categories that nobody worked take no room.
+    void hide_unused_columns() {
+        for (int col = column::limit; col < m_hyou.Cols(); ++col) {
             bool used = false;
             for (int r = heading_rows; r < m_hyou.Rows() && !used; ++r)
                 used = !m_hyou(r, col).isEmpty();
@@ -212,7 +212,7 @@ void draw(Sheet& hyou, const Frame& frame, std::span<const PictureRow> rows, Wor
     int r = heading_rows;
     for (const PictureRow& row : rows)
         drawing.employee(r++, row);
-    drawing.hide_unused_categories();
+    drawing.hide_unused_columns();
 }
 
 } // namespace overview
