@@ -2,6 +2,7 @@
 
 #include "install/install.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -18,6 +19,7 @@ struct Company {
     Company(int employees, int months) {
         install::Options options;
         options.root = folder.path();
+        options.assets = {QCoreApplication::applicationDirPath() + QStringLiteral("/../artwork")};
         options.sample = install::Sample{employees, months, last_month};
         install::run(options, folder.path(), [](const QString&) {});
         settings = settings_of(options);

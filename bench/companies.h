@@ -12,7 +12,8 @@ inline constexpr int last_month = 202611; ///< yyyymm, the last with attendance
 /// is work, not the disk's mood.
 QString temporary_place();
 
-/// A company of this size in a temporary folder, made on first use and kept until the program ends.
+/// A company of this size in a temporary folder, made on first use and kept until the program ends. The pictures of the
+/// pages are there.
 base::Settings& company(int employees, int months);
 
 base::Settings& small_company(); ///< 10 employees, 1 month
