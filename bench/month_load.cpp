@@ -3,11 +3,14 @@
 #include "base/numbers.h"
 #include "bench/bare.h"
 #include "bench/companies.h"
+#include "bench/desktop.h"
 #include "bench/table.h"
+#include "common/closed_months.h"
 #include "entry/day_kinds.h"
 #include "entry/layout.h"
 #include "entry/saving.h"
 #include "entry/work_type.h"
+#include "frame/turn_link.h"
 #include "store/files.h"
 
 #include <QFile>
@@ -88,9 +91,68 @@ void save_month(benchmark::State& state) {
     }
 }
 
+/// The main PC, with the month of an employee before a person who changed some of its days.
+class MonthBeforeAPerson {
+public:
+    explicit MonthBeforeAPerson(int changed_days) {
+        load(m_sheet, m_settings);
+        m_read = month_as_read(m_sheet);
+        for (int r = entry::row::first_day; r <= changed_days; ++r) {
+            m_sheet.hyou(r, entry::col::clock_in) = u"8:01"_s;
+            m_sheet.mark(r) = u"1"_s;
+        }
+        const QString path = store::exchange_path(m_settings, 1);
+        QFile::remove(path);
+        store::Database::create(path, store::Kind::Exchange);
+    }
+
+    bool save() {
+        return 保存処理(m_session, {m_sheet, m_read, {}, m_sheet.hyou, {}}, person).saved == entry::Saved::Posted;
+    }
+    /// The same rows of a month that isn't closed, without a look at what others saved meanwhile.
+    bool post_only() {
+        const auto rows = rows_to_post(m_sheet, person, u"20261201090000"_s);
+        if (common::closed_since(m_settings, month.month_key()))
+            return false;
+        entry::post_rows(m_settings, rows);
+        return true;
+    }
+    void take_away_what_was_posted() {
+        store::Database::open(store::exchange_path(m_settings, 1), store::Kind::Exchange).exec("delete from jyusin");
+    }
+
+private:
+    const entry::PostedEmployee person{u"1007"_s, u"社員"_s, employee};
+    base::Settings m_settings = large_company();
+    Desktop m_host;
+    store::SettingTables m_tables{m_settings};
+    frame::TurnLink m_link{m_settings, m_host};
+    frame::Session m_session{m_settings, m_host, m_tables, m_link};
+    entry::MonthSheet m_sheet;
+    entry::MonthAsRead m_read;
+};
+
+template <bool (MonthBeforeAPerson::*Save)(), int ChangedDays>
+void save_as_a_person(benchmark::State& state) {
+    MonthBeforeAPerson person(ChangedDays);
+    for (auto _ : state) {
+        if (!(person.*Save)())
+            state.SkipWithError("nothing was posted");
+        state.PauseTiming();
+        person.take_away_what_was_posted();
+        state.ResumeTiming();
+    }
+}
+
 } // namespace
 
 std::vector<Line> month_load() {
+    constexpr auto save = &MonthBeforeAPerson::save;
+    constexpr auto post_only = &MonthBeforeAPerson::post_only;
+    benchmark::RegisterBenchmark("a month saved without conflict", save_as_a_person<save, 31>);
+    benchmark::RegisterBenchmark("a month posted without a look", save_as_a_person<post_only, 31>);
+    benchmark::RegisterBenchmark("a day saved without conflict", save_as_a_person<save, 1>);
+    benchmark::RegisterBenchmark("a day posted without a look", save_as_a_person<post_only, 1>);
     benchmark::RegisterBenchmark("month load, 1,000 x 24", load_month<large_company>);
     benchmark::RegisterBenchmark("month load, 1,000 x 24, bare", load_month_bare);
     benchmark::RegisterBenchmark("month load, 10 x 1", load_month<small_company>);
@@ -101,6 +163,9 @@ std::vector<Line> month_load() {
             "month load, 1,000 x 24, bare", 2, 0},
         {"the same beside 10 employees x 1 month", "month load, 1,000 x 24", "month load, 10 x 1", 1.3, 0},
         {"month save beside 10 employees x 1 month", "month save, 1,000 x 24", "month save, 10 x 1", 1.3, 0},
+        {"a save that meets nobody else's days, beside posting alone", "a month saved without conflict",
+            "a month posted without a look", 1.3, 0},
+        {"the same of a single day", "a day saved without conflict", "a day posted without a look", 0, 0},
     };
 }
 

@@ -39,6 +39,9 @@ public:
     /// The day of a row; an invalid date where the row is no day of this month.
     QDate day(int row) const;
 
+    /// The row of a day; below 1 or above length() for a day of another month.
+    int row(QDate day) const { return static_cast<int>(m_first.daysTo(day)) + 1; }
+
     /// Keys of the stored rows. start_key to end_key bound the days in queries, whether the start day exists or not;
     /// with start day 1 the end is yyyymm31 in every month. The total's key lies behind start_key.
     int start_key() const;
@@ -54,6 +57,9 @@ public:
     /// The sheet row of a stored key; nothing for a key of another month. The key needs not be a real date:
     /// with start day 1 the 31st of February is row 31.
     std::optional<int> row_of_key(int key) const;
+
+    /// Whether what is stored of a row's day is read back into the row.
+    bool is_found_again(int row) const { return row_of_key(posting_key(row)) == row; }
 
 private:
     QDate m_calendar_month; ///< its first day

@@ -38,8 +38,9 @@ QString clock_out_field(const store::Row& fields, int column, PastMidnight past_
     return time_field(fields, column);
 }
 
-void blank_zero(QString& cell) {
-    cell = without_zero(cell);
+void blank_clock_times(SavedDay& day) {
+    day.clock_in = without_zero(day.clock_in);
+    day.clock_out = without_zero(day.clock_out);
 }
 
 } // namespace
@@ -56,18 +57,24 @@ QString SavedKind::holiday_work() const {
     return Trim(m_fields.text(3));
 }
 
+SavedDay saved_day(const store::Row& fields, int first, PastMidnight past_midnight) {
+    SavedDay day{time_field(fields, first), clock_out_field(fields, first + 1, past_midnight),
+        time_field_without_zero(fields, first + 2), time_field_without_zero(fields, first + 3),
+        Trim(fields.text(first + 4))};
+    if (no_clock_times(day.clock_in, day.clock_out))
+        blank_clock_times(day);
+    return day;
+}
+
 SavedMonth::SavedMonth(store::Database& rovdata, const CompanyMonth& month, PastMidnight past_midnight)
     : m_month(month), m_past_midnight(past_midnight), m_last_key(last_key(month)),
       m_days(rovdata.prepare(days_sql)), m_hours(rovdata.prepare(hours_sql)), m_kinds(rovdata.prepare(kinds_sql)),
       m_counts(rovdata.prepare(counts_sql)) {}
 
 SavedDay SavedMonth::day(int row, const store::Row& fields) const {
-    SavedDay day{time_field(fields, 1), clock_out_field(fields, 2, m_past_midnight), time_field_without_zero(fields, 3),
-        time_field_without_zero(fields, 4), Trim(fields.text(5))};
-    if (row == total_row || no_clock_times(day.clock_in, day.clock_out)) {
-        blank_zero(day.clock_in);
-        blank_zero(day.clock_out);
-    }
+    SavedDay day = saved_day(fields, 1, m_past_midnight);
+    if (row == total_row)
+        blank_clock_times(day);
     return day;
 }
 

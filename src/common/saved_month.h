@@ -47,6 +47,9 @@ struct SavedCount {
     QString days; ///< in grouped digits
 };
 
+/// A saved day from five columns in a row: clock-in, clock-out, break, work time and remark.
+SavedDay saved_day(const store::Row& fields, int first_column, PastMidnight past_midnight);
+
 class SavedMonth {
 public:
     /// The database must outlive the reader. Throws store::Error, as every read does; `show` mustn't begin the

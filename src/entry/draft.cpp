@@ -5,6 +5,7 @@
 #include "entry/calculation.h"
 #include "entry/cells.h"
 #include "entry/hand_figures.h"
+#include "entry/merge.h"
 #include "entry/tally.h"
 
 #include <algorithm>
@@ -36,26 +37,11 @@ BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
     return by_hand ? BreakFrom::Cell : BreakFrom::Rules;
 }
 
-/// A day without work takes its kind from the calculation, which leaves `休出` as it is; a choice sets it.
-bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now) {
-    if (now.kind_number != kind_without_work.number || now.holiday_work != before.holiday_work)
-        return false;
-    now.kind_number = before.kind_number;
-    now.kind_name = before.kind_name;
-    return now == before;
-}
-
 void write_kind(MonthSheet& sheet, int r, const TypedDay& typed) {
     sheet.hyou_system(r, record::kind_number) = typed.kind_number;
     sheet.hyou_system(r, record::kind_name) = typed.kind_name;
     sheet.hyou_system(r, record::holiday_work) = typed.holiday_work;
     sheet.hyou(r, col::kind) = typed.kind_name;
-}
-
-void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts) {
-    for (int column = 0; column < hyou_day.Cols(); ++column)
-        if (const auto typed = counts.find(hyou_day(strip::tag, column)); typed != counts.end())
-            hyou_day(strip::count, column) = *typed;
 }
 
 } // namespace
@@ -76,8 +62,12 @@ bool stored_alike(const TypedDay& a, const TypedDay& b) {
     return as_stored(a) == as_stored(b);
 }
 
-bool stands_as_before(const DraftDay& day, const TypedDay& stored, const DayKind& kind_without_work) {
-    return stored_alike(day.before, stored) || only_stamped(kind_without_work, day.before, stored);
+bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now) {
+    if (now.kind_number != kind_without_work.number || now.holiday_work != before.holiday_work)
+        return false;
+    now.kind_number = before.kind_number;
+    now.kind_name = before.kind_name;
+    return now == before;
 }
 
 MonthAsRead month_as_read(const MonthSheet& sheet) {
@@ -107,21 +97,21 @@ QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, con
 
 QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
     const MonthAsRead read = month_as_read(sheet); // the first day laid stamps the others
-    QList<Clash> clashes;
-    for (int r = row::first_day; r <= sheet.month.length(); ++r) {
-        const auto day = std::ranges::find(draft.days, sheet.month.day(r), &DraftDay::date);
-        if (day == draft.days.end())
-            continue;
-        if (stored_alike(day->typed, read[r]))
-            lay_hours(sheet, r, day->hours);
-        else if (stands_as_before(*day, read[r], sheet.kind_without_work))
-            lay_day(sheet, r, *day);
+    const Merge merged = merge(sheet.month, draft.days, read, sheet.kind_without_work);
+    for (const DraftDay& day : merged.laid)
+        if (const int r = sheet.month.row(day.date); stored_alike(day.typed, read[r]))
+            lay_hours(sheet, r, day.hours);
         else
-            clashes << Clash{r, *day, read[r]};
-    }
+            lay_day(sheet, r, day);
     lay_counts(sheet.hyou_day, draft.counts);
     lay_sums(sheet, draft.counts);
-    return clashes;
+    return merged.clashes;
+}
+
+void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts) {
+    for (int column = 0; column < hyou_day.Cols(); ++column)
+        if (const auto typed = counts.find(hyou_day(strip::tag, column)); typed != counts.end())
+            hyou_day(strip::count, column) = *typed;
 }
 
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {

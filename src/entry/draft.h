@@ -53,10 +53,6 @@ struct DraftDay {
     friend bool operator==(const DraftDay&, const DraftDay&) = default;
 };
 
-/// Whether the tables hold what the day was typed over, as it was or with the standard kind that a save of other days
-/// gave it by itself.
-bool stands_as_before(const DraftDay& day, const TypedDay& stored, const DayKind& kind_without_work);
-
 struct Draft {
     base::EmployeeKey employee;
     QList<DraftDay> days; ///< in order
@@ -77,25 +73,20 @@ using PostedDays = QMap<int, TypedDay>;
 /// posted: it is a draft even where it stands as it was read.
 QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted);
 
-/// A day that both the draft and somebody else changed.
-struct Clash {
-    int row;
-    DraftDay draft;
-    TypedDay stored;
-    friend bool operator==(const Clash&, const Clash&) = default;
-};
+/// Whether the calculation alone lies between the two: a day without work took its kind from it, which leaves `休出` as
+/// it is; a choice sets it.
+bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now);
 
-/// What belongs to the month's draft and stands in no cell.
-struct BesideSheet {
-    QList<Clash> clashes;          ///< not yet decided
-    QMap<QString, QString> counts; ///< typed into the strip by hand, by their tag
-};
+struct Clash; // entry/merge.h
 
-/// Lays the draft over the newly read month: days that stand in the tables as they did get the typed values, are
-/// calculated and marked; days that stand as typed already, but for hours typed over, and days of other months are
-/// passed over. Then the counts and sums typed by hand. Gives back the days that are to be decided; they stay as they
+/// Lays the draft over the newly read month (see merge.h): days that nobody else changed get the typed values, are
+/// calculated and marked; those that are stored as typed get the hours typed over. Then the counts and sums typed by
+/// hand. Gives back the days that are to be decided; they stay as they
 /// were read.
 QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
+
+/// Writes the counts typed by hand into the strip.
+void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts);
 
 /// Writes the typed values into a day and marks it changed; a day whose times aren't the same is calculated.
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day);

@@ -85,6 +85,7 @@ void ent_rovena::社員リストソート処理() {
 void ent_rovena::社員選択処理() {
     editors.atai.close();
     editors.kyucom.visible = editors.kyucom.enabled = false;
+    m_unsaved.reset();
     const EmployeeKey employee(Val(syainsyscd));
     if (employee.none())
         return;
@@ -97,6 +98,7 @@ void ent_rovena::社員選択処理() {
     load_month(employee);
     trim_strip(sheet.hyou_day);
     m_draft.begin(sheet, employee);
+    m_open_months.open(employee, sheet.month);
     m_closed = common::closed_since(m_session.settings, sheet.month.month_key());
     unloaded.dismiss();
     keep_draft();
@@ -121,6 +123,8 @@ bool ent_rovena::saved_days_are_in(EmployeeKey employee) {
 /// A load that failed or was refused leaves nobody chosen: an empty sheet under a name could be saved over that month.
 void ent_rovena::forget_employee() {
     m_draft.end();
+    m_unsaved.reset();
+    m_open_months.close();
     m_history.end();
     m_closed.reset();
     for (QString* text : {&syainsyscd, &syalab, &kintypecd, &lab2, &msglab})
@@ -142,7 +146,13 @@ void ent_rovena::保存処理() {
     if (saving || waiting)
         return;
     const QScopedValueRollback<bool> busy(saving, true);
-    if (entry::保存処理(m_session, sheet, posted_employee(syalab, syainsyscd)) != Saved::Posted)
+    m_unsaved.reset();
+    SavedMonth save = entry::保存処理(m_session, m_draft.in_hand(sheet), posted_employee(syalab, syainsyscd));
+    if (save.month && !save.month->clashes.isEmpty())
+        m_unsaved = std::move(save.month);
+    else if (save.month && !save.month->taken_over.isEmpty())
+        take_over(*std::move(save.month));
+    if (save.saved != Saved::Posted)
         return;
     m_draft.posted(sheet);
     m_history.posted(sheet);

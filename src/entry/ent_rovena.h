@@ -21,6 +21,7 @@
 #include "entry/fill.h"
 #include "entry/findings.h"
 #include "entry/month_draft.h"
+#include "entry/open_months.h"
 #include "entry/paste.h"
 #include "entry/sheet.h"
 #include "entry/undo.h"
@@ -46,7 +47,8 @@ public:
     static constexpr const auto& sortlist_captions = common::employee_order_captions;
     static constexpr QStringView kyuflg_captions[] = {u"休憩時間含", u"実働勤務時間"};
 
-    explicit ent_rovena(frame::Session& session) : m_session(session), m_draft(session) {}
+    explicit ent_rovena(frame::Session& session)
+        : m_session(session), m_draft(session), m_open_months(session.settings) {}
 
     // State under the names of the controls.
 
@@ -91,12 +93,18 @@ public:
     QString standing() const;
     /// Whether saved days are on their way into the tables: a page asks now and then, and shows standing() anew.
     bool days_on_their_way();
+    /// "この月は 経理2 でも開かれています": who else has it before them; empty if nobody. A page asks now and then.
+    QString also_open_at() { return m_open_months.words(); }
     /// A closed month is shown, and takes nothing: whatever would change the sheet says why it doesn't.
     bool is_closed() const { return m_closed.has_value(); }
     bool has_draft() const { return !m_draft.isEmpty(); }
     /// Days that somebody else changed as well, to be decided one by one.
     const QList<Clash>& clashes() const { return m_draft.clashes(); }
     void decide(int clash, MonthDraft::Choice choice);
+    /// Days that the last save found changed by somebody else as well: nothing was posted.
+    QList<Clash> clashes_of_save() const { return m_unsaved ? m_unsaved->clashes : QList<Clash>(); }
+    /// Decides them, a choice each in order, and saves again. Without it all stands as it was typed.
+    void settle_and_save(const QList<MonthDraft::Choice>& choices);
     /// "入力を取り消す": the month stands as the tables hold it.
     void give_up_draft();
 
@@ -216,6 +224,7 @@ private:
     void open_drafts();
     void mark_employees();
     void mark_employee(int r, QList<int> months);
+    void take_over(MergedMonth month);
     void keep_count();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
     bool can_act() const;
@@ -225,7 +234,9 @@ private:
     frame::Session& m_session;
     MonthDraft m_draft;
     std::optional<common::Noted> m_closed;
+    std::optional<MergedMonth> m_unsaved; ///< what the last save met; its clashes are to be decided
     UndoHistory m_history;
+    OpenMonths m_open_months;
     QMap<qint64, QSet<int>> m_draft_months; ///< by employee, month keys
 };
 

@@ -83,6 +83,30 @@ void ent_rovena::decide(int clash, MonthDraft::Choice choice) {
     keep_draft();
 }
 
+/// Days of others came onto the sheet: no earlier state of it can stand again beside what is stored now.
+void ent_rovena::take_over(MergedMonth month) {
+    sheet = std::move(month.sheet);
+    m_draft.taken_over(sheet, month.taken_over);
+    keep_draft();
+    m_history.begin(sheet, m_draft.beside_sheet());
+    report(u"ほかのＰＣで登録された %1日を表示しました"_s.arg(month.taken_over.size()));
+}
+
+void ent_rovena::settle_and_save(const QList<MonthDraft::Choice>& choices) {
+    if (!m_unsaved || choices.size() != m_unsaved->clashes.size())
+        return;
+    const auto counts = m_draft.in_hand(sheet).counts;
+    for (qsizetype i = 0; i < choices.size(); ++i) {
+        const Clash& clash = m_unsaved->clashes[i];
+        m_draft.settled(clash, m_unsaved->stored);
+        if (choices[i] == MonthDraft::Choice::Stored)
+            copy_day(sheet, m_unsaved->stored, clash.row);
+    }
+    tally_anew(sheet, counts);
+    keep_draft();
+    保存処理();
+}
+
 void ent_rovena::give_up_draft() {
     m_draft.give_up();
     社員選択処理();

@@ -14,15 +14,6 @@ using namespace base;
 
 namespace {
 
-/// A day that is stored under a key under which no month finds it can't be looked for.
-bool is_found_again(const MonthSheet& sheet, int r) {
-    return sheet.month.row_of_key(sheet.month.posting_key(r)) == r;
-}
-
-int row_of(const CompanyMonth& month, QDate date) {
-    return static_cast<int>(month.first().daysTo(date)) + row::first_day;
-}
-
 QString words(const QString& text, QTime time) {
     return time.isValid() ? u"%1 %2"_s.arg(text, time.toString(u"H:mm")) : text;
 }
@@ -41,7 +32,7 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     leave_what_arrived(sheet);
     for (const DraftDay& day : std::as_const(m_kept.days))
         if (day.posted)
-            m_posted.insert(row_of(m_month, day.date), day.typed);
+            m_posted.insert(m_month.row(day.date), day.typed);
     m_counts = m_kept.counts;
     m_counts.removeIf([](const auto& count) { return count.key().startsWith(sum_tag); });
     m_clashes = lay_draft(sheet, m_kept);
@@ -55,10 +46,10 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
     if (!any_posted || days_wait(m_session.settings, m_employee))
         return;
     const auto arrived = [&](const DraftDay& day) {
-        const int r = row_of(m_month, day.date);
+        const int r = m_month.row(day.date);
         const bool differs = !stored_alike(day.before, day.typed); // else only its hours were typed
-        return day.posted &&
-               !(is_found_again(sheet, r) && differs && stands_as_before(day, m_read[r], sheet.kind_without_work));
+        return day.posted && !(m_month.is_found_again(r) && differs &&
+                                 stands_as_read(day.before, m_read[r], sheet.kind_without_work));
     };
     m_kept.days.removeIf(arrived);
     for (DraftDay& day : m_kept.days)
@@ -125,7 +116,7 @@ void MonthDraft::posted(const MonthSheet& sheet) {
         clash.draft.posted = false;
     const Draft draft = draft_of(sheet);
     for (const DraftDay& day : draft.days)
-        if (const int r = row_of(m_month, day.date); !undecided(r))
+        if (const int r = m_month.row(day.date); !undecided(r))
             m_posted.insert(r, day.typed);
     m_read_figures = sheet.hyou;
     write(draft_of(sheet));
@@ -144,6 +135,36 @@ bool MonthDraft::on_their_way() {
     left.days.removeIf([](const DraftDay& day) { return day.posted; });
     write(left);
     return false;
+}
+
+MonthInHand MonthDraft::in_hand(const MonthSheet& sheet) const {
+    QMap<QString, QString> counts = m_counts;
+    counts.insert(sums_by_hand(sheet, m_read_figures));
+    return {sheet, m_read, m_posted, m_read_figures, counts};
+}
+
+void MonthDraft::read_figures_of(const MonthSheet& stored, int r) {
+    if (m_read_figures.Cols() != stored.hyou.Cols())
+        return;
+    for (int column = 0; column < stored.hyou.Cols(); ++column)
+        m_read_figures(r, column) = stored.hyou(r, column);
+}
+
+void MonthDraft::taken_over(const MonthSheet& sheet, const QList<int>& rows) {
+    for (const int r : rows) {
+        m_read[r] = typed_day(sheet, r);
+        read_figures_of(sheet, r);
+        m_posted.remove(r);
+        for (Clash& clash : m_clashes)
+            if (clash.row == r)
+                clash.stored = m_read[r];
+    }
+}
+
+void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {
+    m_read[clash.row] = clash.stored;
+    read_figures_of(stored, clash.row);
+    m_posted.remove(clash.row);
 }
 
 void MonthDraft::give_up() {

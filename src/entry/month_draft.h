@@ -3,7 +3,7 @@
 // The draft of the month on the sheet: kept on this PC from the first typed key until what was saved is in the tables.
 // The form says when a month was read, when something may have been typed, and when it was saved.
 
-#include "entry/draft.h"
+#include "entry/merge.h"
 #include "frame/session.h"
 
 #include <QTime>
@@ -36,6 +36,16 @@ public:
     /// the exchange files, so that it isn't asked with every key.
     bool on_their_way();
 
+    /// What a save goes by. It refers to this and to the sheet.
+    MonthInHand in_hand(const MonthSheet& sheet) const;
+
+    /// These rows of the sheet stand as they are stored now: that is what was read of them.
+    void taken_over(const MonthSheet& sheet, const QList<int>& rows);
+
+    /// A day that a save found changed by somebody else as well was decided: the sheet stands over what is
+    /// stored.
+    void settled(const Clash& clash, const MonthSheet& stored);
+
     /// The person gives up what was typed; the month is to be read anew.
     void give_up();
 
@@ -55,6 +65,7 @@ public:
     QString standing() const;
 
 private:
+    void read_figures_of(const MonthSheet& stored, int r);
     Draft draft_of(const MonthSheet& sheet);
     void write(Draft draft);
     void leave_what_arrived(const MonthSheet& sheet);

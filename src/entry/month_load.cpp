@@ -2,7 +2,14 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "common/time_field.h"
 #include "entry/cells.h"
+#include "frame/kept_files.h"
+#include "store/error.h"
+#include "store/files.h"
+
+#include <QSet>
+#include <list>
 
 namespace entry {
 
@@ -41,6 +48,95 @@ void show_kind(MonthSheet& sheet, int r, const common::SavedKind& kind) {
     sheet.hyou(r, col::kind) = sheet.hyou_system(r, record::kind_name);
 }
 
+/// A row of an exchange file, its fields by what they hold: a column is named its ordinal + 1. The employee stands in
+/// ordinal 6 of kind "51" and in ordinal 3 of the others.
+enum WaitingField { waiting_date, waiting_kind_number, waiting_row_kind = 4, waiting_clock_in, waiting_hours = 10 };
+constexpr std::string_view waiting_rows =
+    R"(select case "2" when '51' then "10" else "3" end, "5", "6", "7", "2", "11", "13", "14", "15", "16", "6")"
+    R"( from jyusin where (case "2" when '51' then "7" else "4" end) = ? order by rowid)";
+
+/// Lays the rows of one exchange file over the month as the exchange manager applies them (exchange/apply.h).
+class WaitingRows {
+public:
+    explicit WaitingRows(MonthSheet& sheet) : m_sheet(sheet) {}
+
+    void lay(store::Database& exchange, EmployeeKey employee) {
+        auto rows = exchange.prepare(waiting_rows);
+        rows.bind(digits(employee.value()));
+        while (rows.step())
+            if (const auto r = m_sheet.month.row_of_key(rows.row().integer(waiting_date)); r && *r != row::total)
+                lay(*r, rows.row());
+    }
+
+private:
+    void lay(int r, const store::Row& fields) {
+        const qint64 kind = fields.number(waiting_row_kind);
+        if (kind != 52)
+            m_days_of_hours.clear();
+        if (kind == 51)
+            show_day(m_sheet.hyou, r, common::saved_day(fields, waiting_clock_in, common::PastMidnight::AsTyped));
+        else if (kind == 52)
+            lay_hours(r, fields);
+        else if (kind == 54)
+            lay_kind(r, fields);
+    }
+
+    /// The first row of a day in a stretch takes away the hours that stood there.
+    void lay_hours(int r, const store::Row& fields) {
+        if (!m_days_of_hours.contains(r))
+            for (int column = col::first_category; column < m_sheet.hyou.Cols(); ++column)
+                m_sheet.hyou(r, column).clear();
+        m_days_of_hours.insert(r);
+        show_hours(
+            m_sheet, r, fields.number(waiting_kind_number), common::time_field_without_zero(fields, waiting_hours));
+    }
+
+    void lay_kind(int r, const store::Row& fields) {
+        if (fields.number(waiting_kind_number) != 0)
+            return show_kind(m_sheet, r, common::SavedKind(fields));
+        for (const int field : {record::kind_number, record::kind_name, record::holiday_work})
+            m_sheet.hyou_system(r, field).clear();
+        m_sheet.hyou(r, col::kind).clear();
+    }
+
+    MonthSheet& m_sheet;
+    QSet<int> m_days_of_hours;
+};
+
+/// An exchange file whose rows don't leave it as long as this lives.
+struct Kept {
+    explicit Kept(const QString& path) : file(store::Database::open(path, store::Kind::Exchange)) {
+        file.prepare("select 1 from jyusin limit 1").step(); // a view begins with its first read
+    }
+    store::Database file;
+    store::Transaction view{file, store::Transaction::Lock::Read};
+};
+
+/// The oldest first; but for files that have gone by now, and those that the manager can't read either.
+std::list<Kept> hold_kept_files(const base::Settings& settings) {
+    std::list<Kept> kept;
+    for (const QString& path : frame::kept_files(settings)) {
+        try {
+            kept.emplace_back(path);
+        } catch (const store::Error& error) {
+            if (error.code() == store::Code::Busy)
+                throw;
+        }
+    }
+    return kept;
+}
+
+MonthSheet empty_like(MonthSheet sheet) {
+    for (int r = row::first_day; r <= row::total; ++r) {
+        for (int column = col::clock_in; column < sheet.hyou.Cols(); ++column)
+            sheet.hyou(r, column).clear();
+        for (int field = 0; field < sheet.hyou_system.Cols(); ++field)
+            sheet.hyou_system(r, field).clear();
+    }
+    sheet.hyou_day = base::Sheet();
+    return sheet;
+}
+
 } // namespace
 
 void 勤務時間取得(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
@@ -63,6 +159,23 @@ WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey em
     勤務タイプデーター呼出処理(sheet, database, WorkTypeKey(Val(type.kintypecd)));
     勤務時間取得(sheet, database, employee);
     return type;
+}
+
+// Rows move from exchange file 01 to a kept file and into the tables. The kept files are held before the tables are
+// read, so that none is missed; one that is in the tables already stands as it stood.
+MonthSheet month_as_stored(
+    const MonthSheet& like, const base::Settings& settings, store::Database& exchange, EmployeeKey employee) {
+    std::list<Kept> kept = hold_kept_files(settings);
+    MonthSheet sheet = empty_like(like);
+    {
+        auto rovdata = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
+        const store::Transaction view(rovdata, store::Transaction::Lock::Read);
+        勤務時間取得(sheet, rovdata, employee);
+    }
+    for (Kept& older : kept)
+        WaitingRows(sheet).lay(older.file, employee);
+    WaitingRows(sheet).lay(exchange, employee);
+    return sheet;
 }
 
 void trim_strip(base::Sheet& hyou_day) {

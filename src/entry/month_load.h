@@ -2,6 +2,7 @@
 
 // Reading a saved month back into the sheet.
 
+#include "base/settings.h"
 #include "common/saved_month.h"
 #include "entry/work_type.h"
 
@@ -18,6 +19,12 @@ void 勤務時間取得(MonthSheet& sheet, common::SavedMonth& saved, base::Empl
 /// Reads all that the sheet shows of the employee's month, in one view of the tables: the work type with its schedule,
 /// and the saved month. The sheet is the empty one of the month.
 WorkType read_month(MonthSheet& sheet, store::Database& database, base::EmployeeKey employee);
+
+/// The employee's month as it is stored once the rows that wait are applied: those of the kept files and of the open
+/// exchange file, laid over the tables. Reads only; the sheet has the columns of `like` and no counts. As long as the
+/// exchange file is held against writers, nothing comes to it.
+MonthSheet month_as_stored(
+    const MonthSheet& like, const base::Settings& settings, store::Database& exchange, base::EmployeeKey employee);
 
 /// Takes off the strip's unused columns behind the last one that has a name; the two fixed sums stay.
 void trim_strip(base::Sheet& hyou_day);

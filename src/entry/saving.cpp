@@ -4,11 +4,14 @@
 #include "common/closed_months.h"
 #include "common/program_wait.h"
 #include "entry/cells.h"
+#include "entry/month_load.h"
 #include "frame/exchange_files.h"
 #include "platform/paths.h"
 #include "store/files.h"
 
+#include <QSet>
 #include <algorithm>
+#include <functional>
 
 namespace entry {
 
@@ -31,17 +34,36 @@ void bind_row(store::Statement& insert, const ExchangeRow& row) {
             insert.bind_null(i + 1);
 }
 
-void append(const QString& path, const QList<ExchangeRow>& rows) {
+/// The rows to append, told with the exchange file held: what is stored and waits now stays so until they stand in it.
+using RowsNow = std::function<QList<ExchangeRow>(store::Database& exchange)>;
+
+bool append(const QString& path, const RowsNow& rows_now) {
     auto database = store::Database::open(path, store::Kind::Exchange);
+    store::Transaction transaction(database);
+    const QList<ExchangeRow> rows = rows_now(database);
+    if (rows.isEmpty())
+        return false;
     auto insert = database.prepare(R"(insert into jyusin
         ("2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "13", "14", "15", "16")
         values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?))");
-    store::Transaction transaction(database);
     for (const ExchangeRow& row : rows) {
         bind_row(insert, row);
         insert.run();
     }
     transaction.commit();
+    return true;
+}
+
+/// False if there is nothing to append. A file that is remade at this moment is opened once more.
+bool append(const base::Settings& settings, const RowsNow& rows_now) {
+    const QString path = store::exchange_path(settings, posting_file);
+    try {
+        return append(path, rows_now);
+    } catch (const store::Error& error) {
+        if (error.code() != store::Code::Replaced || error.file() != path)
+            throw;
+        return append(path, rows_now);
+    }
 }
 
 /// Months are closed in a turn, too: one that is open now stays so until the rows are posted.
@@ -52,8 +74,8 @@ bool is_closed(frame::Session& session, int month) {
     return since.has_value();
 }
 
-/// False if the save ended with a message and nothing was posted.
-bool post_in_turn(frame::Session& session, const QSet<int>& months, const QList<ExchangeRow>& rows) {
+/// False if nothing was posted: there was nothing, or the save ended with a message.
+bool post_in_turn(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now) {
     const frame::Turn turn(session.link);
     const auto closed = [&](int month) { return is_closed(session, month); };
     if (!turn.granted() || std::ranges::any_of(months, closed))
@@ -62,9 +84,37 @@ bool post_in_turn(frame::Session& session, const QSet<int>& months, const QList<
         session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);
         return false;
     }
-    post_rows(session.settings, rows);
+    if (!append(session.settings, rows_now))
+        return false;
     session.host.yield();
     return true;
+}
+
+Saved post(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now) {
+    if (!post_in_turn(session, months, rows_now))
+        return Saved::Nothing;
+    if (is_main_pc(session.settings))
+        start_manager(session);
+    return Saved::Posted;
+}
+
+QString stamp_of(const QDateTime& now) {
+    return now.toString(u"yyyyMMddhhmmss"_s);
+}
+
+/// Days that both changed stand as they are stored.
+MonthSheet merge_unasked(UnaskedMonth& month, const base::Settings& settings, store::Database& exchange) {
+    const EmployeeKey employee(month.employee.key);
+    MergedMonth merged = merge_months({month.sheet, month.read, {}, month.sheet.hyou, {}},
+        month_as_stored(month.sheet, settings, exchange, employee));
+    month.left.clear();
+    for (const Clash& clash : merged.clashes) {
+        copy_day(merged.sheet, merged.stored, clash.row);
+        month.left << clash.row;
+    }
+    if (!month.left.isEmpty())
+        tally_anew(merged.sheet, {});
+    return std::move(merged.sheet);
 }
 
 } // namespace
@@ -80,29 +130,34 @@ void start_manager(frame::Session& session) {
 }
 
 void post_rows(const base::Settings& settings, const QList<ExchangeRow>& rows) {
-    const QString path = store::exchange_path(settings, posting_file);
-    try {
-        append(path, rows);
-    } catch (const store::Error& error) {
-        if (error.code() != store::Code::Replaced)
-            throw;
-        append(path, rows);
-    }
+    append(settings, [&](store::Database&) { return rows; });
 }
 
-Saved post(frame::Session& session, const QSet<int>& months, const QList<ExchangeRow>& rows) {
-    if (rows.isEmpty() || !post_in_turn(session, months, rows))
-        return Saved::Nothing;
-    if (is_main_pc(session.settings))
-        start_manager(session);
-    return Saved::Posted;
+Saved post_months(frame::Session& session, QList<UnaskedMonth>& months) {
+    const QString stamp = stamp_of(session.host.now());
+    QSet<int> keys;
+    for (const UnaskedMonth& month : months)
+        keys.insert(month.sheet.month.month_key());
+    return post(session, keys, [&](store::Database& exchange) {
+        QList<ExchangeRow> rows;
+        for (UnaskedMonth& month : months)
+            rows << rows_to_post(merge_unasked(month, session.settings, exchange), month.employee, stamp);
+        return rows;
+    });
 }
 
-Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee) {
-    if (employee.key == 0)
-        return Saved::Nothing;
-    const QString stamp = session.host.now().toString(u"yyyyMMddhhmmss"_s);
-    return post(session, {sheet.month.month_key()}, rows_to_post(sheet, employee, stamp));
+SavedMonth 保存処理(frame::Session& session, const MonthInHand& hand, const PostedEmployee& employee) {
+    SavedMonth result;
+    if (employee.key == 0 || changed_days(hand.sheet).isEmpty())
+        return result;
+    const QString stamp = stamp_of(session.host.now());
+    result.saved = post(session, {hand.sheet.month.month_key()}, [&](store::Database& exchange) {
+        result.month =
+            merge_months(hand, month_as_stored(hand.sheet, session.settings, exchange, EmployeeKey(employee.key)));
+        return result.month->clashes.isEmpty() ? rows_to_post(result.month->sheet, employee, stamp)
+                                               : QList<ExchangeRow>();
+    });
+    return result;
 }
 
 } // namespace entry

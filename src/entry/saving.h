@@ -1,14 +1,13 @@
 #pragma once
 
 // Saving: the changed days of the sheet as rows of the exchange file, which the exchange manager takes from there into
-// the tables. The rows are built first, from the sheet alone; then the turn is taken and all rows are posted in one
-// transaction, so that a save that fails posts nothing. The sheet isn't touched: its marks stay, and a second save
-// posts the same days again.
+// the tables. The turn is taken, the exchange file held against other writers, the month read again and merged with the
+// sheet in hand (merge.h); the rows of what comes of it are posted in the same transaction, so that a save that fails
+// posts nothing, and nobody else's day comes in between. The marks stay, and a second save posts the same days again.
 
-#include "entry/sheet.h"
+#include "entry/merge.h"
 #include "frame/session.h"
 
-#include <QSet>
 #include <QStringList>
 
 namespace entry {
@@ -54,13 +53,28 @@ void start_manager(frame::Session& session);
 
 enum class Saved { Nothing, Posted };
 
-/// Posts rows of these months (yyyymm) in the turn and starts the manager: all of them, or none with a message if the
-/// turn isn't to be had, one of the months is closed or the manager is still at work. No rows are none to post.
-Saved post(frame::Session& session, const QSet<int>& months, const QList<ExchangeRow>& rows);
+/// A month that was changed with nobody there to decide.
+struct UnaskedMonth {
+    MonthSheet sheet;
+    MonthAsRead read;
+    PostedEmployee employee;
+    QList<int> left; ///< rows that somebody else changed as well: they were left as they are stored
+};
 
-/// The whole save: rows, turn, manager's absence, posting, turn given up, manager started. Without a changed day, or
+/// Posts the months, each merged with what is stored by now, in one turn and starts the manager: all of them, or none
+/// with a message if the turn isn't to be had, one of the months is closed or the manager is still at work.
+Saved post_months(frame::Session& session, QList<UnaskedMonth>& months);
+
+struct SavedMonth {
+    Saved saved = Saved::Nothing;
+    /// How the month stands now, nothing if it wasn't read again. With clashes nothing was posted: the person is to
+    /// decide. Without, it is the sheet that was posted, or of which nothing is left to be.
+    std::optional<MergedMonth> month;
+};
+
+/// The whole save: turn, manager's absence, merging, posting, turn given up, manager started. Without a changed day, or
 /// without an employee, nothing happens. Ends with a message and posts nothing if the turn isn't to be had, the
 /// month is closed or the manager is still at work.
-Saved 保存処理(frame::Session& session, const MonthSheet& sheet, const PostedEmployee& employee);
+SavedMonth 保存処理(frame::Session& session, const MonthInHand& hand, const PostedEmployee& employee);
 
 } // namespace entry

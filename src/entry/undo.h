@@ -4,7 +4,7 @@
 // cells it changed; the cell in hand is part of the state, so that undoing leads back to the cell that was typed in.
 // Nothing is calculated on the way back: what stood, stands again.
 
-#include "entry/draft.h"
+#include "entry/merge.h"
 
 #include <QSet>
 #include <deque>

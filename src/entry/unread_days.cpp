@@ -10,7 +10,7 @@ namespace entry {
 using namespace base;
 
 bool is_not_read_back(const MonthSheet& sheet, int r) {
-    return !sheet.mark(r).isEmpty() && sheet.month.row_of_key(sheet.month.posting_key(r)) != r;
+    return !sheet.mark(r).isEmpty() && !sheet.month.is_found_again(r);
 }
 
 base::Sheet days_not_read_back(MonthSheet sheet, const base::Settings& settings, QDate today) {

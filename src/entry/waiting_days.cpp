@@ -121,8 +121,7 @@ Opening 登録待ち(frame::Session& session, EmployeeKey employee, const std::f
         return Opening::Free;
     const auto answer = session.host.ask(u"この社員の登録がまだ終わっていません。\n"
                                          "いま開くと、登録したばかりの日は\n"
-                                         "前の内容で表示され、次の登録で\n"
-                                         "上書きされることがあります。\n\n"
+                                         "前の内容で表示されます。\n\n"
                                          "それでも開きますか？"_s,
         u"登録待ち"_s, platform::Buttons::YesNo);
     return answer == platform::Answer::Yes ? Opening::Free : Opening::Refused;

@@ -1,9 +1,9 @@
 #pragma once
 
 // Saved days that aren't in the tables yet. A save only posts; until the exchange manager has applied it, the tables
-// hold the state before. An employee who is opened in between would show that state: days that stand empty in it get
-// their standard kind with the next calculation, and the next save posts them as empty over what was saved. So opening
-// an employee waits for that employee's posted rows first; those of others delay nobody.
+// hold the state before. An employee who is opened in between would show that state, and a person would type over days
+// that stand otherwise by now. So opening an employee waits for that employee's posted rows first; those of others delay
+// nobody.
 //
 // The rows alone tell: the manager lets them leave their file only after the tables hold them (see exchange/apply.h),
 // so that a manager still at work needs no wait of its own. They move one way, from exchange file 01 to a kept file and

@@ -1,5 +1,7 @@
 #include "exchange/turn_messages.h"
 
+#include "frame/turn_status.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -47,7 +49,12 @@ std::vector<Message> MessageReader::take(QByteArrayView bytes) {
 
 void MessageReader::read_greeting(std::vector<Message>& messages) {
     const QByteArrayView mark("##");
-    if (!mark.startsWith(QByteArrayView(m_rest).first(std::min(m_rest.size(), mark.size())))) {
+    if (m_rest == frame::turn_status_question) {
+        messages.push_back(Message::Status);
+        m_rest.clear();
+    } else if (m_rest.size() == 1 && m_rest == frame::turn_status_question.first(1)) {
+        return;
+    } else if (!mark.startsWith(QByteArrayView(m_rest).first(std::min(m_rest.size(), mark.size())))) {
         messages.push_back(Message::Garbage);
     } else if (m_rest.size() >= mark.size()) {
         m_rest.remove(0, mark.size());

@@ -21,6 +21,7 @@ enum class Message {
     So,       ///< takes it
     En,       ///< wants to give it back
     Eo,       ///< gives it back
+    Status,   ///< "??" in place of the greeting: asks who has the turn
     Garbage,  ///< none of these, or more than is kept
 };
 

@@ -95,11 +95,27 @@ QByteArray Turns::address(ClientId id) const {
     return found == m_clients.end() ? QByteArray() : found->second.reader.address();
 }
 
+frame::TurnStatus Turns::status(Time now) const {
+    using enum frame::TurnStatus::State;
+    const int waiting = int(m_waiting.size());
+    if (!m_turn)
+        return {.state = Free, .waiting = waiting};
+    const bool applying = m_manager_runs;
+    return {applying ? Applying : Held, m_turn->address, now - (applying ? m_turn->left : m_turn->begun), waiting};
+}
+
+void Turns::tell_status(ClientId id, Time now) {
+    send(id, turn_status_line(status(now)));
+    close(id, QString(), now);
+}
+
 void Turns::take(ClientId id, Message message, Time now) {
     Client& client = m_clients.at(id);
     const Rule* rule = Rule::of(client.state, message);
     if (too_fast(client, now))
         close(id, u"通信が多すぎます"_s, now);
+    else if (message == Message::Status)
+        tell_status(id, now);
     else if (!rule)
         close(id, u"通信の内容が正しくありません"_s, now);
     else if (rule->reply.isEmpty())

@@ -13,6 +13,7 @@
 
 #include "exchange/shares.h"
 #include "exchange/turn_messages.h"
+#include "frame/turn_status.h"
 
 #include <QString>
 #include <chrono>
@@ -57,6 +58,9 @@ public:
     /// When time_passed() is due next; nothing while no client is connected.
     std::optional<Time> next_deadline() const;
 
+    /// Who has the turn. A client that asks for it is answered and closed.
+    frame::TurnStatus status(Time now) const;
+
     /// How the client named itself; empty for a client that isn't connected.
     QByteArray address(ClientId client) const;
 
@@ -84,6 +88,7 @@ private:
     using Row = std::deque<ClientId>;
 
     void take(ClientId id, Message message, Time now);
+    void tell_status(ClientId id, Time now);
     void ask(ClientId id, Client& client, Time now);
     void answer(ClientId id, Client& client, const Rule& rule, Time now);
     void enter(Client& client, State state, Time now);

@@ -16,6 +16,8 @@ constexpr int reply_length = 4;
 constexpr qint64 most_unread = 1024; ///< whatever takes itself for the service
 constexpr auto patience = 10s;
 constexpr auto pause = 20ms;
+constexpr auto silent_wait = 1s; ///< most turns come before that
+constexpr auto between_questions = 2s;
 
 /// What a reply does, told by the state it arrives in. Any other reply changes nothing.
 struct Reply {
@@ -70,12 +72,20 @@ bool TurnLink::サーバー接続開始() {
         return true;
     show(u"●"_s);
     m_link_state = LinkState::Idle;
+    m_given_up = false;
+    m_status.reset();
+    m_question.forget();
+    m_next_question = m_host.steady_now();
     m_socket.abort();
     m_socket.connectToHost(m_settings.server_name, m_port);
     const bool granted = wait_for(LinkState::Granted);
     if (!granted) {
         // First of all: a turn granted while the box stands open would be held by nobody.
         hang_up();
+        if (m_given_up) {
+            show(QString());
+            return false;
+        }
         m_host.tell(u"サーバーにアクセスできません。もう一度登録処理してください"_s, u"サーバー未接続"_s);
     }
     show(u"◎"_s);
@@ -116,11 +126,28 @@ void TurnLink::send_for_state() {
 }
 
 bool TurnLink::wait_for(LinkState state) {
-    const auto limit = m_host.steady_now() + patience;
+    const auto since = m_host.steady_now();
+    const auto limit = since + patience;
     const auto connected = [this] { return m_socket.state() != QAbstractSocket::UnconnectedState; };
     while (m_link_state != state && connected() && m_host.steady_now() < limit)
-        m_host.wait(pause);
+        if (m_host.wait(pause); state == LinkState::Granted && !goes_on_waiting(since))
+            break;
     return m_link_state == state;
+}
+
+/// Nobody gives up a turn that is there already.
+bool TurnLink::goes_on_waiting(std::chrono::steady_clock::time_point since) {
+    const auto now = m_host.steady_now();
+    if (!on_waiting || m_link_state != LinkState::Asking || now - since < silent_wait)
+        return true;
+    if (m_question.answered())
+        m_status = m_question.answer();
+    if (now >= m_next_question) {
+        m_question.ask(m_settings.server_name, m_port);
+        m_next_question = now + between_questions;
+    }
+    m_given_up = !on_waiting({std::chrono::duration_cast<std::chrono::milliseconds>(now - since), m_status});
+    return !m_given_up;
 }
 
 void TurnLink::hang_up() {

@@ -5,6 +5,7 @@
 // save.
 
 #include "base/settings.h"
+#include "frame/turn_status.h"
 #include "platform/host.h"
 
 #include <QTcpSocket>
@@ -23,6 +24,14 @@ public:
     TurnLink(const base::Settings& settings, platform::Host& host, std::function<void(const QString&)> show = {},
         quint16 port = turn_port);
 
+    /// While this PC waits for the turn, from a second on, it is told again and again how long it has waited and, where
+    /// the service says so, who has it. False gives up: without a message, and nothing is held.
+    struct Waiting {
+        std::chrono::milliseconds waited;
+        std::optional<TurnStatus> status;
+    };
+    std::function<bool(const Waiting&)> on_waiting;
+
     /// Takes the turn and returns whether this PC may post: also on the main PC (`use_class` 0), which needs no turn.
     /// Waits at most 10 seconds with the interface running, then tells the person that the server can't be reached. A
     /// connection that is refused or lost ends the wait at once. The mark is "◎" either way, until the next attempt.
@@ -39,6 +48,7 @@ private:
     void send_for_state();
     void hang_up();
     bool wait_for(LinkState state);
+    bool goes_on_waiting(std::chrono::steady_clock::time_point since);
     void show(const QString& mark);
 
     const base::Settings& m_settings;
@@ -47,6 +57,10 @@ private:
     quint16 m_port;
     QTcpSocket m_socket;
     LinkState m_link_state = LinkState::Idle;
+    TurnStatusQuestion m_question;
+    std::optional<TurnStatus> m_status; ///< the last that was told in this wait
+    std::chrono::steady_clock::time_point m_next_question;
+    bool m_given_up = false;
 };
 
 /// The turn for as long as this lives, if it was granted; given up however the work ends.

@@ -25,6 +25,7 @@ using entry::TypedDay;
 namespace {
 
 constexpr int months_at_a_time = 100;
+const QString changed_since = u"確認した後に、その日の内容が変わりました"_s;
 
 /// The chosen days of an employee's month.
 struct ChosenMonth {
@@ -126,6 +127,7 @@ private:
         書式設定(sheet, month.month);
         書式設定_日(sheet);
         read_month(sheet, database, of.employee);
+        const entry::MonthAsRead read = month_as_read(sheet);
         entry::trim_strip(sheet.hyou_day);
         entry::MonthDraft draft(m_session);
         draft.begin(sheet, of.employee);
@@ -134,7 +136,7 @@ private:
         if (m_into == Into::Draft || has_draft)
             keep(sheet, draft, laid);
         else
-            make_rows(sheet, of, laid);
+            remember(sheet, read, of, laid);
     }
 
     /// Gives back the days that are on the sheet now.
@@ -145,7 +147,7 @@ private:
             if (may_be_laid(sheet, r, m_preview.days[index], clashes))
                 rows.append({index, r});
             else
-                leave_out({index}, u"確認した後に、その日の内容が変わりました"_s);
+                leave_out({index}, changed_since);
         }
         QList<int> laid;
         for (const auto& [index, r] : rows) {
@@ -174,33 +176,38 @@ private:
             m_done.days.insert(index, {Became::Drafted, reason});
     }
 
-    void make_rows(const MonthSheet& sheet, const ImportDay& of, const QList<int>& laid) {
-        const QString stamp = m_session.host.now().toString(u"yyyyMMddhhmmss"_s);
-        m_months << sheet.month.month_key();
-        m_rows << rows_to_post(sheet, {of.number, of.name, of.employee.value()}, stamp);
-        m_rows_of << laid;
+    void remember(
+        const MonthSheet& sheet, const entry::MonthAsRead& read, const ImportDay& of, const QList<int>& laid) {
+        m_months << entry::UnaskedMonth{sheet, read, {of.number, of.name, of.employee.value()}, {}};
+        m_days_of << laid;
     }
 
     bool post() {
-        const QList<entry::ExchangeRow> rows = std::exchange(m_rows, {});
-        const QSet<int> months = std::exchange(m_months, {});
-        const QList<int> days = std::exchange(m_rows_of, {});
-        if (!days.isEmpty() && entry::post(m_session, months, rows) != entry::Saved::Posted) {
-            leave_out(days, u"登録できませんでした"_s);
-            return false;
-        }
-        for (const int index : days)
+        QList<entry::UnaskedMonth> months = std::exchange(m_months, {});
+        const QList<QList<int>> days = std::exchange(m_days_of, {});
+        const bool none = std::ranges::all_of(days, &QList<int>::isEmpty);
+        const bool posted = none || entry::post_months(m_session, months) == entry::Saved::Posted;
+        for (qsizetype i = 0; i < months.size(); ++i)
+            for (const int index : days[i])
+                tell(index, posted, months[i].left.contains(months[i].sheet.month.row(m_preview.days[index].date)));
+        return posted;
+    }
+
+    void tell(int index, bool posted, bool left) {
+        if (!posted)
+            leave_out({index}, u"登録できませんでした"_s);
+        else if (left)
+            leave_out({index}, changed_since);
+        else
             m_done.days.insert(index, {Became::Posted});
-        return true;
     }
 
     frame::Session& m_session;
     const Preview& m_preview;
     Into m_into;
     MonthSheet m_empty;
-    QList<entry::ExchangeRow> m_rows;
-    QSet<int> m_months; ///< of the rows
-    QList<int> m_rows_of;
+    QList<entry::UnaskedMonth> m_months; ///< yet to be posted
+    QList<QList<int>> m_days_of;         ///< the days that were laid in each of them
     int m_come_to = 0;
     Acceptance m_done;
 };

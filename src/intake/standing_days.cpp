@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "entry/day_kinds.h"
 #include "entry/draft_store.h"
+#include "entry/merge.h"
 
 namespace intake {
 
@@ -11,10 +12,6 @@ using namespace base;
 using entry::TypedDay;
 
 namespace {
-
-int row_of(const CompanyMonth& month, QDate date) {
-    return static_cast<int>(month.first().daysTo(date)) + entry::row::first_day;
-}
 
 entry::DayKind kind_without_work(store::Database& rovdata) {
     entry::MonthSheet sheet;
@@ -41,8 +38,8 @@ StandingDays::StandingDays(const base::Settings& settings, store::Database& rovd
 
 StandingDay StandingDays::day(EmployeeKey employee, QDate date) {
     const CompanyMonth month = CompanyMonth::of(date, m_settings.month_start_day);
-    const int r = row_of(month, date);
-    if (month.row_of_key(month.posting_key(r)) != r)
+    const int r = month.row(date);
+    if (!month.is_found_again(r))
         return {{}, false, u"年をまたぐ月の1月の日は、登録すると読み戻せません"_s};
     const Month& read = month_of(employee, month);
     StandingDay day{typed_by_person(read.days[r], m_kind_without_work)};
@@ -82,17 +79,13 @@ void StandingDays::read_saved(entry::MonthAsRead& days, EmployeeKey employee, co
     });
 }
 
-/// As entry::lay_draft lays it over a sheet.
 void StandingDays::lay_draft(Month& read, EmployeeKey employee, const CompanyMonth& month) const {
-    for (const entry::DraftDay& day : entry::read_draft(m_settings, employee, month).days) {
-        const int r = row_of(month, day.date);
-        if (stored_alike(day.typed, read.days[r]))
-            continue;
-        if (stands_as_before(day, read.days[r], m_kind_without_work))
-            read.days[r] = day.typed;
-        else
-            read.clashes << r;
-    }
+    const entry::Draft draft = entry::read_draft(m_settings, employee, month);
+    const entry::Merge merged = merge(month, draft.days, read.days, m_kind_without_work);
+    for (const entry::DraftDay& day : merged.laid)
+        read.days[month.row(day.date)] = day.typed;
+    for (const entry::Clash& clash : merged.clashes)
+        read.clashes << clash.row;
 }
 
 } // namespace intake

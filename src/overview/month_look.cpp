@@ -7,6 +7,7 @@
 #include "entry/day_kinds.h"
 #include "entry/draft_store.h"
 #include "entry/layout.h"
+#include "entry/merge.h"
 #include "entry/month_load.h"
 #include "overview/month_of_all.h"
 

@@ -49,6 +49,10 @@ QString closings_path(const base::Settings& settings) {
     return data_folder(settings) + u"/simekiri.mdb"_s;
 }
 
+QString open_months_path(const base::Settings& settings) {
+    return data_folder(settings) + u"/hiraki.txt"_s;
+}
+
 QString exchange_folder(const base::Settings& settings) {
     return data_folder(settings) + u"/jyusin"_s;
 }

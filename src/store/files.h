@@ -37,6 +37,9 @@ QString data_folder(const base::Settings& settings);
 /// Beside rovdata.mdb; made when the first month is closed.
 QString closings_path(const base::Settings& settings);
 
+/// Beside rovdata.mdb, and no database: which PC has which month open. Made when the first month is opened.
+QString open_months_path(const base::Settings& settings);
+
 /// The folder of the exchange files, and the path of file 1 to 20 in it: hanjyusin01.mdb to hanjyusin20.mdb.
 QString exchange_folder(const base::Settings& settings);
 QString exchange_path(const base::Settings& settings, int number);

@@ -48,6 +48,7 @@ private:
             {u"redo"_s, [&] { form->redo(); }},
             {u"give_up"_s, [&] { form->give_up_draft(); }},
             {u"decide"_s, [&] { form->decide(0, MonthDraft::Choice(rest == u"stored")); }},
+            {u"settle"_s, [&] { form->settle_and_save({MonthDraft::Choice(rest == u"stored")}); }},
             {u"open"_s, [&] { open(); }},
             {u"damage"_s, [&] { damage_drafts(rest); }},
             {u"block"_s, [&] { EXPECT_TRUE(QDir().mkpath(store::drafts_path(company.tree.settings))); }},
@@ -84,6 +85,8 @@ private:
             {u"strip"_s, [&] { expect(form->sheet.hyou_day(strip::count, first(rest).toInt()), others(rest)); }},
             {u"standing"_s, [&] { EXPECT_EQ(standing(), rest); }},
             {u"posted"_s, [&] { EXPECT_EQ(company.posted().filter(rest).size(), 1); }},
+            {u"unposted"_s, [&] { EXPECT_EQ(company.posted().filter(rest), QStringList()); }},
+            {u"asked"_s, [&] { EXPECT_EQ(rows_of(form->clashes_of_save()), rest); }},
             {u"who"_s, [&] { EXPECT_EQ(form->syalab, rest); }},
             {u"notice"_s, [&] { EXPECT_EQ(form->editors.notice->text, rest); }},
             {u"findings"_s, [&] { EXPECT_EQ(form->look_before_saving().size(), rest.toInt()); }},
@@ -94,7 +97,7 @@ private:
             {u"bands"_s, [&] { EXPECT_EQ(bands(), rest); }},
             {u"proposed"_s, [&] { EXPECT_EQ(proposed_day(form->sheet), NormalDay(rest.toInt(), rest.toInt())); }},
             {u"dot_tip"_s, [&] { EXPECT_EQ(form->hyou_syain.Look(1, 0).tip, rest); }},
-            {u"clashes"_s, [&] { EXPECT_EQ(clashes(), rest); }},
+            {u"clashes"_s, [&] { EXPECT_EQ(rows_of(form->clashes()), rest); }},
             {u"can"_s, [&] { EXPECT_TRUE(can(rest)); }},
             {u"cannot"_s, [&] { EXPECT_FALSE(can(rest)); }},
             {u"box"_s, [&] { EXPECT_EQ(box(), rest); }},
@@ -146,9 +149,9 @@ private:
         return told + digits(drafts_waiting(company.tree.settings).months);
     }
 
-    QString clashes() const {
+    static QString rows_of(const QList<Clash>& clashes) {
         QStringList rows;
-        for (const Clash& clash : form->clashes())
+        for (const Clash& clash : clashes)
             rows << digits(clash.row);
         return rows.join(u' ');
     }
@@ -180,4 +183,6 @@ TEST_P(Month, StandsAsTheRowsTell) {
     }
 }
 
+INSTANTIATE_TEST_SUITE_P(
+    Merge, Month, testing::ValuesIn(support::told_cases(QStringLiteral(ROVENA_ROWS "/merge.txt"))));
 INSTANTIATE_TEST_SUITE_P(Rows, Month, testing::ValuesIn(support::told_cases(QStringLiteral(ROVENA_ROWS "/month.txt"))));

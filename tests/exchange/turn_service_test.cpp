@@ -182,6 +182,25 @@ TEST(EventLog, GoesToTheScreenWhereItsFileCantBeOpenedAndSaysWhy) {
         << told.toStdString();
 }
 
+TEST_F(TurnService, TellsAnAdministratorWhoHasTheTurn) {
+    start();
+    const auto asked = [this](int asked_port) {
+        QProcess program;
+        program.start(qEnvironmentVariable("ROVENA_BIN") + u"/jyunban"_s,
+            {u"--status"_s, u"--bind"_s, u"127.0.0.1"_s, u"--port"_s, QString::number(asked_port)});
+        EXPECT_TRUE(wait_until([&] { return program.state() == QProcess::NotRunning; }));
+        return std::pair(program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()).trimmed());
+    };
+    EXPECT_EQ(asked(port), std::pair(0, u"順番は空いています。"_s));
+    const RudeClient holder(port, takes_the_turn);
+    ASSERT_TRUE(wait_until([&] { return log().contains(u"順番を受け取りました"_s); }));
+    EXPECT_TRUE(asked(port).second.startsWith(u"127.0.0.1 が登録しています（"_s));
+    QTcpServer silent_door;
+    ASSERT_TRUE(silent_door.listen(QHostAddress(QHostAddress::LocalHost)));
+    silent_door.close();
+    EXPECT_EQ(asked(silent_door.serverPort()), std::pair(1, QString()));
+}
+
 TEST_F(TurnService, WithoutAManagerTurnsAreStillGranted) {
     start({u"--manager"_s, in(u"nothing"_s)});
     for (int turn = 0; turn < 2; ++turn) {

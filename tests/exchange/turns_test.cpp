@@ -72,9 +72,10 @@ private:
             if (action.what == Action::What::StartManager)
                 ++managers;
             else
-                told[action.client] << (action.what == Action::What::Send ? QString::fromLatin1(action.reply)
-                                        : action.reason.isEmpty()         ? u"(closed)"_s
-                                                                          : u"(thrown out)"_s);
+                told[action.client] << (action.what == Action::What::Send
+                                            ? QString::fromLatin1(action.reply.trimmed()).replace(u' ', u'_')
+                                        : action.reason.isEmpty() ? u"(closed)"_s
+                                                                  : u"(thrown out)"_s);
             if (action.reply == "stok" && patient.contains(action.client))
                 says(action.client, "st");
         }

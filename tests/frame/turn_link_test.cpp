@@ -149,6 +149,61 @@ TEST_F(TurnLinkTest, AServiceSilentForTenSecondsOrAbsentFailsTheLinkUntilTheNext
     EXPECT_LT(seconds(), before + 10);
 }
 
+/// A service where another PC has the turn. It may be too old to know the question for who that is.
+class BusyService {
+public:
+    explicit BusyService(bool tells) {
+        m_server.listen(QHostAddress::LocalHost);
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this, tells] {
+            QTcpSocket* client = m_server.nextPendingConnection();
+            QObject::connect(client, &QTcpSocket::readyRead, &m_server, [this, client, tells] {
+                const QByteArray text = client->readAll();
+                if (text != "??")
+                    return void(client->write(text.startsWith("##") ? "your" : "stok"));
+                ++questions;
+                if (tells)
+                    client->write("!!held 10.0.0.7 12345 2\n");
+                client->disconnectFromHost();
+            });
+        });
+    }
+    quint16 port() const { return m_server.serverPort(); }
+    int questions = 0;
+
+private:
+    QTcpServer m_server;
+};
+
+TEST_F(TurnLinkTest, WhoWaitsIsToldWhoHasTheTurnAndMayGiveUp) {
+    for (const bool tells : {true, false}) {
+        BusyService busy(tells);
+        link.emplace(
+            settings, host, [this](const QString& mark) { marks << mark; }, busy.port());
+        const double start_of_wait = seconds();
+        std::optional<frame::TurnStatus> told;
+        host.on_yield = [&] { // time stands still until the first question has been dealt with
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+            if (seconds() - start_of_wait > 2 && (busy.questions == 0 || told.has_value() != tells))
+                host.steady -= std::chrono::milliseconds(20);
+        };
+        link->on_waiting = [&](const TurnLink::Waiting& wait) {
+            EXPECT_GE(wait.waited, std::chrono::seconds(1)) << "a short wait is none to tell of";
+            told = wait.status;
+            return wait.waited < std::chrono::seconds(5);
+        };
+        EXPECT_FALSE(take_turn());
+        EXPECT_NEAR(seconds() - start_of_wait, 5, 0.1);
+        EXPECT_EQ(link->link_state(), LinkState::Idle);
+        EXPECT_EQ(marks.last(), QString());
+        EXPECT_TRUE(host.shown.empty()) << "who gives up knows it";
+        EXPECT_EQ(told.has_value(), tells);
+        EXPECT_GE(busy.questions, 1);
+        EXPECT_LE(busy.questions, 3);
+        EXPECT_EQ(told ? words(*told) : QString(),
+            tells ? u"10.0.0.7 が登録しています（12秒前から）。\n2台が順番を待っています。"_s : QString());
+    }
+}
+
 TEST_F(TurnLinkTest, ASilentReleaseFailsInSilence) {
     serve({{"your"}, {"st-1"}, {"so-1"}, {"en-1"}});
     EXPECT_TRUE(take_turn());

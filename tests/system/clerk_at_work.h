@@ -17,21 +17,23 @@ struct PlaceOfWork {
     int shared_row = 0; ///< row that every clerk works on
     int seconds = 0;
     int seed = 0;
+    int last_day = 31; ///< of the days that are typed
 
     QStringList arguments() const {
         using namespace base;
         return {u"--clerk"_s, program_folder, digits(turn_port), digits(own_row), digits(shared_row), digits(seconds),
-            digits(seed)};
+            digits(seed), digits(last_day)};
     }
     static PlaceOfWork of(const QStringList& words) {
         return {words.value(2), words.value(3).toInt(), words.value(4).toInt(), words.value(5).toInt(),
-            words.value(6).toInt(), words.value(7).toInt()};
+            words.value(6).toInt(), words.value(7).toInt(), words.value(8).toInt()};
     }
 };
 
 /// What a clerk says: a line a day before the save, and a line for how the save ended.
 inline constexpr char say_try[] = "try"; ///< "try EMPLOYEE DATE CLOCK-IN"
 inline constexpr char say_ok[] = "ok";
-inline constexpr char say_refused[] = "refused"; ///< a message was shown: nothing was posted
+inline constexpr char say_refused[] = "refused"; ///< nothing was posted, and what was typed is a draft
+inline constexpr char say_left[] = "left";       ///< "left EMPLOYEE DATE": another's day was chosen to stand
 
 } // namespace whole

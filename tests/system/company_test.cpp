@@ -19,6 +19,7 @@
 #include <QSysInfo>
 #include <QTemporaryDir>
 #include <QTest>
+#include <array>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <map>
@@ -63,8 +64,7 @@ public:
     bool end() {
         m_process.waitForFinished(60'000); // false as well of one that has gone already
         listen(0);
-        for (const auto& [day, clock_in] : m_open)
-            days[day].possible.insert(clock_in);
+        keep_open_days_possible();
         m_open.clear();
         return m_process.state() == QProcess::NotRunning && m_process.exitStatus() == QProcess::NormalExit &&
                m_process.exitCode() == 0;
@@ -72,8 +72,14 @@ public:
 
     std::map<Day, Said> days;
     int confirmed_saves = 0;
+    int days_left = 0; ///< to what another PC had saved
 
 private:
+    /// They are drafts, and may have been posted, or are posted later.
+    void keep_open_days_possible() {
+        for (const auto& [day, clock_in] : m_open)
+            days[day].possible.insert(clock_in);
+    }
     void start() {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(QCoreApplication::applicationFilePath(), m_place.arguments());
@@ -86,6 +92,10 @@ private:
                 days[day] = {{clock_in}, true};
             confirmed_saves += m_open.empty() ? 0 : 1;
         }
+        if (words[0] == whole::say_left && words.size() == 3)
+            days_left += int(m_open.erase({words[1].toLongLong(), words[2].toLongLong()}));
+        if (words[0] == whole::say_refused)
+            keep_open_days_possible();
         if (words[0] == whole::say_ok || words[0] == whole::say_refused)
             m_open.clear();
     }
@@ -145,24 +155,11 @@ protected:
         for (const auto& [name, use_class] : {std::pair(u"second"_s, u"1"_s), std::pair(u"third"_s, u"2"_s)})
             install(name, {u"--use-class"_s, use_class, u"--server-root"_s, settings().server_root, u"--server-name"_s,
                               u"127.0.0.1"_s}); // the main PC named itself, by a name that no network here knows
-        give_shared_days_a_kind();
         start_service(0);
     }
 
     void install(const QString& pc, const QStringList& options) {
         e2e::install(QStringList{drive(pc), u"--assets"_s, bin + u"/../artwork"_s} + options);
-    }
-
-    /// Days that stand empty are posted as days off with the first save. Two clerks who have the same empty month
-    /// before them at a time would do so to each other's days.
-    void give_shared_days_a_kind() const {
-        store::Database::open(store::rovdata_path(settings()), store::Kind::Rovdata)
-            .prepare("with recursive days(day) as"
-                     " (select 20261001 union all select day + 1 from days where day < 20261031)"
-                     " insert into kyumei (社員システム番号, 年月日, システム番号, 休暇名, 休出)"
-                     " select ?, day, システム番号, 休暇名, 0 from days, kyutype where 通常 = 1 and 休出 = 0")
-            .bind(shared_row)
-            .run();
     }
 
     void start_service(quint16 wanted) {
@@ -201,6 +198,56 @@ protected:
         }
     }
 
+    /// The clerks at the three PCs, with rows of the employee list that they work on.
+    std::vector<std::unique_ptr<Pc>> clerks(const std::array<int, 3>& own_rows, int seconds, int last_day) const {
+        std::vector<std::unique_ptr<Pc>> pcs;
+        for (const QString& name : {u"main"_s, u"second"_s, u"third"_s})
+            pcs.push_back(std::make_unique<Pc>(whole::PlaceOfWork{
+                programs(name), port, own_rows[pcs.size()], shared_row, seconds, 100 * int(pcs.size() + 1), last_day}));
+        return pcs;
+    }
+
+    /// What all of them said, once they have gone home.
+    static std::map<Day, Said> said_by(const std::vector<std::unique_ptr<Pc>>& pcs) {
+        std::map<Day, Said> said;
+        for (const auto& pc : pcs) {
+            EXPECT_TRUE(pc->end());
+            for (const auto& [day, of_one] : pc->days) {
+                said[day].possible.insert(of_one.possible.begin(), of_one.possible.end());
+                said[day].confirmed |= of_one.confirmed;
+            }
+        }
+        return said;
+    }
+
+    void expect_enough(const std::vector<std::unique_ptr<Pc>>& pcs) const {
+        int saves = 0, left = 0;
+        for (const auto& pc : pcs) {
+            saves += pc->confirmed_saves;
+            left += pc->days_left;
+        }
+        std::printf("%d saves confirmed, %d kills, %d days left to another\n", saves, kills, left);
+        EXPECT_GT(saves, 3);
+    }
+
+    void expect_stored(const std::map<Day, Said>& said) const {
+        const auto stored = stored_days();
+        for (const auto& [day, clock_ins] : stored)
+            EXPECT_EQ(clock_ins.size(), 1u) << day.first << " " << day.second;
+        for (const auto& [day, wanted] : said) {
+            const auto found = stored.find(day);
+            if (found == stored.end())
+                EXPECT_FALSE(wanted.confirmed) << day.first << " " << day.second << " is lost";
+            else
+                EXPECT_TRUE(wanted.possible.contains(found->second.front()) || !wanted.confirmed)
+                    << day.first << " " << day.second << " holds " << found->second.front();
+        }
+    }
+
+    QStringList rows(std::string_view sql) const {
+        return support::rows_of(store::rovdata_path(settings()), store::Kind::Rovdata, sql);
+    }
+
     /// What still waits is applied as after any save.
     void apply_the_rest() const {
         const QString program = settings().server_root + u"/comdata/exe/exe/jyusinkanri"_s;
@@ -214,6 +261,35 @@ protected:
 
     int kills = 0;
 };
+
+int seconds_of_work(int usual) {
+    const int seconds = qEnvironmentVariableIntValue("ROVENA_SYSTEM_SECONDS");
+    return seconds > 0 ? seconds : usual;
+}
+
+// What the month's row and its counts are besides what the days give, and the other way round; nothing if all is well.
+constexpr std::string_view sums_beside_days = R"(
+    select 社員システム番号, sum(sign * (休憩時間 / 100 * 60 + 休憩時間 % 100)) as pause,
+        sum(sign * (勤務時間 / 100 * 60 + 勤務時間 % 100)) as work
+    from (select *, case 出社日 % 100 when 32 then -1 else 1 end as sign from rovmei where 出社日 / 100 = 202610)
+    group by 1 having pause <> 0 or work <> 0)";
+constexpr std::string_view hours_beside_days = R"(
+    select 社員システム番号, 勤務種類, sum(sign * (時間 / 100 * 60 + 時間 % 100)) as hours
+    from (select *, case 年月日 % 100 when 32 then -1 else 1 end as sign from kinjisyu where 年月日 / 100 = 202610)
+    group by 1, 2 having hours <> 0)";
+constexpr std::string_view counts_beside_days = R"(
+    with worked as (select 社員システム番号 as who, sum(勤務時間 <> 0) as days from rovmei
+            where 出社日 between 20261001 and 20261031 group by 1),
+        counted as (
+            select who, -1, 0, days as number from worked union all
+            select who, -2, 0, 31 - days from worked union all
+            select 社員システム番号, システム番号, case cast(休出 as integer) when 0 then 1 else 2 end, count(*) from kyumei
+                where 年月日 / 100 = 202610 group by 1, 2, 3 union all
+            select 社員システム番号, 勤務種類, 0, count(*) from kinjisyu
+                where 年月日 between 20261001 and 20261031 group by 1, 2),
+        stored as (select 社員システム番号, システム番号, 休暇残業, 日数１ from kinnisu where 年月 = 202610)
+    select 'counted', * from (select * from counted where number <> 0 except select * from stored)
+    union all select 'stored', * from (select * from stored except select * from counted))";
 
 void expect_whole(const QString& path, store::Kind kind) {
     EXPECT_EQ(support::rows_of(path, kind, "pragma integrity_check"), QStringList(u"ok"_s)) << path.toStdString();
@@ -274,40 +350,14 @@ TEST_F(Packaged, LetsAnotherPcSaveWhatTheServiceOfTheMainPcApplies) {
 }
 
 TEST_F(Company, EveryConfirmedDayStandsOnceWhoeverIsKilled) {
-    const int seconds = qEnvironmentVariableIntValue("ROVENA_SYSTEM_SECONDS");
-    const int length = seconds > 0 ? seconds : 20;
-    std::vector<std::unique_ptr<Pc>> pcs;
-    for (const QString& name : {u"main"_s, u"second"_s, u"third"_s}) {
-        const int row = int(pcs.size()) + 1;
-        pcs.push_back(
-            std::make_unique<Pc>(whole::PlaceOfWork{programs(name), port, row, shared_row, length, 100 * row}));
-    }
+    const int length = seconds_of_work(20);
+    auto pcs = clerks({1, 2, 3}, length, 31);
     work(pcs, length);
-    int saves = 0;
-    std::map<Day, Said> said;
-    for (const auto& pc : pcs) {
-        EXPECT_TRUE(pc->end());
-        saves += pc->confirmed_saves;
-        for (const auto& [day, of_one] : pc->days) {
-            said[day].possible.insert(of_one.possible.begin(), of_one.possible.end());
-            said[day].confirmed |= of_one.confirmed;
-        }
-    }
+    const std::map<Day, Said> said = said_by(pcs);
     apply_the_rest();
 
-    const auto stored = stored_days();
-    std::printf("%d saves confirmed, %d kills, %zu days\n", saves, kills, said.size());
-    EXPECT_GT(saves, 3);
-    for (const auto& [day, clock_ins] : stored)
-        EXPECT_EQ(clock_ins.size(), 1u) << day.first << " " << day.second;
-    for (const auto& [day, wanted] : said) {
-        const auto found = stored.find(day);
-        if (found == stored.end())
-            EXPECT_FALSE(wanted.confirmed) << day.first << " " << day.second << " is lost";
-        else
-            EXPECT_TRUE(wanted.possible.contains(found->second.front()) || !wanted.confirmed)
-                << day.first << " " << day.second << " holds " << found->second.front();
-    }
+    expect_enough(pcs);
+    expect_stored(said);
     EXPECT_EQ(QDir(store::exchange_folder(settings()) + u"/nokori"_s).entryList(QDir::Files), QStringList());
     for (const QString& name : {u"rovdata"_s, u"comsys"_s, u"allsystem"_s}) {
         const e2e::DataFile file = e2e::file_called(name, settings());
@@ -315,4 +365,17 @@ TEST_F(Company, EveryConfirmedDayStandsOnceWhoeverIsKilled) {
     }
     for (int file = 1; file <= store::exchange_file_count; ++file)
         expect_whole(store::exchange_path(settings(), file), store::Kind::Exchange);
+}
+
+TEST_F(Company, ThreePcsInTheSameMonthsEmptyNobodysDayAndCountThemAll) {
+    const int length = seconds_of_work(12);
+    auto pcs = clerks({3, 3, 3}, length, 8);
+    work(pcs, length);
+    const std::map<Day, Said> said = said_by(pcs);
+    apply_the_rest();
+
+    expect_enough(pcs);
+    expect_stored(said);
+    for (const std::string_view sql : {sums_beside_days, hours_beside_days, counts_beside_days})
+        EXPECT_EQ(rows(sql), QStringList()) << sql;
 }

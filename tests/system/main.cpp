@@ -9,6 +9,7 @@
 #include "ui/program.h"
 #include "ui/qt_host.h"
 
+#include <QRadioButton>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <random>
@@ -38,10 +39,9 @@ class Worker {
 public:
     Worker(const Desk& desk, ui::MainWindow& window, const whole::PlaceOfWork& place)
         : m_desk(desk), m_window(window), m_place(place) {
-        // Days that another PC saved since they were typed here before a kill stand as they were saved.
-        m_decide.callOnTimeout([] {
+        m_decide.callOnTimeout([this] {
             if (auto* panel = qobject_cast<ui::ClashPanel*>(QApplication::activeModalWidget()))
-                panel->accept();
+                decide(*panel);
         });
         m_decide.start(10);
     }
@@ -52,17 +52,34 @@ public:
         if (form().syainsyscd.isEmpty())
             return;
         for (int day = some(1, 3); day > 0; --day)
-            type_day(some(1, 31));
+            type_day(some(1, m_place.last_day));
         const int told = m_desk.told;
         m_clerk.press_button(u"登録"_s);
-        say(QString::fromLatin1(m_desk.told == told ? whole::say_ok : whole::say_refused));
+        const bool posted = m_desk.told == told && form().clashes_of_save().isEmpty();
+        say(QString::fromLatin1(posted ? whole::say_ok : whole::say_refused));
     }
 
 private:
+    enum Choice { stored, typed, go_back };
     int some(int first, int last) { return std::uniform_int_distribution(first, last)(m_random); }
 
     const entry::ent_rovena& form() const {
         return dynamic_cast<ui::ent_rovena_page&>(*m_window.pages().currentWidget()).form();
+    }
+
+    /// Days that another PC saved since they were typed here before a kill stand as they were saved. In a save the
+    /// clerk keeps what was typed here or what stands, or goes back.
+    void decide(ui::ClashPanel& panel) {
+        const QList<entry::Clash> clashes = form().clashes_of_save();
+        const int choice = clashes.isEmpty() ? stored : some(stored, go_back);
+        const auto buttons = panel.findChildren<QRadioButton*>(); // of each day, what is stored and what was typed
+        for (int i = 0; i < buttons.size(); ++i)
+            buttons[i]->setChecked((i % 2 == 1) == (choice == typed));
+        if (choice == stored)
+            for (const entry::Clash& clash : clashes)
+                say(u"%1 %2 %3"_s.arg(QString::fromLatin1(whole::say_left), form().syainsyscd)
+                        .arg(form().sheet.month.posting_key(clash.row)));
+        panel.done(choice == go_back ? QDialog::Rejected : QDialog::Accepted);
     }
 
     void type_day(int row) {

@@ -4,6 +4,7 @@
 #include "exchange/places.h"
 #include "exchange/turn_server.h"
 #include "frame/exchange_files.h"
+#include "frame/turn_status.h"
 #include "platform/open_files.h"
 #include "platform/paths.h"
 #include "platform/stop_signal.h"
@@ -29,6 +30,9 @@ const QCommandLineOption local_option(
 const QCommandLineOption log_option(u"log"_s, u"記録ファイル (なければ標準エラー出力)"_s, u"file"_s);
 const QCommandLineOption connections_option(u"connections"_s, u"同時に受け付ける接続の数"_s, u"count"_s, u"512"_s);
 const QCommandLineOption turn_option(u"turn-seconds"_s, u"順番を持っていられる秒数"_s, u"seconds"_s, u"30"_s);
+
+const QCommandLineOption status_option(
+    u"status"_s, u"動いているjyunbanに、いま順番を持っているPCを尋ねて終わる (--bind、--portで相手を指定)"_s);
 
 /// What the process has open beside its clients: the log, the manager's pipes, and clients that are being turned away.
 constexpr int other_files = 32;
@@ -60,6 +64,23 @@ std::optional<exchange::TurnServerOptions> options_of(const QCommandLineParser& 
     return options;
 }
 
+/// Asks the service that runs at the address and port of the command line, from this PC.
+int tell_status(const QCommandLineParser& parser) {
+    constexpr std::chrono::milliseconds patience(5000);
+    const QString bind = parser.value(bind_option);
+    const QString host = QHostAddress(bind) == QHostAddress(QHostAddress::AnyIPv4) ? u"127.0.0.1"_s : bind;
+    const auto port = number_of(parser, port_option, 1, std::numeric_limits<quint16>::max());
+    frame::TurnStatusQuestion question;
+    if (port)
+        question.ask(host, quint16(*port));
+    question.wait(patience);
+    const QString text = question.answered()
+                             ? words(*question.answer())
+                             : u"jyunban: %1:%2 から答えがありません"_s.arg(host, parser.value(port_option));
+    std::fprintf(question.answered() ? stdout : stderr, "%s\n", text.toUtf8().constData());
+    return question.answered() ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -68,8 +89,10 @@ int main(int argc, char** argv) {
     parser.setApplicationDescription(u"保存の順番を一台ずつに渡すプログラム"_s);
     parser.addHelpOption();
     parser.addOptions({bind_option, port_option, root_option, local_option, manager_option, log_option,
-        connections_option, turn_option});
+        connections_option, turn_option, status_option});
     parser.process(application);
+    if (parser.isSet(status_option))
+        return tell_status(parser);
 
     const auto options = options_of(parser);
     if (!options) {

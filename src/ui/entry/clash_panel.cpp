@@ -22,6 +22,22 @@ constexpr QSize usual_size(760, 360);
 enum Column { day, stored, typed };
 constexpr int column_width[] = {90, 330};
 
+struct Words {
+    QStringView note;
+    QStringView decide;
+    QStringView leave;
+};
+constexpr Words of_draft{u"ここで入力したあと、ほかのＰＣで登録された日があります。どちらを残すか選んでください。",
+    u"決定", u"あとで決める"};
+constexpr Words of_save{
+    u"ここで入力しているあいだに、ほかのＰＣで登録された日があります。どちらを残すか選んでください。"
+    "\n戻ると何も登録せず、入力はそのまま残ります。",
+    u"選んだ内容で登録", u"戻る"};
+
+const Words& words_of(ClashPanel::Occasion occasion) {
+    return occasion == ClashPanel::Occasion::Save ? of_save : of_draft;
+}
+
 QString words(const entry::TypedDay& content) {
     QStringList parts;
     if (!content.clock_in.isEmpty() || !content.clock_out.isEmpty())
@@ -36,12 +52,12 @@ QString words(const entry::TypedDay& content) {
 
 } // namespace
 
-ClashPanel::ClashPanel(const entry::MonthSheet& sheet, const QList<entry::Clash>& clashes, QWidget* parent)
+ClashPanel::ClashPanel(
+    const entry::MonthSheet& sheet, const QList<entry::Clash>& clashes, Occasion occasion, QWidget* parent)
     : QDialog(parent) {
     setWindowTitle(u"ほかのＰＣでも変更された日"_s);
     resize(usual_size);
-    auto* note =
-        new QLabel(u"ここで入力したあと、ほかのＰＣで登録された日があります。どちらを残すか選んでください。"_s, this);
+    auto* note = new QLabel(words_of(occasion).note.toString(), this);
     note->setWordWrap(true);
     auto* table = day_table({u"日"_s, u"登録されている内容"_s, u"ここで入力した内容"_s}, this);
     table->setSelectionMode(QAbstractItemView::NoSelection); // what is chosen are the buttons
@@ -55,7 +71,7 @@ ClashPanel::ClashPanel(const entry::MonthSheet& sheet, const QList<entry::Clash>
     auto* column = new QVBoxLayout(this);
     column->addWidget(note);
     column->addWidget(table, 1);
-    column->addLayout(make_foot());
+    column->addLayout(make_foot(occasion));
 }
 
 /// What is stored stands first.
@@ -73,9 +89,9 @@ QButtonGroup* ClashPanel::make_choice(QTableWidget& table, int at, const entry::
     return group;
 }
 
-QLayout* ClashPanel::make_foot() {
-    auto* later = new QPushButton(u"あとで決める"_s, this);
-    auto* decide = new QPushButton(u"決定"_s, this);
+QLayout* ClashPanel::make_foot(Occasion occasion) {
+    auto* later = new QPushButton(words_of(occasion).leave.toString(), this);
+    auto* decide = new QPushButton(words_of(occasion).decide.toString(), this);
     decide->setDefault(true);
     connect(later, &QPushButton::clicked, this, &QDialog::reject);
     connect(decide, &QPushButton::clicked, this, &QDialog::accept);

@@ -100,13 +100,14 @@ ent_rovena_controls::ent_rovena_controls(
       kyuflg(radio_group(*left, entry::ent_rovena::kyuflg_captions)),
       botan{new PictureButton(pictures, botan_buttons[0], left), new PictureButton(pictures, botan_buttons[1], left)},
       imghelp(new PictureButton(pictures, frame::help_button, left)), toubotan(new QWidget(left)),
-      standing(label(*left, 12, colours::text)), give_up(new QPushButton(u"入力を取り消す"_s, left)),
-      goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)), torikomi(new QPushButton(u"取込(&I)..."_s, left)),
-      jyougen(new QPushButton(u"上限(&L)..."_s, left)), keys(new FunctionBar(function_keys, page)),
-      why(new WhyPanel(&page)) {
-    syalab->setWordWrap(true);
+      also_open(label(*left, 12, colours::quiet_text)), standing(label(*left, 12, colours::text)),
+      give_up(new QPushButton(u"入力を取り消す"_s, left)), goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)),
+      torikomi(new QPushButton(u"取込(&I)..."_s, left)), jyougen(new QPushButton(u"上限(&L)..."_s, left)),
+      keys(new FunctionBar(function_keys, page)), why(new WhyPanel(&page)) {
+    for (QLabel* wrapped : {syalab, also_open, standing})
+        wrapped->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
-    standing->setWordWrap(true);
+    also_open->hide();
     standing->setFixedHeight(2 * standing->fontMetrics().lineSpacing());
     standing->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     goes_on->setFocusPolicy(Qt::TabFocus);
@@ -148,6 +149,7 @@ void ent_rovena_controls::fill_left_column() {
     aside->addStretch(1);
     column->addLayout(aside);
     column->addLayout(buttons);
+    column->addWidget(also_open);
     column->addWidget(standing);
     column->addWidget(give_up, 0, Qt::AlignLeft);
 }

@@ -47,6 +47,7 @@ struct ent_rovena_controls {
     std::array<PictureButton*, 2> botan; ///< 0 leaves the screen, 1 saves
     PictureButton* imghelp;
     QWidget* toubotan;    ///< takes the focus when a button is pressed, so that a cell in edit is committed
+    QLabel* also_open;    ///< who else has the month open; hidden while nobody has
     QLabel* standing;     ///< how the month stands, and what was said of the last key
     QPushButton* give_up; ///< "入力を取り消す"
     QCheckBox* goes_on;

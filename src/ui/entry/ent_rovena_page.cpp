@@ -3,16 +3,12 @@
 #include "base/literals.h"
 #include "entry/day_kinds.h"
 #include "frame/help.h"
-#include "ui/entry/clash_panel.h"
-#include "ui/entry/look_panel.h"
 #include "ui/parts/key_codes.h"
 #include "ui/parts/moment_note.h"
 #include "ui/parts/page_parts.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QScopeGuard>
-#include <QScopedValueRollback>
 #include <QShortcut>
 #include <utility>
 
@@ -24,6 +20,7 @@ namespace {
 
 constexpr int save_button = 1;
 constexpr std::chrono::milliseconds look_again(1000);
+constexpr std::chrono::milliseconds others_look(3000);
 
 entry::ent_rovena& loaded(entry::ent_rovena& form) {
     form.Form_Load();
@@ -148,6 +145,8 @@ void ent_rovena_page::connect_keys() {
     m_kyucom->Leave = [this](int key) { act([&] { m_form.kyucom_KeyDown(key_code(key)); }); };
     m_on_their_way.setInterval(look_again);
     connect(&m_on_their_way, &QTimer::timeout, this, &ent_rovena_page::follow_saved_days);
+    connect(&m_also_open, &QTimer::timeout, this, &ent_rovena_page::show_also_open);
+    m_also_open.start(others_look);
 }
 
 void ent_rovena_page::press_key(Qt::Key key) {
@@ -211,47 +210,6 @@ entry::RowRange ent_rovena_page::row_in_hand() const {
     return {r, r};
 }
 
-/// What is off is told before anything is posted. Nothing off: nothing shown.
-bool ent_rovena_page::may_save() {
-    const QList<entry::Finding> found = m_form.look_before_saving();
-    if (found.isEmpty())
-        return true;
-    LookPanel panel(
-        m_form.sheet, found, m_form.kinds_left_out(), [this] { return m_form.export_days_not_read_back(); }, this);
-    panel.exec();
-    return take_answer(panel);
-}
-
-bool ent_rovena_page::take_answer(const LookPanel& panel) {
-    m_form.leave_out(panel.left_out());
-    if (panel.asks_no_more_for_month())
-        m_form.ask_no_more_for_month();
-    if (const auto day = panel.day_to_go_to())
-        act([&] { m_form.hyou_Click({*day, entry::col::clock_in}); });
-    if (panel.answer() == LookPanel::Answer::CalculateAndSave)
-        act([this] { m_form.calculate_all(); });
-    return panel.answer() != LookPanel::Answer::Back;
-}
-
-/// Who puts the decision off is asked again on coming back to the month.
-void ent_rovena_page::ask_about_clashes() {
-    const auto month = std::pair(m_form.syainsyscd, m_form.sheet.month.month_key());
-    if (m_put_off != month)
-        m_put_off.reset();
-    if (m_asking || m_put_off || m_form.clashes().isEmpty())
-        return;
-    const QScopedValueRollback asking(m_asking, true);
-    ClashPanel panel(m_form.sheet, m_form.clashes(), this);
-    if (panel.exec() != QDialog::Accepted) {
-        m_put_off = month;
-        return;
-    }
-    act([&] {
-        for (const auto choice : panel.choices())
-            m_form.decide(0, choice);
-    });
-}
-
 void ent_rovena_page::give_up_draft() {
     const auto answer = m_session.host.ask(u"この月の、まだ登録していない入力を取り消します。\nよろしいですか？"_s,
         u"入力を取り消す"_s, platform::Buttons::YesNo);
@@ -265,23 +223,17 @@ void ent_rovena_page::follow_saved_days() {
     show_standing();
 }
 
-/// The hidden box takes the focus first, so that a cell in edit is committed. While the form saves it may give the
-/// interface time, and the page takes no input meanwhile.
+/// The hidden box takes the focus first, so that a cell in edit is committed.
 void ent_rovena_page::press(int botan) {
     m_form.editors.notice.reset(); // what the cell that is left now has to say comes after it
     m_controls.toubotan->setFocus();
     if (botan == save_button && !may_save())
         return;
-    {
-        setEnabled(false);
-        const auto open_again = qScopeGuard([this] {
-            setEnabled(true);
-            m_controls.toubotan->setFocus();
-        });
-        act([&] { m_form.botan_Click(botan); });
-    }
-    if (botan == save_button)
+    without_input([&] { m_form.botan_Click(botan); });
+    if (botan == save_button) {
+        settle_save();
         m_on_their_way.start();
+    }
     if (m_form.close_wanted)
         Q_EMIT close_wanted();
 }
@@ -322,6 +274,8 @@ void ent_rovena_page::refresh() {
     refresh_editors();
     follow_focus_wish();
     show_standing();
+    if (std::exchange(m_month_shown, month_in_hand()) != month_in_hand())
+        show_also_open();
     QMetaObject::invokeMethod(this, &ent_rovena_page::ask_about_clashes, Qt::QueuedConnection);
 }
 
@@ -335,6 +289,12 @@ void ent_rovena_page::show_standing() {
     m_controls.standing->setText(notice ? QString(words).replace(u' ', QChar::Nbsp) : m_form.standing());
     const GridView& hyou = *m_controls.hyou;
     m_note->say(words, *hyou.viewport(), hyou.cell_rect(notice ? notice->cell : Cell{}));
+}
+
+void ent_rovena_page::show_also_open() {
+    const QString words = m_form.also_open_at();
+    m_controls.also_open->setText(words);
+    m_controls.also_open->setVisible(!words.isEmpty());
 }
 
 void ent_rovena_page::show_month() {

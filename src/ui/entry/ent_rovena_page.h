@@ -9,6 +9,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 
 namespace ui {
 
@@ -61,13 +62,18 @@ private:
     bool may_save();
     bool take_answer(const LookPanel& panel);
     void ask_about_clashes();
+    void without_input(const std::function<void()>& save);
+    void settle_save();
     void give_up_draft();
     void follow_saved_days();
 
+    using MonthOfEmployee = std::pair<QString, int>;
+    MonthOfEmployee month_in_hand() const;
     void refresh() override;
     void show_month();
     void report();
     void show_standing();
+    void show_also_open();
     void refresh_editors();
     void follow_focus_wish();
     QWidget* control(entry::EntryControl wanted) const;
@@ -78,9 +84,11 @@ private:
     CellEditor* m_atai;
     CellCombo* m_kyucom;
     MomentNote* m_note;
-    QTimer m_on_their_way;                            ///< asks whether saved days have come into the tables
-    std::optional<std::pair<QString, int>> m_put_off; ///< employee and month whose decision was put off
-    bool m_asking = false;                            ///< inside the panel of days that were changed elsewhere
+    QTimer m_on_their_way;                    ///< asks whether saved days have come into the tables
+    std::optional<MonthOfEmployee> m_put_off; ///< employee and month whose decision was put off
+    QTimer m_also_open;                       ///< asks who else has the month open
+    MonthOfEmployee m_month_shown{};
+    bool m_asking = false; ///< inside the panel of days that were changed elsewhere
 };
 
 } // namespace ui

@@ -1,0 +1,94 @@
+#include "entry/merge.h"
+
+#include "base/literals.h"
+#include "base/text.h"
+#include "entry/cells.h"
+#include "entry/hand_figures.h"
+#include "entry/tally.h"
+
+#include <algorithm>
+
+namespace entry {
+
+using namespace base;
+
+namespace {
+
+bool same_cells(const MonthSheet& a, const MonthSheet& b, int r) {
+    for (int column = col::clock_in; column < a.hyou.Cols(); ++column)
+        if (a.hyou(r, column) != b.hyou(r, column))
+            return false;
+    const auto same = [&](int field) { return a.hyou_system(r, field) == b.hyou_system(r, field); };
+    return same(record::kind_number) && same(record::kind_name) && same(record::holiday_work);
+}
+
+/// Whether the day is stored as it was when this PC read or posted it.
+bool only_ours(const MonthInHand& hand, int r, const TypedDay& stored) {
+    const auto posted = hand.posted.find(r);
+    return stands_as_read(hand.read[r], stored, hand.sheet.kind_without_work) ||
+           (posted != hand.posted.end() && stored_alike(*posted, stored));
+}
+
+} // namespace
+
+bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work) {
+    return stored_alike(read, stored) || only_stamped(kind_without_work, read, stored);
+}
+
+Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,
+    const DayKind& kind_without_work) {
+    Merge merged;
+    for (int r = row::first_day; r <= month.length(); ++r) {
+        const auto day = std::ranges::find(typed, month.day(r), &DraftDay::date);
+        const bool alike = day != typed.end() && stored_alike(day->typed, stored[r]);
+        if (day == typed.end() || (alike && day->hours.isEmpty()))
+            continue;
+        if (alike || !month.is_found_again(r) || stands_as_read(day->before, stored[r], kind_without_work))
+            merged.laid << *day;
+        else if (!day->posted)
+            merged.clashes << Clash{r, *day, stored[r]};
+    }
+    return merged;
+}
+
+MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
+    const CompanyMonth& month = hand.sheet.month;
+    const MonthAsRead days = month_as_read(stored);
+    QList<DraftDay> typed_days = draft_days(hand.sheet, hand.read, hand.posted);
+    add_hours(typed_days, hand.sheet, hand.read, hand.posted, hand.figures);
+    const Merge typed = merge(month, typed_days, days, hand.sheet.kind_without_work);
+    MergedMonth merged{hand.sheet, stored, {}, typed.clashes};
+    const auto stays = [&](int r) {
+        return !month.is_found_again(r) || (!Trim(hand.sheet.mark(r)).isEmpty() && only_ours(hand, r, days[r])) ||
+               std::ranges::find(typed.laid, month.day(r), &DraftDay::date) != typed.laid.end();
+    };
+    for (int r = row::first_day; r <= month.length(); ++r)
+        if (!stays(r) && !same_cells(hand.sheet, stored, r)) {
+            copy_day(merged.sheet, stored, r);
+            merged.taken_over << r;
+        }
+    if (!merged.taken_over.isEmpty())
+        tally_anew(merged.sheet, hand.counts);
+    return merged;
+}
+
+void tally_anew(MonthSheet& sheet, const QMap<QString, QString>& counts) {
+    QList<int> to_be_calculated;
+    for (int r = row::first_day; r <= row::last_day; ++r)
+        if (Val(sheet.mark(r)) == 2)
+            to_be_calculated << r;
+    tally_month(sheet);
+    for (const int r : to_be_calculated)
+        sheet.mark(r) = u"2"_s;
+    lay_counts(sheet.hyou_day, counts);
+    lay_sums(sheet, counts);
+}
+
+void copy_day(MonthSheet& to, const MonthSheet& from, int r) {
+    for (int column = col::clock_in; column < to.hyou.Cols(); ++column)
+        to.hyou(r, column) = from.hyou(r, column);
+    for (int field = 0; field < to.hyou_system.Cols(); ++field)
+        to.hyou_system(r, field) = from.hyou_system(r, field);
+}
+
+} // namespace entry

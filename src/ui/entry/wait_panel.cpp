@@ -1,0 +1,45 @@
+#include "ui/entry/wait_panel.h"
+
+#include "base/literals.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace ui {
+
+using namespace base;
+
+namespace {
+constexpr int usual_width = 460;
+constexpr int lines = 3;
+} // namespace
+
+WaitPanel::WaitPanel(QWidget* parent) : QDialog(parent), m_words(new QLabel(this)) {
+    setWindowTitle(u"登録の順番待ち"_s);
+    setModal(true);
+    setMinimumWidth(usual_width);
+    m_words->setMinimumHeight(lines * m_words->fontMetrics().lineSpacing());
+    m_words->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    auto* give_up = new QPushButton(u"やめる"_s, this);
+    give_up->setAutoDefault(false); // Enter that was meant for the save gives nothing up
+    connect(give_up, &QPushButton::clicked, this, &QDialog::reject);
+    auto* foot = new QHBoxLayout;
+    foot->addStretch();
+    foot->addWidget(give_up);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_words);
+    column->addLayout(foot);
+}
+
+bool WaitPanel::show_wait(const frame::TurnLink::Waiting& wait) {
+    if (isHidden() && m_words->text().isEmpty())
+        show();
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(wait.waited).count();
+    const QString status = wait.status ? words(*wait.status) : QString();
+    m_words->setText(u"登録の順番を待っています（%1秒）\n%2"_s.arg(seconds).arg(status));
+    return !isHidden();
+}
+
+} // namespace ui
