@@ -46,12 +46,14 @@ QString help_of(const QString& program) {
 }
 
 void expect_told(const QString& program, const QString& help) {
-    const QString operations = document(u"operations.md"_s);
     const QStringList options = options_in(help);
     EXPECT_FALSE(options.isEmpty()) << program.toStdString();
-    for (const QString& option : options) {
-        const bool told = option.startsWith(u"--help") || operations.contains(option);
-        EXPECT_TRUE(told) << program.toStdString() << " " << option.toStdString();
+    for (const QString& name : {u"operations.md"_s, u"operations.ja.md"_s}) {
+        const QString operations = document(name);
+        for (const QString& option : options) {
+            const bool told = option.startsWith(u"--help") || operations.contains(option);
+            EXPECT_TRUE(told) << name.toStdString() << ": " << program.toStdString() << " " << option.toStdString();
+        }
     }
 }
 
