@@ -134,13 +134,10 @@ void let_go(store::Database& exchange, const Batch& batch) {
         exchange.prepare("delete from jyusin where rowid<=?").bind(batch.last_row_id).run();
 }
 
-/// A batch touches pages all over the indexes, and reads those of the exchange file twice; what leaves that file
-/// needn't be wiped, as it lies encrypted.
+/// A batch touches pages all over the indexes, and reads those of the exchange file twice.
 void make_ready(store::Database& exchange, store::Database& rovdata) {
-    constexpr std::string_view keep_pages = "pragma cache_size=-32000";
-    rovdata.exec(keep_pages);
-    exchange.exec(keep_pages);
-    exchange.exec("pragma secure_delete=0");
+    rovdata.expect_much();
+    exchange.expect_much();
     store::add_missing_tables(exchange, store::Kind::Exchange);
 }
 

@@ -68,9 +68,8 @@ QList<Target> targets_of(const base::Settings& settings) {
 
 Fields fields_of(store::Database& database) {
     Fields fields;
-    auto query = database.prepare("pragma table_info(syain)");
-    while (query.step())
-        fields[key_of(query.row().text(1))] = held_by(query.row().text(2));
+    for (const store::Column& column : database.columns_of(u"syain"_s))
+        fields[key_of(column.name)] = held_by(column.type);
     return fields;
 }
 
@@ -101,7 +100,7 @@ void open_copies(std::list<Copy>& copies, const base::Settings& settings, const 
 QByteArray insertion_of(const Copy& copy, const QList<FieldText>& row) {
     QStringList names, places;
     for (const FieldText& field : row) {
-        names << quoted(field.name);
+        names << store::quoted(field.name);
         places << (copy.fields[key_of(field.name)] == Holds::Decimal ? u"cast(? as real)"_s : u"?"_s);
     }
     return u"insert into syain (%1) values (%2)"_s.arg(names.join(u", "), places.join(u", ")).toUtf8();

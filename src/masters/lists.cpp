@@ -38,15 +38,17 @@ void fill_combo(ComboBox& combo, store::Statement query) {
 
 store::Statement work_types(store::Database& rovdata) {
     return rovdata.prepare("select 勤務タイプ名, システム番号 from kintype"
-                           " group by システム番号,勤務タイプ名 order by システム番号 asc;");
+                           " group by システム番号,勤務タイプ名 order by システム番号 asc, 勤務タイプ名");
 }
 
 void list_employees(Sheet& list, store::Database& rovdata, int key_col, common::EmployeeOrder order) {
     // The "+" keeps the index out: one walk through the table and a sort is faster than a lookup for each employee.
-    constexpr std::string_view registered = "select 社員番号, 社員名, システム番号 from syain where trim(社員番号) <> "
-                                            "'' order by +システム番号 asc, 社員番号 asc, rowid";
+    constexpr std::string_view registered =
+        "select 社員番号, 社員名, システム番号 from syain where trim(cast(社員番号 as text)) <> ''"
+        " order by +システム番号 asc, 社員番号 asc, rowid";
     constexpr std::string_view numbered =
-        "select 社員番号, 社員名, システム番号 from syain where trim(社員番号) <> '' order by 社員番号 asc, rowid";
+        "select 社員番号, 社員名, システム番号 from syain where trim(cast(社員番号 as text)) <> ''"
+        " order by 社員番号 asc, rowid";
     const ListCell cells[] = {{ListCell::Text, 0}, {ListCell::Text, 1}, {ListCell::Number, key_col}};
     fill_list(list, rovdata.prepare(order == common::EmployeeOrder::Registered ? registered : numbered), cells);
 }

@@ -27,7 +27,4 @@ TakenRows take_rows(store::Database& database, const QString& table, qint64 numb
 /// number has a row again in one of them.
 bool put_back(const QList<TakenRows>& taken);
 
-/// A field's name as it stands in a statement.
-QString quoted(const QString& field);
-
 } // namespace masters

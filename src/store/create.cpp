@@ -1,8 +1,9 @@
 #include "platform/whole_file.h"
-#include "store/connection.h"
+#include "store/file_engine.h"
 #include "store/files.h"
 #include "store/key.h"
 #include "store/schema.h"
+#include "store/server.h"
 
 #include "base/literals.h"
 
@@ -17,14 +18,21 @@ using namespace base;
 namespace {
 
 /// Nothing that is lost with a half-made file matters, so the engine keeps no journal and waits for no disk.
-std::unique_ptr<Connection> define(const QString& path, Kind kind) {
-    auto connection = std::make_unique<Connection>(path);
-    connection->open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    connection->unlock(key_for_new_file());
-    connection->exec("pragma synchronous=off; pragma journal_mode=off; pragma cache_size=-65536; begin");
-    connection->exec(definition_of(kind).toStdString());
-    connection->exec("commit");
-    return connection;
+std::unique_ptr<FileEngine> define(const QString& path, Kind kind) {
+    auto engine = std::make_unique<FileEngine>(path);
+    engine->open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    engine->unlock(key_for_new_file());
+    engine->exec("pragma synchronous=off; pragma journal_mode=off; pragma cache_size=-65536; begin");
+    engine->exec(file_definition_of(kind).toStdString());
+    engine->exec("commit");
+    return engine;
+}
+
+void write(const platform::NewFile& beside, const ServerPlace& place) {
+    QFile file(beside.passing_path());
+    const QByteArray bytes = bytes_of(place);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        throw Error(Code::Io, file.fileName(), {}, file.errorString());
 }
 
 } // namespace
@@ -53,10 +61,16 @@ Database Database::create(const QString& path, Kind kind, const std::function<vo
         throw Error(Code::Exists, path, {}, {});
     platform::NewFile beside(path);
     check_system(beside.make(), path);
-    {
-        Database database(define(beside.passing_path(), kind));
+    const auto fill_in = [&](std::unique_ptr<Engine> engine) {
+        Database database(std::move(engine));
         if (fill)
             fill(database);
+    };
+    if (const std::optional<ServerPlace> place = place_for_new(path, kind)) {
+        create_on_server(*place, path, kind, fill_in);
+        write(beside, *place);
+    } else {
+        fill_in(define(beside.passing_path(), kind));
     }
     put_away_journal(path);
     check_system(beside.place(platform::Durability::Disk), path);

@@ -1,8 +1,9 @@
 #pragma once
 
-// RAII over the encrypted engine. `Database` is one open, keyed file; `Statement` is prepared once, bound and stepped;
-// `Row` gives typed access, where Null is 0 or empty text; `Transaction` rolls back unless committed.
-// Every failure throws store::Error. Values are always bound: SQL text is never put together from data.
+// RAII over the engines. `Database` is one open database, an encrypted file as a rule (engine.h); `Statement` is
+// prepared once, bound and stepped; `Row` gives typed access, where Null is 0 or empty text; `Transaction` rolls back
+// unless committed. Every failure throws store::Error. Values are always bound: SQL text is never put together from
+// data.
 //
 // Opening is cheap although every procedure opens its own connection: the key is derived once for each salt and process
 // and kept in memory. A connection is used by the thread that opened it.
@@ -12,13 +13,12 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <chrono>
 #include <concepts>
 #include <functional>
 #include <memory>
 #include <string_view>
-
-struct sqlite3_stmt;
 
 namespace store {
 
@@ -29,7 +29,17 @@ enum class Kind { Comsys, Allsystem, Rovdata, Losys, Exchange, Drafts, Closings,
 inline constexpr std::chrono::milliseconds default_patience(5000);
 
 class Statement;
-struct Connection;
+class Engine;
+class EngineStatement;
+
+/// A name as SQL writes it, for one that isn't known when the program is written.
+QString quoted(QString name);
+
+/// A field as the database knows it, its type in the engine's own word ("integer", "bigint", "text").
+struct Column {
+    QString name;
+    QString type;
+};
 
 class Database {
 public:
@@ -57,14 +67,20 @@ public:
     /// Rows changed by the last insert, update or delete.
     int changes() const;
 
-    bool has_table(const QString& name);
+    bool has_table(const QString& name) { return !columns_of(name).isEmpty(); }
+    QList<Column> columns_of(const QString& table); ///< in their order; none if there is no such table
+
+    /// Tells that work on very many rows follows, for the engine to make room for them. Changes no result.
+    void expect_much();
+
     const QString& path() const; ///< as it was given
 
 private:
     friend class Transaction;
     friend class Held;
-    explicit Database(std::unique_ptr<Connection> connection);
-    std::unique_ptr<Connection> m_connection;
+    friend void add_missing_tables(Database& database, Kind kind);
+    explicit Database(std::unique_ptr<Engine> engine);
+    std::unique_ptr<Engine> m_engine;
 };
 
 /// Puts the journal of a database that isn't there under another name (kept_name, its journal), and returns that; empty
@@ -96,8 +112,8 @@ public:
 
 private:
     friend class Statement;
-    explicit Row(sqlite3_stmt* statement) : m_statement(statement) {}
-    sqlite3_stmt* m_statement;
+    explicit Row(const EngineStatement* statement) : m_statement(statement) {}
+    const EngineStatement* m_statement;
 };
 
 /// Must end before its database does.
@@ -129,7 +145,7 @@ public:
 
     /// Goes to the next row; false when there is none, and the statement is reset then.
     bool step();
-    Row row() const { return Row(m_statement); }
+    Row row() const { return Row(m_statement.get()); }
 
     /// Runs a statement whose rows, if it gives any, nobody wants.
     void run();
@@ -139,12 +155,9 @@ public:
 
 private:
     friend class Database;
-    Statement(Connection& connection, std::string_view sql);
+    explicit Statement(std::unique_ptr<EngineStatement> statement);
     void bind_number(int place, qint64 value);
-    void check(int result);
-    Connection* m_connection;
-    sqlite3_stmt* m_statement = nullptr;
-    bool m_on_a_row = false;
+    std::unique_ptr<EngineStatement> m_statement;
 };
 
 /// All writes of one procedure on one file. Takes the write lock at once (waiting at most the connection's patience)
@@ -164,8 +177,7 @@ public:
     void commit();
 
 private:
-    void roll_back();
-    Connection& m_connection;
+    Engine& m_engine;
     bool m_open = true;
 };
 

@@ -1,7 +1,7 @@
 #include "store/held.h"
 
 #include "base/literals.h"
-#include "store/connection.h"
+#include "store/file_engine.h"
 #include "store/key.h"
 
 #include <QFile>
@@ -34,10 +34,6 @@ Database hold(const QString& path, Kind kind, std::chrono::milliseconds patience
     }
 }
 
-QString quoted(QString name) {
-    return u'"' + name.replace(u'"', u"\"\""_s) + u'"';
-}
-
 qint64 number_of(Database& database, const QString& sql) {
     Statement statement = database.prepare(sql.toStdString());
     return statement.step() ? statement.row().number(0) : 0;
@@ -58,7 +54,7 @@ Code code_of(QFileDevice::FileError failure) {
 /// A second file beside the open one, as long as this lives.
 class Attached {
 public:
-    Attached(Database& database, Connection& connection, const QString& path) : m_engine(connection.engine) {
+    Attached(Database& database, FileEngine& connection, const QString& path) : m_engine(connection.handle) {
         const QString key = QString::fromLatin1(key_for(salt_of(connection)));
         database.prepare("attach ? as compacted key ?").bind(path, key).run();
     }
@@ -125,12 +121,12 @@ Held::Held(Held&& other) noexcept
 /// up.
 Held::~Held() {
     if (m_database)
-        sqlite3_exec(connection().engine, "pragma main.locking_mode=normal; begin immediate; rollback", nullptr,
+        sqlite3_exec(connection().handle, "pragma main.locking_mode=normal; begin immediate; rollback", nullptr,
             nullptr, nullptr);
 }
 
-Connection& Held::connection() const {
-    return *m_database->m_connection;
+FileEngine& Held::connection() const {
+    return FileEngine::of(*m_database->m_engine);
 }
 
 qint64 Held::spare_pages() {
@@ -167,9 +163,10 @@ void Held::copy_into(const QString& target) {
 
 void Held::take_over(const QString& copy) {
     Database source = Database::open(copy, m_kind);
-    sqlite3_backup* copying = sqlite3_backup_init(connection().engine, "main", source.m_connection->engine, "main");
+    sqlite3_backup* copying =
+        sqlite3_backup_init(connection().handle, "main", FileEngine::of(*source.m_engine).handle, "main");
     if (!copying)
-        connection().fail("backup", sqlite3_extended_errcode(connection().engine));
+        connection().fail("backup", sqlite3_extended_errcode(connection().handle));
     sqlite3_backup_step(copying, -1);
     if (const int result = sqlite3_backup_finish(copying); result != SQLITE_OK)
         connection().fail("backup", result);

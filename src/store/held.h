@@ -11,6 +11,8 @@
 
 namespace store {
 
+class FileEngine;
+
 /// How many rows each table holds; the definitions count as a table of their own (`sqlite_master`).
 using RowCounts = std::map<QString, qint64>;
 RowCounts row_counts(Database& database);
@@ -48,7 +50,7 @@ public:
     void take_over(const QString& copy);
 
 private:
-    Connection& connection() const;
+    FileEngine& connection() const;
 
     Kind m_kind;
     std::optional<Database> m_database;

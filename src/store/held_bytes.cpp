@@ -1,6 +1,6 @@
 #include "store/held_bytes.h"
 
-#include "store/connection.h"
+#include "store/file_engine.h"
 
 #include <sqlite3.h>
 
@@ -21,10 +21,10 @@ int lock_alone(sqlite3_file& file) {
 } // namespace
 
 HeldBytes::HeldBytes(const QString& path, std::chrono::milliseconds patience)
-    : m_connection(std::make_unique<Connection>(path)) {
+    : m_connection(std::make_unique<FileEngine>(path)) {
     m_connection->patience = patience;
     m_connection->open(SQLITE_OPEN_READWRITE);
-    if (sqlite3_db_readonly(m_connection->engine, "main") == 1)
+    if (sqlite3_db_readonly(m_connection->handle, "main") == 1)
         throw Error(Code::ReadOnly, path, {}, {});
     int result = lock_alone(m_connection->file());
     for (int tries = 0; result == SQLITE_BUSY && m_connection->wait_for_others(tries); ++tries)
@@ -55,8 +55,8 @@ void HeldBytes::overwrite(const QByteArray& bytes) {
 
 void HeldBytes::remove_journal() {
     sqlite3_vfs* system = nullptr;
-    sqlite3_file_control(m_connection->engine, "main", SQLITE_FCNTL_VFS_POINTER, &system);
-    const QByteArray journal = sqlite3_db_filename(m_connection->engine, "main") + QByteArrayLiteral("-journal");
+    sqlite3_file_control(m_connection->handle, "main", SQLITE_FCNTL_VFS_POINTER, &system);
+    const QByteArray journal = sqlite3_db_filename(m_connection->handle, "main") + QByteArrayLiteral("-journal");
     const int result = system->xDelete(system, journal.constData(), /*syncDir=*/1);
     if (result != SQLITE_IOERR_DELETE_NOENT)
         m_connection->check(result);

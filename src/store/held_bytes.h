@@ -8,6 +8,8 @@
 
 namespace store {
 
+class FileEngine;
+
 class HeldBytes {
 public:
     /// Waits at most `patience` for other programs, then Code::Busy. Code::NoAccess if the file isn't there or can't be
@@ -26,7 +28,7 @@ public:
 private:
     void remove_journal();
 
-    std::unique_ptr<Connection> m_connection;
+    std::unique_ptr<FileEngine> m_connection;
 };
 
 } // namespace store

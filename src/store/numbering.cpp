@@ -13,10 +13,6 @@ using namespace base;
 
 namespace {
 
-QString quoted(QString name) {
-    return u'"' + name.replace(u'"', u"\"\""_s) + u'"';
-}
-
 /// What it takes to look for one number there.
 enum class Search {
     Quick, ///< a small table or an index
@@ -55,14 +51,12 @@ bool in_use(Database& rovdata, QStringView counter_name, qint64 number) {
     });
 }
 
-QStringList columns_of(Database& database, const QString& table) {
-    if (!database.has_table(table))
-        throw Error(Code::Misuse, database.path(), table, {});
-    Statement all = database.prepare(u"select * from %1"_s.arg(quoted(table)).toStdString());
+/// Code::Misuse if there is no such table.
+QStringList field_names(Database& database, const QString& table) {
     QStringList names;
-    for (int column = 0; column < all.row().columns(); ++column)
-        names << all.row().name(column);
-    return names;
+    for (const Column& column : database.columns_of(table))
+        names << column.name;
+    return names.isEmpty() ? throw Error(Code::Misuse, database.path(), table, {}) : names;
 }
 
 } // namespace
@@ -104,7 +98,7 @@ std::array<QString, 7> マスター項目取得(const base::Settings& settings, 
         return values;
 
     Database comsys = Database::open(comsys_path(settings), Kind::Comsys);
-    const QStringList columns = columns_of(comsys, base::Trim(table));
+    const QStringList columns = field_names(comsys, base::Trim(table));
     // The engine would take an unknown name in quotes for a text.
     const auto place_of = [&](const QString& field) {
         const qsizetype place = columns.indexOf(field.trimmed());

@@ -5,10 +5,12 @@
 
 #include "base/literals.h"
 #include "store/files.h"
+#include "store/server_place.h"
 #include "support/killed.h"
 #include "support/stored.h"
 
 #include <QDir>
+#include <QMap>
 #include <QTemporaryDir>
 
 namespace exchange {
@@ -32,16 +34,24 @@ public:
         settings.server_root = folder.path();
         settings.local_root = folder.filePath(u"pc"_s);
         QDir().mkpath(kept_folder());
-        static const QByteArray tables = store::empty_database_image(store::Kind::Rovdata);
-        put_bytes(rovdata_path(), tables);
+        make_database(rovdata_path(), store::Kind::Rovdata);
         for (int n = 1; n <= store::exchange_file_count; ++n)
             make_exchange_file(exchange_path(n));
     }
 
-    static void make_exchange_file(const QString& path) {
-        static const QByteArray empty = store::empty_database_image(store::Kind::Exchange);
-        put_bytes(path, empty);
+    /// A file is a copy of one that was made once, which is faster.
+    static void make_database(const QString& path, store::Kind kind) {
+        static QMap<store::Kind, QByteArray> images;
+        if (store::place_for_new(path, kind)) {
+            store::Database::create(path, kind);
+            return;
+        }
+        if (!images.contains(kind))
+            images[kind] = store::empty_database_image(kind);
+        put_bytes(path, images[kind]);
     }
+
+    static void make_exchange_file(const QString& path) { make_database(path, store::Kind::Exchange); }
 
     QString rovdata_path() const { return store::rovdata_path(settings); }
     QString exchange_path(int number = 1) const { return store::exchange_path(settings, number); }
@@ -76,11 +86,12 @@ public:
 
     /// The four tables, each row behind the kind that brings it.
     std::string tables() const {
-        return lines(rovdata_path(), store::Kind::Rovdata,
-            "select * from (select 51, * from rovmei order by 2,3) "
-            "union all select * from (select 52, *, '', '', '' from kinjisyu order by 2,3,4) "
-            "union all select * from (select 53, *, '', '' from kinnisu order by 2,3,5,4) "
-            "union all select * from (select 54, *, '', '' from kyumei order by 2,3)");
+        QStringList rows;
+        for (const char* query :
+            {"select 51, * from rovmei order by 2,3", "select 52, *, '', '', '' from kinjisyu order by 2,3,4",
+                "select 53, *, '', '' from kinnisu order by 2,3,5,4", "select 54, *, '', '' from kyumei order by 2,3"})
+            rows << support::rows_of(rovdata_path(), store::Kind::Rovdata, query);
+        return rows.join(u'\n').toStdString();
     }
 
     std::string left(const QString& path) const {

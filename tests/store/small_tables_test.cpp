@@ -152,7 +152,7 @@ TEST_F(StartOnData, TheFirstRowWithOurLetterIsOursAndOthersStayAsTheyAre) {
 }
 
 TEST_F(StartOnData, TheStampIsStoredOnceAndKeepsTheOtherDatabasesClosed) {
-    Database::open(comsys_path(tree.settings), Kind::Comsys).exec("create table gen_ari (x); drop table syain");
+    Database::open(comsys_path(tree.settings), Kind::Comsys).exec("create table gen_ari (x text); drop table syain");
     EXPECT_EQ(db追加_テーブル(tree.settings, tables), QStringList{u"gen_ari"_s});
     EXPECT_EQ(tables.設定読込(u"rov_kihon"_s, u"sokdataバージョン"_s), u"2006041301"_s);
     EXPECT_TRUE(Database::open(comsys_path(tree.settings), Kind::Comsys).has_table(u"syain"_s));

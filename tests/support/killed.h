@@ -14,7 +14,7 @@ namespace support {
 /// What is tested is the order of the changes, and memory spares the waiting for the disk.
 inline QString fast_place() {
     const QString memory = QStringLiteral("/dev/shm");
-    return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
+    return QFileInfo(memory).isWritable() && !qEnvironmentVariableIsSet("TMPDIR") ? memory : QDir::tempPath();
 }
 
 /// The environment of a program in which the variable of the kill shim has the value.

@@ -1,24 +1,25 @@
 #pragma once
 
-// What the sources of this directory share: the engine's handle of one open file, and how its results become errors.
+// An encrypted file: the library's handle of it, and how its results become errors.
 
-#include "store/database.h"
+#include "store/engine.h"
+#include "store/schema.h"
 
 struct sqlite3;
 struct sqlite3_file;
 
 namespace store {
 
-struct Connection {
-    sqlite3* engine = nullptr;
-    QString path;
-    std::chrono::milliseconds patience = default_patience;
+class FileEngine final : public Engine {
+public:
+    sqlite3* handle = nullptr;
     std::chrono::steady_clock::time_point waiting_since; ///< when the statement in hand met another's lock
 
-    explicit Connection(QString file) : path(std::move(file)) {}
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-    ~Connection();
+    using Engine::Engine;
+    ~FileEngine() override;
+
+    /// The engine of a database that is known to be a file; Code::Misuse if it is none.
+    static FileEngine& of(Engine& engine);
 
     /// Opens the engine on the path with SQLite's open flags.
     void open(int flags);
@@ -26,8 +27,16 @@ struct Connection {
     /// Hands over the password and the page size; nothing is read yet.
     void unlock(const QByteArray& key);
 
-    /// Runs statements without values; throws what the engine says.
-    void exec(std::string_view sql);
+    std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
+    void exec(std::string_view sql) override;
+    int changes() const override;
+    QList<Column> columns_of(const QString& table) override;
+    QStringList names() override;
+    QString definition_of(Kind kind) const override { return file_definition_of(kind); }
+    void expect_much() override;
+    void begin(Transaction::Lock lock) override;
+    void commit() override;
+    void roll_back() noexcept override;
 
     /// The engine's own handle of the file.
     sqlite3_file& file() const;
@@ -52,6 +61,6 @@ struct Connection {
 };
 
 /// The first bytes of a file that may be a keyed database; Code::Empty or Code::NotADatabase if it can't be one.
-QByteArray salt_of(const Connection& connection);
+QByteArray salt_of(const FileEngine& engine);
 
 } // namespace store

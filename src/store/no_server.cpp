@@ -1,0 +1,26 @@
+#include "store/server.h"
+
+#include "base/literals.h"
+
+namespace store {
+
+using namespace base;
+
+namespace {
+
+[[noreturn]] void refuse(const QString& path) {
+    throw Error(Code::Other, path, {}, u"このプログラムはデータサーバーに接続できません。"_s);
+}
+
+} // namespace
+
+std::unique_ptr<Engine> open_on_server(const ServerPlace&, const QString& path, Kind, std::chrono::milliseconds) {
+    refuse(path);
+}
+
+void create_on_server(
+    const ServerPlace&, const QString& path, Kind, const std::function<void(std::unique_ptr<Engine>)>&) {
+    refuse(path);
+}
+
+} // namespace store

@@ -1,0 +1,19 @@
+#pragma once
+
+// Databases on a server: opened and made here. A build without libpq has neither and tells so (no_server.cpp).
+
+#include "store/engine.h"
+#include "store/server_place.h"
+
+namespace store {
+
+/// Opens the database that the place names; throws what Database::open() tells.
+std::unique_ptr<Engine> open_on_server(
+    const ServerPlace& place, const QString& path, Kind kind, std::chrono::milliseconds patience);
+
+/// Makes the schema with the kind's tables and hands the open database to `fill`; nothing of it stays if that throws.
+/// Code::Exists if there is a schema of the name.
+void create_on_server(
+    const ServerPlace& place, const QString& path, Kind kind, const std::function<void(std::unique_ptr<Engine>)>& fill);
+
+} // namespace store

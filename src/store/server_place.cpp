@@ -1,0 +1,53 @@
+#include "store/server_place.h"
+
+#include "base/literals.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QUuid>
+
+namespace store {
+
+using namespace base;
+
+namespace {
+
+constexpr QByteArrayView first_line = "rovena data server";
+
+/// Empty if there is none or it can't be read.
+QList<QByteArray> lines_above(QDir folder) {
+    do {
+        QFile file(folder.filePath(u"data-server"_s));
+        if (file.open(QIODevice::ReadOnly))
+            return file.readAll().split('\n');
+    } while (folder.cdUp());
+    return {};
+}
+
+} // namespace
+
+std::optional<ServerPlace> server_place(const QByteArray& bytes) {
+    const QList<QByteArray> lines = bytes.split('\n');
+    if (lines.size() < 3 || lines[0].trimmed() != first_line)
+        return std::nullopt;
+    return ServerPlace{lines[1].trimmed(), QString::fromUtf8(lines[2].trimmed())};
+}
+
+QByteArray bytes_of(const ServerPlace& place) {
+    return first_line.toByteArray() + '\n' + place.connection + '\n' + place.schema.toUtf8() + '\n';
+}
+
+std::optional<ServerPlace> place_for_new(const QString& path, Kind kind) {
+    if (kind == Kind::Losys || kind == Kind::Drafts)
+        return std::nullopt;
+    const QFileInfo file(path);
+    const QList<QByteArray> lines = lines_above(file.absoluteDir());
+    if (lines.isEmpty())
+        return std::nullopt;
+    const bool apart = lines.value(1).trimmed() == "apart";
+    const QString own = apart ? u'-' + QUuid::createUuid().toString(QUuid::Id128).left(12) : QString();
+    return ServerPlace{lines[0].trimmed(), file.completeBaseName() + own};
+}
+
+} // namespace store

@@ -1,0 +1,34 @@
+#pragma once
+
+// Where a database lies that isn't a file. At its path stands a small text file that names the server and the schema
+// there: so a path means a database whatever holds it, exists or is missing, and is renamed or removed as a file is.
+//
+//     rovena data server
+//     service=rovena            // what libpq connects with; never a password, which belongs into its password file
+//     rovdata                   // the schema
+//
+// New databases are made on a server where a folder above them holds a file `data-server`: its first line is the
+// connection; a second line "apart" gives each database a schema of a name of its own, for trees that share one server.
+
+#include "store/database.h"
+
+#include <optional>
+
+namespace store {
+
+struct ServerPlace {
+    QByteArray connection; ///< in libpq's own words
+    QString schema;
+
+    bool operator==(const ServerPlace&) const = default;
+};
+
+/// What the bytes of a file name; nothing if they are something else.
+std::optional<ServerPlace> server_place(const QByteArray& bytes);
+QByteArray bytes_of(const ServerPlace& place);
+
+/// Where a new database belongs that is to be found at the path; nothing if it is to be a file. What belongs to one PC
+/// alone, its settings and drafts, is always a file.
+std::optional<ServerPlace> place_for_new(const QString& path, Kind kind);
+
+} // namespace store

@@ -1,0 +1,135 @@
+// A database on a server: the words that its SQL is put into, and what only a server does. Where no server is at hand
+// (scripts/with-server), the words alone are looked at.
+
+#include "store/server_place.h"
+#include "store/server_sql.h"
+#include "test_tree.h"
+
+#include <QProcess>
+#include <gtest/gtest.h>
+
+using namespace base;
+using namespace store;
+
+namespace {
+
+QStringList fields_of(const QString& table) {
+    return table == u"bangou" ? QStringList{u"番号名称"_s, u"番号"_s} : QStringList();
+}
+
+TEST(ServerSql, SaysWhatTheFilesSqlSays) {
+    const std::pair<const char*, const char*> cases[]{
+        {"select a from t where b=? and c between ? and ?", "select a from t where b=$1 and c between $2 and $3"},
+        {"select ?1, ?2, ?1", "select $1, $2, $1"},
+        {"select '?' || \"order by ?\" from t", "select '?' || \"order by ?\" from t"},
+        {"select 'it''s ?', ?", "select 'it''s ?', $1"},
+        {"select a from t order by a", "select a from t order by a nulls first"},
+        {"select a from t order by a desc,b ASC, c limit 1",
+            "select a from t order by a desc nulls last,b ASC nulls first, c nulls first limit 1"},
+        {"select a from t order by a, rowid desc", "select a from t order by a nulls first, rowid desc"},
+        {"select a from (select b from t order by f(b, c) desc) q order by 1",
+            "select a from (select b from t order by f(b, c) desc nulls last) q order by 1 nulls first"},
+        {"select 1 union select a from t order by 1; delete from t",
+            "select 1 union select a from t order by 1 nulls first; delete from t"},
+        {"select * from bangou", "select \"番号名称\", \"番号\" from bangou"},
+        {"select rowid, * from \"bangou\" where 番号=?",
+            "select rowid, \"番号名称\", \"番号\" from \"bangou\" where 番号=$1"},
+        {"insert into t2 select bangou.*, ? from bangou",
+            "insert into t2 select bangou.\"番号名称\", bangou.\"番号\", $1 from bangou"},
+        {"select count(*), 2 * 3 from bangou", "select count(*), 2 * 3 from bangou"},
+        {"select * from elsewhere", "select * from elsewhere"},
+        {"select * from (select 51, * from bangou)",
+            "select * from (select 51, \"番号名称\", \"番号\" from bangou) as query_1"},
+        {"select a from (select 1 a) as b, (select 2 c) d", "select a from (select 1 a) as b, (select 2 c) d"},
+        {"insert into bangou values (?, 1)", "insert into bangou (\"番号名称\", \"番号\") values ($1, 1)"},
+        {"insert into bangou (番号) values (1)", "insert into bangou (番号) values (1)"},
+    };
+    for (const auto& [sql, wanted] : cases)
+        EXPECT_EQ(server_sql(sql, fields_of).toStdString(), wanted);
+}
+
+TEST(ServerPlace, IsNamedByASmallFile) {
+    const ServerPlace place{"service=rovena", u"rovdata"_s};
+    EXPECT_EQ(server_place(bytes_of(place)), place);
+    EXPECT_EQ(server_place("something else\nx\ny\n"), std::nullopt);
+    EXPECT_EQ(server_place("rovena data server\n"), std::nullopt);
+}
+
+class OnAServer : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!place_for_new(path, Kind::Comsys))
+            GTEST_SKIP() << "no server";
+        Database::create(path, Kind::Comsys);
+        place = server_place(bytes_of(path));
+        ASSERT_TRUE(place);
+    }
+
+    QByteArray server() const { return place_for_new(path, Kind::Comsys)->connection; }
+
+    /// Runs the server's own words with its own tool.
+    void psql(const QString& sql) const {
+        QProcess tool;
+        tool.start(u"psql"_s, {QString::fromUtf8(server()), u"-qAtc"_s, sql});
+        ASSERT_TRUE(tool.waitForFinished());
+        ASSERT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
+    }
+
+    void cut_all_connections() const {
+        psql(u"select pg_terminate_backend(pid, 10000) from pg_stat_activity where pid <> pg_backend_pid()"
+             " and backend_type = 'client backend'"_s);
+    }
+
+    TestTree tree;
+    QString path = tree.folder.filePath(u"comsys.mdb"_s);
+    std::optional<ServerPlace> place;
+};
+
+TEST_F(OnAServer, ADatabaseIsMissingOrOfAnotherKindOrTooNewAsAFileIs) {
+    EXPECT_EQ(code_of([&] { Database::open(path, Kind::Rovdata); }), Code::OtherKind);
+    EXPECT_EQ(code_of([&] { Database::create(path, Kind::Comsys); }), Code::Exists);
+    psql(u"drop schema \"%1\" cascade"_s.arg(place->schema));
+    cut_all_connections();
+    EXPECT_EQ(code_of([&] { Database::open(path, Kind::Comsys); }), Code::Missing);
+}
+
+TEST_F(OnAServer, AnOldConnectionThatWasCutGivesWayToANewOne) {
+    cut_all_connections();
+    Database database = Database::open(path, Kind::Comsys);
+    EXPECT_EQ(number_from(database, "select count(*) from bangou"), 0);
+}
+
+TEST_F(OnAServer, AWriteThatIsCutIsToldAndLeavesNothing) {
+    {
+        Database database = Database::open(path, Kind::Comsys);
+        Transaction transaction(database);
+        database.exec("insert into bangou values ('half', 1)");
+        cut_all_connections();
+        EXPECT_EQ(code_of([&] { transaction.commit(); }), Code::Io);
+    }
+    Database database = Database::open(path, Kind::Comsys);
+    EXPECT_EQ(number_from(database, "select count(*) from bangou"), 0);
+}
+
+TEST_F(OnAServer, ALetterInANumbersFieldIsRefusedAndEqualsNoNumber) {
+    Database database = Database::open(path, Kind::Comsys);
+    const auto add = [&](const QString& number) {
+        database.prepare("insert into bangou values ('x', ?)").bind(number).run();
+    };
+    add(u" 12 "_s);
+    add(QString());
+    EXPECT_EQ(code_of([&] { add(u"12a"_s); }), Code::Misuse);
+    EXPECT_FALSE(database.prepare("select 1 from bangou where 番号=?").bind(u"12a"_s).step());
+    EXPECT_EQ(number_from(database, "select count(*) from bangou where 番号=12"), 1);
+}
+
+TEST_F(OnAServer, AFillThatFailsLeavesNoSchema) {
+    const QString other = tree.folder.filePath(u"other.mdb"_s);
+    EXPECT_THROW(
+        Database::create(other, Kind::Comsys, [](Database&) { throw std::runtime_error("no"); }), std::runtime_error);
+    EXPECT_FALSE(QFileInfo::exists(other));
+    Database database = Database::open(path, Kind::Comsys);
+    EXPECT_EQ(number_from(database, "select count(*) from pg_namespace where nspname like 'other-%'"), 0);
+}
+
+} // namespace
