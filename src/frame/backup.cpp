@@ -107,7 +107,7 @@ public:
     QStringList compact_live() {
         QStringList troubles;
         for (Item& item : m_items) {
-            if (item.source.live == Live::Left)
+            if (item.source.live == Live::Left || !item.held.is_file())
                 continue;
             m_steps.next(item.file);
             try {

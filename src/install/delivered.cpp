@@ -106,6 +106,7 @@ constexpr Delivery deliveries[]{
     {store::Kind::Allsystem, deliver_allsystem},
     {store::Kind::Rovdata, deliver_rovdata},
     {store::Kind::Losys, deliver_losys},
+    {store::Kind::Closings, [](store::Database&, const Options&) {}},
 };
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "platform/program_lock.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
+#include "store/server_place.h"
 
 #include <QFileInfo>
 #include <stdexcept>
@@ -39,6 +40,20 @@ void make_database(const File& file, const Options& options, const base::Setting
         say(u"put away "_s + platform::native(journal));
     store::Database::create(path, file.kind, [&](store::Database& database) { deliver(database, file.kind, options); });
     say(u"made   "_s + platform::native(path));
+}
+
+/// New databases of the shared data lie on the server from here on. A company that lies in files stays there.
+void name_server(const base::Settings& settings, const Options& options, const Say& say) {
+    const QString rovdata = store::rovdata_path(settings);
+    if (QFileInfo::exists(rovdata) && !store::server_place(store::bytes_of(rovdata)))
+        throw std::runtime_error("--data-server is for a new tree, and this one's company lies in files");
+    store::make_on_server_below(QFileInfo(store::data_folder(settings)).path(), options.data_server);
+    say(u"data on  "_s + options.data_server);
+}
+
+/// On a server it is made beforehand: later nobody may who only works there.
+void make_closings(const base::Settings& settings, const Say& say) {
+    make_database({store::Kind::Closings, store::closings_path, true}, {}, settings, say);
 }
 
 QStringList missing_exchange_files(const base::Settings& settings) {
@@ -83,10 +98,14 @@ void run(const Options& options, const QString& program_folder, const Say& say) 
     if (!shared)
         say(u"data in  "_s + platform::native(elsewhere));
     make_folders(settings, shared);
+    if (!options.data_server.isEmpty())
+        name_server(settings, options, say);
     for (const File& file : files)
         if (shared || !file.shared)
             make_database(file, options, settings, say);
     if (shared) {
+        if (!options.data_server.isEmpty())
+            make_closings(settings, say);
         register_if_filled(settings);
         make_exchange_files(settings, say);
     }

@@ -51,13 +51,15 @@ private:
         QStringView name;
         Setter set;
     };
-    static const std::array<Option, 10> known_options;
+    static const std::array<Option, 11> known_options;
 
     Options& options() { return m_request.options; }
 
     QString contradiction() {
         if (m_until != 0 && !options().sample)
             return u"--until needs --sample"_s;
+        if (!options().data_server.isEmpty() && !options().server_root.isEmpty())
+            return u"--data-server or --server-root, not both"_s;
         const bool two_passwords = !options().share_password.isEmpty() && !options().share_password_file.isEmpty();
         return two_passwords ? u"--share-password or --share-password-file, not both"_s : QString();
     }
@@ -106,11 +108,12 @@ bool keep(QString& place, const QString& value) {
     return !value.isEmpty();
 }
 
-constexpr std::array<Reader::Option, 10> Reader::known_options{{
+constexpr std::array<Reader::Option, 11> Reader::known_options{{
     {u"--use-class", [](Reader& r, const QString& v) { return take_number(v, 0, 2, r.options().use_class.emplace()); }},
     {u"--server-name", [](Reader& r, const QString& v) { return keep(r.options().server_name, v); }},
     {u"--info-server", [](Reader& r, const QString& v) { return keep(r.options().info_server, v); }},
     {u"--server-root", [](Reader& r, const QString& v) { return keep(r.options().server_root, v); }},
+    {u"--data-server", [](Reader& r, const QString& v) { return keep(r.options().data_server, v); }},
     {u"--share-user", [](Reader& r, const QString& v) { return keep(r.options().share_user, v); }},
     {u"--share-password", [](Reader& r, const QString& v) { return keep(r.options().share_password, v); }},
     {u"--share-password-file", [](Reader& r, const QString& v) { return keep(r.options().share_password_file, v); }},
@@ -178,6 +181,8 @@ given is written into the settings also where the tree is there already; what is
                           which on a main PC is the machine's own name unless it is given
   --info-server HOST      where the information page fetches news from; without it none is fetched
   --server-root PATH      the shared data lies there; none is made here
+  --data-server CONNINFO  new databases of the shared data are made on that PostgreSQL server, or are taken as they are
+                          where another PC made them; in libpq's words and without a password ("service=rovena")
   --share-user NAME       account for that share; its password is asked for on the terminal
   --share-password-file FILE
                           takes the password from the first line of the file

@@ -24,6 +24,7 @@ struct Options {
     QString server_name;          ///< host of the turn service
     QString info_server;          ///< host of the news
     QString server_root;          ///< root of the shared data if it lies elsewhere; the shared part isn't made then
+    QString data_server;          ///< the PostgreSQL server for the shared data, as libpq names it
     QString share_user;           ///< account for that share
     QString share_password;       ///< and its password
     QString share_password_file;  ///< or the file that holds it

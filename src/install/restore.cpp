@@ -201,6 +201,8 @@ public:
     }
 
     void put_in_place(const QDateTime& now, const Say& say) {
+        if (m_present && !m_present->is_file())
+            return put_on_server(now, say);
         if (!platform::open_files_can_move)
             m_present.reset();
         if (QFileInfo::exists(m_path) || QFileInfo::exists(store::journal_of(m_path)))
@@ -210,6 +212,15 @@ public:
     }
 
 private:
+    /// What stood there stays as a file beside.
+    void put_on_server(const QDateTime& now, const Say& say) {
+        const QString kept = store::kept_name(m_path, now);
+        m_present->compact_into(kept);
+        say(u"kept     "_s + platform::native(kept));
+        m_present->take_over(m_copy.passing_path());
+        say(u"restored "_s + platform::native(m_path));
+    }
+
     /// The present file gets a second name and loses its own to the copy, so that one of the two is always there. A
     /// journal that stayed would be played into the copy.
     QString keep(const QDateTime& now) const {

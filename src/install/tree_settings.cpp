@@ -34,6 +34,7 @@ constexpr Known known[]{
     {Owner::Pc, u"使用区分", u"--use-class",
         [](const Options& o) { return o.use_class ? QString::number(*o.use_class) : QString(); }},
     {Owner::Pc, u"サーバーＰＣ", u"--server-root", [](const Options& o) { return o.server_root; }},
+    {Owner::Pc, u"データサーバー", u"--data-server", [](const Options& o) { return o.data_server; }},
     {Owner::Pc, u"winユーザー名", u"--share-user", [](const Options& o) { return o.share_user; }},
     {Owner::Pc, password_key, u"--share-password", [](const Options& o) { return o.share_password; }},
     {Owner::Pc, u"プリンター１", u"--printer", [](const Options& o) { return o.printer; }},

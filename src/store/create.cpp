@@ -17,17 +17,6 @@ using namespace base;
 
 namespace {
 
-/// Nothing that is lost with a half-made file matters, so the engine keeps no journal and waits for no disk.
-std::unique_ptr<FileEngine> define(const QString& path, Kind kind) {
-    auto engine = std::make_unique<FileEngine>(path);
-    engine->open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    engine->unlock(key_for_new_file());
-    engine->exec("pragma synchronous=off; pragma journal_mode=off; pragma cache_size=-65536; begin");
-    engine->exec(file_definition_of(kind).toStdString());
-    engine->exec("commit");
-    return engine;
-}
-
 void write(const platform::NewFile& beside, const ServerPlace& place) {
     QFile file(beside.passing_path());
     const QByteArray bytes = bytes_of(place);
@@ -36,6 +25,16 @@ void write(const platform::NewFile& beside, const ServerPlace& place) {
 }
 
 } // namespace
+
+std::unique_ptr<FileEngine> define_file(const QString& path, Kind kind) {
+    auto engine = std::make_unique<FileEngine>(path);
+    engine->open(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    engine->unlock(key_for_new_file());
+    engine->exec("pragma synchronous=off; pragma journal_mode=off; pragma cache_size=-65536; begin");
+    engine->exec(file_definition_of(kind).toStdString());
+    engine->exec("commit");
+    return engine;
+}
 
 QString put_away_journal(const QString& path) {
     if (QFile::exists(path) || !QFile::exists(journal_of(path)))
@@ -49,7 +48,7 @@ QString put_away_journal(const QString& path) {
 QByteArray empty_database_image(Kind kind) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"new.mdb"_s);
-    define(path, kind).reset();
+    define_file(path, kind).reset();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw Error(Code::Other, path, {}, file.errorString());
@@ -70,7 +69,7 @@ Database Database::create(const QString& path, Kind kind, const std::function<vo
         create_on_server(*place, path, kind, fill_in);
         write(beside, *place);
     } else {
-        fill_in(define(beside.passing_path(), kind));
+        fill_in(define_file(beside.passing_path(), kind));
     }
     put_away_journal(path);
     check_system(beside.place(platform::Durability::Disk), path);

@@ -77,8 +77,7 @@ public:
 
 private:
     friend class Transaction;
-    friend class Held;
-    friend void add_missing_tables(Database& database, Kind kind);
+    friend class Engine;
     explicit Database(std::unique_ptr<Engine> engine);
     std::unique_ptr<Engine> m_engine;
 };

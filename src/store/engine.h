@@ -45,12 +45,17 @@ public:
     virtual QStringList names() = 0;                    ///< of all tables and indexes
     virtual QString definition_of(Kind kind) const = 0; ///< the statements that make what is missing of the kind
     virtual void expect_much() = 0;
+    /// Rows were given numbers up to this one: those that come get numbers behind it.
+    virtual void number_rows_behind(const QString& table, qint64 last) = 0;
 
     /// Code::Replaced if what stands at the path is no longer what was opened.
     virtual void begin(Transaction::Lock lock) = 0;
     virtual void commit() = 0;
     /// Nothing if there is no transaction. Doesn't throw: nothing is left to report.
     virtual void roll_back() noexcept = 0;
+
+    static Engine& of(Database& database) { return *database.m_engine; }
+    static Database database(std::unique_ptr<Engine> engine) { return Database(std::move(engine)); }
 
     QString path; ///< as it was given
     std::chrono::milliseconds patience = default_patience;

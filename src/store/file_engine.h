@@ -34,6 +34,7 @@ public:
     QStringList names() override;
     QString definition_of(Kind kind) const override { return file_definition_of(kind); }
     void expect_much() override;
+    void number_rows_behind(const QString&, qint64) override {} // it numbers them behind the last that there is
     void begin(Transaction::Lock lock) override;
     void commit() override;
     void roll_back() noexcept override;
@@ -59,6 +60,10 @@ public:
     /// Throws what a call below the engine says, unless it says that all is well.
     void check(int result) const;
 };
+
+/// A new file of the kind, or an empty one made into it, without a journal and without waiting for the disk: nothing of
+/// it matters until it has its name.
+std::unique_ptr<FileEngine> define_file(const QString& path, Kind kind);
 
 /// The first bytes of a file that may be a keyed database; Code::Empty or Code::NotADatabase if it can't be one.
 QByteArray salt_of(const FileEngine& engine);

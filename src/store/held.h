@@ -7,11 +7,10 @@
 #include "store/database.h"
 
 #include <map>
-#include <optional>
 
 namespace store {
 
-class FileEngine;
+class Holding;
 
 /// How many rows each table holds; the definitions count as a table of their own (`sqlite_master`).
 using RowCounts = std::map<QString, qint64>;
@@ -30,30 +29,31 @@ public:
     Held& operator=(Held&&) = delete;
     ~Held();
 
-    const QString& path() const { return m_database->path(); }
+    const QString& path() const { return m_path; }
     const RowCounts& rows() const { return m_rows; }
 
-    /// How many pages, of 4,096 bytes, a compacted copy would do without.
+    /// How many pages, of 4,096 bytes, a compacted copy would do without. A server looks after that itself: none.
     qint64 spare_pages();
+
+    /// Whether it is a file, which wants its compacted contents back now and then; else it lies on a server.
+    bool is_file() const;
 
     /// Copies everything into `target`, an empty file or none, compacted; key, kind and version are the same. The
     /// target isn't flushed and is nothing to look at if this throws: an Error whose file() is the target where that
-    /// can't be written.
+    /// can't be written. Of a database on a server too this makes a file.
     void compact_into(const QString& target);
 
     /// The same as the file stands, byte for byte; what was in the target goes.
     void copy_into(const QString& target);
 
-    /// Takes the whole contents from the database at `copy`, in one transaction of the engine: whoever opens the file
-    /// after a kill or a power failure finds all of the old or all of the new. Code::Busy if readers don't end within
-    /// the patience; the file stands as it was then.
+    /// Takes the whole contents from the database at `copy`, in one transaction of the engine: whoever opens the
+    /// database after a kill or a power failure finds all of the old or all of the new. Code::Busy if readers don't end
+    /// within the patience; the database stands as it was then.
     void take_over(const QString& copy);
 
 private:
-    FileEngine& connection() const;
-
-    Kind m_kind;
-    std::optional<Database> m_database;
+    QString m_path;
+    std::unique_ptr<Holding> m_holding;
     RowCounts m_rows;
 };
 

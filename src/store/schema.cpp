@@ -351,12 +351,12 @@ QString server_definition_of(Kind kind) {
 }
 
 void add_missing_tables(Database& database, Kind kind) {
-    const QStringList names = database.m_engine->names();
+    const QStringList names = Engine::of(database).names();
     const auto there = [&](const auto& wanted) { return names.contains(wanted.name.toString()); };
     if (std::ranges::all_of(tables_of(kind), there) && std::ranges::all_of(indexes_of(kind), there))
         return;
     Transaction transaction(database);
-    database.exec(database.m_engine->definition_of(kind).toStdString());
+    database.exec(Engine::of(database).definition_of(kind).toStdString());
     transaction.commit();
 }
 

@@ -11,6 +11,14 @@ namespace store {
 
 using namespace base;
 
+namespace {
+
+QString literal(QString text) {
+    return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
+}
+
+} // namespace
+
 ServerEngine::~ServerEngine() {
     roll_back();
     give_back(std::move(m_link));
@@ -47,6 +55,14 @@ void ServerEngine::exec(std::string_view sql) {
     });
     const Result result = alone_if(writes(sql), [&] { return m_link->exec(native); });
     m_changes = QByteArray(PQcmdTuples(result.get())).toInt();
+}
+
+/// No row at all lets the numbers begin anew.
+void ServerEngine::number_rows_behind(const QString& table, qint64 last) {
+    const QByteArray sequence = "pg_get_serial_sequence(" + literal(quoted(table)).toUtf8() + ", 'rowid')";
+    const bool any = last > 0;
+    m_link->exec(
+        "select setval(" + sequence + ", " + QByteArray::number(any ? last : 1) + (any ? ", true)" : ", false)"));
 }
 
 void ServerEngine::begin(Transaction::Lock lock) {
@@ -93,17 +109,28 @@ QStringList ServerEngine::names() {
 
 namespace {
 
-QString literal(QString text) {
-    return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
-}
+/// Who works with the company's data may have this role and no other right: it can't change a table.
+constexpr auto rights = R"(
+do $$ begin
+    if not exists (select from pg_roles where rolname = 'rovena_clerk') then
+        create role rovena_clerk nologin;
+    end if;
+end $$;
+grant usage on schema %1 to rovena_clerk;
+grant select, insert, update, delete on all tables in schema %1 to rovena_clerk;
+)";
 
-void make_schema(ServerLink& link, const QString& name, Kind kind) {
+/// False if there is a schema of the name.
+bool make_schema(ServerLink& link, const QString& name, Kind kind) {
     const QByteArray there = "select 1 from pg_namespace where nspname=" + literal(name).toUtf8();
     if (PQntuples(link.exec(there).get()) > 0)
-        throw Error(Code::Exists, link.path, {}, name);
+        return false;
     const QString marks = QString::fromLatin1(comment_of({application_id(kind), schema_version}));
     const QString made = u"begin; create schema %1; comment on schema %1 is %2; set local search_path=%1;\n"_s;
-    link.exec((made.arg(quoted(name), literal(marks)) + server_definition_of(kind) + u"commit"_s).toUtf8());
+    link.exec((made.arg(quoted(name), literal(marks)) + server_definition_of(kind) +
+               QString::fromLatin1(rights).arg(quoted(name)) + u"commit"_s)
+                  .toUtf8());
+    return true;
 }
 
 } // namespace
@@ -111,7 +138,10 @@ void make_schema(ServerLink& link, const QString& name, Kind kind) {
 void create_on_server(const ServerPlace& place, const QString& path, Kind kind,
     const std::function<void(std::unique_ptr<Engine>)>& fill) {
     auto maker = std::make_unique<ServerLink>(place, path);
-    make_schema(*maker, place.schema, kind);
+    if (!make_schema(*maker, place.schema, kind)) {
+        open_on_server(place, path, kind, default_patience);
+        return;
+    }
     maker->know_schema();
     try {
         fill(std::make_unique<ServerEngine>(std::move(maker), path));

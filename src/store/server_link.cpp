@@ -1,10 +1,12 @@
 #include "store/server_link.h"
 
 #include "base/literals.h"
+#include "store/server.h"
 #include "store/server_sql.h"
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <vector>
 
 namespace store {
@@ -76,7 +78,22 @@ PGconn* connected(const ServerPlace& place) {
 
 constexpr std::array<unsigned, 6> number_types{20, 21, 23, 700, 701, 1700}; ///< as pg_type numbers them
 
+struct FreeOptions {
+    void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
+};
+
 } // namespace
+
+void check_connection_words(const QByteArray& words) {
+    char* given = nullptr;
+    const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(words.constData(), &given));
+    const std::unique_ptr<char, decltype(&PQfreemem)> trouble(given, PQfreemem);
+    if (!options)
+        throw std::runtime_error("the data server's words: " + std::string(trouble ? trouble.get() : "no memory"));
+    for (const PQconninfoOption* option = options.get(); option->keyword; ++option)
+        if (QByteArrayView(option->keyword) == "password" && option->val)
+            throw std::runtime_error("a password belongs into libpq's password file, not here");
+}
 
 QByteArray comment_of(const Marks& marks) {
     return "rovena " + QByteArray::number(marks.application_id) + ' ' + QByteArray::number(marks.version);

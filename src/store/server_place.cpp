@@ -1,6 +1,8 @@
 #include "store/server_place.h"
 
 #include "base/literals.h"
+#include "platform/whole_file.h"
+#include "store/server.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,6 +38,13 @@ std::optional<ServerPlace> server_place(const QByteArray& bytes) {
 
 QByteArray bytes_of(const ServerPlace& place) {
     return first_line.toByteArray() + '\n' + place.connection + '\n' + place.schema.toUtf8() + '\n';
+}
+
+void make_on_server_below(const QString& folder, const QString& connection) {
+    const QByteArray words = connection.trimmed().toUtf8();
+    check_connection_words(words);
+    const QString path = folder + u"/data-server"_s;
+    check_system(platform::replace_file(path, words + '\n', platform::Durability::Disk), path);
 }
 
 std::optional<ServerPlace> place_for_new(const QString& path, Kind kind) {

@@ -7,6 +7,7 @@
 //     service=rovena            // what libpq connects with; never a password, which belongs into its password file
 //     rovdata                   // the schema
 //
+// Another PC's schema of the same name and kind is taken as it is.
 // New databases are made on a server where a folder above them holds a file `data-server`: its first line is the
 // connection; a second line "apart" gives each database a schema of a name of its own, for trees that share one server.
 
@@ -30,5 +31,9 @@ QByteArray bytes_of(const ServerPlace& place);
 /// Where a new database belongs that is to be found at the path; nothing if it is to be a file. What belongs to one PC
 /// alone, its settings and drafts, is always a file.
 std::optional<ServerPlace> place_for_new(const QString& path, Kind kind);
+
+/// From now on new databases in or below the folder, which is there, are made on the server. std::runtime_error, in
+/// English, where the words aren't libpq's or hold a password; the connection itself isn't tried.
+void make_on_server_below(const QString& folder, const QString& connection);
 
 } // namespace store

@@ -25,6 +25,7 @@ TEST(Arguments, EachGoesToItsPlace) {
                   .join(u' '),
         u"/srv/root main news PDF //main/qn u p a b"_s);
     EXPECT_FALSE(options.sample);
+    EXPECT_EQ(read(u"/r --data-server service=rovena"_s).options.data_server, u"service=rovena"_s);
 }
 
 TEST(Arguments, TheSampleTakesUpToTwoNumbersAndItsLastMonthMayStandAnywhere) {
@@ -51,7 +52,8 @@ TEST(Arguments, WhatCantBeUsedIsNamed) {
             u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s, u"restore"_s,
             u"restore /bk"_s, u"restore --list"_s, u"restore /bk /a /b"_s, u"restore /bk /a --sample"_s,
             u"/a --until 202610"_s, u"/a --sample --until 202600"_s, u"/a --sample --until 210001"_s, u"show --list"_s,
-            u"/a --share-password p --share-password-file f"_s, u"show"_s, u"show /a /b"_s})
+            u"/a --share-password p --share-password-file f"_s, u"show"_s, u"show /a /b"_s,
+            u"/a --data-server service=x --server-root /b"_s, u"/a --data-server"_s})
         EXPECT_NE(read(line).problem, QString()) << line.toStdString();
 }
 

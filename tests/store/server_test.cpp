@@ -1,15 +1,17 @@
 // A database on a server: the words that its SQL is put into, and what only a server does. Where no server is at hand
 // (scripts/with-server), the words alone are looked at.
 
+#include "store/held.h"
 #include "store/server_place.h"
 #include "store/server_sql.h"
+#include "support/data_server.h"
 #include "test_tree.h"
 
-#include <QProcess>
 #include <gtest/gtest.h>
 
 using namespace base;
 using namespace store;
+using support::cut_all_connections, support::psql;
 
 namespace {
 
@@ -58,26 +60,11 @@ TEST(ServerPlace, IsNamedByASmallFile) {
 class OnAServer : public testing::Test {
 protected:
     void SetUp() override {
-        if (!place_for_new(path, Kind::Comsys))
+        if (support::data_server().isEmpty())
             GTEST_SKIP() << "no server";
         Database::create(path, Kind::Comsys);
         place = server_place(bytes_of(path));
         ASSERT_TRUE(place);
-    }
-
-    QByteArray server() const { return place_for_new(path, Kind::Comsys)->connection; }
-
-    /// Runs the server's own words with its own tool.
-    void psql(const QString& sql) const {
-        QProcess tool;
-        tool.start(u"psql"_s, {QString::fromUtf8(server()), u"-qAtc"_s, sql});
-        ASSERT_TRUE(tool.waitForFinished());
-        ASSERT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
-    }
-
-    void cut_all_connections() const {
-        psql(u"select pg_terminate_backend(pid, 10000) from pg_stat_activity where pid <> pg_backend_pid()"
-             " and backend_type = 'client backend'"_s);
     }
 
     TestTree tree;
@@ -130,6 +117,37 @@ TEST_F(OnAServer, AFillThatFailsLeavesNoSchema) {
     EXPECT_FALSE(QFileInfo::exists(other));
     Database database = Database::open(path, Kind::Comsys);
     EXPECT_EQ(number_from(database, "select count(*) from pg_namespace where nspname like 'other-%'"), 0);
+}
+
+TEST_F(OnAServer, IsHeldStillCopiedIntoAFileAndTakesItsRowsBack) {
+    const QString copy = tree.folder.filePath(u"copy.mdb"_s);
+    const auto first_name = [&] {
+        Database database = Database::open(path, Kind::Comsys);
+        Statement first = database.prepare("select 社員名 from syain order by rowid");
+        return first.step() ? first.row().text(0) : QString();
+    };
+    Database database = Database::open(path, Kind::Comsys, std::chrono::milliseconds(1));
+    add_employees(database, 12'345);
+    database.exec("delete from syain where システム番号 < 3; update syain set フリガナ=null; alter table syain add "
+                  "column 色 text");
+    {
+        Held held(path, Kind::Comsys);
+        EXPECT_EQ(code_of([&] { database.exec("delete from syain"); }), Code::Busy);
+        EXPECT_FALSE(held.is_file());
+        held.compact_into(copy);
+        check_copy(copy, Kind::Comsys, held.rows());
+    }
+    {
+        Database file = Database::open(copy, Kind::Comsys);
+        EXPECT_EQ(number_from(file, "select count(*) from syain where フリガナ is null and 色 is null"), 12'343);
+        EXPECT_EQ(number_from(file, "select min(rowid) from syain"), 3);
+        file.exec("update syain set 社員名='戻' where rowid=3");
+    }
+    database.exec("delete from syain; insert into syain (社員名) values ('別')");
+    Held(path, Kind::Comsys).take_over(copy);
+    EXPECT_EQ(first_name(), u"戻"_s);
+    database.exec("insert into syain (社員名) values ('次')");
+    EXPECT_EQ(number_from(database, "select max(rowid) from syain"), 12'346);
 }
 
 } // namespace
