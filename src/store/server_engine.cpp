@@ -46,15 +46,21 @@ Result ServerEngine::run(const Prepared& statement, bool writing, const QList<co
     return result;
 }
 
+/// Each is put into the server's words when those before it have run: they may have changed a table.
 void ServerEngine::exec(std::string_view sql) {
-    const QByteArray native = server_sql(sql, [this](const QString& table) {
+    const auto fields_of = [this](const QString& table) {
         QStringList names;
         for (const Column& column : columns_of(table))
             names << column.name;
         return names;
+    };
+    const Result last = alone_if(writes(sql), [&] {
+        Result result;
+        for (const QByteArray& statement : statements_of(sql))
+            result = m_link->exec(server_sql({statement.constData(), size_t(statement.size())}, fields_of));
+        return result;
     });
-    const Result result = alone_if(writes(sql), [&] { return m_link->exec(native); });
-    m_changes = QByteArray(PQcmdTuples(result.get())).toInt();
+    m_changes = last ? QByteArray(PQcmdTuples(last.get())).toInt() : 0;
 }
 
 /// No row at all lets the numbers begin anew.

@@ -215,6 +215,17 @@ QByteArray server_sql(std::string_view sql, const FieldsOf& fields_of) {
     return text;
 }
 
+QList<QByteArray> statements_of(std::string_view sql) {
+    QList<QByteArray> statements{QByteArray()};
+    for (const Token& token : tokens_of(sql))
+        if (token.is(";"))
+            statements << QByteArray();
+        else
+            statements.back() += token.text;
+    statements.removeIf([](const QByteArray& statement) { return statement.trimmed().isEmpty(); });
+    return statements;
+}
+
 bool writes(std::string_view sql) {
     const Tokens tokens = tokens_of(sql);
     const qsizetype first = meant(tokens, 0, 1);

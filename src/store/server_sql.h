@@ -20,6 +20,9 @@ using FieldsOf = std::function<QStringList(const QString& table)>;
 
 QByteArray server_sql(std::string_view sql, const FieldsOf& fields_of);
 
+/// The statements of a text, which ";" parts; none of them is blank.
+QList<QByteArray> statements_of(std::string_view sql);
+
 /// Whether the statement changes something: it begins with another word than "select".
 bool writes(std::string_view sql);
 
