@@ -91,6 +91,13 @@ void number_places(Tokens& tokens) {
             token.text = '$' + (token.text.size() > 1 ? token.text.mid(1) : QByteArray::number(++count));
 }
 
+/// The file's engine is told so which table leads; the server chooses for itself, and takes no condition there.
+void plain_joins(Tokens& tokens) {
+    for (qsizetype i = 0; i < tokens.size(); ++i)
+        if (const qsizetype next = after(tokens, i); next >= 0 && tokens[i].is("cross") && tokens[next].is("join"))
+            tokens[i].text = "inner";
+}
+
 // --- Null before all else
 
 bool ends_ordering(const Token& token, int depth) {
@@ -205,6 +212,7 @@ void name_queries(Tokens& tokens) {
 QByteArray server_sql(std::string_view sql, const FieldsOf& fields_of) {
     Tokens tokens = tokens_of(sql);
     number_places(tokens);
+    plain_joins(tokens);
     order_nulls(tokens);
     spell_out(tokens, fields_of);
     name_fields(tokens, fields_of);

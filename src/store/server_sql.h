@@ -4,6 +4,7 @@
 // of both engines; what differs in form alone is put right here:
 //   ? and ?1                        // $1, counted through
 //   order by a, b desc              // order by a nulls first, b desc nulls last: Null stands before all else
+//   a cross join b on ...           // inner join
 //   select *                        // the fields by their names, without the one that numbers the rows
 //   insert into t values (...)      // t (its fields): the one that numbers the rows isn't meant
 //   from (select ...)               // gets the name that the server wants for it

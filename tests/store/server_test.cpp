@@ -38,6 +38,7 @@ TEST(ServerSql, SaysWhatTheFilesSqlSays) {
             "select rowid, \"番号名称\", \"番号\" from \"bangou\" where 番号=$1"},
         {"insert into t2 select bangou.*, ? from bangou",
             "insert into t2 select bangou.\"番号名称\", bangou.\"番号\", $1 from bangou"},
+        {"select a from t cross join u on b=?", "select a from t inner join u on b=$1"},
         {"select count(*), 2 * 3 from bangou", "select count(*), 2 * 3 from bangou"},
         {"select * from elsewhere", "select * from elsewhere"},
         {"select * from (select 51, * from bangou)",
