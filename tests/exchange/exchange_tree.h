@@ -36,22 +36,25 @@ public:
         QDir().mkpath(kept_folder());
         make_database(rovdata_path(), store::Kind::Rovdata);
         for (int n = 1; n <= store::exchange_file_count; ++n)
-            make_exchange_file(exchange_path(n));
+            n == 1 ? make_database(exchange_path(n), store::Kind::Exchange) : make_exchange_file(exchange_path(n));
     }
 
-    /// A file is a copy of one that was made once, which is faster.
     static void make_database(const QString& path, store::Kind kind) {
-        static QMap<store::Kind, QByteArray> images;
-        if (store::place_for_new(path, kind)) {
+        if (store::place_for_new(path, kind))
             store::Database::create(path, kind);
-            return;
-        }
+        else
+            make_file(path, kind);
+    }
+
+    static void make_exchange_file(const QString& path) { make_file(path, store::Kind::Exchange); }
+
+    /// A copy of one that was made once, which is faster.
+    static void make_file(const QString& path, store::Kind kind) {
+        static QMap<store::Kind, QByteArray> images;
         if (!images.contains(kind))
             images[kind] = store::empty_database_image(kind);
         put_bytes(path, images[kind]);
     }
-
-    static void make_exchange_file(const QString& path) { make_database(path, store::Kind::Exchange); }
 
     QString rovdata_path() const { return store::rovdata_path(settings); }
     QString exchange_path(int number = 1) const { return store::exchange_path(settings, number); }
