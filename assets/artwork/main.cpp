@@ -1,8 +1,10 @@
 #include "button_painter.h"
+#include "icon_file.h"
 #include "program_icon.h"
 #include "splash.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtGui/QGuiApplication>
 
 #include <cstdio>
@@ -29,6 +31,13 @@ void write_icons(const QDir& folder) {
     write(paint_program_icon(256), folder, QStringLiteral("rovena.png"), "PNG");
     for (const int side : {128, 64, 48})
         write(paint_program_icon(side), folder, QStringLiteral("rovena-%1.png").arg(side), "PNG");
+    QList<QImage> sizes;
+    for (const int side : {16, 20, 24, 32, 40, 48, 64, 256})
+        sizes << paint_program_icon(side);
+    QFile icon(folder.filePath(QStringLiteral("rovena.ico")));
+    if (const QByteArray bytes = icon_file(sizes);
+        !icon.open(QIODevice::WriteOnly) || icon.write(bytes) != bytes.size() || !icon.flush())
+        throw std::runtime_error("cannot write " + icon.fileName().toStdString());
 }
 
 int draw_all(const QDir& out) {

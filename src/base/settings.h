@@ -12,8 +12,8 @@ namespace base {
 inline constexpr int era_count = 6;
 
 struct Settings {
-    QString install_drive; ///< prefix of every default path: a drive letter, off Windows the folder that holds the
-                           ///< install tree
+    QString install_drive; ///< what every default path begins with: a drive letter, or the folder that holds the
+                           ///< install tree (platform/paths.h)
     QString product_folder = QStringLiteral("rovena100"); ///< the program's own folder below a root
     QString version_text = QStringLiteral("R240-03");     ///< product code, dash, two-digit version
 

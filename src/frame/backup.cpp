@@ -50,7 +50,7 @@ constexpr Source sources[]{
 };
 
 QString install_root(const base::Settings& settings) {
-    return platform::portable(settings.install_drive + platform::install_tail());
+    return platform::portable(platform::install_root(settings.install_drive));
 }
 
 QString weekday(QDate day) {

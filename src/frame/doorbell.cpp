@@ -29,6 +29,10 @@ void let_others_come_up() {
 #endif
 }
 
+QString digest_of(const QByteArray& bytes) {
+    return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().first(16));
+}
+
 bool is_answered(const QString& address, const QDeadlineTimer& until) {
     QLocalSocket bell;
     bell.connectToServer(address);
@@ -76,7 +80,8 @@ void Doorbell::leave() {
 
 QString Doorbell::address() const {
 #ifdef Q_OS_WIN
-    return m_name; // pipes have a place of their own
+    // All people of a PC have their pipes in one place: the person's folder goes into the name.
+    return m_name + u'-' + digest_of(m_folder.toUtf8());
 #else
     return m_folder + u'/' + m_name;
 #endif
@@ -103,8 +108,7 @@ QString doorbell_name(const QString& program_folder) {
     QByteArray place = QDir(program_folder).canonicalPath().toUtf8();
     for (const char* screen : {"WAYLAND_DISPLAY", "DISPLAY", "SESSIONNAME"})
         place += '\n' + qgetenv(screen);
-    return u"rovena-"_s +
-           QString::fromLatin1(QCryptographicHash::hash(place, QCryptographicHash::Sha256).toHex().first(16));
+    return u"rovena-"_s + digest_of(place);
 }
 
 } // namespace frame

@@ -1,6 +1,7 @@
 #include "frame/error_list.h"
 
 #include "base/literals.h"
+#include "platform/crash.h"
 #include "platform/paths.h"
 #include "platform/program_lock.h"
 #include "store/files.h"
@@ -51,6 +52,10 @@ bool alone_with_waiting(const base::Settings& settings, const std::function<bool
 
 QString error_file_path(const base::Settings& settings) {
     return store::own_path(settings, settings.local_root, u"data/trn/errmsg.txt");
+}
+
+void leave_dumps(const base::Settings& settings) {
+    platform::leave_dump_in(QFileInfo(error_file_path(settings)).path());
 }
 
 int error_count(const base::Settings& settings) {

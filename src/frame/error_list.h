@@ -12,6 +12,9 @@ namespace frame {
 /// `errmsg.txt` under the local root.
 QString error_file_path(const base::Settings& settings);
 
+/// From now on a crash of this program leaves its dump beside that file (platform/crash.h).
+void leave_dumps(const base::Settings& settings);
+
 /// How many messages wait in it; 0 where there is no file.
 int error_count(const base::Settings& settings);
 

@@ -199,7 +199,7 @@ void info::notify() const {
 }
 
 QString news_path(const base::Settings& settings) {
-    const QString drive = settings.install_drive + platform::install_tail();
+    const QString drive = platform::install_root(settings.install_drive);
     return store::own_path(settings, drive, u"data/trn/info/") + news_file.toString();
 }
 

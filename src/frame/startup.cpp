@@ -73,7 +73,7 @@ bool stg::起動時データー設定取得() {
 
 stg::Account stg::read_settings_of_pc() {
     const QString server_key = u"サーバーＰＣ"_s, local_key = u"ローカルＰＣ"_s;
-    const QString default_root = m_settings.install_drive + platform::install_tail();
+    const QString default_root = platform::install_root(m_settings.install_drive);
     store::OpenSettings losystem = m_session.tables.open(store::losystem);
 
     const QString server = losystem.設定読込(server_key);

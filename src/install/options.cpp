@@ -162,7 +162,7 @@ Request read_arguments(const QStringList& arguments) {
 base::Settings settings_of(const Options& options) {
     base::Settings settings;
     settings.install_drive = platform::drive_at(options.root);
-    settings.server_root = settings.local_root = settings.install_drive + platform::install_tail();
+    settings.server_root = settings.local_root = platform::install_root(settings.install_drive);
     return settings;
 }
 

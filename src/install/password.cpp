@@ -5,6 +5,7 @@
 #include "platform/terminal.h"
 
 #include <QFile>
+#include <QStringDecoder>
 #include <stdexcept>
 
 namespace install {
@@ -13,11 +14,16 @@ using namespace base;
 
 namespace {
 
+/// UTF-8, or what the mark at its beginning tells: editors of Windows write one.
+QString text_of(const QByteArray& bytes) {
+    return QStringDecoder(QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8))(bytes);
+}
+
 QString first_line(const QString& path) {
     QFile file(path);
     QString line;
     if (file.open(QIODevice::ReadOnly))
-        line = QString::fromUtf8(file.readLine()).remove(u'\n').remove(u'\r');
+        line = text_of(file.readAll()).section(u'\n', 0, 0).remove(u'\r');
     if (line.isEmpty())
         throw std::runtime_error(u"%1: no password can be read there"_s.arg(platform::native(path)).toStdString());
     return line;

@@ -43,6 +43,10 @@ constexpr Place programs[]{
     {Owner::Shared, u"comdata/exe/exe/jyunban.exe"},
 };
 
+/// What the programs need beside them, where they don't find it in the system: libraries, and folders of more.
+constexpr QStringView library_files[]{u"*.dll", u"qt.conf"};
+constexpr QStringView library_folders[]{u"plugins", u"fonts", u"translations"};
+
 struct Asset {
     QStringView from; ///< a folder or a file below an assets folder
     QStringView to;   ///< below the product's folder
@@ -133,6 +137,20 @@ void copy_assets(const QStringList& sources, const base::Settings& settings, con
     }
 }
 
+namespace {
+
+void copy_libraries(const QString& from, const QString& to) {
+    QStringList names;
+    for (const QStringView name : library_files)
+        names << name.toString();
+    for (const QString& file : QDir(from).entryList(names, QDir::Files))
+        copy_file(below(from, file), below(to, file));
+    for (const QStringView folder : library_folders)
+        copy_asset(below(from, folder), below(to, folder));
+}
+
+} // namespace
+
 void copy_programs(const QString& source, const base::Settings& settings, bool shared, const Say& say) {
     for (const Place& program : programs) {
         if (program.owner == Owner::Shared && !shared)
@@ -145,6 +163,7 @@ void copy_programs(const QString& source, const base::Settings& settings, bool s
         }
         copy_file(below(source, name), target);
         say(u"copied "_s + name);
+        copy_libraries(source, QFileInfo(target).path());
     }
 }
 

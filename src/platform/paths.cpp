@@ -24,43 +24,50 @@ constexpr bool windows = true;
 constexpr bool windows = false;
 #endif
 
+/// The folder that a drive stands for, without a separator at its end.
+QString folder_of(const QString& drive) {
+    return windows && drive.size() == 1 ? drive + u':' : portable(drive);
+}
+
 } // namespace
 
-QString program_folder() {
+QString program_path() {
 #ifdef Q_OS_WIN
     std::array<wchar_t, 32768> path{};
     const DWORD length = GetModuleFileNameW(nullptr, path.data(), DWORD(path.size()));
-    return QFileInfo(QString::fromWCharArray(path.data(), int(length))).path();
+    return portable(QString::fromWCharArray(path.data(), int(length)));
 #else
-    const QString program = QFile::symLinkTarget(u"/proc/self/exe"_s);
-    return program.isEmpty() ? QString() : QFileInfo(program).path();
+    return QFile::symLinkTarget(u"/proc/self/exe"_s);
 #endif
 }
 
-QString install_tail() {
-    return (windows ? u":"_s : QString()) + native(QString::fromLatin1(tail_below_drive));
+QString program_folder() {
+    const QString program = program_path();
+    return program.isEmpty() ? QString() : QFileInfo(program).path();
+}
+
+QString install_root(const QString& install_drive) {
+    return native(folder_of(install_drive) + QString::fromLatin1(tail_below_drive));
 }
 
 QString install_drive(const QString& program_folder) {
-    if (windows)
-        return program_folder.left(1);
     for (QDir dir(program_folder);;) {
         if (QFileInfo(dir.path() + QString::fromLatin1(tail_below_drive)).isDir())
             return drive_at(dir.path());
         if (!dir.cdUp())
-            return program_folder;
+            return windows ? program_folder.left(1) : program_folder;
     }
 }
 
 QString drive_root(const QString& install_drive) {
-    return native(install_drive + (windows ? u":/"_s : u"/"_s));
+    return native(folder_of(install_drive) + u'/');
 }
 
 QString drive_at(const QString& folder) {
     const QDir place(QDir(folder).absolutePath());
-    if (windows)
-        return place.path().left(1);
-    return place.isRoot() ? QString() : place.path();
+    if (!place.isRoot())
+        return place.path();
+    return windows ? place.path().left(1) : QString();
 }
 
 QString native(const QString& path) {

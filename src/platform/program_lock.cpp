@@ -5,18 +5,15 @@
 
 #include <QFile>
 #include <QThread>
-#include <cerrno>
 #include <system_error>
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #ifdef Q_OS_WIN
-#include <cstdlib>
-#include <io.h>
-#include <share.h>
 #include <windows.h>
 #else
+#include <cerrno>
+#include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -30,37 +27,43 @@ QString lock_path(const QString& folder, const QString& title) {
     return folder + u'/' + title + u".lock"_s;
 }
 
+// open_locked() is -1 where another program keeps the file.
+
 #ifdef Q_OS_WIN
-// A file opened without sharing is the lock.
-bool kept_by_another() {
-    unsigned long failure = 0;
-    _get_doserrno(&failure);
-    return failure == ERROR_SHARING_VIOLATION;
+// A file opened without sharing is the lock. Programs that this one starts don't inherit it.
+HANDLE open_sharing(const QString& path, DWORD access, DWORD creation, bool alone) {
+    return CreateFileW(reinterpret_cast<const wchar_t*>(native(path).utf16()), access,
+        alone ? 0 : FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
-int open_without_sharing(const QString& path, int create, bool alone) {
-    int file = -1;
-    _wsopen_s(&file, reinterpret_cast<const wchar_t*>(path.utf16()), _O_RDWR | create, alone ? _SH_DENYRW : _SH_DENYNO,
-        _S_IREAD | _S_IWRITE);
-    return file;
+HANDLE open_file(const QString& path, bool alone) {
+    const HANDLE file = open_sharing(path, GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, alone);
+    return file == INVALID_HANDLE_VALUE && !alone && GetLastError() == ERROR_ACCESS_DENIED
+               ? open_sharing(path, GENERIC_READ, OPEN_EXISTING, alone)
+               : file;
 }
-int open_locked(const QString& path, bool alone) {
-    const int file = open_without_sharing(path, _O_CREAT, alone);
-    if (file < 0 && !kept_by_another())
-        throw LockError(path, QString::fromStdString(std::generic_category().message(errno)));
-    return file;
+/// Throws the failure unless it says that another program keeps the file.
+void expect_kept_by_another(const QString& path, DWORD failure) {
+    if (failure != ERROR_SHARING_VIOLATION)
+        throw LockError(path, QString::fromLocal8Bit(std::system_category().message(int(failure))));
 }
-void close_file(int file) {
-    _close(file);
+qintptr open_locked(const QString& path, bool alone) {
+    const HANDLE file = open_file(path, alone);
+    if (file == INVALID_HANDLE_VALUE)
+        expect_kept_by_another(path, GetLastError());
+    return reinterpret_cast<qintptr>(file);
 }
+void close_file(qintptr file) {
+    CloseHandle(reinterpret_cast<HANDLE>(file));
+}
+// Asked in a way that shares, so that two who ask don't take each other for the program.
 bool another_holds(const QString& path) {
-    const int file = open_without_sharing(path, 0, true);
-    if (file >= 0) {
-        _close(file);
-        return false;
-    }
-    if (!kept_by_another() && errno != ENOENT)
-        throw LockError(path, QString::fromStdString(std::generic_category().message(errno)));
-    return kept_by_another();
+    const HANDLE file = open_sharing(path, GENERIC_READ, OPEN_EXISTING, /*alone=*/false);
+    const DWORD failure = GetLastError();
+    if (file != INVALID_HANDLE_VALUE)
+        CloseHandle(file);
+    else if (failure != ERROR_FILE_NOT_FOUND && failure != ERROR_PATH_NOT_FOUND)
+        expect_kept_by_another(path, failure);
+    return file == INVALID_HANDLE_VALUE && failure == ERROR_SHARING_VIOLATION;
 }
 #else
 int open_file(const QString& path, bool alone) {
@@ -68,8 +71,7 @@ int open_file(const QString& path, bool alone) {
     const int file = ::open(name.constData(), O_RDWR | O_CLOEXEC | O_CREAT, 0666);
     return file < 0 && !alone ? ::open(name.constData(), O_RDONLY | O_CLOEXEC) : file;
 }
-/// -1 where another program keeps it.
-int open_locked(const QString& path, bool alone) {
+qintptr open_locked(const QString& path, bool alone) {
     const int file = open_file(path, alone);
     if (file >= 0 && ::flock(file, (alone ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0)
         return file;
@@ -80,8 +82,8 @@ int open_locked(const QString& path, bool alone) {
         throw LockError(path, QString::fromStdString(std::generic_category().message(failure)));
     return -1;
 }
-void close_file(int file) {
-    ::close(file);
+void close_file(qintptr file) {
+    ::close(int(file));
 }
 // Asked with a shared lock, so that two who ask don't take each other for the program.
 bool another_holds(const QString& path) {

@@ -43,7 +43,7 @@ private:
     bool hold(Holder holder, std::chrono::milliseconds patience);
 
     QString m_path;
-    int m_file = -1;
+    qintptr m_file = -1; ///< the system's own, and -1 no file
 };
 
 } // namespace platform

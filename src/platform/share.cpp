@@ -3,11 +3,11 @@
 #include "base/literals.h"
 #include "platform/paths.h"
 
+#include <QDir>
 #ifdef Q_OS_WIN
 #include <windows.h>
 #include <winnetwk.h>
 #else
-#include <QDir>
 #include <QProcess>
 #endif
 
@@ -17,14 +17,23 @@ using namespace base;
 
 #ifdef Q_OS_WIN
 
+namespace {
+
+/// Nothing stands for the account of the person who is logged in.
+const wchar_t* given(const QString& text) {
+    return text.isEmpty() ? nullptr : reinterpret_cast<const wchar_t*>(text.utf16());
+}
+
+} // namespace
+
 bool connect_share(const QString& share, const QString& user, const QString& password) {
-    QByteArray remote = share.toLocal8Bit();
-    NETRESOURCEA resource{};
+    QString remote = native(share);
+    NETRESOURCEW resource{};
     resource.dwScope = RESOURCE_GLOBALNET;
     resource.dwType = RESOURCETYPE_DISK;
-    resource.lpRemoteName = remote.data();
-    return WNetAddConnection2A(&resource, password.toLocal8Bit().constData(), user.toLocal8Bit().constData(),
-               CONNECT_UPDATE_PROFILE) == NO_ERROR;
+    resource.lpRemoteName = reinterpret_cast<wchar_t*>(remote.data());
+    return WNetAddConnection2W(&resource, given(password), given(user), CONNECT_UPDATE_PROFILE) == NO_ERROR ||
+           QDir(remote).exists(); // connected already, perhaps with an account of the person's own
 }
 
 #else

@@ -1,10 +1,16 @@
 #include "platform/stop_signal.h"
 
-#include <QSocketNotifier>
+#include <QtGlobal>
 #include <array>
 #include <utility>
 
-#ifndef Q_OS_WIN
+#ifdef Q_OS_WIN
+#include <QAbstractNativeEventFilter>
+#include <QCoreApplication>
+#include <QWinEventNotifier>
+#include <windows.h>
+#else
+#include <QSocketNotifier>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -14,8 +20,53 @@ namespace platform {
 
 #ifdef Q_OS_WIN
 
-StopSignal::StopSignal(std::function<void()>) {}
-StopSignal::~StopSignal() = default;
+namespace {
+
+/// Set when the end is wished for, also before anybody listens.
+HANDLE wish() {
+    static const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    return event;
+}
+
+/// Called in a thread of the system's own. When it returns from one of the last three the process is ended, so it waits
+/// for that to come by itself; the system has only so much patience.
+BOOL WINAPI wake(DWORD kind) {
+    StopSignal::give();
+    if (kind == CTRL_CLOSE_EVENT || kind == CTRL_LOGOFF_EVENT || kind == CTRL_SHUTDOWN_EVENT)
+        Sleep(INFINITE);
+    return TRUE;
+}
+
+/// Hears the wish, and the message by which a program without windows is asked to end.
+class Ear : public QWinEventNotifier, public QAbstractNativeEventFilter {
+public:
+    Ear() : QWinEventNotifier(wish()) { QCoreApplication::instance()->installNativeEventFilter(this); }
+
+    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
+        const auto& told = *static_cast<const MSG*>(message);
+        const bool end = told.message == WM_CLOSE && told.hwnd == nullptr;
+        if (end)
+            StopSignal::give();
+        return end;
+    }
+};
+
+} // namespace
+
+void StopSignal::give() {
+    SetEvent(wish());
+}
+
+StopSignal::StopSignal(std::function<void()> on_stop) {
+    auto ear = std::make_unique<Ear>();
+    QObject::connect(ear.get(), &QWinEventNotifier::activated, ear.get(), std::move(on_stop));
+    m_notifier = std::move(ear);
+    SetConsoleCtrlHandler(wake, TRUE);
+}
+
+StopSignal::~StopSignal() {
+    SetConsoleCtrlHandler(wake, FALSE);
+}
 
 #else
 
@@ -42,15 +93,20 @@ void handle_with(void (*handler)(int)) {
 
 } // namespace
 
+void StopSignal::give() {
+    wake(0);
+}
+
 StopSignal::StopSignal(std::function<void()> on_stop) {
     if (::pipe2(wake_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return;
-    m_notifier = std::make_unique<QSocketNotifier>(wake_pipe[0], QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [stop = std::move(on_stop)] {
+    auto notifier = std::make_unique<QSocketNotifier>(wake_pipe[0], QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(), [stop = std::move(on_stop)] {
         for (char byte; ::read(wake_pipe[0], &byte, 1) == 1;) {
         }
         stop();
     });
+    m_notifier = std::move(notifier);
     handle_with(wake);
 }
 

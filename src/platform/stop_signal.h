@@ -1,12 +1,13 @@
 #pragma once
 
-// The wish of the operating system that a program end: SIGTERM, SIGINT or SIGHUP, told inside the event loop, so that
-// the program can finish what it has in hand. Where there are no such signals nothing is ever told.
+// The wish of the operating system that a program end, told inside the event loop, so that the program can finish what
+// it has in hand: SIGTERM, SIGINT or SIGHUP; on Windows Ctrl-C, a console that closes, a session that ends, or a
+// service that is stopped (service.h).
 
 #include <functional>
 #include <memory>
 
-class QSocketNotifier;
+class QObject;
 
 namespace platform {
 
@@ -18,8 +19,11 @@ public:
     StopSignal(const StopSignal&) = delete;
     StopSignal& operator=(const StopSignal&) = delete;
 
+    /// Wishes for the end as the operating system does, from any thread.
+    static void give();
+
 private:
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::unique_ptr<QObject> m_notifier;
 };
 
 } // namespace platform

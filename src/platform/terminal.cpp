@@ -70,6 +70,13 @@ private:
 
 } // namespace
 
+void settle_terminal() {
+#ifdef Q_OS_WIN
+    SetConsoleOutputCP(GetACP());
+    SetConsoleCP(GetACP());
+#endif
+}
+
 std::optional<QString> ask_secret(const QString& prompt) {
     if (!on_terminal())
         return std::nullopt;

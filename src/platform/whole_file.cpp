@@ -1,6 +1,7 @@
 #include "platform/whole_file.h"
 
 #include "base/literals.h"
+#include "platform/paths.h"
 #include "platform/rights.h"
 
 #include <QDir>
@@ -26,13 +27,17 @@ namespace {
 
 #ifdef Q_OS_WIN
 
+const wchar_t* wide(const QString& text) {
+    return reinterpret_cast<const wchar_t*>(text.utf16());
+}
+
 std::error_code last_error() {
     return {int(GetLastError()), std::system_category()};
 }
 
 std::error_code rename_file(const QString& from, const QString& to, Standing standing) {
     const DWORD flags = MOVEFILE_WRITE_THROUGH | (standing == Standing::GivesWay ? MOVEFILE_REPLACE_EXISTING : 0);
-    if (MoveFileExW(qUtf16Printable(from), qUtf16Printable(to), flags) != 0)
+    if (MoveFileExW(wide(native(from)), wide(native(to)), flags) != 0)
         return {};
     return GetLastError() == ERROR_ALREADY_EXISTS ? std::make_error_code(std::errc::file_exists) : last_error();
 }

@@ -103,7 +103,7 @@ void SettingTables::設定書込(const QString& table, const QString& key, const
 
 /// Until the first setting is read no root is known, and `losys.mdb`, which holds them, lies under one.
 void SettingTables::supply_roots() {
-    const QString default_root = m_settings.install_drive + platform::install_tail();
+    const QString default_root = platform::install_root(m_settings.install_drive);
     for (QString* root : {&m_settings.server_root, &m_settings.local_root})
         if (root->isEmpty())
             *root = default_root;

@@ -96,7 +96,7 @@ QStringList suite_tables_in(const Walked& file) {
 
 QString receiver_path(const base::Settings& settings) {
     const QString program = u"system/exe/exe/"_s + platform::program_file(u"jyurovena.exe"_s);
-    return platform::native(own_path(settings, settings.install_drive + platform::install_tail(), program));
+    return platform::native(own_path(settings, platform::install_root(settings.install_drive), program));
 }
 
 std::unique_ptr<FirstStart> 初期セットアップ(const base::Settings& settings) {

@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "entry/draft_store.h"
 #include "frame/backup.h"
+#include "frame/error_list.h"
 #include "platform/file_error.h"
 #include "platform/paths.h"
 #include "store/files.h"
@@ -41,7 +42,7 @@ void fit_to_screen(QWidget& window) {
 /// The settings with the root of this PC that will be found unless it was set up otherwise.
 base::Settings expected_settings(const QString& program_folder) {
     base::Settings expected;
-    expected.local_root = platform::install_drive(program_folder) + platform::install_tail();
+    expected.local_root = platform::install_root(platform::install_drive(program_folder));
     return expected;
 }
 
@@ -66,6 +67,10 @@ void read_pictures_ahead(const base::Settings& settings) {
 
 std::jthread derive_key_ahead(const QString& program_folder) {
     return store::derive_ahead(store::losys_path(expected_settings(program_folder)));
+}
+
+void leave_dumps(const QString& program_folder) {
+    frame::leave_dumps(expected_settings(program_folder));
 }
 
 Program::Program(platform::Host& host, QString program_folder, quint16 turn_port)

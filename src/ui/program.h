@@ -24,6 +24,9 @@ class Splash;
 /// takes as long as Qt's own start, so main() calls this first of all, before QApplication exists.
 [[nodiscard]] std::jthread derive_key_ahead(const QString& program_folder);
 
+/// A crash leaves its dump in the tree of a program that runs from there, also before that has read its settings.
+void leave_dumps(const QString& program_folder);
+
 class Program {
 public:
     /// `program_folder` is the folder that the program runs from. Nothing is read yet. QApplication must exist.

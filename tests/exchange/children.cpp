@@ -3,9 +3,11 @@
 #include "exchange/run.h"
 #include "frame/exchange_files.h"
 
-#include <csignal>
 #include <cstdio>
+#ifdef Q_OS_LINUX
+#include <csignal>
 #include <sys/wait.h>
+#endif
 
 namespace exchange {
 
@@ -98,6 +100,8 @@ int child_main(const QStringList& task) {
     return task.size() > 2 ? act_until_done(task.at(0), settings) : act_of(task.at(0), settings);
 }
 
+#ifdef Q_OS_LINUX
+
 bool stops(const QProcess& process) {
     siginfo_t info{};
     const int result = ::waitid(P_PID, id_t(process.processId()), &info, WEXITED | WSTOPPED | WNOWAIT);
@@ -109,5 +113,17 @@ int ends(QProcess& process) {
         ::kill(pid_t(process.processId()), SIGCONT);
     return support::status_of(process);
 }
+
+#else
+
+bool stops(const QProcess&) {
+    return false;
+}
+
+int ends(QProcess& process) {
+    return support::status_of(process);
+}
+
+#endif
 
 } // namespace exchange

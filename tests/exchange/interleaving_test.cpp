@@ -101,6 +101,7 @@ class Interleaving : public testing::TestWithParam<const char*> {};
 } // namespace
 
 TEST_P(Interleaving, EveryConfirmedSaveIsInTheTablesAtWhateverStepAProgramStands) {
+    ROVENA_NEEDS_THE_SHIM;
     int steps = 0;
     for (bool stopped = true; stopped; ++steps) {
         SCOPED_TRACE(std::string(GetParam()) + " before step " + std::to_string(steps + 1));
@@ -115,6 +116,7 @@ INSTANTIATE_TEST_SUITE_P(Stopped, Interleaving, testing::Values("post", "start",
 
 // Before it are a file with rows, one that was used, a damaged one and none where one should be.
 TEST(Start, KilledOrWithADiskThatFailsAtEveryChangeItLosesNothingAndLeavesNoLitter) {
+    ROVENA_NEEDS_THE_SHIM;
     for (const QString& variable : {u"KILL_BEFORE_CHANGE"_s, u"FAIL_FROM_CHANGE"_s}) {
         int n = 0;
         for (int ended = -1; ended != ended_well;) {

@@ -127,6 +127,7 @@ TEST_F(Manager, SeveralAtOnceCountEveryRowOnce) {
 // Each run is killed one change of a file later than the run before, from its first change to its last, and the next
 // one finds what it left.
 TEST_F(Manager, KilledAtEveryChangeOfAFileItCountsEveryRowOnce) {
+    ROVENA_NEEDS_THE_SHIM;
     std::array<Rows, 2> posted;
     const auto post = [&](int round) {
         // Saves of the same employee in each round, and one that no later round makes good if it is lost.

@@ -22,23 +22,39 @@ namespace {
 class TurnService : public testing::Test {
 protected:
     /// `first` is what the shell does before it becomes the service.
-    void start(const QStringList& more = {}, const QString& first = u":"_s) {
+    void start(const QStringList& more = {}, [[maybe_unused]] const QString& first = u":"_s) {
         QDir(folder.path()).mkpath(u"comdata/data"_s);
+        const QString manager = make_manager();
+        service.setStandardErrorFile(in(u"stderr"_s));
+        const QStringList command =
+            QStringList{qEnvironmentVariable("ROVENA_BIN") + u"/jyunban"_s, u"--port"_s, u"0"_s, u"--bind"_s,
+                u"127.0.0.1"_s, u"--root"_s, folder.path(), u"--manager"_s, manager, u"--log"_s, in(u"log"_s)} +
+            more;
+#ifdef Q_OS_WIN
+        service.start(command.first(), command.sliced(1));
+#else
+        service.start(u"/bin/sh"_s, QStringList{u"-c"_s, first + u"; exec \"$0\" \"$@\""_s} + command);
+#endif
+        static const QRegularExpression opened(u"受付を開始しました 127\\.0\\.0\\.1:(\\d+)"_s);
+        ASSERT_TRUE(wait_until([this] { return opened.match(log()).hasMatch(); }))
+            << bytes_of(in(u"stderr"_s)).constData();
+        port = opened.match(log()).captured(1).toUShort();
+    }
+
+    QString make_manager() const {
+#ifdef Q_OS_WIN
+        const QString manager = in(u"manager.cmd"_s);
+        support::put_bytes(manager, "@cd /d \"" + QDir::toNativeSeparators(folder.path()).toUtf8() +
+                                        "\"\r\n@mkdir running || echo together>>faults\r\n@echo %*>>runs\r\n"
+                                        "@rmdir running\r\n");
+#else
         const QString manager = in(u"manager"_s);
         support::put_bytes(
             manager, "#!/bin/sh\ncd '" + folder.path().toUtf8() +
                          "'\nmkdir running || echo together >> faults\necho \"$@\" >> runs\nrmdir running\n");
         QFile::setPermissions(manager, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        service.setStandardErrorFile(in(u"stderr"_s));
-        service.start(u"/bin/sh"_s,
-            QStringList{u"-c"_s, first + u"; exec \"$0\" \"$@\""_s, qEnvironmentVariable("ROVENA_BIN") + u"/jyunban"_s,
-                u"--port"_s, u"0"_s, u"--bind"_s, u"127.0.0.1"_s, u"--root"_s, folder.path(), u"--manager"_s, manager,
-                u"--log"_s, in(u"log"_s)} +
-                more);
-        static const QRegularExpression opened(u"受付を開始しました 127\\.0\\.0\\.1:(\\d+)"_s);
-        ASSERT_TRUE(wait_until([this] { return opened.match(log()).hasMatch(); }))
-            << bytes_of(in(u"stderr"_s)).constData();
-        port = opened.match(log()).captured(1).toUShort();
+#endif
+        return manager;
     }
 
     void TearDown() override {
@@ -46,9 +62,15 @@ protected:
         service.waitForFinished();
     }
 
-    QString in(const QString& name) const { return folder.filePath(name); }
-    QString log() const { return QString::fromUtf8(bytes_of(in(u"log"_s))); }
-    qsizetype manager_runs() const { return bytes_of(in(u"runs"_s)).count('\n'); }
+    QString in(const QString& name) const {
+        return folder.filePath(name);
+    }
+    QString log() const {
+        return QString::fromUtf8(bytes_of(in(u"log"_s)));
+    }
+    qsizetype manager_runs() const {
+        return bytes_of(in(u"runs"_s)).count('\n');
+    }
 
     QTemporaryDir folder;
     QProcess service;

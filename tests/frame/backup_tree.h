@@ -42,7 +42,7 @@ public:
     static base::Settings settings_at(const QString& drive) {
         base::Settings settings;
         settings.install_drive = drive;
-        settings.server_root = settings.local_root = drive + platform::install_tail();
+        settings.server_root = settings.local_root = platform::install_root(drive);
         return settings;
     }
 

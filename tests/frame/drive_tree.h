@@ -6,7 +6,8 @@
 #include "store/test_tree.h"
 
 struct DriveTree : TestTree {
-    explicit DriveTree(const QString& place = QDir::tempPath()) : TestTree(place, platform::install_tail().sliced(1)) {
+    explicit DriveTree(const QString& place = QDir::tempPath())
+        : TestTree(place, platform::install_root({}).sliced(1)) {
         settings.install_drive = folder.path();
     }
 };

@@ -144,6 +144,10 @@ TEST_F(InstallTree, TakesThePasswordOfTheShareFromAFileAndWarnsOfOneOnTheCommand
     write(u"secret"_s, "p w\r\nnot this\n");
     complete_password(given, {});
     EXPECT_EQ(given.share_password, u"p w"_s);
+    given.share_password.clear();
+    write(u"secret"_s, QByteArray("\xff\xfep\0w\0\n\0", 8)); // as editors of Windows may write it
+    complete_password(given, {});
+    EXPECT_EQ(given.share_password, u"pw"_s);
     QString warned;
     complete_password(given, [&](const QString& line) { warned = line; });
     EXPECT_TRUE(warned.contains(u"--share-password-file"_s));
@@ -229,6 +233,20 @@ TEST_F(InstallTree, NamesWhatIsInItsWay) {
     const QString program = settings_of(options()).local_root + u"/rovena100/system/exe/exe/rovena"_s;
     QDir().mkpath(program + u"/held"_s);
     EXPECT_TRUE(refusal(options()).contains(program));
+}
+
+TEST_F(InstallTree, PutsWhatTheProgramsNeedBesideEachOfThem) {
+    write(u"bin/rovena"_s, "program");
+    write(u"bin/jyunban"_s, "program");
+    write(u"bin/Qt6Core.dll"_s, "library");
+    write(u"bin/plugins/platforms/qwindows.dll"_s, "plugin");
+    write(u"bin/licenses/a.txt"_s, "terms");
+    const Settings settings = run(options());
+    for (const QString& part : {settings.local_root + u"/rovena100/system"_s, settings.server_root + u"/comdata"_s}) {
+        EXPECT_EQ(support::bytes_of(part + u"/exe/exe/Qt6Core.dll"_s), "library");
+        EXPECT_EQ(support::bytes_of(part + u"/exe/exe/plugins/platforms/qwindows.dll"_s), "plugin");
+        EXPECT_FALSE(QFile::exists(part + u"/exe/exe/licenses"_s)) << "what nothing needs there";
+    }
 }
 
 TEST_F(InstallTree, BringsProgramsAndAssetsUpToDateOnEachRun) {

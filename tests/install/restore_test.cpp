@@ -215,6 +215,7 @@ TEST_F(RestoredCompany, IsNotTakenFromItsPeopleByAnotherAndStaysOpenToEverybodyW
 #endif
 
 TEST_F(RestoredCompany, StaysAsItIsWhereTheDiskLosesPartOfACopyWithoutAWord) {
+    ROVENA_NEEDS_THE_SHIM;
     change();
     const QStringList changed = all_rows(settings);
     for (const int database : {1, 2, 3, 4}) {
@@ -225,6 +226,7 @@ TEST_F(RestoredCompany, StaysAsItIsWhereTheDiskLosesPartOfACopyWithoutAWord) {
 
 // Each restore is killed one change of a file later than the one before.
 TEST_F(RestoredCompany, IsWholeAfterARestoreThatIsKilledAtAnyChangeOfAFile) {
+    ROVENA_NEEDS_THE_SHIM;
     change();
     std::array<QStringList, std::size(shared_files)> changed;
     for (size_t i = 0; i < changed.size(); ++i)

@@ -3,8 +3,10 @@
 #include "base/keys.h"
 #include "masters/company.h"
 
+#ifdef Q_OS_LINUX
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 namespace masters {
 
@@ -224,6 +226,7 @@ TEST_F(Copies, AFileThatCantTakeTheChangeStopsItBeforeTheFirstFile) {
     EXPECT_EQ(rows(rovdata(), all_names), QStringList({u"1|山田"_s})) << "the number drawn is still in hand";
 }
 
+#ifdef Q_OS_LINUX
 TEST_F(Copies, TwoProgramsSavingAtOnceLoseNoEmployee) {
     constexpr int each = 15;
     const auto save_some = [&](const QString& letter) {
@@ -249,5 +252,6 @@ TEST_F(Copies, TwoProgramsSavingAtOnceLoseNoEmployee) {
     EXPECT_EQ(rows(comsys(), all_names), rows(rovdata(), all_names));
     EXPECT_EQ(rows(comsys(), "select count(*), count(distinct システム番号) from syain"), QStringList({u"30|30"_s}));
 }
+#endif
 
 } // namespace masters

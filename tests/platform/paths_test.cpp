@@ -36,7 +36,7 @@ TEST(Paths, TheDriveIsTheNearestFolderUpwardsThatHoldsTheInstallTree) {
     const QString tree = dir.path() + u"/Program Files/meridan/qn"_s, programs = tree + u"/rovena100"_s;
     ASSERT_TRUE(QDir().mkpath(programs));
     EXPECT_EQ(platform::install_drive(programs), dir.path());
-    EXPECT_EQ(platform::install_drive(programs) + platform::install_tail(), tree);
+    EXPECT_EQ(platform::install_root(platform::install_drive(programs)), tree);
 
     const QString alone = dir.path() + u"/Program Files/elsewhere"_s;
     ASSERT_TRUE(QDir().mkpath(alone));

@@ -17,6 +17,13 @@ inline QString fast_place() {
     return QFileInfo(memory).isWritable() && !qEnvironmentVariableIsSet("TMPDIR") ? memory : QDir::tempPath();
 }
 
+/// Only Linux lets a library step between a program and the system.
+#ifdef Q_OS_LINUX
+#define ROVENA_NEEDS_THE_SHIM (void)0
+#else
+#define ROVENA_NEEDS_THE_SHIM GTEST_SKIP() << "no library steps between a program and this system"
+#endif
+
 /// The environment of a program in which the variable of the kill shim has the value.
 inline QProcessEnvironment shimmed(const QString& variable, int n) {
     auto environment = QProcessEnvironment::systemEnvironment();

@@ -3,11 +3,14 @@
 #include "base/literals.h"
 #include "exchange/places.h"
 #include "exchange/turn_server.h"
+#include "frame/error_list.h"
 #include "frame/exchange_files.h"
 #include "frame/turn_status.h"
 #include "platform/open_files.h"
 #include "platform/paths.h"
+#include "platform/service.h"
 #include "platform/stop_signal.h"
+#include "platform/terminal.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -81,9 +84,30 @@ int tell_status(const QCommandLineParser& parser) {
     return question.answered() ? 0 : 1;
 }
 
+/// A crash leaves its dump where the errors lie, those of the manager as well.
+void leave_dumps(const exchange::TurnServerOptions& options) {
+    base::Settings settings;
+    settings.local_root = options.manager_arguments.constLast();
+    frame::leave_dumps(settings);
+}
+
+int serve(const exchange::TurnServerOptions& options, const QCommandLineParser& parser) {
+    leave_dumps(options);
+    exchange::EventLog log(parser.value(log_option));
+    if (const int most = options.limits.connections; most < parser.value(connections_option).toInt())
+        log.line(u"開けるファイルが少ないため、同時の接続を%1までにします"_s.arg(most));
+    exchange::TurnServer server(options, log);
+    if (!server.listen())
+        return 1;
+    const platform::StopSignal stop([&] { server.stop([] { QCoreApplication::quit(); }); });
+    return QCoreApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    const platform::Service service;
+    platform::settle_terminal();
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(u"保存の順番を一台ずつに渡すプログラム"_s);
@@ -99,12 +123,5 @@ int main(int argc, char** argv) {
         std::fputs("jyunban: 指定が正しくないか、共有データのフォルダが見つかりません (--help)\n", stderr);
         return 2;
     }
-    exchange::EventLog log(parser.value(log_option));
-    if (const int most = options->limits.connections; most < parser.value(connections_option).toInt())
-        log.line(u"開けるファイルが少ないため、同時の接続を%1までにします"_s.arg(most));
-    exchange::TurnServer server(*options, log);
-    if (!server.listen())
-        return 1;
-    const platform::StopSignal stop([&] { server.stop([] { QCoreApplication::quit(); }); });
-    return QCoreApplication::exec();
+    return serve(*options, parser);
 }

@@ -72,6 +72,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     platform::make_files_for(settings->server_root);
+    frame::leave_dumps(*settings);
     std::unique_ptr<ProgressWindow> window;
     if (qobject_cast<QApplication*>(application.get())) {
         window = std::make_unique<ProgressWindow>();

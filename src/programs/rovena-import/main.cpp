@@ -9,6 +9,7 @@
 #include "intake/report.h"
 #include "platform/paths.h"
 #include "platform/rights.h"
+#include "platform/terminal.h"
 #include "store/files.h"
 
 #include <QCommandLineParser>
@@ -94,7 +95,7 @@ private:
 
 int run(const QCommandLineParser& parser) {
     const QString folder = parser.isSet(root_option) ? parser.value(root_option) : platform::program_folder();
-    const QString tree = platform::install_drive(folder) + platform::install_tail();
+    const QString tree = platform::install_root(platform::install_drive(folder));
     if (!QFile::exists(platform::portable(tree)))
         return refuse(u"会社のデータが見つかりません (--root)"_s);
     platform::make_files_for(tree);
@@ -111,6 +112,7 @@ int run(const QCommandLineParser& parser) {
 } // namespace
 
 int main(int argc, char** argv) {
+    platform::settle_terminal();
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(u"タイムレコーダーのファイルを出勤時間に取り込むプログラム"_s);

@@ -4,6 +4,7 @@
 #include "install/tree_settings.h"
 #include "platform/paths.h"
 #include "platform/rights.h"
+#include "platform/terminal.h"
 #include "store/error.h"
 
 #include <QCoreApplication>
@@ -23,7 +24,7 @@ void say(const QString& line) {
 /// The folder of the tree that is worked on; empty if none is.
 QString tree_of(const install::Request& request) {
     const QString root = request.restore ? request.restore->root : request.options.root;
-    return root.isEmpty() ? root : platform::drive_at(root) + platform::install_tail();
+    return root.isEmpty() ? root : platform::install_root(platform::drive_at(root));
 }
 
 void warn(const QString& line) {
@@ -63,6 +64,7 @@ int status_of(const install::Request& request) {
 } // namespace
 
 int main(int argc, char** argv) {
+    platform::settle_terminal();
     const QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments().mid(1);
     if (arguments.contains(QStringLiteral("--help"))) {

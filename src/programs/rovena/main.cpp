@@ -12,6 +12,7 @@ constexpr std::chrono::seconds time_to_answer(3);
 
 int main(int argc, char** argv) {
     platform::make_files_for(platform::program_folder());
+    ui::leave_dumps(platform::program_folder());
     const std::jthread key = ui::derive_key_ahead(platform::program_folder());
     ui::QtHost host;
     ui::Application application(argc, argv, host);

@@ -58,6 +58,7 @@ constexpr Letters letters_of(Lettering as) {
 } // namespace
 
 void apply_style(QApplication& application) {
+    add_shipped_fonts(QApplication::applicationDirPath() + u"/fonts"_s);
     QApplication::setStyle(u"fusion"_s);
     QApplication::setPalette(light_palette());
     QApplication::setFont(screen_font());
