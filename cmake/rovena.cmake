@@ -54,6 +54,21 @@ function(rovena_library name)
   target_link_libraries(rovena_${name} PUBLIC rovena_options ${ARG_LINKS})
 endfunction()
 
+# rovena_windows_resources(TARGET DESCRIPTION): what Windows reads in a program's file before it runs: icon, properties, and the manifest, by
+# which texts of one byte a letter are UTF-8 and paths may be long.
+function(rovena_windows_resources target description)
+  if(NOT WIN32)
+    return()
+  endif()
+  set(source ${PROJECT_SOURCE_DIR}/packaging/windows)
+  set(icon ${CMAKE_BINARY_DIR}/artwork/icon/rovena.ico)
+  string(REPLACE . , version ${PROJECT_VERSION})
+  configure_file(${source}/program.rc.in ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc @ONLY)
+  target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
+  set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${target}.rc PROPERTIES OBJECT_DEPENDS "${source}/program.manifest")
+  add_dependencies(${target} artwork)
+endfunction()
+
 # rovena_test(NAME LINKS target... [HEADERS sort]): the sources of the current directory as one GoogleTest program NAME_test.
 # The fakes that tests share lie in tests/support, and so does the main of a directory that has none of its own.
 function(rovena_test name)
@@ -71,13 +86,17 @@ function(rovena_test name)
   add_executable(${name}_test ${sources})
   target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name}_test PRIVATE rovena_options ${ARG_LINKS} GTest::gtest GTest::gmock)
+  rovena_windows_resources(${name}_test "test program")
   rovena_precompile(${name}_test ${ARG_HEADERS})
   if(ARG_DEPENDS)
     add_dependencies(${name}_test ${ARG_DEPENDS})
   endif()
   add_test(NAME ${name} COMMAND ${name}_test)
-  set_tests_properties(${name} PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ROVENA_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}" TIMEOUT 600)
+  set(environment "LC_ALL=C.UTF-8;ROVENA_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  if(NOT WIN32) # packaging/windows/tests has a display for Qt's own platform
+    list(APPEND environment QT_QPA_PLATFORM=offscreen)
+  endif()
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 600)
 endfunction()
 
 # The same program once more, its new databases on a PostgreSQL server that lives as long as it: NAME_on_server.
