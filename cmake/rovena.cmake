@@ -93,7 +93,7 @@ function(rovena_test name)
   endif()
   add_test(NAME ${name} COMMAND ${name}_test)
   set(environment "LC_ALL=C.UTF-8;ROVENA_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-  if(NOT WIN32) # packaging/windows/tests has a display for Qt's own platform
+  if(NOT WIN32) # packaging/windows/under-wine has a display for Qt's own platform
     list(APPEND environment QT_QPA_PLATFORM=offscreen)
   endif()
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 600)

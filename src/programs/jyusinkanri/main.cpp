@@ -56,6 +56,33 @@ std::optional<base::Settings> settings_of(const QCommandLineParser& parser) {
     return settings;
 }
 
+std::unique_ptr<ProgressWindow> make_window() {
+    auto window = std::make_unique<ProgressWindow>();
+    window->show();
+    window->show_rows(0);
+    return window;
+}
+
+/// The window, if there is one, shows how far it is.
+int apply_all(const base::Settings& settings, ProgressWindow* window) {
+    exchange::EventLog log;
+    const exchange::Watch watch{
+        .trouble =
+            [&](const QString& message) {
+                log.line(message);
+                if (!frame::add_error(settings, message))
+                    log.line(u"errmsg.txt に書き込めません"_s);
+            },
+        .taken =
+            [&](qint64 rows) {
+                if (window)
+                    window->show_rows(rows);
+            },
+    };
+    frame::write_waiting_errors(settings);
+    return exchange::run_manager(settings, watch);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -73,26 +100,7 @@ int main(int argc, char** argv) {
     }
     platform::make_files_for(settings->server_root);
     frame::leave_dumps(*settings);
-    std::unique_ptr<ProgressWindow> window;
-    if (qobject_cast<QApplication*>(application.get())) {
-        window = std::make_unique<ProgressWindow>();
-        window->show();
-        window->show_rows(0);
-    }
-    exchange::EventLog log;
-    const exchange::Watch watch{
-        .trouble =
-            [&](const QString& message) {
-                log.line(message);
-                if (!frame::add_error(*settings, message))
-                    log.line(u"errmsg.txt に書き込めません"_s);
-            },
-        .taken =
-            [&](qint64 rows) {
-                if (window)
-                    window->show_rows(rows);
-            },
-    };
-    frame::write_waiting_errors(*settings);
-    return exchange::run_manager(*settings, watch);
+    const bool shown = qobject_cast<QApplication*>(application.get()) != nullptr;
+    const std::unique_ptr<ProgressWindow> window = shown ? make_window() : nullptr;
+    return apply_all(*settings, window.get());
 }
