@@ -1,6 +1,7 @@
 #include "entry/company.h"
 #include "entry/draft_store.h"
 #include "entry/fill.h"
+#include "frame/exchange_files.h"
 #include "support/stored.h"
 #include "support/told_cases.h"
 
@@ -73,6 +74,8 @@ private:
             {u"ask_no_more"_s, [&] { form->ask_no_more_for_month(); }},
             {u"leave_out"_s, [&] { leave_out(rest); }},
             {u"applied"_s, [&] { company.apply(); }},
+            {u"kept"_s,
+                [&] { frame::交換ファイル作成(company.tree.settings, company.host.clock, [](const QString&) {}); }},
             {u"sql"_s, [&] { company.exec(rest.toStdString()); }},
             {u"posted_sql"_s, [&] { company.exchange().exec(rest.toStdString()); }},
         };
