@@ -123,6 +123,7 @@ bool ent_rovena::saved_days_are_in(EmployeeKey employee) {
 /// A load that failed or was refused leaves nobody chosen: an empty sheet under a name could be saved over that month.
 void ent_rovena::forget_employee() {
     m_draft.end();
+    m_in_tables = {};
     m_unsaved.reset();
     m_open_months.close();
     m_history.end();
@@ -137,7 +138,7 @@ void ent_rovena::forget_employee() {
 
 void ent_rovena::load_month(EmployeeKey employee) {
     auto database = open_data();
-    const WorkType type = read_month(sheet, database, employee);
+    const WorkType type = read_month(sheet, database, employee, m_in_tables);
     kintypecd = type.kintypecd;
     lab2 = type.name;
 }
@@ -147,7 +148,9 @@ void ent_rovena::保存処理() {
         return;
     const QScopedValueRollback<bool> busy(saving, true);
     m_unsaved.reset();
-    SavedMonth save = entry::保存処理(m_session, m_draft.in_hand(sheet), posted_employee(syalab, syainsyscd));
+    MonthInHand hand = m_draft.in_hand(sheet);
+    hand.in_tables = &m_in_tables;
+    SavedMonth save = entry::保存処理(m_session, hand, posted_employee(syalab, syainsyscd));
     if (save.month && !save.month->clashes.isEmpty())
         m_unsaved = std::move(save.month);
     else if (save.month && !save.month->taken_over.isEmpty())

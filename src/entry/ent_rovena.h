@@ -21,6 +21,7 @@
 #include "entry/fill.h"
 #include "entry/findings.h"
 #include "entry/month_draft.h"
+#include "entry/month_load.h"
 #include "entry/open_months.h"
 #include "entry/paste.h"
 #include "entry/sheet.h"
@@ -233,6 +234,7 @@ private:
 
     frame::Session& m_session;
     MonthDraft m_draft;
+    MonthInTables m_in_tables;
     std::optional<common::Noted> m_closed;
     std::optional<MergedMonth> m_unsaved; ///< what the last save met; its clashes are to be decided
     UndoHistory m_history;

@@ -29,10 +29,24 @@ bool only_ours(const MonthInHand& hand, int r, const TypedDay& stored) {
            (posted != hand.posted.end() && stored_alike(*posted, stored));
 }
 
+bool is_marked(const MonthSheet& sheet, int r) {
+    return !Trim(sheet.mark(r)).isEmpty();
+}
+
+/// Most saves meet nothing new, and take no more work than that.
+bool nobody_else_changed(const MonthInHand& hand, const MonthSheet& stored, const MonthAsRead& days) {
+    const CompanyMonth& month = hand.sheet.month;
+    for (int r = row::first_day; r <= month.length(); ++r)
+        if (month.is_found_again(r) &&
+            !(is_marked(hand.sheet, r) ? only_ours(hand, r, days[r]) : same_cells(hand.sheet, stored, r)))
+            return false;
+    return true;
+}
+
 } // namespace
 
 bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work) {
-    return stored_alike(read, stored) || only_stamped(kind_without_work, read, stored);
+    return read == stored || stored_alike(read, stored) || only_stamped(kind_without_work, read, stored);
 }
 
 Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,
@@ -54,12 +68,14 @@ Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const Month
 MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
     const CompanyMonth& month = hand.sheet.month;
     const MonthAsRead days = month_as_read(stored);
+    if (nobody_else_changed(hand, stored, days))
+        return {hand.sheet, stored, {}, {}};
     QList<DraftDay> typed_days = draft_days(hand.sheet, hand.read, hand.posted);
     add_hours(typed_days, hand.sheet, hand.read, hand.posted, hand.figures);
     const Merge typed = merge(month, typed_days, days, hand.sheet.kind_without_work);
     MergedMonth merged{hand.sheet, stored, {}, typed.clashes};
     const auto stays = [&](int r) {
-        return !month.is_found_again(r) || (!Trim(hand.sheet.mark(r)).isEmpty() && only_ours(hand, r, days[r])) ||
+        return !month.is_found_again(r) || (is_marked(hand.sheet, r) && only_ours(hand, r, days[r])) ||
                std::ranges::find(typed.laid, month.day(r), &DraftDay::date) != typed.laid.end();
     };
     for (int r = row::first_day; r <= month.length(); ++r)

@@ -37,13 +37,16 @@ struct Merge {
 Merge merge(const base::CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,
     const DayKind& kind_without_work);
 
+struct MonthInTables; // entry/month_load.h
+
 /// A month before a person, with what it was.
 struct MonthInHand {
     const MonthSheet& sheet;
     const MonthAsRead& read;
     const PostedDays& posted;
-    const base::Sheet& figures;    ///< as they were read, or posted last
-    QMap<QString, QString> counts; ///< and sums that were typed by hand, by their tag, as in a draft
+    const base::Sheet& figures;         ///< as they were read, or posted last
+    QMap<QString, QString> counts;      ///< and sums that were typed by hand, by their tag, as in a draft
+    MonthInTables* in_tables = nullptr; ///< what was read of the tables last, to be brought up to date; may be missing
 };
 
 struct MergedMonth {

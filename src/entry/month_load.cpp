@@ -137,6 +137,14 @@ MonthSheet empty_like(MonthSheet sheet) {
     return sheet;
 }
 
+MonthInTables read_tables(const MonthSheet& like, const QString& rovdata, EmployeeKey employee) {
+    MonthSheet sheet = empty_like(like);
+    auto database = store::Database::open(rovdata, store::Kind::Rovdata);
+    const store::Transaction view(database, store::Transaction::Lock::Read);
+    勤務時間取得(sheet, database, employee);
+    return {database.state(), std::move(sheet)};
+}
+
 } // namespace
 
 void 勤務時間取得(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
@@ -152,26 +160,29 @@ void 勤務時間取得(MonthSheet& sheet, common::SavedMonth& saved, EmployeeKe
     sheet.entry_cell = {row::first_day, col::clock_in};
 }
 
-WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
+WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey employee, MonthInTables& in_tables) {
     // The exchange manager may be writing meanwhile.
     const store::Transaction view(database, store::Transaction::Lock::Read);
     WorkType type = 時間外フォーム呼出処理(database, employee);
     勤務タイプデーター呼出処理(sheet, database, WorkTypeKey(Val(type.kintypecd)));
     勤務時間取得(sheet, database, employee);
+    in_tables = {database.state(), sheet};
     return type;
+}
+
+WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
+    MonthInTables unasked;
+    return read_month(sheet, database, employee, unasked);
 }
 
 // Rows move from exchange file 01 to a kept file and into the tables. The kept files are held before the tables are
 // read, so that none is missed; one that is in the tables already stands as it stood.
-MonthSheet month_as_stored(
-    const MonthSheet& like, const base::Settings& settings, store::Database& exchange, EmployeeKey employee) {
+MonthSheet month_as_stored(const MonthSheet& like, const base::Settings& settings, store::Database& exchange,
+    EmployeeKey employee, MonthInTables& in_tables) {
     std::list<Kept> kept = hold_kept_files(settings);
-    MonthSheet sheet = empty_like(like);
-    {
-        auto rovdata = store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);
-        const store::Transaction view(rovdata, store::Transaction::Lock::Read);
-        勤務時間取得(sheet, rovdata, employee);
-    }
+    if (const QString rovdata = store::rovdata_path(settings); !store::stands_at(rovdata, in_tables.state))
+        in_tables = read_tables(like, rovdata, employee);
+    MonthSheet sheet = in_tables.sheet;
     for (Kept& older : kept)
         WaitingRows(sheet).lay(older.file, employee);
     WaitingRows(sheet).lay(exchange, employee);

@@ -105,8 +105,9 @@ QString stamp_of(const QDateTime& now) {
 /// Days that both changed stand as they are stored.
 MonthSheet merge_unasked(UnaskedMonth& month, const base::Settings& settings, store::Database& exchange) {
     const EmployeeKey employee(month.employee.key);
+    MonthInTables unread;
     MergedMonth merged = merge_months({month.sheet, month.read, {}, month.sheet.hyou, {}},
-        month_as_stored(month.sheet, settings, exchange, employee));
+        month_as_stored(month.sheet, settings, exchange, employee, unread));
     month.left.clear();
     for (const Clash& clash : merged.clashes) {
         copy_day(merged.sheet, merged.stored, clash.row);
@@ -151,9 +152,11 @@ SavedMonth 保存処理(frame::Session& session, const MonthInHand& hand, const 
     if (employee.key == 0 || changed_days(hand.sheet).isEmpty())
         return result;
     const QString stamp = stamp_of(session.host.now());
+    MonthInTables unread;
+    MonthInTables& in_tables = hand.in_tables ? *hand.in_tables : unread;
     result.saved = post(session, {hand.sheet.month.month_key()}, [&](store::Database& exchange) {
-        result.month =
-            merge_months(hand, month_as_stored(hand.sheet, session.settings, exchange, EmployeeKey(employee.key)));
+        result.month = merge_months(
+            hand, month_as_stored(hand.sheet, session.settings, exchange, EmployeeKey(employee.key), in_tables));
         return result.month->clashes.isEmpty() ? rows_to_post(result.month->sheet, employee, stamp)
                                                : QList<ExchangeRow>();
     });

@@ -42,6 +42,10 @@ void Database::expect_much() {
     m_engine->expect_much();
 }
 
+QByteArray Database::state() const {
+    return m_engine->state();
+}
+
 const QString& Database::path() const {
     return m_engine->path;
 }

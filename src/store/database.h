@@ -73,6 +73,10 @@ public:
     /// Tells that work on very many rows follows, for the engine to make room for them. Changes no result.
     void expect_much();
 
+    /// Which state of the database the reads of the transaction in hand see, once it has read: a mark that each write
+    /// of whatever program changes. Empty where there is none to be had, as on a server.
+    QByteArray state() const;
+
     const QString& path() const; ///< as it was given
 
 private:
@@ -94,6 +98,11 @@ QByteArray empty_database_image(Kind kind);
 /// The file at the path as bytes, whatever it is; empty if it can't be read. It is read through the engine's own
 /// handle: closing another one would take away the locks that this program holds on the file.
 QByteArray bytes_of(const QString& path);
+
+/// Whether the database at the path still stands at this state, told without opening it. False where somebody is
+/// writing at this moment or was killed while writing, where the file can't be read, and of an empty state: then it is
+/// to be read, which tells.
+bool stands_at(const QString& path, const QByteArray& state);
 
 /// The row a statement stands on, until that steps on, is bound anew or ends. Columns are counted from 0 and end before
 /// columns(). A column of another type is converted, Null is 0 or empty:

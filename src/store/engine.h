@@ -45,6 +45,7 @@ public:
     virtual QStringList names() = 0;                    ///< of all tables and indexes
     virtual QString definition_of(Kind kind) const = 0; ///< the statements that make what is missing of the kind
     virtual void expect_much() = 0;
+    virtual QByteArray state() const = 0; ///< as `Database` tells
     /// Rows were given numbers up to this one: those that come get numbers behind it.
     virtual void number_rows_behind(const QString& table, qint64 last) = 0;
 

@@ -96,6 +96,46 @@ TEST_F(SharedDatabase, AJournalWithoutItsFileIsNotPlayedIntoANewOne) {
     EXPECT_EQ(support::bytes_of(QFileInfo(path).path() + u'/' + kept.first()), journal);
 }
 
+TEST_F(SharedDatabase, TellsFromOutsideWhetherItWasWrittenSince) {
+    Database reader = open();
+    Database writer = open();
+    const auto state = [&] {
+        const Transaction view(reader, Transaction::Lock::Read);
+        number_from(reader, "select count(*) from bangou");
+        return reader.state();
+    };
+    const auto write = [&](bool commit) {
+        Transaction writing(writer);
+        writer.exec("insert into bangou values ('x', 1)");
+        EXPECT_FALSE(stands_at(path, state())) << "somebody is writing";
+        if (commit)
+            writing.commit();
+    };
+    const QByteArray before = state();
+    EXPECT_TRUE(stands_at(path, before));
+    write(false);
+    EXPECT_TRUE(stands_at(path, before)) << "nothing came of it";
+    write(true);
+    EXPECT_FALSE(stands_at(path, before));
+    EXPECT_TRUE(stands_at(path, state()));
+    writer.exec("delete from bangou where 番号名称='x'");
+    EXPECT_FALSE(stands_at(path, before)) << "not even if all rows are as they were";
+    for (const QByteArray& none : {reader.state(), QByteArray()})
+        EXPECT_FALSE(stands_at(path, none)) << "outside a transaction there is no state";
+}
+
+TEST_F(SharedDatabase, StandsAtNoStateWhileAWriteIsHalfDoneOrTheFileIsAway) {
+    leave_half_done(0);
+    QByteArray state = support::bytes_of(path).left(48);
+    EXPECT_FALSE(stands_at(path, state));
+    Database database = open();
+    const Transaction view(database, Transaction::Lock::Read);
+    number_from(database, "select count(*) from bangou");
+    state = database.state();
+    EXPECT_TRUE(stands_at(path, state));
+    EXPECT_FALSE(stands_at(path + u"x"_s, state));
+}
+
 TEST_F(SharedDatabase, AFileReplacedWhileItStandsOpenIsNotWritten) {
     const QString beside = tree.folder.filePath(u"beside.mdb"_s);
     { Database other = Database::create(beside, Kind::Comsys); }
