@@ -1,6 +1,7 @@
 #include "entry/saving.h"
 
 #include "base/literals.h"
+#include "base/text.h"
 #include "common/closed_months.h"
 #include "common/program_wait.h"
 #include "entry/cells.h"
@@ -74,28 +75,26 @@ bool is_closed(frame::Session& session, int month) {
     return since.has_value();
 }
 
-/// False if nothing was posted: there was nothing, or the save ended with a message.
-bool post_in_turn(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now) {
+Saved post_in_turn(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now) {
     const frame::Turn turn(session.link);
     const auto closed = [&](int month) { return is_closed(session, month); };
     if (!turn.granted() || std::ranges::any_of(months, closed))
-        return false;
+        return Saved::Nothing;
     if (is_main_pc(session.settings) && manager_at_work(session)) {
         session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);
-        return false;
+        return Saved::Nothing;
     }
     if (!append(session.settings, rows_now))
-        return false;
+        return Saved::NothingLeft;
     session.host.yield();
-    return true;
+    return Saved::Posted;
 }
 
 Saved post(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now) {
-    if (!post_in_turn(session, months, rows_now))
-        return Saved::Nothing;
-    if (is_main_pc(session.settings))
+    const Saved saved = post_in_turn(session, months, rows_now);
+    if (saved == Saved::Posted && is_main_pc(session.settings))
         start_manager(session);
-    return Saved::Posted;
+    return saved;
 }
 
 QString stamp_of(const QDateTime& now) {
@@ -109,12 +108,16 @@ MonthSheet merge_unasked(UnaskedMonth& month, const base::Settings& settings, st
     MergedMonth merged = merge_months({month.sheet, month.read, {}, month.sheet.hyou, {}},
         month_as_stored(month.sheet, settings, exchange, employee, unread));
     month.left.clear();
+    month.alike.clear();
     for (const Clash& clash : merged.clashes) {
         copy_day(merged.sheet, merged.stored, clash.row);
         month.left << clash.row;
     }
     if (!month.left.isEmpty())
         tally_anew(merged.sheet, {});
+    for (const ChangedDay& day : changed_days(month.sheet))
+        if (day.row != row::total && Trim(merged.sheet.mark(day.row)).isEmpty() && !month.left.contains(day.row))
+            month.alike << day.row;
     return std::move(merged.sheet);
 }
 

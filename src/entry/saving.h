@@ -51,14 +51,19 @@ inline bool is_main_pc(const base::Settings& settings) {
 bool manager_running(frame::Session& session);
 void start_manager(frame::Session& session);
 
-enum class Saved { Nothing, Posted };
+enum class Saved {
+    Nothing,     ///< nothing was changed, or the save ended with a message
+    Posted,      ///<
+    NothingLeft, ///< nothing is to be posted after the merge
+};
 
 /// A month that was changed with nobody there to decide.
 struct UnaskedMonth {
     MonthSheet sheet;
     MonthAsRead read;
     PostedEmployee employee;
-    QList<int> left; ///< rows that somebody else changed as well: they were left as they are stored
+    QList<int> left;  ///< rows that somebody else changed as well: they were left as they are stored
+    QList<int> alike; ///< rows that somebody else saved alike meanwhile
 };
 
 /// Posts the months, each merged with what is stored by now, in one turn and starts the manager: all of them, or none

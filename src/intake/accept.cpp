@@ -178,7 +178,7 @@ private:
 
     void remember(
         const MonthSheet& sheet, const entry::MonthAsRead& read, const ImportDay& of, const QList<int>& laid) {
-        m_months << entry::UnaskedMonth{sheet, read, {of.number, of.name, of.employee.value()}, {}};
+        m_months << entry::UnaskedMonth{sheet, read, {of.number, of.name, of.employee.value()}, {}, {}};
         m_days_of << laid;
     }
 
@@ -186,18 +186,21 @@ private:
         QList<entry::UnaskedMonth> months = std::exchange(m_months, {});
         const QList<QList<int>> days = std::exchange(m_days_of, {});
         const bool none = std::ranges::all_of(days, &QList<int>::isEmpty);
-        const bool posted = none || entry::post_months(m_session, months) == entry::Saved::Posted;
+        const bool saved = none || entry::post_months(m_session, months) != entry::Saved::Nothing;
         for (qsizetype i = 0; i < months.size(); ++i)
             for (const int index : days[i])
-                tell(index, posted, months[i].left.contains(months[i].sheet.month.row(m_preview.days[index].date)));
-        return posted;
+                tell(index, months[i], saved);
+        return saved;
     }
 
-    void tell(int index, bool posted, bool left) {
-        if (!posted)
+    void tell(int index, const entry::UnaskedMonth& month, bool saved) {
+        const int r = month.sheet.month.row(m_preview.days[index].date);
+        if (!saved)
             leave_out({index}, u"登録できませんでした"_s);
-        else if (left)
+        else if (month.left.contains(r))
             leave_out({index}, changed_since);
+        else if (month.alike.contains(r))
+            leave_out({index}, u"同じ内容がすでに登録されています"_s);
         else
             m_done.days.insert(index, {Became::Posted});
     }

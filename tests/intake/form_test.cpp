@@ -4,6 +4,7 @@
 #include "entry/company.h"
 #include "entry/draft_store.h"
 #include "intake/ent_torikomi.h"
+#include "store/files.h"
 #include "support/stored.h"
 
 using namespace intake;
@@ -124,6 +125,28 @@ TEST_F(Import, DaysThatCantGoIntoTheTablesAreLeftOutOrDraftedAndSaidWhy) {
     EXPECT_TRUE(common::close_month(company.tree.settings, 202611, {company.host.clock, u"受付"_s}, {}));
     EXPECT_EQ(accepted("4"), u"1日は取り込みませんでした。2026年11月は締められています（2026/11/26 09:00 受付）"_s);
     EXPECT_EQ(company.posted(), QStringList());
+}
+
+TEST_F(Import, ADayThatAnotherPcSavesWhileTheTurnIsWaitedForIsLeftOut) {
+    EXPECT_EQ(accepted("2"), u"1日を登録しました。"_s);
+    company.apply();
+    const std::pair<std::string_view, QString> cases[] = {
+        {"insert into rovmei select 1, 20261103, 出社時間, 退社時間, 休憩時間, 勤務時間, 備考 from rovmei"
+         " where 出社日 = 20261102; delete from kyumei where 年月日 = 20261103;"
+         " insert into kyumei select 1, 20261103, システム番号, 休暇名, 休出 from kyumei where 年月日 = 20261102",
+            u"同じ内容がすでに登録されています"_s},
+        {"insert into rovmei values (1, 20261104, 930, 1730, 0, 800, '')",
+            u"確認した後に、その日の内容が変わりました"_s},
+    };
+    for (int day = 3; const auto& [saved, reason] : cases) {
+        company.host.running.insert(store::manager_program.toString());
+        company.host.on_yield = [&, begun = company.host.steady] {
+            if (company.host.steady > begun && company.host.running.erase(store::manager_program.toString()) > 0)
+                company.exec(saved);
+        };
+        EXPECT_EQ(accepted(QByteArray::number(day++)), u"1日は取り込みませんでした。"_s + reason);
+        EXPECT_EQ(company.posted(), QStringList());
+    }
 }
 
 TEST_F(Import, DaysOfAnEmployeeWhoseSaveIsOnItsWayWait) {
