@@ -6,9 +6,11 @@
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QVBoxLayout>
 
 namespace ui {
@@ -20,7 +22,7 @@ namespace {
 
 constexpr QSize usual_size(760, 360);
 enum Column { day, stored, typed };
-constexpr int column_width[] = {90, 330};
+constexpr int day_width = 90;
 
 struct Words {
     QStringView note;
@@ -38,17 +40,43 @@ const Words& words_of(ClashPanel::Occasion occasion) {
     return occasion == ClashPanel::Occasion::Save ? of_save : of_draft;
 }
 
-QString words(const entry::TypedDay& content) {
+/// What was typed, and the remark.
+QStringList words(const entry::TypedDay& content) {
     QStringList parts;
     if (!content.clock_in.isEmpty() || !content.clock_out.isEmpty())
         parts << u"%1～%2"_s.arg(content.clock_in, content.clock_out);
     if (!content.break_time.isEmpty())
         parts << u"休憩 "_s + content.break_time;
-    for (const QString& part : {content.kind_name, content.remark})
-        if (!part.isEmpty())
-            parts << part;
-    return parts.isEmpty() ? u"（空）"_s : parts.join(u"　"_s);
+    if (!content.kind_name.isEmpty())
+        parts << content.kind_name;
+    QStringList lines{parts.join(u"　"_s), content.remark};
+    lines.removeAll(QString());
+    return lines.isEmpty() ? QStringList(u"（空）"_s) : lines;
 }
+
+/// A day's content: in one line where there is room for it, else the remark in a second one. The tip tells all.
+class Content : public QRadioButton {
+public:
+    Content(const QStringList& lines, QWidget* parent) : QRadioButton(lines.join(u'\n'), parent), m_lines(lines) {
+        setToolTip(lines.join(u"　"_s));
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QRadioButton::resizeEvent(event);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        const int room = style()->subElementRect(QStyle::SE_RadioButtonContents, &option, this).width();
+        const bool fits = fontMetrics().horizontalAdvance(toolTip()) <= room;
+        QStringList lines;
+        for (const QString& line : fits ? QStringList(toolTip()) : m_lines)
+            lines << fontMetrics().elidedText(line, Qt::ElideRight, room).replace(u'&', u"&&"_s);
+        setText(lines.join(u'\n'));
+    }
+
+private:
+    QStringList m_lines;
+};
 
 } // namespace
 
@@ -62,12 +90,14 @@ ClashPanel::ClashPanel(
     auto* table = day_table({u"日"_s, u"登録されている内容"_s, u"ここで入力した内容"_s}, this);
     table->setSelectionMode(QAbstractItemView::NoSelection); // what is chosen are the buttons
     table->setRowCount(static_cast<int>(clashes.size()));
-    for (const Column column : {day, stored})
-        table->setColumnWidth(column, column_width[column]);
+    table->setColumnWidth(day, day_width);
+    for (const Column column : {stored, typed})
+        table->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
     for (int i = 0; i < clashes.size(); ++i) {
         table->setItem(i, day, day_item(day_name(sheet, clashes[i].row)));
         m_choices << make_choice(*table, i, clashes[i]);
     }
+    table->resizeRowsToContents();
     auto* column = new QVBoxLayout(this);
     column->addWidget(note);
     column->addWidget(table, 1);
@@ -78,8 +108,7 @@ ClashPanel::ClashPanel(
 QButtonGroup* ClashPanel::make_choice(QTableWidget& table, int at, const entry::Clash& clash) {
     auto* group = new QButtonGroup(this);
     const auto add = [&](Column column, const entry::TypedDay& content, Choice choice) {
-        auto* button = new QRadioButton(words(content), &table);
-        button->setToolTip(words(content));
+        auto* button = new Content(words(content), &table);
         button->setChecked(choice == Choice::Stored);
         group->addButton(button, static_cast<int>(choice));
         table.setCellWidget(at, column, button);

@@ -37,8 +37,10 @@ bool WaitPanel::show_wait(const frame::TurnLink::Waiting& wait) {
     if (isHidden() && m_words->text().isEmpty())
         show();
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(wait.waited).count();
-    const QString status = wait.status ? words(*wait.status) : QString();
-    m_words->setText(u"登録の順番を待っています（%1秒）\n%2"_s.arg(seconds).arg(status));
+    std::optional<frame::TurnStatus> status = wait.status;
+    if (status)
+        --status->waiting; // this PC
+    m_words->setText(u"登録の順番を待っています（%1秒）\n%2"_s.arg(seconds).arg(status ? words(*status) : QString()));
     return !isHidden();
 }
 
