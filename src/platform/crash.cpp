@@ -44,10 +44,17 @@ LONG WINAPI leave_dump(EXCEPTION_POINTERS* exception) {
     return EXCEPTION_EXECUTE_HANDLER;
 }
 
-/// An exception that nobody takes ends in abort(), which the system knows nothing of.
+/// An exception that nobody takes ends in abort(), which the system knows nothing of. It isn't raised as one of the
+/// system's: in the middle of unwinding that finds no filter.
 [[noreturn]] void crash() {
     constexpr DWORD uncaught = 0xE0524F56;
-    RaiseException(uncaught, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+    CONTEXT context;
+    RtlCaptureContext(&context);
+    EXCEPTION_RECORD record{};
+    record.ExceptionCode = uncaught;
+    EXCEPTION_POINTERS here{&record, &context};
+    leave_dump(&here);
+    TerminateProcess(GetCurrentProcess(), uncaught);
     std::abort();
 }
 
