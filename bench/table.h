@@ -29,4 +29,8 @@ std::vector<Line> work_time_lists();
 std::vector<Line> limits_of_all();
 std::vector<Line> printing();
 
+/// Those of a data server; none where no server is at hand (scripts/with-server).
+std::vector<Line> on_server();
+bool server_at_hand();
+
 } // namespace bench
