@@ -6,12 +6,15 @@
 #include "common/time_field.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace common {
 
 using namespace base;
 
 namespace {
+
+constexpr unsigned of_days = 1, of_hours = 2, of_kinds = 4, of_counts = 8;
 
 constexpr minutes midnight = std::chrono::hours(24);
 
@@ -67,9 +70,8 @@ SavedDay saved_day(const store::Row& fields, int first, PastMidnight past_midnig
 }
 
 SavedMonth::SavedMonth(store::Database& rovdata, const CompanyMonth& month, PastMidnight past_midnight)
-    : m_month(month), m_past_midnight(past_midnight), m_last_key(last_key(month)),
-      m_days(rovdata.prepare(days_sql)), m_hours(rovdata.prepare(hours_sql)), m_kinds(rovdata.prepare(kinds_sql)),
-      m_counts(rovdata.prepare(counts_sql)) {}
+    : m_month(month), m_past_midnight(past_midnight), m_last_key(last_key(month)), m_days(rovdata.prepare(days_sql)),
+      m_hours(rovdata.prepare(hours_sql)), m_kinds(rovdata.prepare(kinds_sql)), m_counts(rovdata.prepare(counts_sql)) {}
 
 SavedDay SavedMonth::day(int row, const store::Row& fields) const {
     SavedDay day = saved_day(fields, 1, m_past_midnight);
@@ -78,22 +80,37 @@ SavedDay SavedMonth::day(int row, const store::Row& fields) const {
     return day;
 }
 
+void SavedMonth::ask(EmployeeKey employee) {
+    m_days.bind(employee, m_month.start_key(), m_last_key).ask();
+    m_hours.bind(employee, m_month.start_key(), m_last_key).ask();
+    m_kinds.bind(employee, m_month.start_key(), m_month.end_key()).ask();
+    m_counts.bind(employee, m_month.month_key()).ask();
+    m_asked = of_days | of_hours | of_kinds | of_counts;
+}
+
+bool SavedMonth::bound(unsigned figure) {
+    return (std::exchange(m_asked, m_asked & ~figure) & figure) != 0;
+}
+
 void SavedMonth::days(EmployeeKey employee, const std::function<void(int, const SavedDay&)>& show) {
-    m_days.bind(employee, m_month.start_key(), m_last_key);
+    if (!bound(of_days))
+        m_days.bind(employee, m_month.start_key(), m_last_key);
     while (m_days.step())
         if (const auto row = m_month.row_of_key(m_days.row().integer(0)))
             show(*row, day(*row, m_days.row()));
 }
 
 void SavedMonth::hours(EmployeeKey employee, const std::function<void(int, qint64, const QString&)>& show) {
-    m_hours.bind(employee, m_month.start_key(), m_last_key);
+    if (!bound(of_hours))
+        m_hours.bind(employee, m_month.start_key(), m_last_key);
     while (m_hours.step())
         if (const auto row = m_month.row_of_key(m_hours.row().integer(0)))
             show(*row, m_hours.row().number(1), time_field_without_zero(m_hours.row(), 2));
 }
 
 void SavedMonth::kinds(EmployeeKey employee, const std::function<void(int, const SavedKind&)>& show) {
-    m_kinds.bind(employee, m_month.start_key(), m_month.end_key());
+    if (!bound(of_kinds))
+        m_kinds.bind(employee, m_month.start_key(), m_month.end_key());
     while (m_kinds.step()) {
         const store::Row fields = m_kinds.row();
         if (const auto row = m_month.row_of_key(fields.integer(0)))
@@ -102,7 +119,8 @@ void SavedMonth::kinds(EmployeeKey employee, const std::function<void(int, const
 }
 
 void SavedMonth::counts(EmployeeKey employee, const std::function<void(const SavedCount&)>& show) {
-    m_counts.bind(employee, m_month.month_key());
+    if (!bound(of_counts))
+        m_counts.bind(employee, m_month.month_key());
     while (m_counts.step()) {
         const store::Row fields = m_counts.row();
         if (fields.number(2) != 0)
@@ -110,13 +128,18 @@ void SavedMonth::counts(EmployeeKey employee, const std::function<void(const Sav
     }
 }
 
-QList<CountedKind> counted_kinds(store::Database& rovdata) {
+CountedKinds::CountedKinds(store::Database& rovdata)
+    : m_kinds(rovdata.prepare(
+          "select 休暇名, システム番号, 休出 from kyutype order by 休出 desc, 通常 desc, システム番号")) {
+    m_kinds.ask();
+}
+
+QList<CountedKind> CountedKinds::read() {
     QList<CountedKind> kinds;
-    auto query =
-        rovdata.prepare("select 休暇名, システム番号, 休出 from kyutype order by 休出 desc, 通常 desc, システム番号");
-    while (query.step()) {
-        const CountTag tag = CountTag::of_kind(query.row().number(1), query.row().number(2));
-        kinds.append({Trim(query.row().text(0)), tag.text(), tag.family == CountTag::Leave});
+    while (m_kinds.step()) {
+        const store::Row row = m_kinds.row();
+        const CountTag tag = CountTag::of_kind(row.number(1), row.number(2));
+        kinds.append({Trim(row.text(0)), tag.text(), tag.family == CountTag::Leave});
     }
     return kinds;
 }

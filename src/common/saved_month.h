@@ -56,6 +56,10 @@ public:
     /// same read anew.
     SavedMonth(store::Database& rovdata, const base::CompanyMonth& month, PastMidnight past_midnight);
 
+    /// Asks for all of an employee's month with whatever is read next. The next read of each figure has to be this
+    /// employee's.
+    void ask(base::EmployeeKey employee);
+
     /// What is saved of one employee, each figure with its row of the month, in order of the stored keys. The total's
     /// row comes with the days and the hours, and its clock times are empty each for itself where they are 0. Keys that
     /// are no row of the month are passed over.
@@ -69,6 +73,7 @@ public:
 
 private:
     SavedDay day(int row, const store::Row& fields) const;
+    bool bound(unsigned figure); ///< whether it stands ready to be read
 
     base::CompanyMonth m_month;
     PastMidnight m_past_midnight;
@@ -77,6 +82,7 @@ private:
     store::Statement m_hours;
     store::Statement m_kinds;
     store::Statement m_counts;
+    unsigned m_asked = 0; ///< a bit for each figure
 };
 
 /// A day kind that the strip counts.
@@ -86,7 +92,19 @@ struct CountedKind {
     bool leave;
 };
 
-/// All day kinds in the order of the strip: holiday work first, then the usual kind, then by number.
-QList<CountedKind> counted_kinds(store::Database& rovdata);
+/// All day kinds in the order of the strip: holiday work first, then the usual kind, then by number. They are asked for
+/// with whatever is read next.
+class CountedKinds {
+public:
+    explicit CountedKinds(store::Database& rovdata);
+    QList<CountedKind> read();
+
+private:
+    store::Statement m_kinds;
+};
+
+inline QList<CountedKind> counted_kinds(store::Database& rovdata) {
+    return CountedKinds(rovdata).read();
+}
 
 } // namespace common

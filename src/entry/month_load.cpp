@@ -149,6 +149,7 @@ MonthInTables read_tables(const MonthSheet& like, const QString& rovdata, Employ
 
 void 勤務時間取得(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
     common::SavedMonth saved(database, sheet.month, common::PastMidnight::AsTyped);
+    saved.ask(employee);
     勤務時間取得(sheet, saved, employee);
 }
 
@@ -163,9 +164,11 @@ void 勤務時間取得(MonthSheet& sheet, common::SavedMonth& saved, EmployeeKe
 WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey employee, MonthInTables& in_tables) {
     // The exchange manager may be writing meanwhile.
     const store::Transaction view(database, store::Transaction::Lock::Read);
-    WorkType type = 時間外フォーム呼出処理(database, employee);
-    勤務タイプデーター呼出処理(sheet, database, WorkTypeKey(Val(type.kintypecd)));
-    勤務時間取得(sheet, database, employee);
+    common::SavedMonth saved(database, sheet.month, common::PastMidnight::AsTyped);
+    saved.ask(employee);
+    TypeOfEmployee types(database, employee);
+    WorkType type = types.read(sheet);
+    勤務時間取得(sheet, saved, employee);
     in_tables = {database.state(), sheet};
     return type;
 }

@@ -7,6 +7,7 @@
 
 #include "entry/merge.h"
 #include "frame/session.h"
+#include "store/files.h"
 
 #include <QStringList>
 
@@ -39,7 +40,7 @@ using ExchangeRow = QStringList;
 QList<ExchangeRow> rows_to_post(const MonthSheet& sheet, const PostedEmployee& employee, const QString& stamp);
 
 /// The exchange file that takes the saves.
-inline constexpr int posting_file = 1;
+using store::posting_file;
 
 /// Appends the rows to exchange file 01 in one transaction. A file that is remade at this moment is opened once more.
 void post_rows(const base::Settings& settings, const QList<ExchangeRow>& rows);

@@ -1,8 +1,8 @@
 #include "entry/work_type.h"
 
 #include "base/literals.h"
+#include "base/numbers.h"
 #include "base/text.h"
-#include "common/saved_month.h"
 #include "entry/cells.h"
 #include "entry/layout.h"
 
@@ -40,15 +40,20 @@ void note_category(QList<Category>& list, const Band& band) {
         list.append({band.category, band.name});
 }
 
-void read_schedule(MonthSheet& sheet, store::Database& database, WorkTypeKey type) {
-    auto query = database.prepare("select 曜日, 連番, 種類名, 開始時間, 終了時間, 時間計算, 時間種類,"
-                                  " 休憩勤務時間1, 休憩時間1, 休憩勤務時間2, 休憩時間2, 休憩勤務時間3, 休憩時間3"
-                                  " from kintype, kinsyu"
-                                  " where kintype.システム番号 = ? and kinsyu.システム番号 = 時間種類"
-                                  " order by 曜日, 連番, 開始時間, 終了時間, 時間計算");
-    query.bind(type);
-    while (query.step()) {
-        const store::Row row = query.row();
+/// The bands of the work type that the text in parentheses tells, which has one place.
+store::Statement schedule(store::Database& database, const char* type) {
+    return database.prepare(std::string("select 曜日, 連番, 種類名, 開始時間, 終了時間, 時間計算, 時間種類,"
+                                        " 休憩勤務時間1, 休憩時間1, 休憩勤務時間2, 休憩時間2, 休憩勤務時間3, 休憩時間3"
+                                        " from kintype, kinsyu"
+                                        " where kintype.システム番号 = ") +
+                            type +
+                            " and kinsyu.システム番号 = 時間種類"
+                            " order by 曜日, 連番, 開始時間, 終了時間, 時間計算");
+}
+
+void read_schedule(MonthSheet& sheet, store::Statement& bands) {
+    while (bands.step()) {
+        const store::Row row = bands.row();
         const qint64 weekday = row.number(0);
         const qint64 number = row.number(1);
         if (weekday < 0 || weekday >= weekday_count || number < 0 || number >= band_slots)
@@ -95,39 +100,65 @@ void add_category_columns(MonthSheet& sheet) {
     }
 }
 
-qint64 number_of_type(store::Database& database, EmployeeKey employee, QString& text) {
-    auto query =
-        database.prepare("select 勤務タイプ from syainkinmu where システム社員番号 = ? order by rowid limit 1");
-    query.bind(employee);
-    if (!query.step())
-        return 0;
-    const qint64 number = query.row().number(0);
-    text = digits(number);
-    return number;
+store::Statement type_of_employee(store::Database& database) {
+    return database.prepare("select 勤務タイプ, (select coalesce(勤務タイプ名, '') from kintype"
+                            " where システム番号 = 勤務タイプ order by rowid limit 1)"
+                            " from syainkinmu where システム社員番号 = ? order by rowid limit 1");
+}
+
+WorkType read_type(store::Statement& types) {
+    WorkType type{QString(), u"設定なし"_s};
+    if (!types.step())
+        return type;
+    const store::Row row = types.row();
+    type.kintypecd = digits(row.number(0));
+    if (row.number(0) != 0 && !row.is_null(1))
+        type.name = Trim(row.text(1));
+    return type;
+}
+
+void lay_type(MonthSheet& sheet, store::Statement& bands, common::CountedKinds& kinds) {
+    read_schedule(sheet, bands);
+    show_kinds(sheet.hyou_day, kinds.read());
+    add_category_columns(sheet);
+}
+
+void forget_type(MonthSheet& sheet) {
+    sheet.band_table = {};
+    sheet.category_list.clear();
 }
 
 } // namespace
 
 WorkType 時間外フォーム呼出処理(store::Database& database, EmployeeKey employee) {
-    WorkType type{QString(), u"設定なし"_s};
-    const qint64 number = employee.none() ? 0 : number_of_type(database, employee, type.kintypecd);
-    if (number == 0)
-        return type;
-    auto query = database.prepare("select 勤務タイプ名 from kintype where システム番号 = ? order by rowid limit 1");
-    query.bind(number);
-    if (query.step())
-        type.name = Trim(query.row().text(0));
-    return type;
+    auto types = type_of_employee(database);
+    return employee.none() ? WorkType{QString(), u"設定なし"_s} : read_type(types.bind(employee));
 }
 
 void 勤務タイプデーター呼出処理(MonthSheet& sheet, store::Database& database, WorkTypeKey type) {
-    sheet.band_table = {};
-    sheet.category_list.clear();
+    forget_type(sheet);
     if (type.none())
         return;
-    read_schedule(sheet, database, type);
-    show_kinds(sheet.hyou_day, common::counted_kinds(database));
-    add_category_columns(sheet);
+    common::CountedKinds kinds(database);
+    auto bands = schedule(database, "?");
+    lay_type(sheet, bands.bind(type), kinds);
+}
+
+TypeOfEmployee::TypeOfEmployee(store::Database& database, EmployeeKey employee)
+    : m_types(type_of_employee(database)),
+      m_bands(
+          schedule(database, "(select 勤務タイプ from syainkinmu where システム社員番号 = ? order by rowid limit 1)")),
+      m_kinds(database) {
+    m_bands.bind(employee).ask();
+    m_types.bind(employee).ask();
+}
+
+WorkType TypeOfEmployee::read(MonthSheet& sheet) {
+    forget_type(sheet);
+    WorkType type = read_type(m_types);
+    if (Val(type.kintypecd) != 0)
+        lay_type(sheet, m_bands, m_kinds);
+    return type;
 }
 
 } // namespace entry

@@ -4,6 +4,7 @@
 #include "frame/kept_files.h"
 #include "platform/program_lock.h"
 #include "store/files.h"
+#include "store/server_turn.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,7 +22,7 @@ namespace {
 using enum store::Code;
 
 /// What a later run won't read either.
-constexpr std::array lasting{Missing, Empty, NotADatabase, WrongKey, Damaged, OtherKind, Newer, Misuse};
+constexpr std::array lasting{Missing, Empty, NotADatabase, WrongKey, Damaged, OtherKind, Newer, Older, Misuse};
 
 bool is_among(std::span<const store::Code> codes, store::Code code) {
     return std::ranges::find(codes, code) != codes.end();
@@ -171,12 +172,17 @@ namespace {
 
 // A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
 // the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
-bool apply_in_turn(ManagerRun& run, const QString& folder, std::chrono::milliseconds lock_patience) {
+bool apply_in_turn(ManagerRun& run, const base::Settings& settings, std::chrono::milliseconds lock_patience) {
     bool good = true;
     do {
-        platform::ProgramLock lock(folder, store::manager_program.toString());
-        if (!lock.take(std::exchange(lock_patience, {})))
+        platform::ProgramLock lock(store::exchange_folder(settings), store::manager_program.toString());
+        if (!lock.take(lock_patience))
             break;
+        const QString posted = store::exchange_path(settings, store::posting_file);
+        const auto turn = store::server_turn(posted, store::TurnFor::Applying);
+        if (turn && !turn->take_within(lock_patience)) // another PC's is at work
+            break;
+        lock_patience = {};
         good = run.apply_all();
     } while (good && run.rows_wait());
     return good;
@@ -192,9 +198,12 @@ int run_manager(const base::Settings& settings, const Watch& watch, const Patien
     }
     ManagerRun run(settings, watch, patience.file);
     try {
-        return apply_in_turn(run, folder, patience.manager) ? 0 : 1;
+        return apply_in_turn(run, settings, patience.manager) ? 0 : 1;
     } catch (const platform::LockError& error) {
         watch.trouble(QString::fromUtf8(error.what()));
+        return 1;
+    } catch (const store::Error& error) {
+        watch.trouble(error.text());
         return 1;
     }
 }

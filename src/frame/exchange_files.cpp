@@ -9,6 +9,7 @@
 #include "store/held.h"
 #include "store/held_bytes.h"
 #include "store/schema.h"
+#include "store/server_place.h"
 
 #include <QDir>
 #include <QFile>
@@ -78,7 +79,7 @@ public:
         : m_settings(settings), m_now(now), m_trouble(trouble), m_patience(patience) {}
 
     void remake(const QString& path) {
-        if (known_as_new(path))
+        if (store::place_at(path) || known_as_new(path))
             return;
         try {
             empty(path);
@@ -131,6 +132,10 @@ private:
     void make(const QString& path) {
         if (const QString kept = store::put_away_journal(path); !kept.isEmpty())
             tell(Error(Code::Missing, path, {}, {}).text(), kept);
+        if (store::place_for_new(path, store::Kind::Exchange)) {
+            store::Database::create(path, store::Kind::Exchange);
+            return;
+        }
         write(path, m_pattern.bytes());
         m_as_new.append(m_pattern.bytes());
     }

@@ -9,6 +9,8 @@
 // may have it open, and the engine finds a journal by the file's name. Whoever had the old file open would take the
 // journal of the next save for one that was left of his own, and roll it back into a file that it doesn't belong to.
 
+// The one into which saves post may lie on a data server. It stays as it is then, for all PCs.
+
 #include "base/settings.h"
 #include "store/database.h"
 

@@ -1,9 +1,11 @@
 #include "frame/turn_link.h"
 
 #include "base/literals.h"
+#include "store/files.h"
 
 #include <QHostAddress>
 #include <QNetworkProxy>
+#include <utility>
 
 namespace frame {
 
@@ -68,6 +70,9 @@ TurnLink::TurnLink(
 }
 
 bool TurnLink::サーバー接続開始() {
+    m_on_server = store::server_turn(store::exchange_path(m_settings, store::posting_file), store::TurnFor::Posting);
+    if (m_on_server)
+        return wait_on_server();
     if (m_settings.use_class == 0)
         return true;
     show(u"●"_s);
@@ -93,6 +98,8 @@ bool TurnLink::サーバー接続開始() {
 }
 
 void TurnLink::サーバー接続終了() {
+    if (std::exchange(m_on_server, {}))
+        return show(QString());
     if (m_settings.use_class == 0 || m_link_state != LinkState::Granted)
         return;
     show(u"○"_s);
@@ -101,6 +108,46 @@ void TurnLink::サーバー接続終了() {
     if (!wait_for(LinkState::Idle))
         hang_up();
     show(QString());
+}
+
+/// The server is waited for in its own time, a little at once, between which the interface runs.
+bool TurnLink::wait_on_server() {
+    using clock = std::chrono::steady_clock;
+    show(u"●"_s);
+    m_status.reset();
+    const auto since = clock::now();
+    m_next_question = since + silent_wait;
+    m_given_up = false;
+    bool granted = m_on_server->take_within(pause);
+    while (!granted && clock::now() < since + patience && goes_on_waiting_on_server(since)) {
+        m_host.yield();
+        granted = m_on_server->take_within(pause);
+    }
+    if (!granted)
+        m_on_server.reset();
+    if (!granted && !m_given_up)
+        m_host.tell(u"ほかのＰＣの登録が続いています。もう一度登録処理してください"_s, u"登録の順番"_s);
+    show(m_given_up ? QString() : u"◎"_s);
+    return granted;
+}
+
+bool TurnLink::goes_on_waiting_on_server(std::chrono::steady_clock::time_point since) {
+    const auto now = std::chrono::steady_clock::now();
+    if (!on_waiting || now - since < silent_wait)
+        return true;
+    if (now >= m_next_question) {
+        m_status = status_on_server();
+        m_next_question = now + between_questions;
+    }
+    m_given_up = !on_waiting({std::chrono::duration_cast<std::chrono::milliseconds>(now - since), m_status});
+    return !m_given_up;
+}
+
+std::optional<TurnStatus> TurnLink::status_on_server() {
+    const auto holder = m_on_server->holder();
+    if (!holder)
+        return std::nullopt;
+    return TurnStatus{TurnStatus::State::Held, holder->pc.toUtf8(), holder->since};
 }
 
 void TurnLink::introduce() {

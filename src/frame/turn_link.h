@@ -2,11 +2,12 @@
 
 // The turn: only one PC at a time fills the exchange file. A PC other than the main PC asks the turn service on the
 // main PC over a socket before it posts, and gives the turn up afterwards. The link exists only for the length of a
-// save.
+// save. Where the exchange file lies on a data server the turn is that server's, for all PCs.
 
 #include "base/settings.h"
 #include "frame/turn_status.h"
 #include "platform/host.h"
+#include "store/server_turn.h"
 
 #include <QTcpSocket>
 #include <functional>
@@ -48,6 +49,9 @@ private:
     void send_for_state();
     void hang_up();
     bool wait_for(LinkState state);
+    bool wait_on_server();
+    bool goes_on_waiting_on_server(std::chrono::steady_clock::time_point since);
+    std::optional<TurnStatus> status_on_server();
     bool goes_on_waiting(std::chrono::steady_clock::time_point since);
     void show(const QString& mark);
 
@@ -61,6 +65,7 @@ private:
     std::optional<TurnStatus> m_status; ///< the last that was told in this wait
     std::chrono::steady_clock::time_point m_next_question;
     bool m_given_up = false;
+    std::unique_ptr<store::ServerTurn> m_on_server;
 };
 
 /// The turn for as long as this lives, if it was granted; given up however the work ends.

@@ -74,7 +74,10 @@ void make_exchange_files(const base::Settings& settings, const Say& say) {
     const QByteArray image = store::empty_database_image(store::Kind::Exchange);
     for (const QString& path : missing_exchange_files(settings)) {
         store::put_away_journal(path);
-        store::check_system(platform::write_new_file(path, image, platform::Durability::Disk), path);
+        if (store::place_for_new(path, store::Kind::Exchange))
+            store::Database::create(path, store::Kind::Exchange);
+        else
+            store::check_system(platform::write_new_file(path, image, platform::Durability::Disk), path);
     }
     say(u"made   "_s + platform::native(store::exchange_folder(settings)));
 }

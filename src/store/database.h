@@ -45,7 +45,7 @@ class Database {
 public:
     /// Opens an existing database; never makes one. Undoes what a killed writer left half done, then proves the key
     /// with a read. Code::Missing, NoAccess, Empty, NotADatabase or WrongKey for a file that isn't one of ours, and
-    /// OtherKind or Newer unless any kind will do.
+    /// OtherKind or Newer unless any kind will do; Away, Refused or Older for one on a server.
     static Database open(const QString& path, Kind kind, std::chrono::milliseconds patience = default_patience);
 
     /// Makes a new, keyed database of the kind, with that kind's tables and indexes, and opens it.
@@ -150,6 +150,9 @@ public:
     void bind_at(int place, const QString& value) { bind_at(place, QStringView(value)); }
     void bind_utf8(int place, QByteArrayView value);
     void bind_null(int place);
+
+    /// Tells that the rows are wanted soon: what several statements ask before one steps costs a server one round trip.
+    void ask();
 
     /// Goes to the next row; false when there is none, and the statement is reset then.
     bool step();

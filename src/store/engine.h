@@ -20,6 +20,7 @@ public:
     virtual void bind_number(int place, qint64 value) = 0;
     virtual void bind_text(int place, QByteArrayView value) = 0;
     virtual void bind_null(int place) = 0;
+    virtual void ask() {}
     virtual bool step() = 0;
     virtual void reset() = 0;
 

@@ -17,6 +17,9 @@ enum class Code {
     Damaged,      ///< a page behind the first doesn't decrypt or doesn't fit
     OtherKind,    ///< a keyed database, but not of the kind expected at this place
     Newer,        ///< written by a later version of the program
+    Older,        ///< tables on a server of an earlier version, which a clerk can't change
+    Away,         ///< the data server isn't reached
+    Refused,      ///< the data server refuses the connection: the person, the password, the database or the certificate
     ReadOnly,     ///< the file or its folder can't be written
     Full,         ///< the disk is full
     Io,           ///< the disk or the network failed while something was read or written

@@ -45,6 +45,10 @@ QString exchange_folder(const base::Settings& settings);
 QString exchange_path(const base::Settings& settings, int number);
 inline constexpr int exchange_file_count = 20;
 
+/// The exchange file into which saves post.
+inline constexpr int posting_file = 1;
+inline constexpr QStringView posting_file_name = u"hanjyusin01.mdb";
+
 /// The engine's journal of a database: what a write that was cut short has to be undone with.
 QString journal_of(const QString& database);
 

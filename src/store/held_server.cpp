@@ -4,7 +4,8 @@
 #include "store/file_engine.h"
 #include "store/schema.h"
 
-#include <limits>
+#include <algorithm>
+#include <array>
 #include <optional>
 
 namespace store {
@@ -38,27 +39,72 @@ QStringList shared_fields(Database& from, Database& to, const QString& table) {
     return fields;
 }
 
-void copy_row(Statement& insert, const Row& row) {
+/// The fields by which the rows of a table are read a part at a time: those that the engine keeps them by.
+QStringList order_of(Database& from, Kind kind, const QString& table) {
+    const bool is_file = dynamic_cast<FileEngine*>(&Engine::of(from)) != nullptr;
+    const Index* key = is_file ? nullptr : key_of_facts(kind, table);
+    return (key ? key->columns.toString().split(u", "_s) : QStringList()) << u"rowid"_s;
+}
+
+/// Reads all rows, the fields of the order before the others.
+class Reading {
+public:
+    Reading(Database& from, const QStringList& order, const QStringList& fields, const QString& table)
+        : m_order(int(order.size())), m_from(from), m_select(u"select %1 from %2 %5 order by %3 limit %4"_s) {
+        const QString names = order.join(u", "), places = QStringList(order.size(), u"?"_s).join(u", ");
+        m_select = m_select.arg((order + fields).join(u", "), quoted(table), names).arg(rows_at_once);
+        m_behind = u"where (%1) > (%2)"_s.arg(names, places);
+    }
+
+    bool step() {
+        while (!m_rows || !m_rows->step()) {
+            if (m_rows && m_count < rows_at_once)
+                return false;
+            begin_part();
+        }
+        ++m_count;
+        for (int i = 0; i < m_order; ++i)
+            m_last[i] = m_rows->row().number(i);
+        return true;
+    }
+    Row row() const { return m_rows->row(); }
+
+private:
+    void begin_part() {
+        const bool first = !m_rows;
+        m_rows.emplace(m_from.prepare(m_select.arg(first ? QString() : m_behind).toStdString()));
+        for (int i = 0; i < m_order && !first; ++i)
+            m_rows->bind_at(i + 1, m_last[i]);
+        m_count = 0;
+    }
+
+    int m_order;
+    Database& m_from;
+    QString m_select, m_behind;
+    std::optional<Statement> m_rows;
+    int m_count = 0;
+    std::array<qint64, 4> m_last{};
+};
+
+void copy_row(Statement& insert, const Row& row, int first) {
     insert.reset();
-    for (int i = 0; i < row.columns(); ++i)
-        row.is_null(i) ? insert.bind_null(i + 1) : insert.bind_utf8(i + 1, row.utf8(i));
+    for (int i = first; i < row.columns(); ++i)
+        row.is_null(i) ? insert.bind_null(i - first + 1) : insert.bind_utf8(i - first + 1, row.utf8(i));
     insert.run();
 }
 
-void copy_table(Database& from, Database& to, const QString& table) {
-    const QStringList fields = QStringList{u"rowid"_s} + shared_fields(from, to, table);
-    const QString places = QStringList(fields.size(), u"?"_s).join(u", ");
-    const QString select = u"select %1 from %2 where rowid > ? order by rowid limit %3"_s;
-    const QString insert = u"insert into %1 (%2) values (%3)"_s;
-    Statement rows = from.prepare(select.arg(fields.join(u", "), quoted(table)).arg(rows_at_once).toStdString());
+void copy_table(Database& from, Database& to, Kind kind, const QString& table) {
+    const QStringList fields = shared_fields(from, to, table);
+    const QStringList order = order_of(from, kind, table);
+    const QString places = QStringList(fields.size() + 1, u"?"_s).join(u", ");
+    const QString insert = u"insert into %1 (rowid, %2) values (%3)"_s;
     Statement add = to.prepare(insert.arg(quoted(table), fields.join(u", "), places).toStdString());
-    qint64 last = std::numeric_limits<qint64>::min();
-    for (int count = rows_at_once; count == rows_at_once;) {
-        count = 0;
-        for (rows.bind(last); rows.step(); ++count) {
-            last = rows.row().number(0);
-            copy_row(add, rows.row());
-        }
+    Reading rows(from, order, fields, table);
+    const int number = int(order.size()) - 1; // the row's is the last of the order
+    qint64 last = 0;
+    while (rows.step()) {
+        last = std::max(last, rows.row().number(number));
+        copy_row(add, rows.row(), number);
     }
     Engine::of(to).number_rows_behind(table, last);
 }
@@ -110,7 +156,7 @@ void ServerHolding::take_over(const QString& copy) {
 void copy_rows(Database& from, Database& to, Kind kind) {
     for (const Table& table : tables_of(kind))
         if (from.has_table(table.name.toString()))
-            copy_table(from, to, table.name.toString());
+            copy_table(from, to, kind, table.name.toString());
 }
 
 std::unique_ptr<Holding> hold_on_server(Database database, Kind kind) {

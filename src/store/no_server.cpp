@@ -1,4 +1,5 @@
 #include "store/server.h"
+#include "store/server_turn.h"
 
 #include "base/literals.h"
 
@@ -23,6 +24,10 @@ std::unique_ptr<Engine> open_on_server(const ServerPlace&, const QString& path, 
 void create_on_server(
     const ServerPlace&, const QString& path, Kind, const std::function<void(std::unique_ptr<Engine>)>&) {
     refuse(path);
+}
+
+std::unique_ptr<ServerTurn> server_turn(const QString&, TurnFor) {
+    return nullptr;
 }
 
 void check_connection_words(const QByteArray&) {

@@ -27,6 +27,13 @@ struct Index {
     QStringView columns;
 };
 
+/// The index by whose columns the table's rows are facts, each of one employee and day or month: no column of it is
+/// ever Null. Nothing for a table of other rows.
+const Index* key_of_facts(Kind kind, QStringView table);
+
+/// Whether the field, by its name, is of such an index, or numbers the rows.
+bool never_null(QStringView field);
+
 std::span<const Table> tables_of(Kind kind); ///< empty for Kind::Any
 std::span<const Index> indexes_of(Kind kind);
 

@@ -9,34 +9,41 @@
 
 namespace store {
 
+/// A text as SQL writes it, for a name that stands as one.
+QString literal(QString text);
+
 class ServerEngine final : public Engine {
 public:
     ServerEngine(std::unique_ptr<ServerLink> link, const QString& opened) : Engine(opened), m_link(std::move(link)) {}
-    ~ServerEngine() override;
+    ~ServerEngine() override { give_back(std::move(m_link)); }
 
     std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
     void exec(std::string_view sql) override;
-    int changes() const override { return m_changes; }
+    int changes() const override;
     QList<Column> columns_of(const QString& table) override { return m_link->columns_of(table); }
     QStringList names() override;
     QString definition_of(Kind kind) const override { return server_definition_of(kind); }
-    void expect_much() override {}
+    void expect_much() override;
     QByteArray state() const override { return {}; } // who asks reads again
     void number_rows_behind(const QString& table, qint64 last) override;
     void begin(Transaction::Lock lock) override;
-    void commit() override { m_link->exec("commit"); }
-    void roll_back() noexcept override;
+    void commit() override;
+    void roll_back() noexcept override { m_link->make_ready(); }
 
-    /// Runs the statement, one that writes in a transaction of its own unless there is one.
-    Result run(const Prepared& statement, bool writing, const QList<const char*>& values);
+    Awaited ask(const Prepared& statement, const Values& values);
+    Result hear(const Awaited& answer) { return m_link->pipe.hear(answer); }
+
+    /// In a transaction, which ends with an error then, nobody waits for what a write says; otherwise it is one of its
+    /// own.
+    void write(const Prepared& statement, const Values& values);
 
 private:
-    /// Runs the work, alone with the schema if it writes.
-    template <typename Work>
-    Result alone_if(bool writing, Work work);
+    void say_begin_alone();
+    void commit_or_roll_back();
 
     std::unique_ptr<ServerLink> m_link;
-    int m_changes = 0;
+    mutable Awaited m_last_write;
+    mutable int m_changes = 0;
 };
 
 } // namespace store

@@ -1,20 +1,14 @@
 #pragma once
 
-// One connection to a schema of a server, through libpq, and how what the server says becomes errors. A connection that
-// is done with waits for the next one who opens the same schema, with the statements that it has prepared: opening then
-// costs no round trip.
+// What is kept of a connection to a server: its schemas and the statements prepared in each. A connection that is done
+// with waits for the next one who opens a database there, of whatever schema: opening then costs no round trip.
 
+#include "store/server_pipe.h"
 #include "store/server_place.h"
 
 #include <QHash>
-#include <libpq-fe.h>
 
 namespace store {
-
-struct FreeResult {
-    void operator()(PGresult* result) const { PQclear(result); }
-};
-using Result = std::unique_ptr<PGresult, FreeResult>;
 
 /// A statement as the server knows it.
 struct Prepared {
@@ -33,48 +27,54 @@ QByteArray comment_of(const Marks& marks);
 
 class ServerLink {
 public:
-    /// Connects. Code::NoAccess if that fails.
-    ServerLink(ServerPlace place, const QString& path);
-    ServerLink(const ServerLink&) = delete;
-    ServerLink& operator=(const ServerLink&) = delete;
-    ~ServerLink() { PQfinish(m_connection); }
+    /// Connects. Code::Away or Refused if that fails.
+    ServerLink(const QByteArray& connection, const QString& path);
 
-    const ServerPlace& place() const { return m_place; }
-    const Marks& marks() const { return m_marks; }
+    const QByteArray& connection() const { return m_connection; }
+    const Marks& marks() const { return m_now->marks; }
+    const QString& schema() const { return m_schema; } ///< that it serves
 
-    /// Reads what the schema says of itself; Code::Missing if there is none.
-    void know_schema();
-
-    /// Runs statements without values, in the server's own words, and gives the last one's result.
-    Result exec(const QByteArray& sql);
-    Result run(const Prepared& statement, const QList<const char*>& values);
+    /// From now on the names are those of the schema; what it says of itself is read when it is met first.
+    /// Code::Missing if there is none.
+    void serve(const QString& schema, const QString& path);
 
     /// The statement is prepared when it is met first; Code::Misuse if the schema hasn't got what it names.
     const Prepared& prepared(std::string_view sql);
 
     QList<Column> columns_of(const QString& table);
+    QStringList names_of_columns(const QString& table);
 
-    bool in_transaction() const { return PQtransactionStatus(m_connection) != PQTRANS_IDLE; }
-    /// Whether it can serve another one: nothing has cut it, as far as can be told without asking.
-    bool usable();
-
+    /// Class and number of a lock of the schema's: 0 is its write lock.
+    QByteArray lock_of(int which) const;
     QByteArray write_lock() const; ///< the SQL that takes the schema's write lock until the transaction's end
 
-    QString path; ///< of the database that it serves now, for the errors
+    /// Ends what is left of a transaction, without waiting. False if the connection can't serve another one.
+    bool make_ready() noexcept;
+
+    ServerPipe pipe;
+    bool in_transaction = false;
+    QString turn_in; ///< the schema whose write lock it holds beyond transactions; empty for none
 
 private:
-    Result checked(PGresult* result, const QString& sql) const;
+    struct Known {
+        QByteArray id; ///< digits
+        Marks marks;
+        QHash<QByteArray, Prepared> prepared;
+    };
+    Known known(const QString& schema);
     Prepared prepare(const QByteArray& native, const QString& sql);
 
-    ServerPlace m_place;
-    PGconn* m_connection = nullptr;
-    QByteArray m_schema_id; ///< digits
-    Marks m_marks;
-    QHash<QByteArray, Prepared> m_prepared;
+    QByteArray m_connection;
+    QHash<QString, std::shared_ptr<Known>> m_schemas;
+    QString m_schema;
+    std::shared_ptr<Known> m_now;
+    int m_prepared = 0;
 };
 
-/// A connection that waited, or a new one.
+/// A connection that waited, or a new one, which serves the schema.
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path);
+/// The one that waits with the turn there; nothing if none does.
+std::unique_ptr<ServerLink> take_turns_link(const ServerPlace& place);
 /// Lets it wait for the next; one that isn't usable, or is one too many, ends.
 void give_back(std::unique_ptr<ServerLink> link);
 

@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "platform/whole_file.h"
+#include "store/files.h"
 #include "store/server.h"
 
 #include <QDir>
@@ -15,6 +16,7 @@ using namespace base;
 
 namespace {
 
+constexpr qint64 smallest_database = 4096;
 constexpr QByteArrayView first_line = "rovena data server";
 
 /// Empty if there is none or it can't be read.
@@ -40,6 +42,13 @@ QByteArray bytes_of(const ServerPlace& place) {
     return first_line.toByteArray() + '\n' + place.connection + '\n' + place.schema.toUtf8() + '\n';
 }
 
+std::optional<ServerPlace> place_at(const QString& path) {
+    QFile file(path);
+    if (QFileInfo(path).size() >= smallest_database || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return server_place(file.readAll());
+}
+
 void make_on_server_below(const QString& folder, const QString& connection) {
     const QByteArray words = connection.trimmed().toUtf8();
     check_connection_words(words);
@@ -48,15 +57,16 @@ void make_on_server_below(const QString& folder, const QString& connection) {
 }
 
 std::optional<ServerPlace> place_for_new(const QString& path, Kind kind) {
-    if (kind == Kind::Losys || kind == Kind::Drafts)
-        return std::nullopt;
     const QFileInfo file(path);
+    const bool exchanged = kind == Kind::Exchange;
+    if (kind == Kind::Losys || kind == Kind::Drafts || (exchanged && file.fileName() != posting_file_name))
+        return std::nullopt;
     const QList<QByteArray> lines = lines_above(file.absoluteDir());
     if (lines.isEmpty())
         return std::nullopt;
     const bool apart = lines.value(1).trimmed() == "apart";
     const QString own = apart ? u'-' + QUuid::createUuid().toString(QUuid::Id128).left(12) : QString();
-    return ServerPlace{lines[0].trimmed(), file.completeBaseName() + own};
+    return ServerPlace{lines[0].trimmed(), (exchanged ? u"jyusin"_s : file.completeBaseName()) + own};
 }
 
 } // namespace store

@@ -28,8 +28,11 @@ struct ServerPlace {
 std::optional<ServerPlace> server_place(const QByteArray& bytes);
 QByteArray bytes_of(const ServerPlace& place);
 
+/// What the file at the path names; nothing if it is something else, or there is none.
+std::optional<ServerPlace> place_at(const QString& path);
+
 /// Where a new database belongs that is to be found at the path; nothing if it is to be a file. What belongs to one PC
-/// alone, its settings and drafts, is always a file.
+/// alone, its settings and drafts, is always a file; so are the exchange files into which nobody posts.
 std::optional<ServerPlace> place_for_new(const QString& path, Kind kind);
 
 /// From now on new databases in or below the folder, which is there, are made on the server. std::runtime_error, in

@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "store/database.h"
+#include "store/schema.h"
 
 #include <QList>
 #include <algorithm>
@@ -100,18 +101,23 @@ void plain_joins(Tokens& tokens) {
 
 // --- Null before all else
 
+QString name_of(const Token& token) {
+    const QString text = QString::fromUtf8(token.text);
+    return token.sort == Sort::Quoted ? text.mid(1, text.size() - 2) : text;
+}
+
 bool ends_ordering(const Token& token, int depth) {
     constexpr std::array words{"limit", "union", ";"};
     return token.depth < depth ||
            (token.depth == depth && std::ranges::any_of(words, [&](const char* word) { return token.is(word); }));
 }
 
-/// Says of the term that ends at this token where Null stands. What numbers the rows is never Null, and its index
-/// serves only an order that says nothing.
+/// Says of the term that ends at this token where Null stands. Of a field that never is it says nothing: the key's
+/// index serves such an order alone.
 void finish_term(Tokens& tokens, qsizetype last) {
     Token& token = tokens[last];
-    const qsizetype direction_of = token.is("asc") || token.is("desc") ? before(tokens, last) : last;
-    if (!tokens[direction_of].is("rowid"))
+    const qsizetype field = token.is("asc") || token.is("desc") ? before(tokens, last) : last;
+    if (!never_null(name_of(tokens[field])))
         token.text += token.is("desc") ? " nulls last" : " nulls first";
 }
 
@@ -129,11 +135,6 @@ void order_nulls(Tokens& tokens) {
 }
 
 // --- "*"
-
-QString name_of(const Token& token) {
-    const QString text = QString::fromUtf8(token.text);
-    return token.sort == Sort::Quoted ? text.mid(1, text.size() - 2) : text;
-}
 
 /// The token that names the table of the "*"; nothing where it multiplies, counts, or stands for a query in
 /// parentheses.

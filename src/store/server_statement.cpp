@@ -32,8 +32,9 @@ public:
     void bind_number(int place, qint64 value) override { at(place) = QByteArray::number(value); }
     void bind_text(int place, QByteArrayView value) override;
     void bind_null(int place) override { at(place) = QByteArray(); }
+    void ask() override;
     bool step() override;
-    void reset() override { m_result.reset(); }
+    void reset() override;
 
     qint64 number(int column) const override { return leading_number(utf8(column)); }
     QByteArrayView utf8(int column) const override;
@@ -53,6 +54,7 @@ private:
     const Prepared m_prepared;
     const bool m_writes;
     QList<QByteArray> m_values; ///< a null one is Null
+    Awaited m_asked;
     Result m_result;
     int m_row = 0;
 };
@@ -92,11 +94,26 @@ QList<const char*> ServerStatement::values() const {
     return values;
 }
 
+void ServerStatement::ask() {
+    if (!m_writes && !m_result)
+        m_asked = m_engine.ask(m_prepared, values());
+}
+
+void ServerStatement::reset() {
+    m_asked.reset();
+    m_result.reset();
+}
+
 bool ServerStatement::step() {
+    if (m_writes) {
+        m_engine.write(m_prepared, values());
+        return false;
+    }
     if (m_result) {
         ++m_row;
     } else {
-        m_result = m_engine.run(m_prepared, m_writes, values());
+        m_result = m_engine.hear(m_asked ? m_asked : m_engine.ask(m_prepared, values()));
+        m_asked.reset();
         m_row = 0;
     }
     if (m_row < PQntuples(m_result.get()))

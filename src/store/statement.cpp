@@ -56,6 +56,10 @@ void Statement::bind_null(int place) {
     m_statement->bind_null(place);
 }
 
+void Statement::ask() {
+    m_statement->ask();
+}
+
 bool Statement::step() {
     return m_statement->step();
 }

@@ -21,10 +21,17 @@ Waiting& waiting() {
     return the_waiting;
 }
 
-std::unique_ptr<ServerLink> waiting_link(const ServerPlace& place) {
+/// One with the turn of a schema serves that alone; of the others one that served the schema last is best.
+std::unique_ptr<ServerLink> waiting_link(const ServerPlace& place, bool with_turn) {
     Waiting& all = waiting();
     const QMutexLocker lock(&all.mutex);
-    const auto found = std::ranges::find_if(all.links, [&](const auto& link) { return link->place() == place; });
+    const auto serves = [&](const auto& link) {
+        return link->connection() == place.connection && link->turn_in == (with_turn ? place.schema : QString());
+    };
+    auto found = std::ranges::find_if(
+        all.links, [&](const auto& link) { return serves(link) && link->schema() == place.schema; });
+    if (found == all.links.end())
+        found = std::ranges::find_if(all.links, serves);
     if (found == all.links.end())
         return {};
     std::unique_ptr<ServerLink> link = std::move(*found);
@@ -32,21 +39,32 @@ std::unique_ptr<ServerLink> waiting_link(const ServerPlace& place) {
     return link;
 }
 
+/// One that was cut while it waited ends.
+std::unique_ptr<ServerLink> good_link(const ServerPlace& place, bool with_turn) {
+    std::unique_ptr<ServerLink> link = waiting_link(place, with_turn);
+    while (link && !(link->pipe.settle() && link->pipe.usable()))
+        link = waiting_link(place, with_turn);
+    return link;
+}
+
 } // namespace
 
+std::unique_ptr<ServerLink> take_turns_link(const ServerPlace& place) {
+    return good_link(place, true);
+}
+
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path) {
-    while (std::unique_ptr<ServerLink> link = waiting_link(place))
-        if (link->usable()) {
-            link->path = path;
-            return link;
-        }
-    auto link = std::make_unique<ServerLink>(place, path);
-    link->know_schema();
+    std::unique_ptr<ServerLink> link = take_turns_link(place);
+    if (!link)
+        link = good_link(place, false);
+    if (!link)
+        link = std::make_unique<ServerLink>(place.connection, path);
+    link->serve(place.schema, path);
     return link;
 }
 
 void give_back(std::unique_ptr<ServerLink> link) {
-    if (!link->usable())
+    if (!link->make_ready())
         return;
     std::unique_ptr<ServerLink> one_too_many;
     Waiting& all = waiting();

@@ -2,9 +2,11 @@
 // (scripts/with-server), the words alone are looked at.
 
 #include "store/held.h"
+#include "store/schema.h"
 #include "store/server_place.h"
 #include "store/server_sql.h"
-#include "support/data_server.h"
+#include "support/server_proxy.h"
+#include "support/stored.h"
 #include "test_tree.h"
 
 #include <gtest/gtest.h>
@@ -79,6 +81,44 @@ TEST_F(OnAServer, ADatabaseIsMissingOrOfAnotherKindOrTooNewAsAFileIs) {
     psql(u"drop schema \"%1\" cascade"_s.arg(place->schema));
     cut_all_connections();
     EXPECT_EQ(code_of([&] { Database::open(path, Kind::Comsys); }), Code::Missing);
+}
+
+TEST_F(OnAServer, WhatKeepsAPersonAwayIsCalledByItsName) {
+    const auto opened_with = [&](const QByteArray& words) {
+        support::put_bytes(path, bytes_of(ServerPlace{place->connection + words, place->schema}));
+        return code_of([&] { Database::open(path, Kind::Comsys); });
+    };
+    EXPECT_EQ(opened_with(" host=/nowhere"), Code::Away);
+    EXPECT_EQ(opened_with(" user=nobody"), Code::Refused);
+    EXPECT_EQ(opened_with(" dbname=nothing"), Code::Refused);
+    for (const auto& [version, code] : {std::pair(0, Code::Older), {schema_version + 1, Code::Newer}}) {
+        psql(u"comment on schema \"%1\" is 'rovena %2 %3'"_s.arg(place->schema)
+                 .arg(application_id(Kind::Comsys))
+                 .arg(version));
+        EXPECT_EQ(opened_with(" application_name=v" + QByteArray::number(version)), code);
+    }
+}
+
+TEST_F(OnAServer, ASilentServerIsGivenUp) {
+    support::ServerProxy proxy;
+    support::put_bytes(path, bytes_of(ServerPlace{proxy.connection() + " tcp_user_timeout=50", place->schema}));
+    Database database = Database::open(path, Kind::Comsys);
+    proxy.stalled = true;
+    EXPECT_EQ(code_of([&] { number_from(database, "select count(*) from bangou"); }), Code::Io);
+    proxy.stalled = false;
+}
+
+TEST_F(OnAServer, ASchemaThatIsThereGetsWhatItLacks) {
+    psql(u"drop table \"%1\".bangou; drop index \"%1\".syain_key"_s.arg(place->schema));
+    support::put_bytes(tree.folder.filePath(u"data-server"_s), place->connection + '\n');
+    psql(u"alter schema \"%1\" rename to comsys"_s.arg(place->schema));
+    QFile::remove(path);
+    Database database = Database::create(path, Kind::Comsys);
+    EXPECT_EQ(number_from(database, "select count(*) from bangou"), 0);
+    EXPECT_EQ(number_from(database, "select count(*) from pg_class where relname = 'syain_key'"
+                                    " and relnamespace = 'comsys'::regnamespace"),
+        1);
+    psql(u"drop schema comsys cascade"_s);
 }
 
 TEST_F(OnAServer, AnOldConnectionThatWasCutGivesWayToANewOne) {

@@ -24,6 +24,12 @@ inline void psql(const QString& sql) {
     ASSERT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
 }
 
+/// The server's sudden death by kill -9, and its new life.
+inline void tell_server(const QString& what) {
+    const QString folder = QString::fromUtf8(data_server().split(' ').first().mid(5));
+    ASSERT_EQ(QProcess::execute(folder + u'/' + what, QStringList()), 0);
+}
+
 /// As a server's restart does.
 inline void cut_all_connections() {
     psql(QStringLiteral("select pg_terminate_backend(pid, 10000) from pg_stat_activity"

@@ -1,0 +1,317 @@
+#include "store/server_pipe.h"
+
+#include "base/literals.h"
+#include "store/server.h"
+
+#include <QDeadlineTimer>
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <vector>
+
+#ifdef Q_OS_WIN
+#include <winsock2.h>
+#else
+#include <poll.h>
+#endif
+
+namespace store {
+
+using namespace base;
+
+namespace {
+
+struct Meaning {
+    QByteArrayView state; ///< the beginning of the server's code
+    Code code;
+};
+
+// What is told more closely stands first.
+constexpr std::array meanings{
+    Meaning{"55P03", Code::Busy}, // a lock wasn't to be had in time
+    Meaning{"40", Code::Busy},    // two waited for each other
+    Meaning{"42501", Code::ReadOnly},
+    Meaning{"25006", Code::ReadOnly},
+    Meaning{"53100", Code::Full},
+    Meaning{"53", Code::Busy}, // connections, memory
+    Meaning{"28", Code::Refused},
+    Meaning{"3", Code::Missing},
+    Meaning{"XX", Code::Damaged},
+    Meaning{"08", Code::Io},
+    Meaning{"57", Code::Io}, // the server is shutting down, or starting
+    Meaning{"58", Code::Io},
+    Meaning{"22", Code::Misuse},
+    Meaning{"23", Code::Misuse},
+    Meaning{"42", Code::Misuse},
+};
+
+Code meaning_of(const QByteArray& state) {
+    if (state.isEmpty()) // libpq itself: the connection is cut
+        return Code::Io;
+    const auto meaning =
+        std::ranges::find_if(meanings, [&](const Meaning& candidate) { return state.startsWith(candidate.state); });
+    return meaning == meanings.end() ? Code::Other : meaning->code;
+}
+
+/// Everything that the program sets of a connection, where what the administrator wrote doesn't: a server that is away
+/// is told after ten seconds, also in the midst of a statement.
+constexpr std::pair<const char*, const char*> defaults[]{
+    {"connect_timeout", "10"},
+    {"tcp_user_timeout", "10000"},
+    {"keepalives_idle", "10"},
+    {"options", "-c tcp_keepalives_idle=10 -c tcp_keepalives_interval=5 -c tcp_keepalives_count=3"
+                " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
+    {"application_name", "rovena"},
+};
+
+PGconn* connected(const QByteArray& connection) {
+    std::vector<const char*> names, values;
+    const auto add = [&](const char* name, const char* value) {
+        names.push_back(name);
+        values.push_back(value);
+    };
+    for (const auto& [name, value] : defaults)
+        add(name, value);
+    add("dbname", connection.constData()); // is taken apart, and goes before what stands before it
+    add("client_encoding", "UTF8");
+    add(nullptr, nullptr);
+    return PQconnectdbParams(names.data(), values.data(), /*expand_dbname=*/1);
+}
+
+struct FreeOptions {
+    void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
+};
+
+/// False if nothing comes, and nothing can be sent, for so long.
+bool ready(int socket, bool to_send, std::chrono::milliseconds patience) {
+    pollfd waiting{};
+    waiting.fd = socket;
+    waiting.events = short(POLLIN | (to_send ? POLLOUT : 0));
+#ifdef Q_OS_WIN
+    return WSAPoll(&waiting, 1, int(patience.count())) != 0;
+#else
+    return poll(&waiting, 1, int(patience.count())) != 0;
+#endif
+}
+
+/// libpq has no code for a connection that fails; a server that is up says "FATAL", and TLS and passwords name
+/// themselves. One that is starting or ending is away.
+bool refused(const QString& reason) {
+    constexpr std::array starting{"starting up", "shutting down", "recovery"};
+    constexpr std::array signs{"FATAL", "SSL", "certificate", "password"};
+    const auto in_reason = [&](const char* word) { return reason.contains(QLatin1String(word)); };
+    return std::ranges::any_of(signs, in_reason) && std::ranges::none_of(starting, in_reason);
+}
+
+bool is_good(ExecStatusType status) {
+    return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_EMPTY_QUERY;
+}
+
+} // namespace
+
+void check_connection_words(const QByteArray& words) {
+    char* given = nullptr;
+    const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(words.constData(), &given));
+    const std::unique_ptr<char, decltype(&PQfreemem)> trouble(given, PQfreemem);
+    if (!options)
+        throw std::runtime_error("the data server's words: " + std::string(trouble ? trouble.get() : "no memory"));
+    for (const PQconninfoOption* option = options.get(); option->keyword; ++option)
+        if (QByteArrayView(option->keyword) == "password" && option->val)
+            throw std::runtime_error("a password belongs into libpq's password file, not here");
+}
+
+ServerPipe::ServerPipe(const QByteArray& connection, const QString& opened)
+    : m_connection(connected(connection)), path(opened) {
+    PQsetNoticeProcessor(
+        m_connection, [](void*, const char*) {}, nullptr);
+    if (PQstatus(m_connection) == CONNECTION_OK && PQsetnonblocking(m_connection, 1) == 0 &&
+        PQenterPipelineMode(m_connection) == 1)
+        return;
+    const QString reason = QString::fromUtf8(PQerrorMessage(m_connection)).trimmed();
+    PQfinish(m_connection);
+    throw Error(refused(reason) ? Code::Refused : Code::Away, path, {}, reason);
+}
+
+std::chrono::milliseconds ServerPipe::usual_silence() const {
+    const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfo(m_connection));
+    qint64 timeout = 0;
+    for (const PQconninfoOption* option = options.get(); option && option->keyword; ++option)
+        if (QByteArrayView(option->keyword) == "tcp_user_timeout")
+            timeout = QByteArray(option->val).toLongLong();
+    constexpr qint64 usual = 10'000;
+    return std::chrono::milliseconds(3 * (timeout > 0 ? timeout : usual));
+}
+
+Awaited ServerPipe::said(int accepted, const QString& sql) {
+    if (accepted != 1)
+        fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
+    m_unheard.push_back({std::make_shared<Answer>(), sql});
+    return m_unheard.back().answer;
+}
+
+Awaited ServerPipe::say(const QByteArray& sql, const Values& values) {
+    return said(PQsendQueryParams(m_connection, sql.constData(), int(values.size()), nullptr, values.constData(),
+                    nullptr, nullptr, 0),
+        QString::fromUtf8(sql));
+}
+
+Awaited ServerPipe::prepare(const QByteArray& name, const QByteArray& native, const QString& sql) {
+    return said(PQsendPrepare(m_connection, name.constData(), native.constData(), 0, nullptr), sql);
+}
+
+Awaited ServerPipe::describe(const QByteArray& name, const QString& sql) {
+    return said(PQsendDescribePrepared(m_connection, name.constData()), sql);
+}
+
+Awaited ServerPipe::run(const QByteArray& name, const Values& values, const QString& sql) {
+    return said(PQsendQueryPrepared(
+                    m_connection, name.constData(), int(values.size()), values.constData(), nullptr, nullptr, 0),
+        sql);
+}
+
+void ServerPipe::part() {
+    if (PQpipelineSync(m_connection) != 1)
+        fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
+    m_unheard.push_back({});
+}
+
+void ServerPipe::send() noexcept {
+    PQflush(m_connection); // what doesn't go off now does with the next wait
+}
+
+Result ServerPipe::hear(const Awaited& one) {
+    if (!one->result && !one->error) {
+        part();
+        listen();
+    }
+    if (one->error)
+        throw Error(*one->error);
+    return std::move(one->result);
+}
+
+bool ServerPipe::answers_within(const Awaited& one, std::chrono::milliseconds patience) {
+    const QDeadlineTimer limit(patience);
+    while (!one->result && !one->error) {
+        const int left = PQflush(m_connection);
+        const bool waits = PQisBusy(m_connection) != 0 && PQstatus(m_connection) != CONNECTION_BAD;
+        if (!waits) {
+            take(m_unheard.front());
+            m_unheard.pop_front();
+        } else if (!ready(PQsocket(m_connection), left > 0, std::chrono::milliseconds(limit.remainingTime()))) {
+            return false;
+        } else {
+            PQconsumeInput(m_connection);
+        }
+    }
+    return true;
+}
+
+void ServerPipe::hear_all() {
+    part();
+    std::vector<Awaited> all;
+    for (const Said& said : m_unheard)
+        if (said.answer)
+            all.push_back(said.answer);
+    listen();
+    for (const Awaited& one : all)
+        if (one->error)
+            throw Error(*one->error);
+}
+
+bool ServerPipe::settle() noexcept {
+    try {
+        if (!m_unheard.empty()) {
+            part();
+            listen();
+        }
+    } catch (const Error&) {
+        return false; // told by m_broken
+    }
+    return !m_broken;
+}
+
+void ServerPipe::run_script(const QByteArray& sql) {
+    hear_all();
+    PQexitPipelineMode(m_connection);
+    const Result result(PQexec(m_connection, sql.constData()));
+    const bool again = PQenterPipelineMode(m_connection) == 1;
+    if (!is_good(PQresultStatus(result.get())))
+        throw error_of(result.get(), QString::fromUtf8(sql));
+    if (!again)
+        fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
+}
+
+/// What nobody waits for any more is dropped as it comes.
+void ServerPipe::listen() {
+    while (!m_unheard.empty()) {
+        take(m_unheard.front());
+        m_unheard.pop_front();
+    }
+}
+
+void ServerPipe::take(const Said& said) {
+    if (!said.answer) {
+        while (PQresultStatus(next().get()) != PGRES_PIPELINE_SYNC) {
+        }
+        m_first.reset();
+        return;
+    }
+    Result result = next();
+    while (!result)
+        result = next();
+    while (next()) {
+    }
+    if (is_good(PQresultStatus(result.get()))) {
+        said.answer->result = std::move(result);
+        return;
+    }
+    if (!m_first)
+        m_first = error_of(result.get(), said.sql);
+    said.answer->error = m_first;
+}
+
+Result ServerPipe::next() {
+    wait_for_more();
+    return Result(PQgetResult(m_connection));
+}
+
+void ServerPipe::wait_for_more() {
+    for (;;) {
+        const int left = PQflush(m_connection);
+        const bool heard = left >= 0 && PQisBusy(m_connection) == 0;
+        if (PQstatus(m_connection) == CONNECTION_BAD)
+            fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
+        if (heard)
+            return;
+        if (!ready(PQsocket(m_connection), left > 0, silence))
+            fail(u"サーバーから応答がありません。"_s);
+        PQconsumeInput(m_connection);
+    }
+}
+
+/// The server's sentence goes without the details, in which values may stand.
+Error ServerPipe::error_of(const PGresult* result, const QString& sql) const {
+    const char* sentence = PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY);
+    return Error(meaning_of(PQresultErrorField(result, PG_DIAG_SQLSTATE)), path, sql,
+        QString::fromUtf8(sentence ? sentence : PQerrorMessage(m_connection)).trimmed());
+}
+
+void ServerPipe::fail(const QString& reason) {
+    m_broken = true;
+    const Error error(Code::Io, path, {}, reason);
+    for (const Said& said : m_unheard)
+        if (said.answer && !said.answer->result)
+            said.answer->error = m_first ? m_first : error;
+    m_unheard.clear();
+    throw error;
+}
+
+/// The first look may take in the server's last word, and only the second meets the end.
+bool ServerPipe::usable() {
+    if (m_broken)
+        return false;
+    const bool heard = PQconsumeInput(m_connection) == 1 && PQconsumeInput(m_connection) == 1;
+    return heard && PQstatus(m_connection) == CONNECTION_OK;
+}
+
+} // namespace store

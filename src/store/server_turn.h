@@ -1,0 +1,42 @@
+#pragma once
+
+// Who is alone among all PCs of a data server: a lock of this program's connection, which the server takes back at once
+// when the program or its PC dies.
+
+#include <QString>
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace store {
+
+class ServerTurn {
+public:
+    /// The turn stays with whoever has it, whether the others' programs run or not; it goes back when this ends.
+    /// Whoever has it for longer than half a minute without a word to the server loses it.
+    ServerTurn() = default;
+    ServerTurn(const ServerTurn&) = delete;
+    ServerTurn& operator=(const ServerTurn&) = delete;
+    virtual ~ServerTurn() = default;
+
+    /// Whether it is had by then; it is waited for further until this ends. Isn't called again once it is had. Throws
+    /// store::Error where the server can't be reached.
+    virtual bool take_within(std::chrono::milliseconds patience) = 0;
+
+    struct Holder {
+        QString pc;
+        std::chrono::seconds since;
+    };
+    /// Nothing if nobody has it now.
+    virtual std::optional<Holder> holder() = 0;
+};
+
+enum class TurnFor {
+    Posting, ///< the database is written meanwhile, by this thread, as if its write lock were held
+    Applying,
+};
+
+/// The turn with the database at the path; nothing where that is a file, or missing.
+std::unique_ptr<ServerTurn> server_turn(const QString& path, TurnFor what);
+
+} // namespace store
