@@ -173,6 +173,7 @@ namespace {
 // A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
 // the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
 bool apply_in_turn(ManagerRun& run, const base::Settings& settings, std::chrono::milliseconds lock_patience) {
+    constexpr std::chrono::milliseconds way_to_server = std::chrono::seconds(2);
     bool good = true;
     do {
         platform::ProgramLock lock(store::exchange_folder(settings), store::manager_program.toString());
@@ -180,7 +181,7 @@ bool apply_in_turn(ManagerRun& run, const base::Settings& settings, std::chrono:
             break;
         const QString posted = store::exchange_path(settings, store::posting_file);
         const auto turn = store::server_turn(posted, store::TurnFor::Applying);
-        if (turn && !turn->take_within(lock_patience)) // another PC's is at work
+        if (turn && !turn->take_within(std::max(lock_patience, way_to_server))) // another PC's is at work
             break;
         lock_patience = {};
         good = run.apply_all();
