@@ -3,9 +3,12 @@
 #include "bench/clerks.h"
 
 #include "base/literals.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "bench/desktop.h"
 #include "bench/server_company.h"
 #include "common/saved_month.h"
+#include "entry/layout.h"
 #include "entry/month_load.h"
 #include "entry/saving.h"
 #include "exchange/run.h"
@@ -14,6 +17,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
 #include <QTextStream>
 #include <QThread>

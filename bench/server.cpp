@@ -11,6 +11,7 @@
 #include "bench/bare_server.h"
 #include "bench/posted_rows.h"
 #include "bench/server_company.h"
+#include "entry/layout.h"
 #include "entry/month_load.h"
 #include "entry/saving.h"
 #include "exchange/run.h"
@@ -140,7 +141,9 @@ void apply(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         const ServerCompany company(0, 0);
-        post_many(company);
+        store::Database posted =
+            store::Database::open(store::exchange_path(company.settings, 1), store::Kind::Exchange);
+        post_many(posted);
         state.ResumeTiming();
         if (exchange::run_manager(company.settings, {}) != 0)
             state.SkipWithError("the rows weren't applied");
