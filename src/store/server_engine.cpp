@@ -124,6 +124,7 @@ do $$ begin
 end $$;
 grant usage on schema %1 to rovena_clerk;
 grant select, insert, update, delete on all tables in schema %1 to rovena_clerk;
+grant select on all sequences in schema %1 to rovena_clerk;
 )";
 
 /// False if there is a schema of the name.

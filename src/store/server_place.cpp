@@ -36,6 +36,12 @@ std::optional<ServerPlace> server_place(const QByteArray& bytes) {
     return ServerPlace{lines[1].trimmed(), QString::fromUtf8(lines[2].trimmed())};
 }
 
+/// A file that is large enough for a database isn't read.
+std::optional<ServerPlace> place_at(const QString& path) {
+    constexpr qint64 smallest_database = 4096;
+    return QFileInfo(path).size() < smallest_database ? server_place(bytes_of(path)) : std::nullopt;
+}
+
 QByteArray bytes_of(const ServerPlace& place) {
     return first_line.toByteArray() + '\n' + place.connection + '\n' + place.schema.toUtf8() + '\n';
 }

@@ -28,9 +28,15 @@ struct ServerPlace {
 std::optional<ServerPlace> server_place(const QByteArray& bytes);
 QByteArray bytes_of(const ServerPlace& place);
 
+/// What the file at the path names; nothing for a database in a file, or none.
+std::optional<ServerPlace> place_at(const QString& path);
+
 /// Where a new database belongs that is to be found at the path; nothing if it is to be a file. What belongs to one PC
 /// alone, its settings and drafts, is always a file.
 std::optional<ServerPlace> place_for_new(const QString& path, Kind kind);
+
+/// Makes an empty database of the kind in a new schema there, and the file that names it at the path, which is free.
+void make_on_server(const ServerPlace& place, const QString& path, Kind kind);
 
 /// From now on new databases in or below the folder, which is there, are made on the server. std::runtime_error, in
 /// English, where the words aren't libpq's or hold a password; the connection itself isn't tried.
