@@ -4,8 +4,11 @@
 #include "platform/file_set.h"
 #include "platform/paths.h"
 #include "platform/whole_file.h"
+#include "store/dump.h"
 #include "store/files.h"
 #include "store/held.h"
+#include "store/server_place.h"
+#include "store/setting_tables.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -85,6 +88,7 @@ struct Item {
     const Source& source;
     Held held;
     QString file; ///< its name in the folder
+    bool dumped = false;
 };
 
 class Generation {
@@ -124,16 +128,26 @@ private:
         const QString path = source.path(m_settings);
         if (source.need == Need::May && !QFileInfo::exists(path))
             return;
-        m_items.push_back({source, Held(path, source.kind, m_patience), QFileInfo(path).fileName()});
+        Held held(path, source.kind, m_patience);
+        const QFileInfo file(path);
+        const bool dumped = !held.is_file() && m_can_dump;
+        m_items.push_back({source, std::move(held), dumped ? file.completeBaseName() + u".dump"_s : file.fileName()});
+        m_items.back().dumped = dumped;
     }
 
     void copy(Item& item) {
         m_steps.next(item.file);
         store::check_system(m_copies.make(item.file), m_folder + u'/' + item.file);
         const QString& made = m_copies.passing_path(item.file);
+        if (item.dumped) {
+            store::dump_into(item.held, made);
+            return store::check_dump(made, item.source.kind, item.held);
+        }
         item.held.compact_into(made);
         store::check_copy(made, item.source.kind, item.held.rows());
     }
+
+    const bool m_can_dump = store::can_dump();
 
     const base::Settings& m_settings;
     QString m_folder;
@@ -168,9 +182,34 @@ void told(platform::Host& host, const QString& heading, const std::function<void
     host.tell(heading + u"\n\n"_s + trouble, title);
 }
 
+bool on_server(const base::Settings& settings) {
+    return store::place_at(store::rovdata_path(settings)).has_value();
+}
+
+/// A server that doesn't answer is told of by the backup.
+bool backed_up_elsewhere(base::Settings settings) {
+    try {
+        return on_server(settings) &&
+               store::SettingTables(settings).設定読込(store::rov_kihon, u"サーバー別バックアップ"_s) == u"1";
+    } catch (const Error&) {
+        return false;
+    }
+}
+
 bool wanted(const base::Settings& settings, platform::Host& host) {
-    return (settings.use_class == 0 || settings.use_class == 1) &&
-           host.ask(u"バックアップしますか？"_s, title, platform::Buttons::YesNo) == platform::Answer::Yes;
+    if (settings.use_class != 0 && settings.use_class != 1)
+        return false;
+    const QString more = u"\n\nサーバーのデータは、別の方法でバックアップされています。"_s;
+    const QString question = u"バックアップしますか？"_s + (backed_up_elsewhere(settings) ? more : QString());
+    return host.ask(question, title, platform::Buttons::YesNo) == platform::Answer::Yes;
+}
+
+/// The backup is one in any case.
+void tell_of_missing_tool(const base::Settings& settings, platform::Host& host) {
+    if (on_server(settings) && !store::can_dump())
+        host.tell(u"pg_dump が見つからないため、暗号化ファイルでバックアップしました。"
+                  "PostgreSQL のクライアントのプログラムを入れると、pg_dump でバックアップします。"_s,
+            title);
 }
 
 } // namespace
@@ -194,6 +233,7 @@ void バックアップ処理(const base::Settings& settings, platform::Host& ho
         told(host, u"バックアップできませんでした。データベースはそのままです。"_s, [&] {
             Generation generation(settings, shared_backup_folder(settings, today), patience, steps);
             generation.make();
+            tell_of_missing_tool(settings, host);
             left_as_they_were = generation.compact_live();
         });
     if (!left_as_they_were.isEmpty())

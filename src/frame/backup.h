@@ -2,7 +2,8 @@
 
 // The backup on leaving the program: seven generations, one a weekday, of the shared databases, compacted, which then
 // take the place of the live contents; and a plain copy of this PC's settings. A generation is one moment of all its
-// files: it is made beside the old one, proved, and takes its place whole or not at all.
+// files: it is made beside the old one, proved, and takes its place whole or not at all. What lies on a server is kept
+// as a dump (store/dump.h) where the server's tools are at hand, else as a file like the others.
 
 #include "base/settings.h"
 #include "platform/host.h"

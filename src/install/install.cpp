@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "install/delivered.h"
+#include "install/move_plan.h"
 #include "install/standing.h"
 #include "install/tree_settings.h"
 #include "platform/paths.h"
@@ -96,6 +97,7 @@ QStringList usual_assets(const QString& program_folder) {
 void run(const Options& options, const QString& program_folder, const Say& say) {
     const base::Settings settings = settings_of(options);
     const QString elsewhere = other_place_of_data(options);
+    refuse_half_moved(settings);
     const bool shared = elsewhere.isEmpty();
     const bool new_company = shared && !QFileInfo::exists(store::rovdata_path(settings));
     if (!shared)

@@ -51,7 +51,7 @@ private:
         QStringView name;
         Setter set;
     };
-    static const std::array<Option, 11> known_options;
+    static const std::array<Option, 12> known_options;
 
     Options& options() { return m_request.options; }
 
@@ -102,18 +102,25 @@ private:
     int m_until = 0;
 };
 
+bool take_place_of_backup(const QString& text, QString& place) {
+    place = text == u"elsewhere" ? u"1"_s : text == u"here" ? u"0"_s : QString();
+    return !place.isEmpty();
+}
+
 /// An empty value would be no value, and a setting isn't emptied by it.
 bool keep(QString& place, const QString& value) {
     place = value;
     return !value.isEmpty();
 }
 
-constexpr std::array<Reader::Option, 11> Reader::known_options{{
+constexpr std::array<Reader::Option, 12> Reader::known_options{{
     {u"--use-class", [](Reader& r, const QString& v) { return take_number(v, 0, 2, r.options().use_class.emplace()); }},
     {u"--server-name", [](Reader& r, const QString& v) { return keep(r.options().server_name, v); }},
     {u"--info-server", [](Reader& r, const QString& v) { return keep(r.options().info_server, v); }},
     {u"--server-root", [](Reader& r, const QString& v) { return keep(r.options().server_root, v); }},
     {u"--data-server", [](Reader& r, const QString& v) { return keep(r.options().data_server, v); }},
+    {u"--server-backup",
+        [](Reader& r, const QString& v) { return take_place_of_backup(v, r.options().server_backup); }},
     {u"--share-user", [](Reader& r, const QString& v) { return keep(r.options().share_user, v); }},
     {u"--share-password", [](Reader& r, const QString& v) { return keep(r.options().share_password, v); }},
     {u"--share-password-file", [](Reader& r, const QString& v) { return keep(r.options().share_password_file, v); }},
@@ -143,12 +150,35 @@ Request read_restore(const QStringList& arguments) {
         else
             problem = u"one ROOT only: "_s + argument;
     }
-    return {{}, restore, {}, problem.isEmpty() ? problem_of(restore) : problem};
+    return {{}, restore, {}, {}, problem.isEmpty() ? problem_of(restore) : problem};
+}
+
+QString problem_of(const Move& move) {
+    if (move.root.isEmpty())
+        return u"ROOT is missing"_s;
+    return move.to_files == !move.server.isEmpty() ? u"either --to-server CONNINFO or --to-files"_s : QString();
+}
+
+Request read_move(QStringList arguments) {
+    Move move;
+    QString problem;
+    while (!arguments.isEmpty() && problem.isEmpty()) {
+        const QString argument = arguments.takeFirst();
+        if (argument == u"--to-files")
+            move.to_files = true;
+        else if (argument == u"--to-server" && !arguments.isEmpty())
+            move.server = arguments.takeFirst();
+        else if (argument.startsWith(u"--") || !move.root.isEmpty())
+            problem = (argument.startsWith(u"--") ? u"can't be used: "_s : u"one ROOT only: "_s) + argument;
+        else
+            move.root = argument;
+    }
+    return {{}, {}, move, {}, problem.isEmpty() ? problem_of(move) : problem};
 }
 
 Request read_show(const QStringList& arguments) {
     const bool usable = arguments.size() == 1 && !arguments[0].startsWith(u"--");
-    return {{}, {}, arguments.value(0), usable ? QString() : u"show takes one ROOT"_s};
+    return {{}, {}, {}, arguments.value(0), usable ? QString() : u"show takes one ROOT"_s};
 }
 
 } // namespace
@@ -156,6 +186,8 @@ Request read_show(const QStringList& arguments) {
 Request read_arguments(const QStringList& arguments) {
     if (arguments.value(0) == u"restore")
         return read_restore(arguments.sliced(1));
+    if (arguments.value(0) == u"move")
+        return read_move(arguments.sliced(1));
     return arguments.value(0) == u"show" ? read_show(arguments.sliced(1)) : Reader(arguments).read();
 }
 
@@ -171,6 +203,8 @@ QString usage() {
 rovena-install show ROOT
 rovena-install restore FOLDER --list
 rovena-install restore FOLDER ROOT
+rovena-install move ROOT --to-server CONNINFO
+rovena-install move ROOT --to-files
 
 Makes "ROOT/Program Files/meridan/qn" with the databases, folders, artwork, help and programs of the attendance system.
 The rows of a database that exists are left alone; artwork, help and programs are brought up to date. An option that is
@@ -183,6 +217,8 @@ given is written into the settings also where the tree is there already; what is
   --server-root PATH      the shared data lies there; none is made here
   --data-server CONNINFO  new databases of the shared data are made on that PostgreSQL server, or are taken as they are
                           where another PC made them; in libpq's words and without a password ("service=rovena")
+  --server-backup WHERE   "elsewhere" where that server is backed up by other means: the question on leaving says so;
+                          "here" takes it back
   --share-user NAME       account for that share; its password is asked for on the terminal
   --share-password-file FILE
                           takes the password from the first line of the file
@@ -200,6 +236,13 @@ time, employees, months and rows, and puts its databases into the tree of ROOT. 
 a name with the time. Refused while the program is open on that data.
 
   --list                  only tells what the folder holds and whether it is in order
+
+move takes the company of ROOT from files to a PostgreSQL server, or back. Every table is proved to be the same before
+anything changes hands; what was moved stays beside as it was. Refused while a program is open on that data or saved
+rows wait. A move that was broken off is ended or undone by running it again.
+
+  --to-server CONNINFO    to that server, in libpq's words as above
+  --to-files              into files of the tree
 )"_s;
 }
 

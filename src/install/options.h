@@ -25,6 +25,7 @@ struct Options {
     QString info_server;          ///< host of the news
     QString server_root;          ///< root of the shared data if it lies elsewhere; the shared part isn't made then
     QString data_server;          ///< the PostgreSQL server for the shared data, as libpq names it
+    QString server_backup;        ///< "1" if that server is backed up elsewhere, "0" if it isn't
     QString share_user;           ///< account for that share
     QString share_password;       ///< and its password
     QString share_password_file;  ///< or the file that holds it
@@ -40,11 +41,19 @@ struct Restore {
     bool only_list = false; ///< nothing is put in place
 };
 
+/// Taking the company to a server, or back into files.
+struct Move {
+    QString root;
+    QString server;        ///< as libpq names it; empty for files
+    bool to_files = false; ///< said so
+};
+
 /// What the arguments (without the program's name) ask for; `problem` says what is wrong with them and is empty if they
 /// are in order.
 struct Request {
     Options options;
     std::optional<Restore> restore; ///< asked for instead of the options
+    std::optional<Move> move;       ///< likewise
     std::optional<QString> show;    ///< likewise: the root whose settings are to be told
     QString problem;                ///< in English
 };

@@ -1,17 +1,21 @@
 #include "install/restore.h"
 
 #include "base/literals.h"
+#include "install/alone.h"
+#include "install/move_plan.h"
 #include "install/tree_settings.h"
 #include "platform/file_set.h"
 #include "platform/paths.h"
-#include "platform/program_lock.h"
 #include "platform/rights.h"
 #include "platform/whole_file.h"
+#include "store/dump.h"
 #include "store/files.h"
 #include "store/held.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <filesystem>
 #include <memory>
@@ -105,15 +109,29 @@ void demand_a_backup(const std::vector<Found>& found, const QString& folder) {
         fail(platform::native(folder) + (found.empty() ? u": no backup"_s : u": a database is missing"_s));
 }
 
-std::vector<Found> look_through(const QString& folder, const Say& say) {
+/// A dump as a file, with the time of the dump.
+QString unpacked(const QString& dump, const Place& place, const QTemporaryDir& passing) {
+    if (!passing.isValid())
+        throw Error(Code::ReadOnly, QDir::tempPath(), {}, passing.errorString());
+    const QString target = passing.filePath(place.file.toString());
+    store::file_of_dump(dump, place.kind, target);
+    QFile file(target);
+    if (!file.open(QIODevice::ReadWrite) ||
+        !file.setFileTime(QFileInfo(dump).lastModified(), QFileDevice::FileModificationTime))
+        throw Error(Code::Io, target, {}, file.errorString());
+    return target;
+}
+
+std::vector<Found> look_through(const QString& folder, const QTemporaryDir& passing, const Say& say) {
     std::vector<Found> found;
     bool in_order = true;
     for (const Place& place : places) {
-        const QString file = platform::file_of_set(folder, place.file.toString());
-        if (file.isEmpty())
+        const QString name = place.file.toString(), file = platform::file_of_set(folder, name);
+        const QString dump = platform::file_of_set(folder, QFileInfo(name).completeBaseName() + u".dump"_s);
+        if (file.isEmpty() && dump.isEmpty())
             continue;
         try {
-            found.push_back(look_at(place, file, say));
+            found.push_back(look_at(place, file.isEmpty() ? unpacked(dump, place, passing) : file, say));
         } catch (const Error& error) {
             in_order = false;
             say(u"%1  not in order: %2"_s.arg(place.file, -13).arg(error.text()));
@@ -240,34 +258,19 @@ private:
     std::optional<store::Held> m_present;
 };
 
-/// As long as this stands neither the program nor the exchange manager starts on the data.
-class Alone {
-public:
-    explicit Alone(const base::Settings& settings)
-        : m_program(store::data_folder(settings), store::desktop_program.toString()),
-          m_manager(store::exchange_folder(settings), store::manager_program.toString()) {
-        if (!m_program.take(std::chrono::milliseconds(0)))
-            fail(u"the program is open on this data, here or on another PC: end it first"_s);
-        if (!m_manager.take(std::chrono::seconds(5)))
-            fail(u"jyusinkanri is at work on this data: wait until it has ended"_s);
-    }
-
-private:
-    platform::ProgramLock m_program;
-    platform::ProgramLock m_manager;
-};
-
 } // namespace
 
 void list_backup(const QString& folder, const Say& say) {
-    look_through(folder, say);
+    look_through(folder, QTemporaryDir(), say);
 }
 
 void restore_backup(const Restore& restore, const QDateTime& now, const Say& say, std::chrono::milliseconds patience) {
     Options options;
     options.root = restore.root;
     const base::Settings settings = settings_of(options);
-    const std::vector<Found> found = look_through(restore.folder, say);
+    refuse_half_moved(settings);
+    const QTemporaryDir passing;
+    const std::vector<Found> found = look_through(restore.folder, passing, say);
     const Data data = place_of_data(found, options);
     make_folders(settings, has_shared(found));
     std::optional<Alone> alone;

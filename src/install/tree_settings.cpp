@@ -19,7 +19,7 @@ using store::SettingTables;
 
 namespace {
 
-enum class Owner { Pc, Shared };
+enum class Owner { Pc, Shared, Company };
 
 constexpr QStringView password_key = u"winパスワード";
 
@@ -40,9 +40,12 @@ constexpr Known known[]{
     {Owner::Pc, u"プリンター１", u"--printer", [](const Options& o) { return o.printer; }},
     {Owner::Shared, u"サーバー名", u"--server-name", [](const Options& o) { return o.server_name; }},
     {Owner::Shared, u"情報サーバー", u"--info-server", [](const Options& o) { return o.info_server; }},
+    {Owner::Company, u"サーバー別バックアップ", u"--server-backup", [](const Options& o) { return o.server_backup; }},
 };
 
 QString table_of(Owner owner) {
+    if (owner == Owner::Company)
+        return store::rov_kihon;
     return owner == Owner::Pc ? store::losystem : store::kihon;
 }
 
@@ -83,7 +86,7 @@ void set_given(SettingTables& tables, Owner owner, const Options& options, const
 QStringList shared_options(const Options& options) {
     QStringList given;
     for (const Known& setting : known)
-        if (setting.owner == Owner::Shared && !setting.value(options).isEmpty())
+        if (setting.owner != Owner::Pc && !setting.value(options).isEmpty())
             given << setting.option.toString();
     return given;
 }
@@ -143,6 +146,7 @@ void set_shared(const Options& options, const Say& say) {
         if (!given.isEmpty())
             reach_data(tables, settings.server_root);
         set_given(tables, Owner::Shared, options, say);
+        set_given(tables, Owner::Company, options, say);
         if (other_place_of_data(options).isEmpty())
             name_main_pc(tables, say);
     } catch (const store::Error& error) {
@@ -158,8 +162,8 @@ void list_settings(const QString& root, const Say& say) {
     options.root = root;
     base::Settings settings = settings_with_data(options);
     SettingTables tables(settings);
-    for (const Owner owner : {Owner::Pc, Owner::Shared}) {
-        if (owner == Owner::Shared)
+    for (const Owner owner : {Owner::Pc, Owner::Shared, Owner::Company}) {
+        if (owner != Owner::Pc)
             reach_data(tables, settings.server_root);
         for (const Known& setting : known)
             if (setting.owner == owner)

@@ -76,4 +76,9 @@ Database Database::create(const QString& path, Kind kind, const std::function<vo
     return open(path, kind);
 }
 
+void make_on_server(const ServerPlace& place, const QString& path, Kind kind) {
+    create_on_server(place, path, kind, [](const std::unique_ptr<Engine>&) {});
+    check_system(platform::write_new_file(path, bytes_of(place), platform::Durability::Disk), path);
+}
+
 } // namespace store

@@ -86,4 +86,8 @@ void Held::take_over(const QString& copy) {
     m_holding->take_over(copy);
 }
 
+void Held::rename_schemas(const NewNames& names) {
+    m_holding->rename_schemas(names);
+}
+
 } // namespace store

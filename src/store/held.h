@@ -7,10 +7,14 @@
 #include "store/database.h"
 
 #include <map>
+#include <utility>
 
 namespace store {
 
 class Holding;
+
+/// What schemas of a server are called, and what they are to be called.
+using NewNames = QList<std::pair<QString, QString>>;
 
 /// How many rows each table holds; the definitions count as a table of their own (`sqlite_master`).
 using RowCounts = std::map<QString, qint64>;
@@ -50,6 +54,10 @@ public:
     /// database after a kill or a power failure finds all of the old or all of the new. Code::Busy if readers don't end
     /// within the patience; the database stands as it was then.
     void take_over(const QString& copy);
+
+    /// Gives schemas of the server on which this database lies other names, all of them or none. It isn't held any
+    /// longer then, and nothing else of it is to be asked. Code::Misuse for a file.
+    void rename_schemas(const NewNames& names);
 
 private:
     QString m_path;

@@ -71,6 +71,7 @@ public:
     void compact_into(const QString& target) override;
     void copy_into(const QString& target) override;
     void take_over(const QString& copy) override;
+    void rename_schemas(const NewNames&) override { throw Error(Code::Misuse, m_database.path(), {}, {}); }
 
 private:
     FileEngine& engine() { return FileEngine::of(Engine::of(m_database)); }

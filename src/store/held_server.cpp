@@ -119,6 +119,7 @@ public:
     void compact_into(const QString& target) override;
     void copy_into(const QString& target) override { compact_into(target); }
     void take_over(const QString& copy) override;
+    void rename_schemas(const NewNames& names) override;
 
 private:
     Kind m_kind;
@@ -149,6 +150,13 @@ void ServerHolding::take_over(const QString& copy) {
     copy_rows(source, m_database, m_kind);
     m_alone->commit();
     m_alone.emplace(m_database);
+}
+
+void ServerHolding::rename_schemas(const NewNames& names) {
+    for (const auto& [now, then] : names)
+        m_database.exec(u"alter schema %1 rename to %2"_s.arg(quoted(now), quoted(then)).toStdString());
+    m_alone->commit();
+    m_alone.reset();
 }
 
 } // namespace

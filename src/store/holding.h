@@ -20,6 +20,7 @@ public:
     virtual void compact_into(const QString& target) = 0;
     virtual void copy_into(const QString& target) = 0;
     virtual void take_over(const QString& copy) = 0;
+    virtual void rename_schemas(const NewNames& names) = 0;
 };
 
 /// Each holds the open database from here on; Code::Replaced where a file gave way to another.

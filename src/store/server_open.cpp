@@ -28,6 +28,7 @@ end $$;
 constexpr auto rights = R"(
 grant usage on schema %1 to rovena_clerk;
 grant select, insert, update, delete on all tables in schema %1 to rovena_clerk;
+grant select on all sequences in schema %1 to rovena_clerk;
 )";
 
 /// What makes the schema's tables, or what is missing of them.

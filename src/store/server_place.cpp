@@ -56,17 +56,22 @@ void make_on_server_below(const QString& folder, const QString& connection) {
     check_system(platform::replace_file(path, words + '\n', platform::Durability::Disk), path);
 }
 
+QString schema_of(const QString& path) {
+    const QFileInfo file(path);
+    return file.fileName() == posting_file_name ? u"jyusin"_s : file.completeBaseName();
+}
+
 std::optional<ServerPlace> place_for_new(const QString& path, Kind kind) {
     const QFileInfo file(path);
-    const bool exchanged = kind == Kind::Exchange;
-    if (kind == Kind::Losys || kind == Kind::Drafts || (exchanged && file.fileName() != posting_file_name))
+    const bool of_this_pc = kind == Kind::Exchange && file.fileName() != posting_file_name;
+    if (kind == Kind::Losys || kind == Kind::Drafts || of_this_pc)
         return std::nullopt;
     const QList<QByteArray> lines = lines_above(file.absoluteDir());
     if (lines.isEmpty())
         return std::nullopt;
     const bool apart = lines.value(1).trimmed() == "apart";
     const QString own = apart ? u'-' + QUuid::createUuid().toString(QUuid::Id128).left(12) : QString();
-    return ServerPlace{lines[0].trimmed(), (exchanged ? u"jyusin"_s : file.completeBaseName()) + own};
+    return ServerPlace{lines[0].trimmed(), schema_of(path) + own};
 }
 
 } // namespace store

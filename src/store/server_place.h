@@ -31,9 +31,15 @@ QByteArray bytes_of(const ServerPlace& place);
 /// What the file at the path names; nothing if it is something else, or there is none.
 std::optional<ServerPlace> place_at(const QString& path);
 
+/// What the schema is called that holds what belongs at the path: as the file, and the posted rows as their table.
+QString schema_of(const QString& path);
+
 /// Where a new database belongs that is to be found at the path; nothing if it is to be a file. What belongs to one PC
 /// alone, its settings and drafts, is always a file; so are the exchange files into which nobody posts.
 std::optional<ServerPlace> place_for_new(const QString& path, Kind kind);
+
+/// Makes an empty database of the kind in a new schema there, and the file that names it at the path, which is free.
+void make_on_server(const ServerPlace& place, const QString& path, Kind kind);
 
 /// From now on new databases in or below the folder, which is there, are made on the server. std::runtime_error, in
 /// English, where the words aren't libpq's or hold a password; the connection itself isn't tried.

@@ -53,6 +53,12 @@ protected:
         return {};
     }
 
+    /// A copy in the backup, whichever form it has.
+    QString copy(const QString& name) const {
+        const QString dump = u"%1/%2.dump"_s.arg(backup, name);
+        return QFileInfo::exists(dump) ? dump : u"%1/%2.mdb"_s.arg(backup, name);
+    }
+
     void change() const {
         Database::open(rovdata_path(settings), Kind::Rovdata).exec("delete from rovmei");
         Database::open(comsys_path(settings), Kind::Comsys).exec("delete from syain");
@@ -83,7 +89,7 @@ TEST_F(RestoredCompany, IsToldToBeMixedWhereItsFilesAreOfDifferentTimes) {
     const auto mixed = [this] { return !said.filter(u"don't come from one backup"_s).isEmpty(); };
     restore(u"second"_s);
     EXPECT_FALSE(mixed());
-    QFile file(backup + u"/comsys.mdb"_s);
+    QFile file(copy(u"comsys"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     file.setFileTime(QDateTime::currentDateTime().addDays(-7), QFileDevice::FileModificationTime);
     file.close();
@@ -93,10 +99,10 @@ TEST_F(RestoredCompany, IsToldToBeMixedWhereItsFilesAreOfDifferentTimes) {
 
 TEST_F(RestoredCompany, ComesFromABackupThatWasKilledAmongItsLastRenames) {
     QByteArray list;
-    for (const QByteArray name : {"rovdata.mdb", "comsys.mdb", "allsystem.mdb"})
-        list += name + ' ' + name + ".7.new\n";
+    for (const QString& name : {u"rovdata"_s, u"comsys"_s, u"allsystem"_s})
+        list += u"%1 %1.7.new\n"_s.arg(QFileInfo(copy(name)).fileName()).toUtf8();
     support::put_bytes(backup + u"/generation.list"_s, list);
-    ASSERT_TRUE(QFile::rename(backup + u"/comsys.mdb"_s, backup + u"/comsys.mdb.7.new"_s));
+    ASSERT_TRUE(QFile::rename(copy(u"comsys"_s), copy(u"comsys"_s) + u".7.new"_s));
     for (const QString& of_last_week : {u"comsys.mdb"_s, u"losys.mdb"_s})
         support::put_bytes(backup + u'/' + of_last_week, "no part of it");
     EXPECT_TRUE(all_rows(restore(u"second"_s)) == rows);
@@ -158,8 +164,10 @@ TEST_F(RestoredCompany, IsNotTouchedWhereAProgramIsOpenOrTheBackupIsNotInOrder) 
     EXPECT_TRUE(refusal().contains(u"//main/qn"_s));
     show_root(settings.server_root);
 
-    const QString damaged = backup + u"/comsys.mdb"_s;
-    support::put_bytes(damaged, support::bytes_of(damaged).replace(4096 * 3 + 9, 1, "x"));
+    const QString damaged = copy(u"comsys"_s);
+    const QByteArray bytes = support::bytes_of(damaged);
+    support::put_bytes(damaged, damaged.endsWith(u".mdb"_s) ? QByteArray(bytes).replace(4096 * 3 + 9, 1, "x")
+                                                            : bytes.first(bytes.size() * 9 / 10));
     EXPECT_TRUE(refusal().contains(u"not in order"_s));
     EXPECT_EQ(run({backup, u"--list"_s}), 1);
     QFile::remove(damaged);

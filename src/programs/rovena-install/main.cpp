@@ -1,4 +1,5 @@
 #include "install/install.h"
+#include "install/move.h"
 #include "install/password.h"
 #include "install/restore.h"
 #include "install/tree_settings.h"
@@ -23,7 +24,9 @@ void say(const QString& line) {
 
 /// The folder of the tree that is worked on; empty if none is.
 QString tree_of(const install::Request& request) {
-    const QString root = request.restore ? request.restore->root : request.options.root;
+    const QString root = request.restore ? request.restore->root
+                         : request.move  ? request.move->root
+                                         : request.options.root;
     return root.isEmpty() ? root : platform::install_root(platform::drive_at(root));
 }
 
@@ -41,6 +44,8 @@ void answer(const install::Request& request) {
         platform::make_files_for(tree);
     if (request.show)
         install::list_settings(*request.show, say);
+    else if (request.move)
+        install::move_company(*request.move, QDateTime::currentDateTime(), say);
     else if (!request.restore)
         install_tree(request.options);
     else if (request.restore->only_list)

@@ -1,0 +1,208 @@
+// The company's way to a server and back, by the program itself. Needs a server (scripts/with-server).
+
+#include "company.h"
+#include "platform/program_lock.h"
+#include "store/held.h"
+#include "store/sums.h"
+#include "support/data_server.h"
+#include "support/killed.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QUuid>
+
+namespace install {
+
+constexpr File moved_files[]{{Kind::Rovdata, rovdata_path}, {Kind::Comsys, comsys_path},
+    {Kind::Allsystem, allsystem_path}, {Kind::Closings, closings_path}};
+
+/// A made-up company in files, and a database of its own on the server.
+class MovedCompany : public testing::Test {
+protected:
+    void SetUp() override {
+        if (support::data_server().isEmpty())
+            GTEST_SKIP() << "no server";
+        support::psql(u"create database "_s + name);
+        server = support::data_server().replace("dbname=postgres", "dbname=" + name.toUtf8());
+        make_company(root, {3, 1});
+        Database::create(closings_path(settings), Kind::Closings)
+            .exec("insert into simekiri (年月, 締端末) values (202611, 'ＰＣ')");
+        Database::open(rovdata_path(settings), Kind::Rovdata)
+            .exec("insert into rovmei (社員システム番号, 出社日, 出社時間, 備考) values (1, 20300101, '', '')");
+        rows = rows_now();
+    }
+
+    void TearDown() override {
+        if (server.isEmpty())
+            return;
+        support::cut_all_connections();
+        support::psql(u"drop database if exists "_s + name);
+    }
+
+    static base::Settings settings_below(const QString& drive) {
+        Options options;
+        options.root = drive;
+        return settings_of(options);
+    }
+
+    QStringList rows_now() const {
+        QStringList all;
+        for (const auto& [kind, path] : moved_files)
+            all << all_rows(path(settings), kind);
+        return all;
+    }
+
+    int on_server() const {
+        return int(std::ranges::count_if(
+            moved_files, [&](const File& file) { return place_at(file.path(settings)).has_value(); }));
+    }
+
+    int move(const QStringList& goal,
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) const {
+        if (goal == to_files)
+            support::cut_all_connections(); // this test's own
+        return support::status_of(*support::start_program(qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s,
+            QStringList{u"move"_s, root} + goal, environment));
+    }
+    int to_server() const { return move({u"--to-server"_s, QString::fromUtf8(server)}); }
+
+    QStringList left_over() const {
+        QStringList left;
+        for (const QString& place : {data_folder(settings), QFileInfo(comsys_path(settings)).path()})
+            left << QDir(place).entryList({u"*.moving"_s, u"*.new"_s}, QDir::Files);
+        return left << QDir(folder_of_all()).entryList({u"*.plan"_s, u"files-*"_s});
+    }
+    QString folder_of_all() const { return QFileInfo(data_folder(settings)).path(); }
+
+    int schemas(const QString& like) const {
+        QProcess tool;
+        tool.start(u"psql"_s, {QString::fromUtf8(server), u"-qAtc"_s,
+                                  u"select count(*) from pg_namespace where nspname ~ '^(comsys|allsystem|rovdata"
+                                  "|simekiri)%1$'"_s.arg(like)});
+        tool.waitForFinished();
+        return tool.readAllStandardOutput().trimmed().toInt();
+    }
+
+    void expect_untouched(const char* why) const {
+        EXPECT_EQ(on_server(), 0) << why;
+        EXPECT_TRUE(rows_now() == rows) << why;
+        EXPECT_EQ(left_over(), QStringList()) << why;
+        EXPECT_EQ(schemas(u".*"_s), 0) << why;
+    }
+
+    /// Whoever opens the company finds all of it at one place, or doesn't find it. Returns how many lie on the server,
+    /// -1 if the company is closed.
+    int expect_whole_or_closed(int kill) const {
+        try {
+            Database::open(rovdata_path(settings), Kind::Rovdata);
+        } catch (const store::Error& error) {
+            EXPECT_EQ(error.code(), Code::Missing) << kill;
+            return -1;
+        }
+        const int there = on_server();
+        EXPECT_TRUE(there == 0 || there == 4) << there << " kill " << kill;
+        EXPECT_TRUE(rows_now() == rows) << kill;
+        return there;
+    }
+
+    static inline const QStringList to_files{u"--to-files"_s};
+    const QString name = u"move_"_s + QUuid::createUuid().toString(QUuid::Id128);
+    QTemporaryDir folder{QDir::tempPath() + u"/../move-XXXXXX"_s}; // beside what the server serves
+    const QString root = folder.filePath(u"root"_s);
+    const base::Settings settings = settings_below(root);
+    QByteArray server;
+    QStringList rows;
+};
+
+TEST_F(MovedCompany, IsTheSameThereAndBackAndWhatWasMovedStays) {
+    std::map<QString, QByteArray> files;
+    for (const auto& [kind, path] : moved_files)
+        files[QFileInfo(path(settings)).fileName()] = support::bytes_of(path(settings));
+    ASSERT_EQ(to_server(), 0);
+    EXPECT_EQ(on_server(), 4);
+    EXPECT_TRUE(rows_now() == rows);
+    const QDir aside = QDir(folder_of_all()).entryInfoList({u"files-*"_s}).value(0).filePath();
+    for (const auto& [file, bytes] : files)
+        EXPECT_TRUE(support::bytes_of(aside.filePath(file)) == bytes) << file.toStdString();
+    EXPECT_EQ(to_server(), 1) << "it is there";
+
+    Database::open(rovdata_path(settings), Kind::Rovdata).exec("insert into kinsyu values (99, '夜')");
+    rows = rows_now();
+    EXPECT_EQ(schemas({}), 4);
+    ASSERT_EQ(move(to_files), 0);
+    EXPECT_EQ(on_server(), 0);
+    EXPECT_TRUE(rows_now() == rows);
+    EXPECT_EQ(schemas({}), 0);
+    EXPECT_EQ(schemas(u"-[0-9]{8}-[0-9]{6}"_s), 4) << "set aside";
+    EXPECT_FALSE(QFileInfo::exists(folder_of_all() + u"/data-server"_s));
+    EXPECT_EQ(move(to_files), 1) << "it is there";
+    EXPECT_EQ(to_server(), 0);
+    EXPECT_TRUE(rows_now() == rows);
+}
+
+TEST_F(MovedCompany, StaysWhereAProgramIsOpenOrRowsWaitOrTheCopyWouldNotBeTheSame) {
+    {
+        platform::ProgramLock program(data_folder(settings), u"rovena"_s);
+        ASSERT_TRUE(program.share(std::chrono::milliseconds(0)));
+        EXPECT_EQ(to_server(), 1);
+        expect_untouched("a program is open");
+    }
+    const auto refused_with = [this](const QString& path, Kind kind, std::string_view done, std::string_view undone) {
+        Database::open(path, kind).exec(done);
+        const QStringList as_it_was = std::exchange(rows, rows_now());
+        EXPECT_EQ(to_server(), 1);
+        expect_untouched(std::string(done).c_str());
+        Database::open(path, kind).exec(undone);
+        rows = as_it_was;
+    };
+    refused_with(
+        exchange_path(settings, 7), Kind::Exchange, "insert into jyusin (\"1\") values ('1')", "delete from jyusin");
+    refused_with(comsys_path(settings), Kind::Comsys, "create table uriage (kingaku integer)", "drop table uriage");
+    refused_with(rovdata_path(settings), Kind::Rovdata,
+        "insert into kinsyu values (77, cast(x'e5a49cff' as text)); insert into kinsyu values (78, 'x')",
+        "delete from kinsyu where システム番号 in (77, 78)");
+    EXPECT_EQ(move({u"--to-server"_s, u"host=/nowhere"_s}), 1);
+    expect_untouched("no server");
+    EXPECT_EQ(move({u"--to-server"_s, u"host=x password=y"_s}), 1);
+
+    QProcess::execute(u"psql"_s, {QString::fromUtf8(server), u"-qc"_s, u"create schema allsystem"_s});
+    EXPECT_EQ(to_server(), 1);
+    EXPECT_EQ(on_server(), 0) << "another company is there";
+    QProcess::execute(u"psql"_s, {QString::fromUtf8(server), u"-qc"_s, u"drop schema allsystem"_s});
+    expect_untouched("another company was there");
+
+    ASSERT_EQ(to_server(), 0);
+    support::cut_all_connections();
+    const Database open = Database::open(rovdata_path(settings), Kind::Rovdata);
+    EXPECT_EQ(support::status_of(*support::start_program(
+                  qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s, {u"move"_s, root, u"--to-files"_s})),
+        1);
+    EXPECT_EQ(on_server(), 4) << "somebody works with it";
+}
+
+// Each move is killed some changes of a file later than the one before, and just one once places have begun to change
+// hands; then it is brought to its end, and back.
+TEST_F(MovedCompany, IsWholeOrClosedAfterAMoveThatIsKilledAtAnyChangeOfAFile) {
+    ROVENA_NEEDS_THE_SHIM;
+    const QStringList goals[]{{u"--to-server"_s, QString::fromUtf8(server)}, to_files};
+    for (const int way : {0, 1}) {
+        constexpr int many = 9;
+        int step = many, kills = 0;
+        for (int n = 1; move(goals[way], support::killed_before_change(n)) != 0; n += step) {
+            ++kills;
+            if (expect_whole_or_closed(n) == (way == 0 ? 0 : 4))
+                continue; // the next run undoes it
+            ASSERT_EQ(move(goals[way]), 0) << n;
+            EXPECT_EQ(on_server(), way == 0 ? 4 : 0) << n;
+            ASSERT_TRUE(rows_now() == rows) << n;
+            ASSERT_EQ(move(goals[1 - way]), 0) << n;
+            if (std::exchange(step, 1) == many)
+                n -= many;
+        }
+        EXPECT_GE(kills, 15);
+        EXPECT_EQ(left_over().filter(QRegularExpression(u"^(?!files-)"_s)), QStringList());
+    }
+}
+
+} // namespace install
