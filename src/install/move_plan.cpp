@@ -17,11 +17,16 @@ using store::Kind;
 
 namespace {
 
+QString posting_path(const base::Settings& settings) {
+    return store::exchange_path(settings, 1);
+}
+
 constexpr MovedDatabase databases[]{
     {Kind::Rovdata, store::rovdata_path, true},
     {Kind::Comsys, store::comsys_path, true},
     {Kind::Allsystem, store::allsystem_path, true},
     {Kind::Closings, store::closings_path, false},
+    {Kind::Exchange, posting_path, false},
 };
 
 constexpr QByteArrayView first_line = "rovena move", to_server = "to-server", to_files = "to-files";
@@ -73,7 +78,7 @@ void MovePlan::remove() const {
 }
 
 QString MovePlan::schema(const QString& path) {
-    return QFileInfo(path).completeBaseName();
+    return store::schema_of(path);
 }
 
 QString MovePlan::schema_in_the_making(const QString& path) const {

@@ -181,25 +181,7 @@ Request read_show(const QStringList& arguments) {
     return {{}, {}, {}, arguments.value(0), usable ? QString() : u"show takes one ROOT"_s};
 }
 
-} // namespace
-
-Request read_arguments(const QStringList& arguments) {
-    if (arguments.value(0) == u"restore")
-        return read_restore(arguments.sliced(1));
-    if (arguments.value(0) == u"move")
-        return read_move(arguments.sliced(1));
-    return arguments.value(0) == u"show" ? read_show(arguments.sliced(1)) : Reader(arguments).read();
-}
-
-base::Settings settings_of(const Options& options) {
-    base::Settings settings;
-    settings.install_drive = platform::drive_at(options.root);
-    settings.server_root = settings.local_root = platform::install_root(settings.install_drive);
-    return settings;
-}
-
-QString usage() {
-    return uR"(rovena-install ROOT [option...]
+constexpr QStringView usage_text = uR"(rovena-install ROOT [option...]
 rovena-install show ROOT
 rovena-install restore FOLDER --list
 rovena-install restore FOLDER ROOT
@@ -243,7 +225,27 @@ rows wait. A move that was broken off is ended or undone by running it again.
 
   --to-server CONNINFO    to that server, in libpq's words as above
   --to-files              into files of the tree
-)"_s;
+)";
+
+} // namespace
+
+Request read_arguments(const QStringList& arguments) {
+    if (arguments.value(0) == u"restore")
+        return read_restore(arguments.sliced(1));
+    if (arguments.value(0) == u"move")
+        return read_move(arguments.sliced(1));
+    return arguments.value(0) == u"show" ? read_show(arguments.sliced(1)) : Reader(arguments).read();
+}
+
+base::Settings settings_of(const Options& options) {
+    base::Settings settings;
+    settings.install_drive = platform::drive_at(options.root);
+    settings.server_root = settings.local_root = platform::install_root(settings.install_drive);
+    return settings;
+}
+
+QString usage() {
+    return usage_text.toString();
 }
 
 } // namespace install

@@ -14,8 +14,13 @@
 
 namespace install {
 
+QString posting_path(const base::Settings& settings) {
+    return exchange_path(settings, 1);
+}
+
 constexpr File moved_files[]{{Kind::Rovdata, rovdata_path}, {Kind::Comsys, comsys_path},
-    {Kind::Allsystem, allsystem_path}, {Kind::Closings, closings_path}};
+    {Kind::Allsystem, allsystem_path}, {Kind::Closings, closings_path}, {Kind::Exchange, posting_path}};
+constexpr int all_of_them = int(std::size(moved_files));
 
 /// A made-up company in files, and a database of its own on the server.
 class MovedCompany : public testing::Test {
@@ -101,7 +106,7 @@ protected:
             return -1;
         }
         const int there = on_server();
-        EXPECT_TRUE(there == 0 || there == 4) << there << " kill " << kill;
+        EXPECT_TRUE(there == 0 || there == all_of_them) << there << " kill " << kill;
         EXPECT_TRUE(rows_now() == rows) << kill;
         return there;
     }
@@ -120,7 +125,7 @@ TEST_F(MovedCompany, IsTheSameThereAndBackAndWhatWasMovedStays) {
     for (const auto& [kind, path] : moved_files)
         files[QFileInfo(path(settings)).fileName()] = support::bytes_of(path(settings));
     ASSERT_EQ(to_server(), 0);
-    EXPECT_EQ(on_server(), 4);
+    EXPECT_EQ(on_server(), all_of_them);
     EXPECT_TRUE(rows_now() == rows);
     const QDir aside = QDir(folder_of_all()).entryInfoList({u"files-*"_s}).value(0).filePath();
     for (const auto& [file, bytes] : files)
@@ -129,12 +134,12 @@ TEST_F(MovedCompany, IsTheSameThereAndBackAndWhatWasMovedStays) {
 
     Database::open(rovdata_path(settings), Kind::Rovdata).exec("insert into kinsyu values (99, '夜')");
     rows = rows_now();
-    EXPECT_EQ(schemas({}), 4);
+    EXPECT_EQ(schemas({}), all_of_them);
     ASSERT_EQ(move(to_files), 0);
     EXPECT_EQ(on_server(), 0);
     EXPECT_TRUE(rows_now() == rows);
     EXPECT_EQ(schemas({}), 0);
-    EXPECT_EQ(schemas(u"-[0-9]{8}-[0-9]{6}"_s), 4) << "set aside";
+    EXPECT_EQ(schemas(u"-[0-9]{8}-[0-9]{6}"_s), all_of_them) << "set aside";
     EXPECT_FALSE(QFileInfo::exists(folder_of_all() + u"/data-server"_s));
     EXPECT_EQ(move(to_files), 1) << "it is there";
     EXPECT_EQ(to_server(), 0);
@@ -178,7 +183,7 @@ TEST_F(MovedCompany, StaysWhereAProgramIsOpenOrRowsWaitOrTheCopyWouldNotBeTheSam
     EXPECT_EQ(support::status_of(*support::start_program(
                   qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s, {u"move"_s, root, u"--to-files"_s})),
         1);
-    EXPECT_EQ(on_server(), 4) << "somebody works with it";
+    EXPECT_EQ(on_server(), all_of_them) << "somebody works with it";
 }
 
 // Each move is killed some changes of a file later than the one before, and just one once places have begun to change
@@ -194,7 +199,7 @@ TEST_F(MovedCompany, IsWholeOrClosedAfterAMoveThatIsKilledAtAnyChangeOfAFile) {
             if (expect_whole_or_closed(n) == (way == 0 ? 0 : 4))
                 continue; // the next run undoes it
             ASSERT_EQ(move(goals[way]), 0) << n;
-            EXPECT_EQ(on_server(), way == 0 ? 4 : 0) << n;
+            EXPECT_EQ(on_server(), way == 0 ? all_of_them : 0) << n;
             ASSERT_TRUE(rows_now() == rows) << n;
             ASSERT_EQ(move(goals[1 - way]), 0) << n;
             if (std::exchange(step, 1) == many)
