@@ -16,7 +16,7 @@ using namespace base;
 
 namespace {
 
-constexpr auto tail_below_drive = "/Program Files/meridan/qn";
+constexpr auto install_tail = "/Program Files/meridan/qn";
 
 #ifdef Q_OS_WIN
 constexpr bool windows = true;
@@ -47,12 +47,12 @@ QString program_folder() {
 }
 
 QString install_root(const QString& install_drive) {
-    return native(folder_of(install_drive) + QString::fromLatin1(tail_below_drive));
+    return native(folder_of(install_drive) + QString::fromLatin1(install_tail));
 }
 
 QString install_drive(const QString& program_folder) {
     for (QDir dir(program_folder);;) {
-        if (QFileInfo(dir.path() + QString::fromLatin1(tail_below_drive)).isDir())
+        if (QFileInfo(dir.path() + QString::fromLatin1(install_tail)).isDir())
             return drive_at(dir.path());
         if (!dir.cdUp())
             return windows ? program_folder.left(1) : program_folder;
