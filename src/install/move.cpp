@@ -79,6 +79,22 @@ void refuse_open_programs(const base::Settings& settings, std::chrono::milliseco
     }
 }
 
+/// The first time from now on under which nothing is set aside yet.
+QDateTime time_of_its_own(const base::Settings& settings, Goal goal, QDateTime now) {
+    const QString path = store::rovdata_path(settings);
+    const auto taken = [&](const MovePlan& plan) {
+        if (goal == Goal::Server)
+            return QFileInfo::exists(plan.folder_set_aside());
+        Database database = Database::open(path, Kind::Rovdata);
+        store::Statement schema = database.prepare("select 1 from pg_namespace where nspname = ?");
+        schema.bind(plan.set_aside(MovePlan::schema(path)));
+        return schema.step();
+    };
+    while (taken(MovePlan(settings, goal, {}, now)))
+        now = now.addSecs(1);
+    return now;
+}
+
 class Moving {
 public:
     Moving(base::Settings& settings, const MovePlan& plan, const Say& say, std::chrono::milliseconds patience)
@@ -202,7 +218,8 @@ void move_company(const Move& move, const QDateTime& now, const Say& say, std::c
     const QByteArray server =
         goal == Goal::Server ? move.server.trimmed().toUtf8() : place_at(store::rovdata_path(settings))->connection;
     store::check_connection_words(server);
-    Moving(settings, MovePlan(settings, goal, server, now), say, patience).run();
+    const MovePlan plan(settings, goal, server, time_of_its_own(settings, goal, now));
+    Moving(settings, plan, say, patience).run();
 }
 
 } // namespace install
