@@ -1,7 +1,9 @@
 #include "entry/company.h"
 #include "entry/saving.h"
+#include "frame/kept_files.h"
 #include "platform/whole_file.h"
 #include "store/error.h"
+#include "support/wait_until.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -196,6 +198,29 @@ TEST_F(Saving, AFileThatIsReplacedBeforeTheRowsGoInIsOpenedOnceMore) {
     EXPECT_EQ(company.posted(), QStringList(u"54 20041001"_s));
 }
 #endif
+
+TEST_F(Saving, NobodyPostsBetweenItsLookAtWhatIsStoredAndItsRows) {
+    const QString posting = store::exchange_path(company.tree.settings, posting_file);
+    const QString kept = frame::new_kept_path(company.tree.settings, posting, company.host.clock);
+    QDir().mkpath(frame::kept_folder(company.tree.settings));
+    auto older = store::Database::create(kept, store::Kind::Exchange);
+    std::optional<store::Transaction> looked_at(std::in_place, older, store::Transaction::Lock::Exclusive);
+    QList<UnaskedMonth> months{{form->sheet, month_as_read(form->sheet), yamada, {}, {}}};
+    months[0].sheet.mark(4) = u"1"_s;
+    std::jthread save([&] { EXPECT_EQ(post_months(company.session, months), Saved::Posted); });
+    const auto is_held = [&] {
+        auto exchange = store::Database::open(posting, store::Kind::Exchange, std::chrono::milliseconds(1));
+        EXPECT_EQ(exchange.prepare("select 1 from jyusin").step(), false) << "posted before it could look";
+        try {
+            const store::Transaction other(exchange);
+            return false;
+        } catch (const store::Error&) {
+            return true;
+        }
+    };
+    EXPECT_TRUE(support::wait_until(is_held));
+    looked_at.reset();
+}
 
 TEST_F(Saving, ALoadThatFailsLeavesNobodyChosenSoThatNoEmptyMonthIsSavedOverAStoredOne) {
     const QString data = store::rovdata_path(company.tree.settings);
