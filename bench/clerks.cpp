@@ -57,15 +57,22 @@ public:
     /// Another time and the remark of the number on one day.
     bool save(int number) {
         const entry::MonthAsRead read = month_as_read(m_sheet);
-        m_sheet.hyou(day, entry::col::clock_in) = u"8:%1"_s.arg(number % 60, 2, 10, QLatin1Char('0'));
-        m_sheet.hyou(day, entry::col::remark) = digits(number);
-        m_sheet.mark(day) = u"1"_s;
+        type(number);
         return 保存処理(m_session, {m_sheet, read, {}, m_sheet.hyou, {}}, m_person).saved == entry::Saved::Posted;
     }
 
-    QList<entry::ExchangeRow> rows() const { return rows_to_post(m_sheet, m_person, u"20261130120000"_s); }
+    QList<entry::ExchangeRow> rows() {
+        type(1);
+        return rows_to_post(m_sheet, m_person, u"20261130120000"_s);
+    }
 
 private:
+    void type(int number) {
+        m_sheet.hyou(day, entry::col::clock_in) = u"8:%1"_s.arg(number % 60, 2, 10, QLatin1Char('0'));
+        m_sheet.hyou(day, entry::col::remark) = digits(number);
+        m_sheet.mark(day) = u"1"_s;
+    }
+
     base::Settings m_settings;
     entry::PostedEmployee m_person;
     RealTime m_host;
