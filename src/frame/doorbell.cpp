@@ -1,17 +1,13 @@
 #include "frame/doorbell.h"
 
 #include "base/literals.h"
+#include "platform/screen.h"
 
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QLocalSocket>
-#include <QStandardPaths>
 #include <QThread>
-
-#ifdef Q_OS_WIN
-#include <windows.h>
-#endif
 
 namespace frame {
 
@@ -21,17 +17,6 @@ namespace {
 
 constexpr unsigned long between_tries = 10; ///< milliseconds
 constexpr char came_up = '1';
-
-/// Windows lets a program come up for the person's sake only with the leave of the one that was just started.
-void let_others_come_up() {
-#ifdef Q_OS_WIN
-    AllowSetForegroundWindow(ASFW_ANY);
-#endif
-}
-
-QString digest_of(const QByteArray& bytes) {
-    return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().first(16));
-}
 
 bool is_answered(const QString& address, const QDeadlineTimer& until) {
     QLocalSocket bell;
@@ -47,7 +32,7 @@ Doorbell::Doorbell(QString folder, QString name) : m_folder(std::move(folder)), 
 }
 
 bool Doorbell::comes_in(std::chrono::milliseconds patience) {
-    let_others_come_up();
+    platform::let_others_come_up();
     const QDeadlineTimer until(patience);
     while (!take_place()) {
         if (is_answered(address(), until))
@@ -79,12 +64,7 @@ void Doorbell::leave() {
 }
 
 QString Doorbell::address() const {
-#ifdef Q_OS_WIN
-    // All people of a PC have their pipes in one place: the person's folder goes into the name.
-    return m_name + u'-' + digest_of(m_folder.toUtf8());
-#else
-    return m_folder + u'/' + m_name;
-#endif
+    return platform::own_address(m_folder, m_name);
 }
 
 void Doorbell::answer() {
@@ -96,19 +76,12 @@ void Doorbell::answer() {
     }
 }
 
-QString doorbell_folder() {
-#ifdef Q_OS_WIN
-    return QStandardPaths::writableLocation(QStandardPaths::TempLocation);
-#else
-    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-#endif
-}
-
 QString doorbell_name(const QString& program_folder) {
     QByteArray place = QDir(program_folder).canonicalPath().toUtf8();
     for (const char* screen : {"WAYLAND_DISPLAY", "DISPLAY", "SESSIONNAME"})
         place += '\n' + qgetenv(screen);
-    return u"rovena-"_s + digest_of(place);
+    const QByteArray digest = QCryptographicHash::hash(place, QCryptographicHash::Sha256);
+    return u"rovena-"_s + QString::fromLatin1(digest.toHex().first(16));
 }
 
 } // namespace frame

@@ -39,9 +39,6 @@ private:
     QLocalServer m_server;
 };
 
-/// The folder for it: this person's own, gone with the session where the platform has such a one.
-QString doorbell_folder();
-
 /// The name of a program that runs from this folder and shows its windows on this screen.
 QString doorbell_name(const QString& program_folder);
 

@@ -1,6 +1,7 @@
 #include "store/server_pipe.h"
 
 #include "base/literals.h"
+#include "platform/socket_wait.h"
 #include "store/server.h"
 
 #include <QDeadlineTimer>
@@ -8,12 +9,6 @@
 #include <array>
 #include <stdexcept>
 #include <vector>
-
-#ifdef Q_OS_WIN
-#include <winsock2.h>
-#else
-#include <poll.h>
-#endif
 
 namespace store {
 
@@ -81,18 +76,6 @@ PGconn* connected(const QByteArray& connection) {
 struct FreeOptions {
     void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
 };
-
-/// False if nothing comes, and nothing can be sent, for so long.
-bool ready(int socket, bool to_send, std::chrono::milliseconds patience) {
-    pollfd waiting{};
-    waiting.fd = socket;
-    waiting.events = short(POLLIN | (to_send ? POLLOUT : 0));
-#ifdef Q_OS_WIN
-    return WSAPoll(&waiting, 1, int(patience.count())) != 0;
-#else
-    return poll(&waiting, 1, int(patience.count())) != 0;
-#endif
-}
 
 /// libpq has no code for a connection that fails; a server that is up says "FATAL", and TLS and passwords name
 /// themselves. One that is starting or ending is away.
@@ -197,7 +180,8 @@ bool ServerPipe::answers_within(const Awaited& one, std::chrono::milliseconds pa
         if (!waits) {
             take(m_unheard.front());
             m_unheard.pop_front();
-        } else if (!ready(PQsocket(m_connection), left > 0, std::chrono::milliseconds(limit.remainingTime()))) {
+        } else if (!platform::socket_ready(
+                       PQsocket(m_connection), left > 0, std::chrono::milliseconds(limit.remainingTime()))) {
             return false;
         } else {
             PQconsumeInput(m_connection);
@@ -283,7 +267,7 @@ void ServerPipe::wait_for_more() {
             fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
         if (heard)
             return;
-        if (!ready(PQsocket(m_connection), left > 0, silence))
+        if (!platform::socket_ready(PQsocket(m_connection), left > 0, silence))
             fail(u"サーバーから応答がありません。"_s);
         PQconsumeInput(m_connection);
     }

@@ -1,6 +1,7 @@
 #include "frame/doorbell.h"
 
 #include "base/literals.h"
+#include "platform/screen.h"
 #include "support/stored.h"
 
 #include <QEventLoop>
@@ -38,7 +39,7 @@ TEST(Doorbell, IsOfOneProgramFolderOnOneScreen) {
     EXPECT_NE(frame::doorbell_name(one.path()), name);
     qputenv("DISPLAY", screen);
     EXPECT_EQ(frame::doorbell_name(one.path()), name);
-    EXPECT_FALSE(frame::doorbell_folder().isEmpty());
+    EXPECT_FALSE(platform::own_folder().isEmpty());
 }
 
 TEST(Doorbell, WhoWasHereComesUpUnlessItIsDeadOrBusyOrHasLeft) {

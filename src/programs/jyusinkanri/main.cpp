@@ -7,6 +7,7 @@
 #include "frame/error_list.h"
 #include "platform/paths.h"
 #include "platform/rights.h"
+#include "platform/screen.h"
 #include "progress_window.h"
 
 #include <QApplication>
@@ -24,23 +25,10 @@ const QCommandLineOption root_option(
 const QCommandLineOption local_option(
     u"local"_s, u"errmsg.txtを書くこのPCのフォルダ (なければ共有データのフォルダ)"_s, u"folder"_s);
 
-bool display_is_there() {
-#ifdef Q_OS_WIN
-    return true;
-#else
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-#endif
-}
-
-/// With the last platform of the list a display that can't be reached is no trouble: the window is then seen by nobody.
 std::unique_ptr<QCoreApplication> make_application(int& argc, char** argv) {
-    if (!display_is_there())
+    if (!platform::screen_is_there())
         return std::make_unique<QCoreApplication>(argc, argv);
-#ifndef Q_OS_WIN
-    const QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
-    const QByteArray usual = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ? "wayland;xcb" : "xcb";
-    qputenv("QT_QPA_PLATFORM", (wanted.isEmpty() ? usual : wanted) + ";offscreen");
-#endif
+    platform::go_on_without_screen();
     return std::make_unique<QApplication>(argc, argv);
 }
 

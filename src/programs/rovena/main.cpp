@@ -1,6 +1,7 @@
 #include "frame/doorbell.h"
 #include "platform/paths.h"
 #include "platform/rights.h"
+#include "platform/screen.h"
 #include "ui/application.h"
 #include "ui/parts/style.h"
 #include "ui/program.h"
@@ -16,7 +17,7 @@ int main(int argc, char** argv) {
     const std::jthread key = ui::derive_key_ahead(platform::program_folder());
     ui::QtHost host;
     ui::Application application(argc, argv, host);
-    frame::Doorbell bell(frame::doorbell_folder(), frame::doorbell_name(ui::Application::applicationDirPath()));
+    frame::Doorbell bell(platform::own_folder(), frame::doorbell_name(ui::Application::applicationDirPath()));
     if (!bell.comes_in(time_to_answer))
         return EXIT_SUCCESS;
     ui::apply_style(application);
