@@ -84,6 +84,8 @@ bool TurnLink::サーバー接続開始() {
     m_socket.abort();
     m_socket.connectToHost(m_settings.server_name, m_port);
     const bool granted = wait_for(LinkState::Granted);
+    if (on_waited)
+        on_waited();
     if (!granted) {
         // First of all: a turn granted while the box stands open would be held by nobody.
         hang_up();
@@ -123,6 +125,8 @@ bool TurnLink::wait_on_server() {
         m_host.yield();
         granted = m_on_server->take_within(pause);
     }
+    if (on_waited)
+        on_waited();
     if (!granted)
         m_on_server.reset();
     if (!granted && !m_given_up)

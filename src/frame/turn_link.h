@@ -32,6 +32,7 @@ public:
         std::optional<TurnStatus> status;
     };
     std::function<bool(const Waiting&)> on_waiting;
+    std::function<void()> on_waited; ///< the wait is over, before anything is told of how it ended
 
     /// Takes the turn and returns whether this PC may post: also on the main PC (`use_class` 0), which needs no turn.
     /// Waits at most 10 seconds with the interface running, then tells the person that the server can't be reached. A

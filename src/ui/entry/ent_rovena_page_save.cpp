@@ -72,6 +72,7 @@ void ent_rovena_page::without_input(const std::function<void()>& save) {
     };
     const QScopedValueRollback<std::function<bool(const frame::TurnLink::Waiting&)>> told_of_the_turn(
         m_session.link.on_waiting, show_wait);
+    const QScopedValueRollback<std::function<void()>> told_of_its_end(m_session.link.on_waited, [&] { panel.reset(); });
     act(save);
 }
 
