@@ -48,7 +48,8 @@ void name_server(const base::Settings& settings, const Options& options, const S
     const QString rovdata = store::rovdata_path(settings);
     if (QFileInfo::exists(rovdata) && !store::server_place(store::bytes_of(rovdata)))
         throw std::runtime_error("--data-server is for a new tree, and this one's company lies in files");
-    store::make_on_server_below(QFileInfo(store::data_folder(settings)).path(), options.data_server);
+    store::make_on_server_below(
+        QFileInfo(store::data_folder(settings)).path(), options.data_server, options.partitions);
     say(u"data on  "_s + options.data_server);
 }
 

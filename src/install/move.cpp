@@ -90,7 +90,7 @@ QDateTime time_of_its_own(const base::Settings& settings, Goal goal, QDateTime n
         schema.bind(plan.set_aside(MovePlan::schema(path)));
         return schema.step();
     };
-    while (taken(MovePlan(settings, goal, {}, now)))
+    while (taken(MovePlan(settings, goal, {}, 0, now)))
         now = now.addSecs(1);
     return now;
 }
@@ -218,7 +218,7 @@ void move_company(const Move& move, const QDateTime& now, const Say& say, std::c
     const QByteArray server =
         goal == Goal::Server ? move.server.trimmed().toUtf8() : place_at(store::rovdata_path(settings))->connection;
     store::check_connection_words(server);
-    const MovePlan plan(settings, goal, server, time_of_its_own(settings, goal, now));
+    const MovePlan plan(settings, goal, server, move.partitions, time_of_its_own(settings, goal, now));
     Moving(settings, plan, say, patience).run();
 }
 

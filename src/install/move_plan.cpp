@@ -30,7 +30,7 @@ constexpr MovedDatabase databases[]{
 };
 
 constexpr QByteArrayView first_line = "rovena move", to_server = "to-server", to_files = "to-files";
-constexpr int line_count = 5;
+constexpr int line_count = 5; // a sixth, the partitions, may be missing
 
 QString folder_of(const base::Settings& settings) {
     return QFileInfo(store::data_folder(settings)).path();
@@ -46,13 +46,15 @@ std::span<const MovedDatabase> moved_databases() {
     return databases;
 }
 
-MovePlan::MovePlan(const base::Settings& settings, Goal goal, const QByteArray& connection, const QDateTime& now)
+MovePlan::MovePlan(
+    const base::Settings& settings, Goal goal, const QByteArray& connection, int partitions, const QDateTime& now)
     : m_folder(folder_of(settings)), m_goal(goal), m_connection(connection), m_time(now.toString(u"yyyyMMdd-HHmmss"_s)),
-      m_mark(QUuid::createUuid().toString(QUuid::Id128).left(12)) {}
+      m_mark(QUuid::createUuid().toString(QUuid::Id128).left(12)), m_partitions(partitions) {}
 
 MovePlan::MovePlan(const base::Settings& settings, const QList<QByteArray>& lines)
     : m_folder(folder_of(settings)), m_goal(lines[1] == to_server ? Goal::Server : Goal::Files), m_connection(lines[2]),
-      m_time(QString::fromLatin1(lines[3])), m_mark(QString::fromLatin1(lines[4])) {}
+      m_time(QString::fromLatin1(lines[3])), m_mark(QString::fromLatin1(lines[4])),
+      m_partitions(lines.value(line_count).toInt()) {}
 
 std::optional<MovePlan> MovePlan::standing(const base::Settings& settings) {
     QFile file(plan_path(folder_of(settings)));
@@ -67,7 +69,8 @@ std::optional<MovePlan> MovePlan::standing(const base::Settings& settings) {
 
 void MovePlan::write() const {
     const QByteArray goal = (m_goal == Goal::Server ? to_server : to_files).toByteArray();
-    const QByteArrayList lines{first_line.toByteArray(), goal, m_connection, m_time.toLatin1(), m_mark.toLatin1(), {}};
+    const QByteArrayList lines{first_line.toByteArray(), goal, m_connection, m_time.toLatin1(), m_mark.toLatin1(),
+        QByteArray::number(m_partitions), {}};
     const QString path = plan_path(m_folder);
     store::check_system(platform::write_new_file(path, lines.join('\n'), platform::Durability::Disk), path);
 }

@@ -25,7 +25,8 @@ class MovePlan {
 public:
     enum class Goal { Server, Files };
 
-    MovePlan(const base::Settings& settings, Goal goal, const QByteArray& connection, const QDateTime& now);
+    MovePlan(
+        const base::Settings& settings, Goal goal, const QByteArray& connection, int partitions, const QDateTime& now);
 
     /// The plan that stands in the tree; nothing if none does. std::runtime_error if it can't be understood.
     static std::optional<MovePlan> standing(const base::Settings& settings);
@@ -35,6 +36,7 @@ public:
 
     Goal goal() const { return m_goal; }
     const QByteArray& connection() const { return m_connection; }
+    int partitions() const { return m_partitions; } ///< on the server; 0 for none
 
     static QString schema(const QString& path); ///< what a database is called on the server
     QString schema_in_the_making(const QString& path) const;
@@ -55,6 +57,7 @@ private:
     QByteArray m_connection;
     QString m_time; ///< tells what is set aside from what was set aside before
     QString m_mark; ///< of schemas in the making, used by nobody else
+    int m_partitions;
 };
 
 /// std::runtime_error while a plan stands: the company may be neither here nor there.

@@ -86,7 +86,7 @@ public:
     void finish() override {
         for (const MovedDatabase& database : moved_databases())
             put_name(path_of(database));
-        store::make_on_server_below(folder(), QString::fromUtf8(m_plan.connection()));
+        store::make_on_server_below(folder(), QString::fromUtf8(m_plan.connection()), m_plan.partitions());
         try {
             rename_schemas();
         } catch (const Error&) {
@@ -115,7 +115,8 @@ public:
 
 private:
     void make(const QString& path, Kind kind) {
-        store::make_on_server({m_plan.connection(), m_plan.schema_in_the_making(path)}, MovePlan::beside(path), kind);
+        store::make_on_server({m_plan.connection(), m_plan.schema_in_the_making(path), m_plan.partitions()},
+            MovePlan::beside(path), kind);
     }
 
     void name_beside(const QString& path, const QString& schema) const { write_name(MovePlan::beside(path), schema); }

@@ -20,6 +20,10 @@ bool take_number(const QString& text, int lowest, int highest, int& number) {
     return true;
 }
 
+bool take_partitions(const QString& text, int& partitions) {
+    return take_number(text, 2, 256, partitions);
+}
+
 bool take_month(const QString& text, int& month) {
     int value = 0;
     if (!take_number(text, 190001, 209912, value) || value % 100 < 1 || value % 100 > 12)
@@ -51,7 +55,7 @@ private:
         QStringView name;
         Setter set;
     };
-    static const std::array<Option, 12> known_options;
+    static const std::array<Option, 13> known_options;
 
     Options& options() { return m_request.options; }
 
@@ -60,6 +64,8 @@ private:
             return u"--until needs --sample"_s;
         if (!options().data_server.isEmpty() && !options().server_root.isEmpty())
             return u"--data-server or --server-root, not both"_s;
+        if (options().partitions > 0 && options().data_server.isEmpty())
+            return u"--partitions needs --data-server"_s;
         const bool two_passwords = !options().share_password.isEmpty() && !options().share_password_file.isEmpty();
         return two_passwords ? u"--share-password or --share-password-file, not both"_s : QString();
     }
@@ -113,12 +119,13 @@ bool keep(QString& place, const QString& value) {
     return !value.isEmpty();
 }
 
-constexpr std::array<Reader::Option, 12> Reader::known_options{{
+constexpr std::array<Reader::Option, 13> Reader::known_options{{
     {u"--use-class", [](Reader& r, const QString& v) { return take_number(v, 0, 2, r.options().use_class.emplace()); }},
     {u"--server-name", [](Reader& r, const QString& v) { return keep(r.options().server_name, v); }},
     {u"--info-server", [](Reader& r, const QString& v) { return keep(r.options().info_server, v); }},
     {u"--server-root", [](Reader& r, const QString& v) { return keep(r.options().server_root, v); }},
     {u"--data-server", [](Reader& r, const QString& v) { return keep(r.options().data_server, v); }},
+    {u"--partitions", [](Reader& r, const QString& v) { return take_partitions(v, r.options().partitions); }},
     {u"--server-backup",
         [](Reader& r, const QString& v) { return take_place_of_backup(v, r.options().server_backup); }},
     {u"--share-user", [](Reader& r, const QString& v) { return keep(r.options().share_user, v); }},
@@ -156,6 +163,8 @@ Request read_restore(const QStringList& arguments) {
 QString problem_of(const Move& move) {
     if (move.root.isEmpty())
         return u"ROOT is missing"_s;
+    if (move.to_files && move.partitions > 0)
+        return u"--partitions needs --to-server"_s;
     return move.to_files == !move.server.isEmpty() ? u"either --to-server CONNINFO or --to-files"_s : QString();
 }
 
@@ -168,6 +177,9 @@ Request read_move(QStringList arguments) {
             move.to_files = true;
         else if (argument == u"--to-server" && !arguments.isEmpty())
             move.server = arguments.takeFirst();
+        else if (argument == u"--partitions" && !arguments.isEmpty())
+            problem = take_partitions(arguments.takeFirst(), move.partitions) ? QString()
+                                                                              : u"--partitions needs another value"_s;
         else if (argument.startsWith(u"--") || !move.root.isEmpty())
             problem = (argument.startsWith(u"--") ? u"can't be used: "_s : u"one ROOT only: "_s) + argument;
         else
@@ -185,7 +197,7 @@ constexpr QStringView usage_text = uR"(rovena-install ROOT [option...]
 rovena-install show ROOT
 rovena-install restore FOLDER --list
 rovena-install restore FOLDER ROOT
-rovena-install move ROOT --to-server CONNINFO
+rovena-install move ROOT --to-server CONNINFO [--partitions N]
 rovena-install move ROOT --to-files
 
 Makes "ROOT/Program Files/meridan/qn" with the databases, folders, artwork, help and programs of the attendance system.
@@ -199,6 +211,8 @@ given is written into the settings also where the tree is there already; what is
   --server-root PATH      the shared data lies there; none is made here
   --data-server CONNINFO  new databases of the shared data are made on that PostgreSQL server, or are taken as they are
                           where another PC made them; in libpq's words and without a password ("service=rovena")
+  --partitions N          there the tables of employees' days are made in N partitions (2 to 256), parted by employee;
+                          tables that are there stay as they are
   --server-backup WHERE   "elsewhere" where that server is backed up by other means: the question on leaving says so;
                           "here" takes it back
   --share-user NAME       account for that share; its password is asked for on the terminal
@@ -223,7 +237,7 @@ move takes the company of ROOT from files to a PostgreSQL server, or back. Every
 anything changes hands; what was moved stays beside as it was. Refused while a program is open on that data or saved
 rows wait. A move that was broken off is ended or undone by running it again.
 
-  --to-server CONNINFO    to that server, in libpq's words as above
+  --to-server CONNINFO    to that server, in libpq's words as above; with --partitions as above
   --to-files              into files of the tree
 )";
 

@@ -25,6 +25,7 @@ struct Options {
     QString info_server;          ///< host of the news
     QString server_root;          ///< root of the shared data if it lies elsewhere; the shared part isn't made then
     QString data_server;          ///< the PostgreSQL server for the shared data, as libpq names it
+    int partitions = 0;           ///< into which its tables of facts are parted; 0 as it was
     QString server_backup;        ///< "1" if that server is backed up elsewhere, "0" if it isn't
     QString share_user;           ///< account for that share
     QString share_password;       ///< and its password
@@ -46,6 +47,7 @@ struct Move {
     QString root;
     QString server;        ///< as libpq names it; empty for files
     bool to_files = false; ///< said so
+    int partitions = 0;    ///< on the server; 0 for none
 };
 
 /// What the arguments (without the program's name) ask for; `problem` says what is wrong with them and is empty if they

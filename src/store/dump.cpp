@@ -131,7 +131,8 @@ bool can_dump() {
 void dump_into(const Held& source, const QString& target) {
     const ServerPlace place = place_at(source.path()).value();
     Tool tool(u"pg_dump"_s,
-        {u"--format=custom"_s, u"--no-password"_s, u"--schema="_s + quoted(place.schema), u"--file="_s + target,
+        {u"--format=custom"_s, u"--no-password"_s, u"--load-via-partition-root"_s,
+            u"--schema="_s + quoted(place.schema), u"--file="_s + target,
             u"--dbname="_s + QString::fromUtf8(place.connection)},
         target);
     tool.end(Code::Other);

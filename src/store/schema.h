@@ -40,8 +40,9 @@ std::span<const Index> indexes_of(Kind kind);
 /// The statements that turn an empty file into a database of the kind, its marks included; what is there stays.
 QString file_definition_of(Kind kind);
 
-/// The same for a schema of a server, in which rows carry their numbers in a field `rowid` behind all others.
-QString server_definition_of(Kind kind);
+/// The same for a schema of a server, in which rows carry their numbers in a field `rowid` behind all others. Facts of
+/// employees are parted by him into so many partitions; 0 parts nothing.
+QString server_definition_of(Kind kind, int partitions);
 
 /// Makes the tables and indexes that the database lacks and marks it as of this program's version; leaves what is
 /// there. Writes nothing where nothing is missing.

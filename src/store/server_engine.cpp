@@ -110,7 +110,8 @@ void ServerEngine::commit() {
 
 QStringList ServerEngine::names() {
     QStringList names;
-    const auto rows = prepare("select relname from pg_class where relnamespace = current_schema()::regnamespace");
+    const auto rows = prepare("select relname from pg_class where relnamespace = current_schema()::regnamespace"
+                              " and not relispartition");
     while (rows->step())
         names << QString::fromUtf8(rows->utf8(0));
     return names;

@@ -22,7 +22,7 @@ public:
     int changes() const override;
     QList<Column> columns_of(const QString& table) override { return m_link->columns_of(table); }
     QStringList names() override;
-    QString definition_of(Kind kind) const override { return server_definition_of(kind); }
+    QString definition_of(Kind kind) const override { return server_definition_of(kind, m_link->marks().partitions); }
     void expect_much() override;
     QByteArray state() const override { return {}; } // who asks reads again
     void number_rows_behind(const QString& table, qint64 last) override;

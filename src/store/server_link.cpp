@@ -17,7 +17,10 @@ constexpr std::array<unsigned, 6> number_types{20, 21, 23, 700, 701, 1700}; ///<
 } // namespace
 
 QByteArray comment_of(const Marks& marks) {
-    return "rovena " + QByteArray::number(marks.application_id) + ' ' + QByteArray::number(marks.version);
+    QByteArrayList words{"rovena", QByteArray::number(marks.application_id), QByteArray::number(marks.version)};
+    if (marks.partitions > 0)
+        words << QByteArray::number(marks.partitions);
+    return words.join(' ');
 }
 
 ServerLink::ServerLink(const QByteArray& connection, const QString& path)
@@ -48,7 +51,8 @@ ServerLink::Known ServerLink::known(const QString& schema) {
     if (PQntuples(found.get()) == 0)
         throw Error(Code::Missing, pipe.path, {}, schema);
     const QList<QByteArray> words = QByteArray(PQgetvalue(found.get(), 0, 1)).split(' ');
-    return {PQgetvalue(found.get(), 0, 0), {words.value(1).toInt(), words.value(2).toInt()}, {}};
+    return {
+        PQgetvalue(found.get(), 0, 0), {words.value(1).toInt(), words.value(2).toInt(), words.value(3).toInt()}, {}};
 }
 
 const Prepared& ServerLink::prepared(std::string_view sql) {

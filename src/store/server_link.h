@@ -22,6 +22,7 @@ struct Prepared {
 struct Marks {
     int application_id = 0;
     int version = 0;
+    int partitions = 0; ///< into which facts of employees are parted; 0 for none
 };
 QByteArray comment_of(const Marks& marks);
 

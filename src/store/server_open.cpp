@@ -32,11 +32,11 @@ grant select on all sequences in schema %1 to rovena_clerk;
 )";
 
 /// What makes the schema's tables, or what is missing of them.
-QString tables(const QString& name, Kind kind) {
-    const QString marks = QString::fromLatin1(comment_of({application_id(kind), schema_version}));
+QString tables(const QString& name, Kind kind, int partitions) {
+    const QString marks = QString::fromLatin1(comment_of({application_id(kind), schema_version, partitions}));
     return u"comment on schema %1 is %2; set local role rovena_owner; set local search_path=%1;\n"_s.arg(
                quoted(name), literal(marks)) +
-           server_definition_of(kind) + QString::fromLatin1(rights).arg(quoted(name));
+           server_definition_of(kind, partitions) + QString::fromLatin1(rights).arg(quoted(name));
 }
 
 bool is_true(ServerLink& link, const QByteArray& question) {
@@ -45,12 +45,14 @@ bool is_true(ServerLink& link, const QByteArray& question) {
 }
 
 /// False if there is a schema of the name.
-bool make_schema(ServerLink& link, const QString& name, Kind kind) {
+bool make_schema(ServerLink& link, const ServerPlace& place, Kind kind) {
+    const QString& name = place.schema;
     if (is_true(link, "select true from pg_namespace where nspname=" + literal(name).toUtf8()))
         return false;
     const QString schema = u"create schema %1 authorization rovena_owner; "_s.arg(quoted(name));
     link.pipe.run_script(
-        (u"begin;"_s + QString::fromLatin1(roles) + schema + tables(name, kind) + u"commit"_s).toUtf8());
+        (u"begin;"_s + QString::fromLatin1(roles) + schema + tables(name, kind, place.partitions) + u"commit"_s)
+            .toUtf8());
     return true;
 }
 
@@ -61,14 +63,16 @@ void check_kind(const Marks& marks, const QString& path, Kind kind) {
         throw Error(Code::Newer, path, {}, {});
 }
 
-/// A schema that is there gets what it lacks, from whoever may give it.
+/// A schema that is there gets what it lacks, from whoever may give it, and stays parted as it is.
 void renew_schema(ServerLink& link, const QString& name, Kind kind) {
     link.serve(name, link.pipe.path);
     check_kind(link.marks(), link.pipe.path, kind);
     const QByteArray owns =
         "select pg_has_role(nspowner, 'member') from pg_namespace where nspname=" + literal(name).toUtf8();
     if (is_true(link, owns))
-        link.pipe.run_script((u"begin;"_s + QString::fromLatin1(roles) + tables(name, kind) + u"commit"_s).toUtf8());
+        link.pipe.run_script(
+            (u"begin;"_s + QString::fromLatin1(roles) + tables(name, kind, link.marks().partitions) + u"commit"_s)
+                .toUtf8());
 }
 
 } // namespace
@@ -87,7 +91,7 @@ std::unique_ptr<Engine> open_on_server(
 void create_on_server(const ServerPlace& place, const QString& path, Kind kind,
     const std::function<void(std::unique_ptr<Engine>)>& fill) {
     auto maker = std::make_unique<ServerLink>(place.connection, path);
-    if (!make_schema(*maker, place.schema, kind)) {
+    if (!make_schema(*maker, place, kind)) {
         renew_schema(*maker, place.schema, kind);
         open_on_server(place, path, kind, default_patience);
         return;

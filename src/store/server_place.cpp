@@ -29,6 +29,15 @@ QList<QByteArray> lines_above(QDir folder) {
     return {};
 }
 
+constexpr QByteArrayView partitions_word = "partitions ";
+
+int partitions_in(const QList<QByteArray>& lines) {
+    for (const QByteArray& line : lines)
+        if (line.startsWith(partitions_word))
+            return line.mid(partitions_word.size()).trimmed().toInt();
+    return 0;
+}
+
 } // namespace
 
 std::optional<ServerPlace> server_place(const QByteArray& bytes) {
@@ -49,11 +58,16 @@ std::optional<ServerPlace> place_at(const QString& path) {
     return server_place(file.readAll());
 }
 
-void make_on_server_below(const QString& folder, const QString& connection) {
+void make_on_server_below(const QString& folder, const QString& connection, int partitions) {
     const QByteArray words = connection.trimmed().toUtf8();
     check_connection_words(words);
     const QString path = folder + u"/data-server"_s;
-    check_system(platform::replace_file(path, words + '\n', platform::Durability::Disk), path);
+    if (partitions == 0)
+        partitions = partitions_in(lines_above(folder));
+    QByteArray bytes = words + '\n';
+    if (partitions > 0)
+        bytes += partitions_word.toByteArray() + QByteArray::number(partitions) + '\n';
+    check_system(platform::replace_file(path, bytes, platform::Durability::Disk), path);
 }
 
 QString schema_of(const QString& path) {
@@ -69,9 +83,9 @@ std::optional<ServerPlace> place_for_new(const QString& path, Kind kind) {
     const QList<QByteArray> lines = lines_above(file.absoluteDir());
     if (lines.isEmpty())
         return std::nullopt;
-    const bool apart = lines.value(1).trimmed() == "apart";
+    const bool apart = lines.contains("apart");
     const QString own = apart ? u'-' + QUuid::createUuid().toString(QUuid::Id128).left(12) : QString();
-    return ServerPlace{lines[0].trimmed(), schema_of(path) + own};
+    return ServerPlace{lines[0].trimmed(), schema_of(path) + own, partitions_in(lines)};
 }
 
 } // namespace store

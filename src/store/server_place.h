@@ -9,7 +9,8 @@
 //
 // Another PC's schema of the same name and kind is taken as it is.
 // New databases are made on a server where a folder above them holds a file `data-server`: its first line is the
-// connection; a second line "apart" gives each database a schema of a name of its own, for trees that share one server.
+// connection; a line "partitions 16" behind it parts the facts by employee, a line "apart" gives each database a schema
+// of a name of its own, for trees that share one server.
 
 #include "store/database.h"
 
@@ -20,6 +21,7 @@ namespace store {
 struct ServerPlace {
     QByteArray connection; ///< in libpq's own words
     QString schema;
+    int partitions = 0; ///< into which facts are parted where the schema is made; it isn't told at the path
 
     bool operator==(const ServerPlace&) const = default;
 };
@@ -41,8 +43,9 @@ std::optional<ServerPlace> place_for_new(const QString& path, Kind kind);
 /// Makes an empty database of the kind in a new schema there, and the file that names it at the path, which is free.
 void make_on_server(const ServerPlace& place, const QString& path, Kind kind);
 
-/// From now on new databases in or below the folder, which is there, are made on the server. std::runtime_error, in
-/// English, where the words aren't libpq's or hold a password; the connection itself isn't tried.
-void make_on_server_below(const QString& folder, const QString& connection);
+/// From now on new databases in or below the folder, which is there, are made on the server, parted into so many
+/// partitions; 0 leaves that as it was. std::runtime_error, in English, where the words aren't libpq's or hold a
+/// password; the connection itself isn't tried.
+void make_on_server_below(const QString& folder, const QString& connection, int partitions);
 
 } // namespace store

@@ -80,13 +80,15 @@ protected:
     }
     QString folder_of_all() const { return QFileInfo(data_folder(settings)).path(); }
 
-    int schemas(const QString& like) const {
+    int count_there(const QString& rest) const {
         QProcess tool;
-        tool.start(u"psql"_s, {QString::fromUtf8(server), u"-qAtc"_s,
-                                  u"select count(*) from pg_namespace where nspname ~ '^(comsys|allsystem|rovdata"
-                                  "|simekiri|jyusin)%1$'"_s.arg(like)});
+        tool.start(u"psql"_s, {QString::fromUtf8(server), u"-qAtc"_s, u"select count(*) from "_s + rest});
         tool.waitForFinished();
         return tool.readAllStandardOutput().trimmed().toInt();
+    }
+    int schemas(const QString& like) const {
+        return count_there(
+            u"pg_namespace where nspname ~ '^(comsys|allsystem|rovdata|simekiri|jyusin)%1$'"_s.arg(like));
     }
 
     void expect_untouched(const char* why) const {
@@ -142,7 +144,13 @@ TEST_F(MovedCompany, IsTheSameThereAndBackAndWhatWasMovedStays) {
     EXPECT_EQ(schemas(u"-[0-9]{8}-[0-9]{6}"_s), all_of_them) << "set aside";
     EXPECT_FALSE(QFileInfo::exists(folder_of_all() + u"/data-server"_s));
     EXPECT_EQ(move(to_files), 1) << "it is there";
-    EXPECT_EQ(to_server(), 0);
+    ASSERT_EQ(move({u"--to-server"_s, QString::fromUtf8(server), u"--partitions"_s, u"4"_s}), 0);
+    EXPECT_TRUE(rows_now() == rows);
+    EXPECT_EQ(count_there(u"pg_inherits join pg_class on oid = inhparent where relkind = 'p'"
+                          " and relnamespace::regnamespace::text in ('rovdata', 'simekiri')"_s),
+        5 * 4);
+    EXPECT_EQ(support::bytes_of(folder_of_all() + u"/data-server"_s), server + "\npartitions 4\n");
+    ASSERT_EQ(move(to_files), 0);
     EXPECT_TRUE(rows_now() == rows);
 }
 

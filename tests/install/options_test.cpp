@@ -26,6 +26,8 @@ TEST(Arguments, EachGoesToItsPlace) {
         u"/srv/root main news PDF //main/qn u p a b"_s);
     EXPECT_FALSE(options.sample);
     EXPECT_EQ(read(u"/r --data-server service=rovena"_s).options.data_server, u"service=rovena"_s);
+    EXPECT_EQ(read(u"/r --partitions 16 --data-server x"_s).options.partitions, 16);
+    EXPECT_EQ(read(u"move /r --partitions 16 --to-server x"_s).move->partitions, 16);
 }
 
 TEST(Arguments, TheSampleTakesUpToTwoNumbersAndItsLastMonthMayStandAnywhere) {
@@ -51,19 +53,21 @@ TEST(Arguments, AMoveTakesARootAndOneGoal) {
     const Request back = read(u"move --to-files /srv"_s);
     EXPECT_EQ(back.move->root + back.problem, u"/srv"_s);
     EXPECT_EQ(back.move->server, QString());
-    for (const QString& line : {u"move /srv"_s, u"move --to-files"_s, u"move /srv --to-files --to-server x"_s,
-             u"move /srv --to-server"_s, u"move /a /b --to-files"_s, u"move /srv --to-files --sample"_s})
+    for (const QString& line :
+        {u"move /srv"_s, u"move --to-files"_s, u"move /srv --to-files --to-server x"_s, u"move /srv --to-server"_s,
+            u"move /srv --to-files --partitions 16"_s, u"move /a /b --to-files"_s, u"move /srv --to-files --sample"_s})
         EXPECT_NE(read(line).problem, QString()) << line.toStdString();
 }
 
 TEST(Arguments, WhatCantBeUsedIsNamed) {
-    for (const QString& line : {u""_s, u"--sample 5"_s, u"/a /b"_s, u"/a --colour red"_s, u"/a --use-class 3"_s,
-             u"/a --use-class x"_s, u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s,
-             u"/a --until 202613"_s, u"restore"_s, u"restore /bk"_s, u"restore --list"_s, u"restore /bk /a /b"_s,
-             u"restore /bk /a --sample"_s, u"/a --until 202610"_s, u"/a --sample --until 202600"_s,
-             u"/a --sample --until 210001"_s, u"show --list"_s, u"/a --share-password p --share-password-file f"_s,
-             u"show"_s, u"show /a /b"_s, u"/a --data-server service=x --server-root /b"_s, u"/a --data-server"_s,
-             u"/a --server-backup"_s, u"/a --server-backup there"_s})
+    for (const QString& line :
+        {u""_s, u"--sample 5"_s, u"/a /b"_s, u"/a --colour red"_s, u"/a --use-class 3"_s, u"/a --use-class x"_s,
+            u"/a --printer"_s, u"/a --sample 0"_s, u"/a --sample 5 9x"_s, u"/a --until 202613"_s, u"restore"_s,
+            u"restore /bk"_s, u"restore --list"_s, u"restore /bk /a /b"_s, u"restore /bk /a --sample"_s,
+            u"/a --until 202610"_s, u"/a --sample --until 202600"_s, u"/a --sample --until 210001"_s, u"show --list"_s,
+            u"/a --share-password p --share-password-file f"_s, u"show"_s, u"show /a /b"_s,
+            u"/a --data-server service=x --server-root /b"_s, u"/a --data-server"_s, u"/a --partitions 16"_s,
+            u"/a --data-server x --partitions 1"_s, u"/a --server-backup"_s, u"/a --server-backup there"_s})
         EXPECT_NE(read(line).problem, QString()) << line.toStdString();
 }
 

@@ -37,6 +37,7 @@ TEST_F(ServerTree, IsMadeOnceAndFoundByOtherPcsWhoseClerksChangeNoTable) {
         GTEST_SKIP() << "no server";
     Options first = options(u"one"_s);
     first.sample = Sample{3, 1};
+    first.partitions = 3;
     const base::Settings one = run(first), two = run(options(u"two"_s));
     EXPECT_EQ(server_place(support::bytes_of(rovdata_path(two))), (ServerPlace{support::data_server(), u"rovdata"_s}));
     EXPECT_EQ(rows_of(losys_path(two), Kind::Losys, "select データ from losystem where 項目名='データサーバー'"),
@@ -45,6 +46,12 @@ TEST_F(ServerTree, IsMadeOnceAndFoundByOtherPcsWhoseClerksChangeNoTable) {
     EXPECT_GT(rows.size(), 60);
     run(options(u"one"_s));
     EXPECT_EQ(all_rows(rovdata_path(two), Kind::Rovdata), rows) << "made once";
+    support::psql(u"drop table rovdata.kyumei"_s);
+    QFile::remove(rovdata_path(two));
+    run(options(u"two"_s));
+    const QString parts = u"select count(*) from pg_inherits where inhparent='rovdata.%1'::regclass"_s;
+    for (const QString& table : {u"kyumei"_s, u"rovmei"_s})
+        EXPECT_EQ(rows_of(rovdata_path(one), Kind::Rovdata, parts.arg(table).toStdString()), QStringList{u"3"_s});
 
     support::psql(u"create role tanaka login in role rovena_clerk"_s);
     open_as(rovdata_path(two), "tanaka");
