@@ -5,11 +5,14 @@
 #include "base/literals.h"
 #include "bench/posted_rows.h"
 #include "store/files.h"
+#include "store/schema.h"
 #include "store/server_place.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <map>
+#include <stdexcept>
 
 namespace bench {
 
@@ -40,12 +43,25 @@ constexpr auto rows_of_company = R"(
         from generate_series(1, EMPLOYEES) i, months, generate_series(5, 31, 6) d;
     insert into kinnisu select i, m, c, 0, 5 from generate_series(1, EMPLOYEES) i, months, generate_series(1, 3) c;
     drop table months;
-    analyze;
 )";
+
+/// As a server has seen to tables that stand for some time: rows that were never read before are marked on first sight.
+constexpr auto settled = "vacuum (freeze, analyze)";
+
+/// New databases there lie on the server at hand, each in a schema of its own name.
+void part_below(const QString& folder, int partitions) {
+    const store::ServerPlace place = store::place_for_new(folder + u"/any.mdb"_s, store::Kind::Rovdata).value();
+    QFile file(folder + u"/data-server"_s);
+    if (!file.open(QIODevice::WriteOnly) ||
+        file.write(place.connection + "\napart\npartitions " + QByteArray::number(partitions) + '\n') < 0)
+        throw std::runtime_error("no place for a company");
+}
 
 } // namespace
 
-ServerCompany::ServerCompany(int employees, int months) {
+ServerCompany::ServerCompany(int employees, int months, int partitions) {
+    if (partitions > 0)
+        part_below(folder.path(), partitions);
     settings.server_root = folder.path();
     settings.local_root = folder.filePath(u"pc"_s);
     const std::pair<QString, store::Kind> databases[]{
@@ -57,10 +73,14 @@ ServerCompany::ServerCompany(int employees, int months) {
         QDir().mkpath(QFileInfo(path).path());
         store::Database::create(path, kind);
     }
-    if (employees > 0)
-        bare().exec(QByteArray(rows_of_company)
-                        .replace("EMPLOYEES", QByteArray::number(employees))
-                        .replace("MONTHS", QByteArray::number(months)));
+    if (employees == 0)
+        return;
+    BareServer server = bare();
+    server.exec(QByteArray(rows_of_company)
+                    .replace("EMPLOYEES", QByteArray::number(employees))
+                    .replace("MONTHS", QByteArray::number(months)));
+    for (const store::Table& table : store::tables_of(store::Kind::Rovdata))
+        server.exec(settled + (' ' + table.name.toUtf8()));
 }
 
 BareServer ServerCompany::bare() const {

@@ -12,7 +12,8 @@ namespace bench {
 
 struct ServerCompany {
     /// Employees 1 to the last, each with work type 1 and the months up to last_month, of 31 days in three categories.
-    ServerCompany(int employees, int months);
+    /// Its facts are parted into so many partitions.
+    ServerCompany(int employees, int months, int partitions = 0);
 
     BareServer bare() const;   ///< its names are those of `rovdata`
     QString posted_in() const; ///< the schema of the exchange file

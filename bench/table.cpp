@@ -1,6 +1,7 @@
 #include "bench/table.h"
 #include "bench/clerks.h"
 #include "bench/reports.h"
+#include "bench/size.h"
 #include "bench/start.h"
 
 #include <QApplication>
@@ -102,6 +103,8 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     if (argc > 3 && QByteArrayView(argv[1]) == "--clerks")
         return bench::print_clerks(QByteArray(argv[2]).toInt(), QByteArray(argv[3]).toInt()) ? 0 : 1;
+    if (argc > 3 && QByteArrayView(argv[1]) == "--size")
+        return bench::print_size(QByteArray(argv[2]).toInt(), QByteArray(argv[3]).toInt()) ? 0 : 1;
     std::vector<char*> arguments = with_defaults(argc, argv);
     int count = int(arguments.size());
     benchmark::Initialize(&count, arguments.data());

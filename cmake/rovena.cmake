@@ -99,19 +99,18 @@ function(rovena_test name)
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 600)
 endfunction()
 
-function(rovena_add_test_on_server test name left_out partitions)
+# The same program once more, its new databases on a PostgreSQL server that lives as long as it: NAME_on_server. What is of a
+# file's nature is left out, as tests/files_only.txt tells. With a number, the facts are parted: NAME_on_server_parted.
+function(rovena_test_on_server name partitions)
+  file(STRINGS ${PROJECT_SOURCE_DIR}/tests/files_only.txt lines REGEX "^${name} ")
+  list(TRANSFORM lines REPLACE "^[^ ]+ +([^ ]+) .*" "\\1")
+  list(JOIN lines ":" left_out)
+  set(test ${name}_on_server)
+  if(partitions)
+    string(APPEND test _parted)
+  endif()
   add_test(NAME ${test}
     COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-server $<TARGET_FILE:${name}_test> --gtest_filter=-${left_out})
   set(environment "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ROVENA_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   set_tests_properties(${test} PROPERTIES ENVIRONMENT "${environment};PARTITIONS=${partitions}" TIMEOUT 600)
-endfunction()
-
-# The same program once more, its new databases on a PostgreSQL server that lives as long as it: NAME_on_server.
-# What is of a file's nature is left out, as tests/files_only.txt tells.
-function(rovena_test_on_server name)
-  file(STRINGS ${PROJECT_SOURCE_DIR}/tests/files_only.txt lines REGEX "^${name} ")
-  list(TRANSFORM lines REPLACE "^[^ ]+ +([^ ]+) .*" "\\1")
-  list(JOIN lines ":" left_out)
-  rovena_add_test_on_server(${name}_on_server ${name} "${left_out}" 0)
-  rovena_add_test_on_server(${name}_on_server_parted ${name} "${left_out}" 16)
 endfunction()
