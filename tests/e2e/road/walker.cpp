@@ -193,6 +193,7 @@ void Walker::walk(const QString& road, const QStringList& arguments) {
                 start();
             demand(acts.contains(step.act), u"there is no such act"_s);
             acts[step.act](*this, step);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // as between a person's acts
             if (step.act != u"await")
                 demand_none(m_boxes.faults());
         } catch (const RoadError& error) {
