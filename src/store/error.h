@@ -20,6 +20,7 @@ enum class Code {
     Older,        ///< tables on a server of an earlier version, which a clerk can't change
     Away,         ///< the data server isn't reached
     Refused,      ///< the data server refuses the connection: the person, the password, the database or the certificate
+    Forbidden,    ///< the data server's user has no right to that
     ReadOnly,     ///< the file or its folder can't be written
     Full,         ///< the disk is full
     Io,           ///< the disk or the network failed while something was read or written

@@ -3,6 +3,7 @@
 #include "base/literals.h"
 #include "platform/socket_wait.h"
 #include "store/server.h"
+#include "store/server_connect.h"
 
 #include <QDeadlineTimer>
 #include <algorithm>
@@ -25,13 +26,14 @@ struct Meaning {
 constexpr std::array meanings{
     Meaning{"55P03", Code::Busy}, // a lock wasn't to be had in time
     Meaning{"40", Code::Busy},    // two waited for each other
-    Meaning{"42501", Code::ReadOnly},
+    Meaning{"42501", Code::Forbidden},
     Meaning{"25006", Code::ReadOnly},
     Meaning{"53100", Code::Full},
     Meaning{"53", Code::Busy}, // connections, memory
     Meaning{"28", Code::Refused},
     Meaning{"3", Code::Missing},
-    Meaning{"XX", Code::Damaged},
+    Meaning{"XX001", Code::Damaged},
+    Meaning{"XX002", Code::Damaged},
     Meaning{"08", Code::Io},
     Meaning{"57", Code::Io}, // the server is shutting down, or starting
     Meaning{"58", Code::Io},
@@ -48,43 +50,9 @@ Code meaning_of(const QByteArray& state) {
     return meaning == meanings.end() ? Code::Other : meaning->code;
 }
 
-/// Everything that the program sets of a connection, where what the administrator wrote doesn't: a server that is away
-/// is told after ten seconds, also in the midst of a statement.
-constexpr std::pair<const char*, const char*> defaults[]{
-    {"connect_timeout", "10"},
-    {"tcp_user_timeout", "10000"},
-    {"keepalives_idle", "10"},
-    {"options", "-c tcp_keepalives_idle=10 -c tcp_keepalives_interval=5 -c tcp_keepalives_count=3"
-                " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
-    {"application_name", "rovena"},
-};
-
-PGconn* connected(const QByteArray& connection) {
-    std::vector<const char*> names, values;
-    const auto add = [&](const char* name, const char* value) {
-        names.push_back(name);
-        values.push_back(value);
-    };
-    for (const auto& [name, value] : defaults)
-        add(name, value);
-    add("dbname", connection.constData()); // is taken apart, and goes before what stands before it
-    add("client_encoding", "UTF8");
-    add(nullptr, nullptr);
-    return PQconnectdbParams(names.data(), values.data(), /*expand_dbname=*/1);
-}
-
 struct FreeOptions {
     void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
 };
-
-/// libpq has no code for a connection that fails; a server that is up says "FATAL", and TLS and passwords name
-/// themselves. One that is starting or ending is away.
-bool refused(const QString& reason) {
-    constexpr std::array starting{"starting up", "shutting down", "recovery"};
-    constexpr std::array signs{"FATAL", "SSL", "certificate", "password"};
-    const auto in_reason = [&](const char* word) { return reason.contains(QLatin1String(word)); };
-    return std::ranges::any_of(signs, in_reason) && std::ranges::none_of(starting, in_reason);
-}
 
 bool is_good(ExecStatusType status) {
     return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_EMPTY_QUERY;
@@ -104,15 +72,11 @@ void check_connection_words(const QByteArray& words) {
 }
 
 ServerPipe::ServerPipe(const QByteArray& connection, const QString& opened)
-    : m_connection(connected(connection)), path(opened) {
+    : m_connection(connect_to(connection, opened)), path(opened) {
     PQsetNoticeProcessor(
         m_connection, [](void*, const char*) {}, nullptr);
-    if (PQstatus(m_connection) == CONNECTION_OK && PQsetnonblocking(m_connection, 1) == 0 &&
-        PQenterPipelineMode(m_connection) == 1)
-        return;
-    const QString reason = QString::fromUtf8(PQerrorMessage(m_connection)).trimmed();
-    PQfinish(m_connection);
-    throw Error(refused(reason) ? Code::Refused : Code::Away, path, {}, reason);
+    PQsetnonblocking(m_connection, 1);
+    PQenterPipelineMode(m_connection);
 }
 
 std::chrono::milliseconds ServerPipe::usual_silence() const {

@@ -235,10 +235,18 @@ QList<QByteArray> statements_of(std::string_view sql) {
     return statements;
 }
 
+/// Queries with names may stand before what is done with them.
 bool writes(std::string_view sql) {
     const Tokens tokens = tokens_of(sql);
+    constexpr std::array acts{"select", "insert", "update", "delete"};
+    const auto is_act = [&](const Token& token) {
+        return token.depth == 0 && std::ranges::any_of(acts, [&](const char* act) { return token.is(act); });
+    };
     const qsizetype first = meant(tokens, 0, 1);
-    return first >= 0 && !tokens[first].is("select");
+    if (first < 0 || !tokens[first].is("with"))
+        return first >= 0 && !tokens[first].is("select");
+    const auto act = std::ranges::find_if(tokens, is_act);
+    return act == tokens.end() || !act->is("select");
 }
 
 } // namespace store

@@ -61,7 +61,7 @@ TEST_F(ServerTree, IsMadeOnceAndFoundByOtherPcsWhoseClerksChangeNoTable) {
         rovdata.exec("drop table kinsyu");
         ADD_FAILURE() << "a clerk dropped a table";
     } catch (const store::Error& error) {
-        EXPECT_EQ(error.code(), Code::ReadOnly);
+        EXPECT_EQ(error.code(), Code::Forbidden);
     }
 }
 

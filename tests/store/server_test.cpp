@@ -53,6 +53,14 @@ TEST(ServerSql, SaysWhatTheFilesSqlSays) {
         EXPECT_EQ(server_sql(sql, fields_of).toStdString(), wanted);
 }
 
+TEST(ServerSql, TellsWhatWritesFromWhatReads) {
+    for (const char* reads :
+        {" select 1", "with a as (select 1) select * from a", "with insert_ as (select 1) select 2"})
+        EXPECT_FALSE(writes(reads)) << reads;
+    for (const char* does : {"insert into t values (1)", "drop table t", "with a as (select 1) delete from t"})
+        EXPECT_TRUE(writes(does)) << does;
+}
+
 TEST(ServerPlace, IsNamedByASmallFile) {
     const ServerPlace place{"service=rovena", u"rovdata"_s};
     EXPECT_EQ(server_place(bytes_of(place)), place);
@@ -83,14 +91,76 @@ TEST_F(OnAServer, ADatabaseIsMissingOrOfAnotherKindOrTooNewAsAFileIs) {
     EXPECT_EQ(code_of([&] { Database::open(path, Kind::Comsys); }), Code::Missing);
 }
 
-TEST_F(OnAServer, WhatKeepsAPersonAwayIsCalledByItsName) {
+/// From now on the server asks one person for a password, and is reached over TLS at the address, with a certificate
+/// that has expired. The folder gets the certificate of its issuer.
+void lock_up(const QString& folder, const QString& person, const QString& password, const QString& address) {
+    const QString server = support::server_folder(), hba = server + u"/data/pg_hba.conf"_s;
+    const QString made = u"openssl req -new -x509 -subj /CN=kaisya -keyout ca.key -out ca.crt $new &&"
+                         " openssl req -new -subj /CN=%1 -keyout %2/data/server.key -out csr $new &&"
+                         " openssl x509 -req -in csr -CA ca.crt -CAkey ca.key -CAcreateserial -days -1"
+                         " -out %2/data/server.crt && chown --reference=%2/data %2/data/server.key"_s;
+    QProcess shell;
+    shell.setWorkingDirectory(folder);
+    shell.start(u"sh"_s,
+        {u"-c"_s, u"new='-nodes -newkey ec -pkeyopt ec_paramgen_curve:prime256v1';"_s + made.arg(address, server)});
+    ASSERT_TRUE(shell.waitForFinished() && shell.exitCode() == 0) << shell.readAllStandardError().toStdString();
+    psql(u"create role %1 login password '%2'"_s.arg(person, password));
+    psql(u"create database closed"_s);
+    psql(u"revoke connect on database closed from public"_s);
+    for (const auto& setting : {u"listen_addresses='%1'"_s.arg(address), u"ssl=on"_s})
+        psql(u"alter system set "_s + setting);
+    support::put_bytes(
+        hba, u"local all %1 scram-sha-256\nhostssl all all 127.0.0.0/8 scram-sha-256\n"_s.arg(person).toUtf8() +
+                 support::bytes_of(hba));
+    support::tell_server(u"die"_s);
+    support::tell_server(u"live"_s);
+}
+
+TEST_F(OnAServer, WhatKeepsAPersonAwayIsToldInWordsWithoutThePassword) {
+    const QString address = u"127.77.%1.%2"_s.arg(getpid() / 250 % 250).arg(1 + getpid() % 250);
+    ASSERT_NO_FATAL_FAILURE(lock_up(tree.folder.path(), u"tanaka"_s, u"himitsu"_s, address));
+    const auto with_password = [this](const QByteArray& text) {
+        const QString file = tree.folder.filePath(u"passwords-%1"_s.arg(text.size()));
+        support::put_bytes(file, "*:*:*:*:" + text + '\n');
+        QFile::setPermissions(file, QFile::ReadOwner);
+        return " user=tanaka passfile=" + file.toUtf8();
+    };
+    const QByteArray right = with_password("himitsu"), wrong = with_password("chigau");
+    const QByteArray tls = " host=" + address.toUtf8() + " sslmode=verify-full sslrootcert=";
+    const struct {
+        QByteArray words;
+        Code code;
+        QString says;
+    } cases[]{
+        {" host=/nowhere", Code::Away, u"サーバーとネットワークを確かめてください"_s},
+        {" user=nobody", Code::Refused, u"この利用者は、このＰＣから接続できません"_s},
+        {" dbname=nothing", Code::Refused, u"その名前のデータベースがありません"_s},
+        {" user=tanaka passfile=/nowhere", Code::Refused, u"パスワードがありません"_s},
+        {wrong, Code::Refused, u"利用者名かパスワードが違います"_s},
+        {right + " dbname=closed", Code::Refused, u"接続する権限がありません"_s},
+        {right + tls + tree.folder.filePath(u"ca.crt"_s).toUtf8(), Code::Refused, u"証明書を確かめられません。期限"_s},
+        {right + tls + "/nowhere", Code::Refused, u"証明書を確かめられません"_s},
+    };
+    for (const auto& [words, code, says] : cases)
+        try {
+            support::put_bytes(path, bytes_of(ServerPlace{place->connection + words, place->schema}));
+            Database::open(path, Kind::Comsys);
+            ADD_FAILURE() << words.toStdString();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.code(), code) << error.what();
+            EXPECT_TRUE(error.text().contains(says)) << error.what();
+            EXPECT_FALSE(error.text().contains(u"himitsu"_s) || error.text().contains(u"chigau"_s)) << error.what();
+        }
+    support::put_bytes(path, bytes_of(ServerPlace{place->connection + right, place->schema}));
+    Database database = Database::open(path, Kind::Comsys);
+    EXPECT_EQ(code_of([&] { number_from(database, "select count(*) from bangou"); }), Code::Forbidden) << "no clerk";
+}
+
+TEST_F(OnAServer, ASchemaOfAnotherVersionIsCalledByItsName) {
     const auto opened_with = [&](const QByteArray& words) {
         support::put_bytes(path, bytes_of(ServerPlace{place->connection + words, place->schema}));
         return code_of([&] { Database::open(path, Kind::Comsys); });
     };
-    EXPECT_EQ(opened_with(" host=/nowhere"), Code::Away);
-    EXPECT_EQ(opened_with(" user=nobody"), Code::Refused);
-    EXPECT_EQ(opened_with(" dbname=nothing"), Code::Refused);
     for (const auto& [version, code] : {std::pair(0, Code::Older), {schema_version + 1, Code::Newer}}) {
         psql(u"comment on schema \"%1\" is 'rovena %2 %3'"_s.arg(place->schema)
                  .arg(application_id(Kind::Comsys))

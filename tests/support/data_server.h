@@ -5,7 +5,10 @@
 #include "store/server_place.h"
 
 #include <QDir>
+#include <QFile>
 #include <QProcess>
+#include <QUuid>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace support {
@@ -16,6 +19,11 @@ inline QByteArray data_server() {
     return place ? place->connection : QByteArray();
 }
 
+/// What scripts/with-server makes for it: its data, its socket, and what tells it to die and to live.
+inline QString server_folder() {
+    return QString::fromUtf8(data_server().split(' ').first().mid(5));
+}
+
 /// Runs the server's own words with its own tool.
 inline void psql(const QString& sql) {
     QProcess tool;
@@ -24,10 +32,24 @@ inline void psql(const QString& sql) {
     ASSERT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
 }
 
-/// The server's sudden death by kill -9, and its new life.
+/// A database of a test's own beside the others'.
+class OwnDatabase {
+public:
+    OwnDatabase() { psql(QStringLiteral("create database ") + m_name); }
+    ~OwnDatabase() { psql(QStringLiteral("drop database %1 with (force)").arg(m_name)); }
+    OwnDatabase(const OwnDatabase&) = delete;
+    OwnDatabase& operator=(const OwnDatabase&) = delete;
+
+    /// What libpq connects with.
+    QByteArray connection() const { return data_server().replace("dbname=postgres", "dbname=" + m_name.toUtf8()); }
+
+private:
+    const QString m_name = QStringLiteral("own_") + QUuid::createUuid().toString(QUuid::Id128);
+};
+
+/// The server's sudden death by kill -9, and its new life; from whatever thread.
 inline void tell_server(const QString& what) {
-    const QString folder = QString::fromUtf8(data_server().split(' ').first().mid(5));
-    ASSERT_EQ(QProcess::execute(folder + u'/' + what, QStringList()), 0);
+    ASSERT_EQ(std::system(QFile::encodeName(server_folder() + u'/' + what)), 0);
 }
 
 /// As a server's restart does.

@@ -1,0 +1,113 @@
+#include "store/server_connect.h"
+
+#include "base/literals.h"
+#include "store/error.h"
+
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <memory>
+#include <vector>
+
+namespace store {
+
+using namespace base;
+
+namespace {
+
+/// Everything that the program sets of a connection, where what the administrator wrote doesn't: a server that is away
+/// is told after ten seconds, also in the midst of a statement.
+constexpr std::pair<const char*, const char*> defaults[]{
+    {"connect_timeout", "10"},
+    {"tcp_user_timeout", "10000"},
+    {"keepalives_idle", "10"},
+    {"options", "-c tcp_keepalives_idle=10 -c tcp_keepalives_interval=5 -c tcp_keepalives_count=3"
+                " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
+    {"application_name", "rovena"},
+};
+
+PGconn* connected(const QByteArray& words) {
+    std::vector<const char*> names, values;
+    const auto add = [&](const char* name, const char* value) {
+        names.push_back(name);
+        values.push_back(value);
+    };
+    for (const auto& [name, value] : defaults)
+        add(name, value);
+    add("dbname", words.constData()); // is taken apart, and goes before what stands before it
+    add("client_encoding", "UTF8");
+    add(nullptr, nullptr);
+    return PQconnectdbParams(names.data(), values.data(), /*expand_dbname=*/1);
+}
+
+/// By the beginning of the server's code.
+constexpr struct {
+    QStringView state;
+    Code code;
+    QStringView text;
+} of_server[]{
+    {u"28P", Code::Refused, u"利用者名かパスワードが違います。パスワードファイルを確かめてください。"},
+    {u"28", Code::Refused,
+        u"この利用者は、このＰＣから接続できません。利用者名・データベース名・サーバーの pg_hba.conf "
+        u"を確かめてください。"},
+    {u"3D", Code::Refused, u"その名前のデータベースがありません。"},
+    {u"42501", Code::Refused, u"この利用者には、このデータベースに接続する権限がありません。"},
+    {u"53", Code::Refused, u"サーバーの接続の数がいっぱいです。"},
+    {u"57", Code::Away, u"サーバーが起動中か停止中です。しばらく待ってください。"},
+};
+
+/// By what libpq itself says, in the system's language.
+constexpr struct {
+    QStringView english, japanese, text;
+} of_client[]{
+    {u"password", u"パスワード", u"パスワードがありません。パスワードファイルを確かめてください。"},
+    {u"certificate", u"証明書",
+        u"サーバーの証明書を確かめられません。期限・サーバーの名前・ルート証明書を確かめてください。"},
+    {u"SSL", u"SSL", u"サーバーと暗号化の方法が合いません。"},
+    {u"definition of service", u"サービス定義", u"サービスファイルに、その名前がありません。"},
+    {u"FATAL", u"FATAL", {}},
+};
+
+QString said_by(PGconn* connection) {
+    return QString::fromUtf8(PQerrorMessage(connection)).trimmed();
+}
+
+/// libpq tells the server's code of a connection that fails in its most talkative words alone, and those only if they
+/// are asked for before: by a second attempt, which may succeed.
+QString code_of_another_attempt(PGconn* connection) {
+    static const QRegularExpression code(u":\\s+([0-9][0-9A-Z]{4}): "_s);
+    PQsetErrorVerbosity(connection, PQERRORS_VERBOSE);
+    PQreset(connection);
+    PQsetErrorVerbosity(connection, PQERRORS_DEFAULT);
+    return code.match(said_by(connection)).captured(1);
+}
+
+Error error_of(const QString& state, const QString& said, const QString& path) {
+    const auto told = [&](Code code, QStringView reason) {
+        return Error(code, path, {}, (reason.toString() + u'\n' + said).trimmed());
+    };
+    for (const auto& [sign, code, text] : of_server)
+        if (state.startsWith(sign))
+            return told(code, text);
+    for (const auto& [english, japanese, text] : of_client)
+        if (said.contains(english) || said.contains(japanese))
+            return told(Code::Refused, text);
+    return told(Code::Away, u"サーバーとネットワークを確かめてください。");
+}
+
+} // namespace
+
+PGconn* connect_to(const QByteArray& words, const QString& path) {
+    constexpr qint64 quick = 3000;
+    QElapsedTimer taken;
+    taken.start();
+    std::unique_ptr<PGconn, decltype(&PQfinish)> connection(connected(words), PQfinish);
+    if (PQstatus(connection.get()) == CONNECTION_OK)
+        return connection.release();
+    const QString said = said_by(connection.get());
+    const QString state = taken.elapsed() < quick ? code_of_another_attempt(connection.get()) : QString();
+    if (PQstatus(connection.get()) == CONNECTION_OK)
+        return connection.release();
+    throw error_of(state, said, path);
+}
+
+} // namespace store
