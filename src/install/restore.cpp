@@ -11,6 +11,7 @@
 #include "store/dump.h"
 #include "store/files.h"
 #include "store/held.h"
+#include "store/server_place.h"
 
 #include <QDir>
 #include <QFile>
@@ -213,7 +214,7 @@ public:
             if (QFileInfo::exists(m_path))
                 m_present.emplace(m_path, m_kind, patience);
         } catch (const Error& error) {
-            if (!unreadable(error.code()))
+            if (!unreadable(error.code()) || store::place_at(m_path)) // a server that is away has what it has
                 throw;
         }
     }

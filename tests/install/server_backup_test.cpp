@@ -68,6 +68,12 @@ TEST_F(ServerBackup, IsADumpThatAClerkMakesToo) {
     support::psql(
         u"update \"%1\".rovmei set 備考='x' where 出社日=20300102"_s.arg(place_at(rovdata_path(settings))->schema));
     EXPECT_THROW(check_dump(folder_of_backup() + u"/rovdata.dump"_s, Kind::Rovdata, now), store::Error);
+
+    const QString path = rovdata_path(settings);
+    const QByteArray away = bytes_of(ServerPlace{"host=/nowhere", place_at(path)->schema});
+    support::put_bytes(path, away);
+    EXPECT_THROW(restored(u"first"_s), store::Error);
+    EXPECT_EQ(support::bytes_of(path), away) << "no file beside what the server has";
 }
 
 TEST_F(ServerBackup, IsAFileWithoutTheServersToolsAndSaysThatThereIsAnotherBackup) {
