@@ -12,13 +12,14 @@ namespace whole {
 
 struct PlaceOfWork {
     QString program_folder;
-    int turn_port = 0;
+    int turn_port = 0;  ///< 0 where the company lies on a data server
     int own_row = 0;    ///< row of the employee list that this clerk alone works on
     int shared_row = 0; ///< row that every clerk works on
     int seconds = 0;
     int seed = 0;
     int last_day = 31; ///< of the days that are typed
 
+    bool on_server() const { return turn_port == 0; }
     QStringList arguments() const {
         using namespace base;
         return {u"--clerk"_s, program_folder, digits(turn_port), digits(own_row), digits(shared_row), digits(seconds),
