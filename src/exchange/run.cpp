@@ -181,8 +181,10 @@ bool apply_in_turn(ManagerRun& run, const base::Settings& settings, std::chrono:
             break;
         const QString posted = store::exchange_path(settings, store::posting_file);
         const auto turn = store::server_turn(posted, store::TurnFor::Applying);
-        if (turn && !turn->take_within(std::max(lock_patience, way_to_server))) // another PC's is at work
+        if (turn && !turn->take_within(std::max(lock_patience, way_to_server))) {
+            turn->holder(); // another PC's is at work, unless the server is silent, which this throws
             break;
+        }
         lock_patience = {};
         good = run.apply_all();
     } while (good && run.rows_wait());

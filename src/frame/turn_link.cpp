@@ -127,6 +127,8 @@ bool TurnLink::wait_on_server() {
     }
     if (on_waited)
         on_waited();
+    if (!granted && !m_given_up)
+        status_on_server(); // throws where it is the server that is silent
     if (!granted)
         m_on_server.reset();
     if (!granted && !m_given_up)

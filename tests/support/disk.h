@@ -38,7 +38,7 @@ public:
     }
     ~SmallDisk() {
         if (mounted)
-            umount(m_folder.constData());
+            umount2(m_folder.constData(), MNT_DETACH); // somebody else may have it open still
     }
     bool mounted = false;
 

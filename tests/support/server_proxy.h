@@ -1,7 +1,7 @@
 #pragma once
 
-// Stands between this program and the server that scripts/with-server runs: counts the ways there and back, and cuts
-// every connection behind a message of the client's, as a network does.
+// Stands between this program and the server that scripts/with-server runs: counts the ways there and back, and lets
+// trouble come behind a message of the client's, as a network and a server do.
 
 #include "support/data_server.h"
 
@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cstring>
 #include <list>
+#include <mutex>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -17,6 +18,12 @@
 #include <vector>
 
 namespace support {
+
+enum class Trouble {
+    Cut,     ///< every connection ends
+    Silence, ///< nothing goes to and fro any more
+    Death,   ///< of the server, by kill -9
+};
 
 class ServerProxy {
 public:
@@ -43,9 +50,24 @@ public:
     int trips() const { return m_trips; }
     /// What clients have said, in messages of the server's protocol.
     int messages() const { return m_messages; }
-    /// Cuts everything behind so many messages more, which still reach the server.
-    void cut_behind(int messages) { m_last = m_messages + messages; }
-    void cut_no_more() { m_last = -1; }
+    /// Behind so many messages more, which still reach the server.
+    void trouble_behind(int messages, Trouble trouble) {
+        m_trouble = trouble;
+        m_come = false;
+        m_last = m_messages + messages;
+    }
+    /// Whether the trouble had come. A server that died lives again.
+    bool end_trouble() {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_last = -1;
+            stalled = false;
+        }
+        const bool came = m_come;
+        if (came && m_trouble == Trouble::Death)
+            tell_server(QStringLiteral("live"));
+        return came;
+    }
     /// As a network that takes everything and gives nothing.
     std::atomic<bool> stalled = false;
 
@@ -71,7 +93,9 @@ private:
                 waiting.push_back({pair.client, POLLIN, 0});
                 waiting.push_back({pair.server, POLLIN, 0});
             }
-            if (poll(waiting.data(), waiting.size(), 20) > 0 && !stalled)
+            if (stalled)
+                poll(nullptr, 0, 5);
+            else if (poll(waiting.data(), waiting.size(), 20) > 0)
                 pass_on(waiting);
         }
         std::erase_if(m_pairs, [](const Pair& pair) { return end(pair); });
@@ -92,11 +116,21 @@ private:
     void take_in() {
         Pair pair{accept(m_listening, nullptr, nullptr), socket(AF_UNIX, SOCK_STREAM, 0), {}};
         const sockaddr_un there = address(QFile::decodeName(host()));
-        const bool cut = m_last >= 0 && m_messages >= m_last;
-        if (cut || connect(pair.server, reinterpret_cast<const sockaddr*>(&there), sizeof there) != 0)
+        if (troubled() || connect(pair.server, reinterpret_cast<const sockaddr*>(&there), sizeof there) != 0)
             end(pair);
         else
             m_pairs.push_back(pair);
+    }
+
+    /// It comes with the first message that has to go further.
+    bool troubled() {
+        const std::lock_guard lock(m_mutex);
+        if (m_last < 0 || m_messages < m_last)
+            return false;
+        if (!m_come.exchange(true) && m_trouble == Trouble::Death)
+            tell_server(QStringLiteral("die"));
+        stalled = m_trouble == Trouble::Silence;
+        return !stalled;
     }
 
     static bool end(const Pair& pair) { return close(pair.client) == 0 && close(pair.server) == 0; }
@@ -108,15 +142,17 @@ private:
             return false;
         pair.unsent.append(bytes, count);
         while (const int length = message_length(pair)) {
-            if (m_last >= 0 && m_messages >= m_last)
+            if (troubled())
                 return false;
+            if (stalled)
+                return true;
             if (write(pair.server, pair.unsent.constData(), size_t(length)) != length)
                 return false;
             notice(pair, pair.unsent.first(length));
             pair.unsent.remove(0, length);
             ++m_messages;
         }
-        return m_last < 0 || m_messages < m_last;
+        return !troubled();
     }
 
     static void notice(Pair& pair, const QByteArray& message) {
@@ -156,6 +192,9 @@ private:
     int m_listening;
     std::list<Pair> m_pairs;
     std::atomic<int> m_trips = 0, m_messages = 0, m_last = -1;
+    std::mutex m_mutex;
+    std::atomic<Trouble> m_trouble = Trouble::Cut;
+    std::atomic<bool> m_come = false;
     std::atomic<bool> m_ends = false;
     std::thread m_thread;
 };
