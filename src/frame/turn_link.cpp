@@ -5,6 +5,7 @@
 
 #include <QHostAddress>
 #include <QNetworkProxy>
+#include <QScopeGuard>
 #include <utility>
 
 namespace frame {
@@ -116,6 +117,10 @@ void TurnLink::サーバー接続終了() {
 bool TurnLink::wait_on_server() {
     using clock = std::chrono::steady_clock;
     show(u"●"_s);
+    auto failed = qScopeGuard([this] {
+        m_on_server.reset();
+        show(QString());
+    });
     m_status.reset();
     const auto since = clock::now();
     m_next_question = since + silent_wait;
@@ -129,6 +134,7 @@ bool TurnLink::wait_on_server() {
         on_waited();
     if (!granted && !m_given_up)
         status_on_server(); // throws where it is the server that is silent
+    failed.dismiss();
     if (!granted)
         m_on_server.reset();
     if (!granted && !m_given_up)

@@ -177,4 +177,4 @@ TEST_P(InTrouble, ASaveIsThereWholeOrNotAtAllAndWhatWasTypedStaysAndTheNextIsRig
 
 INSTANTIATE_TEST_SUITE_P(Of, InTrouble,
     testing::Values(Troubled{support::Trouble::Cut, 1, {}}, Troubled{support::Trouble::Death, 7, {}},
-        Troubled{support::Trouble::Silence, 7, " tcp_user_timeout=200"}));
+        Troubled{support::Trouble::Silence, 7, " connect_timeout=2 tcp_user_timeout=200"}));

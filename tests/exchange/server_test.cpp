@@ -77,7 +77,7 @@ TEST_P(ManagerInTrouble, AppliesASaveWholeOrNotAtAllAndOnceInTheEnd) {
 
 INSTANTIATE_TEST_SUITE_P(Of, ManagerInTrouble,
     testing::Values(Troubled{support::Trouble::Cut, 1, {}}, Troubled{support::Trouble::Death, 9, {}},
-        Troubled{support::Trouble::Silence, 9, " tcp_user_timeout=200"}));
+        Troubled{support::Trouble::Silence, 9, " connect_timeout=2 tcp_user_timeout=200"}));
 
 TEST(ManagersOfTwoPcs, CountEveryRowOnce) {
     if (support::data_server().isEmpty())

@@ -221,7 +221,7 @@ TEST_F(MovedCompany, IsWholeOrClosedAfterAMoveWhoseServerIsInTroubleAtAnyMessage
     support::ServerProxy proxy;
     server.replace(support::data_server().split(' ').first(), proxy.connection().split(' ').first());
     for (const auto& [trouble, many, few] :
-        {std::tuple(support::Trouble::Cut, 150, 9), {support::Trouble::Death, 400, 40}})
+        {std::tuple(support::Trouble::Cut, 300, 20), {support::Trouble::Death, 900, 150}})
         expect_whole_or_closed_after_any(
             [&](const QStringList& goal, int n) {
                 proxy.trouble_behind(n, trouble);

@@ -146,7 +146,7 @@ private:
                 return false;
             if (stalled)
                 return true;
-            if (write(pair.server, pair.unsent.constData(), size_t(length)) != length)
+            if (send(pair.server, pair.unsent.constData(), size_t(length), MSG_NOSIGNAL) != length)
                 return false;
             notice(pair, pair.unsent.first(length));
             pair.unsent.remove(0, length);
@@ -185,7 +185,7 @@ private:
         const ssize_t count = read(pair.server, bytes, sizeof bytes);
         if (std::exchange(pair.asking, false))
             ++m_trips;
-        return count > 0 && write(pair.client, bytes, size_t(count)) == count;
+        return count > 0 && send(pair.client, bytes, size_t(count), MSG_NOSIGNAL) == count;
     }
 
     QTemporaryDir m_folder;
