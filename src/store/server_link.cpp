@@ -46,10 +46,14 @@ void ServerLink::serve(const QString& schema, const QString& path) {
 ServerLink::Known ServerLink::known(const QString& schema) {
     m_now.reset();
     const QByteArray name = schema.toUtf8();
-    const Result found = pipe.hear(pipe.say(
-        "select oid, obj_description(oid, 'pg_namespace') from pg_namespace where nspname = $1", {name.constData()}));
+    const Result found = pipe.hear(
+        pipe.say("select oid, obj_description(oid, 'pg_namespace'), has_schema_privilege(oid, 'usage')"
+                 " from pg_namespace where nspname = $1",
+            {name.constData()}));
     if (PQntuples(found.get()) == 0)
         throw Error(Code::Missing, pipe.path, {}, schema);
+    if (QByteArrayView(PQgetvalue(found.get(), 0, 2)) != "t") // its tables would be said to be missing
+        throw Error(Code::Forbidden, pipe.path, {}, schema);
     const QList<QByteArray> words = QByteArray(PQgetvalue(found.get(), 0, 1)).split(' ');
     return {
         PQgetvalue(found.get(), 0, 0), {words.value(1).toInt(), words.value(2).toInt(), words.value(3).toInt()}, {}};

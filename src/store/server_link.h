@@ -36,7 +36,7 @@ public:
     const QString& schema() const { return m_schema; } ///< that it serves
 
     /// From now on the names are those of the schema; what it says of itself is read when it is met first.
-    /// Code::Missing if there is none.
+    /// Code::Missing if there is none, Forbidden if it isn't for this person.
     void serve(const QString& schema, const QString& path);
 
     /// The statement is prepared when it is met first; Code::Misuse if the schema hasn't got what it names.

@@ -176,5 +176,5 @@ TEST_P(InTrouble, ASaveIsThereWholeOrNotAtAllAndWhatWasTypedStaysAndTheNextIsRig
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, InTrouble,
-    testing::Values(Troubled{support::Trouble::Cut, 1, {}}, Troubled{support::Trouble::Death, 7, {}},
-        Troubled{support::Trouble::Silence, 7, " connect_timeout=2 tcp_user_timeout=200"}));
+    testing::Values(Troubled{support::Trouble::Cut, 1, {}}, Troubled{support::Trouble::Death, 25, {}},
+        Troubled{support::Trouble::Silence, 25, " connect_timeout=2 tcp_user_timeout=200"}));

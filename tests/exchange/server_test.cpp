@@ -76,8 +76,8 @@ TEST_P(ManagerInTrouble, AppliesASaveWholeOrNotAtAllAndOnceInTheEnd) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, ManagerInTrouble,
-    testing::Values(Troubled{support::Trouble::Cut, 1, {}}, Troubled{support::Trouble::Death, 9, {}},
-        Troubled{support::Trouble::Silence, 9, " connect_timeout=2 tcp_user_timeout=200"}));
+    testing::Values(Troubled{support::Trouble::Cut, 1, {}}, Troubled{support::Trouble::Death, 25, {}},
+        Troubled{support::Trouble::Silence, 25, " connect_timeout=2 tcp_user_timeout=200"}));
 
 TEST(ManagersOfTwoPcs, CountEveryRowOnce) {
     if (support::data_server().isEmpty())

@@ -152,8 +152,7 @@ TEST_F(OnAServer, WhatKeepsAPersonAwayIsToldInWordsWithoutThePassword) {
             EXPECT_FALSE(error.text().contains(u"himitsu"_s) || error.text().contains(u"chigau"_s)) << error.what();
         }
     support::put_bytes(path, bytes_of(ServerPlace{place->connection + right, place->schema}));
-    Database database = Database::open(path, Kind::Comsys);
-    EXPECT_EQ(code_of([&] { number_from(database, "select count(*) from bangou"); }), Code::Forbidden) << "no clerk";
+    EXPECT_EQ(code_of([&] { Database::open(path, Kind::Comsys); }), Code::Forbidden) << "no clerk";
 }
 
 TEST_F(OnAServer, ASchemaOfAnotherVersionIsCalledByItsName) {

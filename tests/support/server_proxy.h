@@ -28,7 +28,7 @@ enum class Trouble {
 class ServerProxy {
 public:
     ServerProxy() {
-        m_listening = socket(AF_UNIX, SOCK_STREAM, 0);
+        m_listening = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
         const sockaddr_un own = address(m_folder.path());
         EXPECT_EQ(bind(m_listening, reinterpret_cast<const sockaddr*>(&own), sizeof own), 0);
         EXPECT_EQ(listen(m_listening, 16), 0);
@@ -114,7 +114,8 @@ private:
     }
 
     void take_in() {
-        Pair pair{accept(m_listening, nullptr, nullptr), socket(AF_UNIX, SOCK_STREAM, 0), {}};
+        Pair pair{
+            accept4(m_listening, nullptr, nullptr, SOCK_CLOEXEC), socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), {}};
         const sockaddr_un there = address(QFile::decodeName(host()));
         if (troubled() || connect(pair.server, reinterpret_cast<const sockaddr*>(&there), sizeof there) != 0)
             end(pair);
