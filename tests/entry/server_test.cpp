@@ -8,6 +8,8 @@
 
 #include <optional>
 
+#ifdef Q_OS_LINUX
+
 using namespace entry;
 using namespace base;
 
@@ -137,3 +139,5 @@ TEST_F(OverANetwork, ASaveThatIsCutAnywhereIsThereWholeOrNotAtAllAndTheNextIsRig
     }
     EXPECT_GT(cut, rows_of_a_save);
 }
+
+#endif
