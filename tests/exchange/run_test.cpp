@@ -15,7 +15,7 @@ QString leave(int date, int kind = 3) {
     return u"54|%1|7|%2|公休|0"_s.arg(date).arg(kind);
 }
 std::string stored(int date, int kind = 3) {
-    return "54|7|" + std::to_string(date) + "|" + std::to_string(kind) + "|公休|0||";
+    return std::string("54|7|") + std::to_string(date) + "|" + std::to_string(kind) + "|公休|0||";
 }
 
 class Run : public testing::Test {
