@@ -60,7 +60,7 @@ TEST_F(Run, KeptRowsComeFirstTheOldestFirstAndThenTheFilesByTheirNumbers) {
     EXPECT_TRUE(apply_all());
     std::string expected = stored(20041001, 1);
     for (int day = 2; day <= 5; ++day)
-        expected += "\n" + stored(20041000 + day, day);
+        (expected += '\n') += stored(20041000 + day, day);
     EXPECT_EQ(tree.tables(), expected);
     EXPECT_TRUE(QDir(tree.kept_folder()).isEmpty());
 }
