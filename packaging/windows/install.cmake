@@ -22,7 +22,7 @@ set(fonts /usr/share/fonts/opentype)
 install(FILES ${fonts}/ipafont-mincho/ipam.ttf ${fonts}/ipafont-gothic/ipag.ttf DESTINATION ${program_folder}/fonts)
 
 # The terms of all of it, as the source packages tell them.
-foreach(package libqt6core6 libsqlcipher0 libssl3 libnettle8 libstdc++6 fonts-ipafont-mincho)
+foreach(package libqt6core6 libsqlcipher0 libssl3 libpq5 libnettle8 libstdc++6 fonts-ipafont-mincho)
   install(FILES /usr/share/doc/${package}/copyright DESTINATION ${program_folder}/licenses RENAME ${package}.txt)
 endforeach()
 

@@ -106,7 +106,17 @@ void TurnServer::accept() {
         QObject::connect(socket, &QTcpSocket::readyRead, &m_server, [this, id] { read(id); });
         QObject::connect(socket, &QTcpSocket::disconnected, &m_server, [this, id] { lost(id); });
         carry_out(m_turns.connected(id, address_of(*socket).toLatin1(), now()));
+        hear_what_came_early(id);
     }
+}
+
+/// Windows tells of a client's first words, and of its going, before it was let in: nobody listened then.
+void TurnServer::hear_what_came_early(ClientId id) {
+    if (const auto found = m_sockets.find(id); found != m_sockets.end() && found->second->bytesAvailable() > 0)
+        read(id);
+    if (const auto found = m_sockets.find(id);
+        found != m_sockets.end() && found->second->state() == QAbstractSocket::UnconnectedState)
+        lost(id);
 }
 
 /// The system had no more to give, an open file most of all; the server then stands still until it is told to go on.

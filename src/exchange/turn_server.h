@@ -46,6 +46,7 @@ public:
 
 private:
     void accept();
+    void hear_what_came_early(ClientId id);
     void door_stuck();
     void read(ClientId id);
     void lost(ClientId id);

@@ -35,9 +35,22 @@ std::error_code last_error() {
     return {int(GetLastError()), std::system_category()};
 }
 
+/// What looks at new files (a virus scanner, an index) has them open for a moment, and no such file can be renamed.
+bool renamed_in_time(const QString& from, const QString& to, DWORD flags) {
+    constexpr int tries = 50;
+    constexpr DWORD pause = 20; // milliseconds
+    for (int i = 1; MoveFileExW(wide(from), wide(to), flags) == 0; ++i) {
+        const DWORD failure = GetLastError();
+        if (i == tries || (failure != ERROR_SHARING_VIOLATION && failure != ERROR_ACCESS_DENIED))
+            return false;
+        Sleep(pause);
+    }
+    return true;
+}
+
 std::error_code rename_file(const QString& from, const QString& to, Standing standing) {
     const DWORD flags = MOVEFILE_WRITE_THROUGH | (standing == Standing::GivesWay ? MOVEFILE_REPLACE_EXISTING : 0);
-    if (MoveFileExW(wide(native(from)), wide(native(to)), flags) != 0)
+    if (renamed_in_time(native(from), native(to), flags))
         return {};
     return GetLastError() == ERROR_ALREADY_EXISTS ? std::make_error_code(std::errc::file_exists) : last_error();
 }

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+#ifdef Q_OS_LINUX
+
 using namespace entry;
 using namespace base;
 
@@ -178,3 +180,5 @@ TEST_P(InTrouble, ASaveIsThereWholeOrNotAtAllAndWhatWasTypedStaysAndTheNextIsRig
 INSTANTIATE_TEST_SUITE_P(Of, InTrouble,
     testing::Values(Troubled{support::Trouble::Cut, 1, {}}, Troubled{support::Trouble::Death, 25, {}},
         Troubled{support::Trouble::Silence, 25, " connect_timeout=2 tcp_user_timeout=200"}));
+
+#endif

@@ -15,7 +15,7 @@ QString leave(int date, int kind = 3) {
     return u"54|%1|7|%2|公休|0"_s.arg(date).arg(kind);
 }
 std::string stored(int date, int kind = 3) {
-    return "54|7|" + std::to_string(date) + "|" + std::to_string(kind) + "|公休|0||";
+    return std::string("54|7|") + std::to_string(date) + "|" + std::to_string(kind) + "|公休|0||";
 }
 
 class Run : public testing::Test {
@@ -60,7 +60,7 @@ TEST_F(Run, KeptRowsComeFirstTheOldestFirstAndThenTheFilesByTheirNumbers) {
     EXPECT_TRUE(apply_all());
     std::string expected = stored(20041001, 1);
     for (int day = 2; day <= 5; ++day)
-        expected += "\n" + stored(20041000 + day, day);
+        (expected += '\n') += stored(20041000 + day, day);
     EXPECT_EQ(tree.tables(), expected);
     EXPECT_TRUE(QDir(tree.kept_folder()).isEmpty());
 }

@@ -5,6 +5,8 @@
 #include "exchange_tree.h"
 #include "support/server_proxy.h"
 
+#ifdef Q_OS_LINUX
+
 namespace exchange {
 
 using namespace std::chrono_literals;
@@ -101,3 +103,5 @@ TEST(ManagersOfTwoPcs, CountEveryRowOnce) {
 }
 
 } // namespace exchange
+
+#endif

@@ -7,6 +7,8 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <QThread>
+#include <future>
 #include <gtest/gtest.h>
 
 using namespace base;
@@ -38,6 +40,21 @@ TEST_F(WholeFile, AListThatTheDiskLostTakesNoFileOfTheSetWithIt) {
         EXPECT_EQ(support::bytes_of(path), "the last good one");
         EXPECT_EQ(platform::file_of_set(folder.path(), u"file"_s), path);
     }
+}
+
+TEST_F(WholeFile, IsReplacedAlsoWhereAScannerHasItOpenForAMoment) {
+    platform::replace_file(path, "first", Durability::Cache);
+    std::promise<void> open;
+    auto scanner = std::async(std::launch::async, [&] {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        open.set_value();
+        QThread::msleep(100);
+    });
+    open.get_future().wait();
+    EXPECT_FALSE(platform::replace_file(path, "second", Durability::Cache));
+    scanner.wait();
+    EXPECT_EQ(support::bytes_of(path), "second");
 }
 
 #ifdef Q_OS_LINUX

@@ -168,6 +168,7 @@ TEST_F(OnAServer, ASchemaOfAnotherVersionIsCalledByItsName) {
     }
 }
 
+#ifdef Q_OS_LINUX
 TEST_F(OnAServer, ASilentServerIsGivenUp) {
     support::ServerProxy proxy;
     support::put_bytes(path, bytes_of(ServerPlace{proxy.connection() + " tcp_user_timeout=50", place->schema}));
@@ -176,6 +177,7 @@ TEST_F(OnAServer, ASilentServerIsGivenUp) {
     EXPECT_EQ(code_of([&] { number_from(database, "select count(*) from bangou"); }), Code::Io);
     proxy.stalled = false;
 }
+#endif
 
 TEST_F(OnAServer, ASchemaThatIsThereGetsWhatItLacks) {
     psql(u"drop table \"%1\".bangou; drop index \"%1\".syain_key"_s.arg(place->schema));

@@ -5,6 +5,7 @@
 
 #include "support/data_server.h"
 
+#ifdef Q_OS_LINUX // it stands at the socket in the server's folder
 #include <QTemporaryDir>
 #include <atomic>
 #include <cstring>
@@ -201,3 +202,5 @@ private:
 };
 
 } // namespace support
+
+#endif
