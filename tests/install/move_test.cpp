@@ -221,7 +221,7 @@ TEST_F(MovedCompany, IsWholeOrClosedAfterAMoveWhoseServerIsInTroubleAtAnyMessage
     support::ServerProxy proxy;
     server.replace(support::data_server().split(' ').first(), proxy.connection().split(' ').first());
     for (const auto& [trouble, many, few] :
-        {std::tuple(support::Trouble::Cut, 400, 40), {support::Trouble::Death, 900, 400}})
+        {std::tuple(support::Trouble::Cut, 400, 40), {support::Trouble::Death, 500, 250}})
         expect_whole_or_closed_after_any(
             [&](const QStringList& goal, int n) {
                 proxy.trouble_behind(n, trouble);
