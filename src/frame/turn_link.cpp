@@ -85,8 +85,7 @@ bool TurnLink::サーバー接続開始() {
     m_socket.abort();
     m_socket.connectToHost(m_settings.server_name, m_port);
     const bool granted = wait_for(LinkState::Granted);
-    if (on_waited)
-        on_waited();
+    wait_is_over();
     if (!granted) {
         // First of all: a turn granted while the box stands open would be held by nobody.
         hang_up();
@@ -118,6 +117,7 @@ bool TurnLink::wait_on_server() {
     using clock = std::chrono::steady_clock;
     show(u"●"_s);
     auto failed = qScopeGuard([this] {
+        wait_is_over();
         m_on_server.reset();
         show(QString());
     });
@@ -130,8 +130,7 @@ bool TurnLink::wait_on_server() {
         m_host.yield();
         granted = m_on_server->take_within(pause);
     }
-    if (on_waited)
-        on_waited();
+    wait_is_over();
     if (!granted && !m_given_up)
         status_on_server(); // throws where it is the server that is silent
     failed.dismiss();
@@ -213,6 +212,11 @@ void TurnLink::hang_up() {
     // A turn that the service granted later would be held by nobody.
     m_link_state = LinkState::Idle;
     m_socket.abort();
+}
+
+void TurnLink::wait_is_over() {
+    if (on_waited)
+        on_waited();
 }
 
 void TurnLink::show(const QString& mark) {

@@ -32,7 +32,7 @@ public:
         std::optional<TurnStatus> status;
     };
     std::function<bool(const Waiting&)> on_waiting;
-    std::function<void()> on_waited; ///< the wait is over, before anything is told of how it ended
+    std::function<void()> on_waited; ///< the wait is over, however it ended; before anything is told of that
 
     /// Takes the turn and returns whether this PC may post: also on the main PC (`use_class` 0), which needs no turn.
     /// Waits at most 10 seconds with the interface running, then tells the person that the server can't be reached. A
@@ -54,6 +54,7 @@ private:
     bool goes_on_waiting_on_server(std::chrono::steady_clock::time_point since);
     std::optional<TurnStatus> status_on_server();
     bool goes_on_waiting(std::chrono::steady_clock::time_point since);
+    void wait_is_over();
     void show(const QString& mark);
 
     const base::Settings& m_settings;

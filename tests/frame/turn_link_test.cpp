@@ -191,7 +191,10 @@ TEST_F(TurnLinkTest, WhoWaitsIsToldWhoHasTheTurnAndMayGiveUp) {
             told = wait.status;
             return wait.waited < std::chrono::seconds(5);
         };
+        bool over = false;
+        link->on_waited = [&] { over = true; };
         EXPECT_FALSE(take_turn());
+        EXPECT_TRUE(over);
         EXPECT_NEAR(seconds() - start_of_wait, 5, 0.1);
         EXPECT_EQ(link->link_state(), LinkState::Idle);
         EXPECT_EQ(marks.last(), QString());
