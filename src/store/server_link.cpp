@@ -1,6 +1,7 @@
 #include "store/server_link.h"
 
 #include "base/literals.h"
+#include "store/server_engine.h"
 #include "store/server_sql.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@ using namespace base;
 namespace {
 
 constexpr std::array<unsigned, 6> number_types{20, 21, 23, 700, 701, 1700}; ///< as pg_type numbers them
+constexpr int our_locks = 20060413; ///< tells these locks from those of other programs
 
 } // namespace
 
@@ -104,8 +106,11 @@ QStringList ServerLink::names_of_columns(const QString& table) {
 }
 
 QByteArray ServerLink::lock_of(int which) const {
-    constexpr int ours = 20060413; // tells these locks from those of other programs
-    return QByteArray::number(ours + which) + ", " + QByteArray::number(qint32(m_now->id.toUInt()));
+    return QByteArray::number(our_locks + which) + ", " + QByteArray::number(qint32(m_now->id.toUInt()));
+}
+
+QByteArray ServerLink::makers_lock(const QString& schema) {
+    return QByteArray::number(our_locks - 1) + ", hashtext(" + literal(schema).toUtf8() + ')';
 }
 
 QByteArray ServerLink::write_lock() const {

@@ -47,6 +47,7 @@ public:
 
     /// Class and number of a lock of the schema's: 0 is its write lock.
     QByteArray lock_of(int which) const;
+    static QByteArray makers_lock(const QString& schema); ///< that of whoever makes the schema
     QByteArray write_lock() const; ///< the SQL that takes the schema's write lock until the transaction's end
 
     /// Ends what is left of a transaction, without waiting. False if the connection can't serve another one.

@@ -11,15 +11,21 @@ using namespace base;
 namespace {
 
 /// Who may change tables is a member of rovena_owner; who works with the company's data has rovena_clerk and no other
-/// right.
+/// right. Roles are the whole server's: another database's set-up may make them between the look and the making.
 constexpr auto roles = R"(
 do $$ begin
     if not exists (select from pg_roles where rolname = 'rovena_clerk') then
         create role rovena_clerk nologin;
     end if;
+exception when duplicate_object or unique_violation then null;
+end $$;
+do $$ begin
     if not exists (select from pg_roles where rolname = 'rovena_owner') then
         create role rovena_owner nologin;
     end if;
+exception when duplicate_object or unique_violation then null;
+end $$;
+do $$ begin
     if not pg_has_role(current_user, 'rovena_owner', 'member') then
         execute format('grant rovena_owner to %I', current_user);
     end if;
@@ -90,6 +96,9 @@ std::unique_ptr<Engine> open_on_server(
 
 void create_on_server(const ServerPlace& place, const QString& path, Kind kind,
     const std::function<void(std::unique_ptr<Engine>)>& fill) {
+    // Of two who set up the schema at one moment the second finds it made and filled.
+    ServerLink turn(place.connection, path);
+    turn.pipe.run_script("select pg_advisory_lock(" + ServerLink::makers_lock(place.schema) + ')');
     auto maker = std::make_unique<ServerLink>(place.connection, path);
     if (!make_schema(*maker, place, kind)) {
         renew_schema(*maker, place.schema, kind);

@@ -24,6 +24,8 @@ public:
             m_client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
             QObject::connect(m_client, &QTcpSocket::readyRead, &m_server, [this] { answer(); });
             QObject::connect(m_client, &QTcpSocket::disconnected, &m_server, [this] { disconnected = true; });
+            if (m_client->bytesAvailable() > 0) // Windows told of them before anybody listened
+                answer();
         });
     }
 
@@ -156,21 +158,26 @@ public:
         m_server.listen(QHostAddress::LocalHost);
         QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this, tells] {
             QTcpSocket* client = m_server.nextPendingConnection();
-            QObject::connect(client, &QTcpSocket::readyRead, &m_server, [this, client, tells] {
-                const QByteArray text = client->readAll();
-                if (text != "??")
-                    return void(client->write(text.startsWith("##") ? "your" : "stok"));
-                ++questions;
-                if (tells)
-                    client->write("!!held 10.0.0.7 12345 2\n");
-                client->disconnectFromHost();
-            });
+            QObject::connect(
+                client, &QTcpSocket::readyRead, &m_server, [this, client, tells] { answer(*client, tells); });
+            if (client->bytesAvailable() > 0) // Windows told of them before anybody listened
+                answer(*client, tells);
         });
     }
     quint16 port() const { return m_server.serverPort(); }
     int questions = 0;
 
 private:
+    void answer(QTcpSocket& client, bool tells) {
+        const QByteArray text = client.readAll();
+        if (text != "??")
+            return void(client.write(text.startsWith("##") ? "your" : "stok"));
+        ++questions;
+        if (tells)
+            client.write("!!held 10.0.0.7 12345 2\n");
+        client.disconnectFromHost();
+    }
+
     QTcpServer m_server;
 };
 

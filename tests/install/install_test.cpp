@@ -1,6 +1,7 @@
 #include "install/company.h"
 #include "install/password.h"
 #include "install/tree_settings.h"
+#include "platform/paths.h"
 #include "store/setting_tables.h"
 #include "store/setup.h"
 
@@ -22,6 +23,7 @@ protected:
     QTemporaryDir folder;
     QStringList said;
     const QString bin = qEnvironmentVariable("ROVENA_BIN");
+    const QString rovena = platform::program_file(u"rovena.exe"_s);
 
     Options options(const QString& root = u"root"_s) const {
         Options made;
@@ -225,19 +227,19 @@ TEST_F(InstallTree, BelongsToTheGroupThatItsFolderIsHandedDownTo) {
 
 TEST_F(InstallTree, NamesWhatIsInItsWay) {
     write(u"file"_s, "x");
-    EXPECT_TRUE(refusal(options(u"file"_s)).contains(folder.filePath(u"file"_s)));
+    EXPECT_TRUE(refusal(options(u"file"_s)).contains(platform::native(folder.filePath(u"file"_s))));
     Options no_assets = options();
     no_assets.assets = QStringList{folder.filePath(u"none"_s)};
     EXPECT_TRUE(refusal(no_assets).contains(u"none: no such folder"_s));
-    write(u"bin/rovena"_s, "program");
-    const QString program = settings_of(options()).local_root + u"/rovena100/system/exe/exe/rovena"_s;
+    write(u"bin/"_s + rovena, "program");
+    const QString program = settings_of(options()).local_root + u"/rovena100/system/exe/exe/"_s + rovena;
     QDir().mkpath(program + u"/held"_s);
-    EXPECT_TRUE(refusal(options()).contains(program));
+    EXPECT_TRUE(refusal(options()).contains(platform::native(program)));
 }
 
 TEST_F(InstallTree, PutsWhatTheProgramsNeedBesideEachOfThem) {
-    write(u"bin/rovena"_s, "program");
-    write(u"bin/jyunban"_s, "program");
+    write(u"bin/"_s + rovena, "program");
+    write(u"bin/"_s + platform::program_file(u"jyunban.exe"_s), "program");
     write(u"bin/Qt6Core.dll"_s, "library");
     write(u"bin/plugins/platforms/qwindows.dll"_s, "plugin");
     write(u"bin/licenses/a.txt"_s, "terms");
@@ -250,27 +252,27 @@ TEST_F(InstallTree, PutsWhatTheProgramsNeedBesideEachOfThem) {
 }
 
 TEST_F(InstallTree, BringsProgramsAndAssetsUpToDateOnEachRun) {
-    write(u"bin/rovena"_s, "old");
+    write(u"bin/"_s + rovena, "old");
     write(u"art/botan/top_ent.BMP"_s, "picture ");
     write(u"art/splash.bmp"_s, "splash ");
     write(u"pages/help/img/a.png"_s, "page");
-    QFile::setPermissions(folder.filePath(u"bin/rovena"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(folder.filePath(u"bin/"_s + rovena), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     Options with_assets = options();
     with_assets.assets = QStringList{QDir().relativeFilePath(folder.filePath(u"art"_s)), folder.filePath(u"pages"_s)};
     const QString product = run(with_assets).local_root + u"/rovena100/"_s;
-    EXPECT_TRUE(said.contains(u"no jyusinkanri beside this program"_s));
+    EXPECT_TRUE(said.contains(u"no "_s + platform::program_file(u"jyusinkanri.exe"_s) + u" beside this program"_s));
     EXPECT_EQ(support::bytes_of(product + u"system/pic/botan/top_ent.BMP"_s) +
                   support::bytes_of(product + u"system/pic/splash.bmp"_s) +
                   support::bytes_of(product + u"help/img/a.png"_s),
         "picture splash page");
-    EXPECT_TRUE(QFileInfo(product + u"system/exe/exe/rovena"_s).isExecutable());
+    EXPECT_TRUE(QFileInfo(product + u"system/exe/exe/"_s + rovena).isExecutable());
 
-    write(u"bin/rovena"_s, "new");
+    write(u"bin/"_s + rovena, "new");
     write(u"art/botan/top_ent.BMP"_s, "better");
     run(with_assets);
-    EXPECT_EQ(support::bytes_of(product + u"system/exe/exe/rovena"_s), "new");
+    EXPECT_EQ(support::bytes_of(product + u"system/exe/exe/"_s + rovena), "new");
     EXPECT_EQ(support::bytes_of(product + u"system/pic/botan/top_ent.BMP"_s), "better");
-    EXPECT_EQ(QDir(product + u"system/exe/exe"_s).entryList(QDir::Files), QStringList{u"rovena"_s});
+    EXPECT_EQ(QDir(product + u"system/exe/exe"_s).entryList(QDir::Files), QStringList{rovena});
 }
 
 } // namespace install

@@ -1,4 +1,5 @@
 #include "reports/company.h"
+#include "platform/paths.h"
 #include "reports/csv.h"
 #include "support/disk.h"
 #include "support/report_sheets.h"
@@ -32,7 +33,7 @@ TEST_F(Csv, HoldsHeadingsAndAllRowsWithoutHiddenColumnsAndCommas) {
     EXPECT_EQ(support::bytes_of(path), expected);
     EXPECT_EQ(statuses, (QStringList{u"出力開始"_s, u"出力終了"_s}));
     EXPECT_TRUE(host.shown.empty());
-    EXPECT_EQ(tables.設定読込(u"losystem"_s, u"H_ph_exp_5"_s), tree.folder.path());
+    EXPECT_EQ(tables.設定読込(u"losystem"_s, u"H_ph_exp_5"_s), platform::native(tree.folder.path()));
     EXPECT_EQ(host.dialogs[0].name, u"表,題_小.csv"_s);
     report.midasi = {u"明細  2026年 10月"_s, u"【7】佐藤"_s};
     EXPECT_EQ(csv_name(report, {}), u"明細_2026年 10月_7佐藤"_s);

@@ -192,6 +192,30 @@ TEST_F(OnAServer, ASchemaThatIsThereGetsWhatItLacks) {
     psql(u"drop schema comsys cascade"_s);
 }
 
+TEST_F(OnAServer, WhoSetsItUpAtTheSameMomentFindsItMade) {
+    support::put_bytes(tree.folder.filePath(u"data-server"_s), place->connection + '\n');
+    std::atomic<int> filled = 0, refused = 0;
+    std::vector<std::jthread> people;
+    for (const QString& pc : {u"a/comsys.mdb"_s, u"b/comsys.mdb"_s, u"c/comsys.mdb"_s, u"d/comsys.mdb"_s})
+        people.emplace_back([&, own = tree.folder.filePath(pc)] {
+            try {
+                QDir().mkpath(QFileInfo(own).path());
+                Database::create(own, Kind::Comsys, [&](Database& made) {
+                    ++filled;
+                    made.exec("insert into bangou values ('of all', 1)");
+                });
+            } catch (const Error&) {
+                ++refused;
+            }
+        });
+    people.clear();
+    EXPECT_EQ(refused, 0);
+    EXPECT_EQ(filled, 1);
+    Database database = Database::open(tree.folder.filePath(u"d/comsys.mdb"_s), Kind::Comsys);
+    EXPECT_EQ(number_from(database, "select count(*) from bangou"), 1);
+    psql(u"drop schema comsys cascade"_s);
+}
+
 TEST_F(OnAServer, AnOldConnectionThatWasCutGivesWayToANewOne) {
     cut_all_connections();
     Database database = Database::open(path, Kind::Comsys);

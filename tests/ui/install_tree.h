@@ -7,6 +7,8 @@
 #include "store/test_tree.h"
 #include "support/fake_host.h"
 
+#include <filesystem>
+
 /// Whether the product has started on the data before.
 enum class Started { Never, Before };
 
@@ -16,8 +18,8 @@ struct InstallTree : TestTree {
         settings.install_drive = folder.path();
         if (started == Started::Before)
             store::初期セットアップ(settings)->stand();
-        QDir().mkpath(QFileInfo(pictures).path());
-        QFile::link(QStringLiteral(ROVENA_ARTWORK), pictures);
+        QDir().mkpath(pictures);
+        std::filesystem::copy(ROVENA_ARTWORK, pictures.toStdU16String(), std::filesystem::copy_options::recursive);
     }
     store::Database rovdata() const {
         return store::Database::open(store::rovdata_path(settings), store::Kind::Rovdata);

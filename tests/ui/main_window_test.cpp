@@ -108,6 +108,6 @@ TEST_F(MainWindowTest, AStartThatCantGoOnEndsAndSaysWhy) {
     tables.設定書込(u"losystem"_s, u"サーバーＰＣ"_s, u"\\\\main\\rovena"_s);
     refused(0);
     tables.設定書込(u"losystem"_s, u"サーバーＰＣ"_s, QString());
-    QFile::remove(pictures);
+    QDir(pictures).removeRecursively();
     EXPECT_TRUE(refused(1).contains(u"splash.bmp"_s));
 }
