@@ -9,7 +9,10 @@
 #include "support/stored.h"
 #include "test_tree.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
+#include <vector>
 
 using namespace base;
 using namespace store;
