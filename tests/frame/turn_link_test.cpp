@@ -4,9 +4,12 @@
 #include "support/fake_host.h"
 
 #include <QEventLoop>
+#include <QSemaphore>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <atomic>
 #include <gtest/gtest.h>
+#include <thread>
 
 using namespace base;
 using frame::LinkState;
@@ -154,20 +157,32 @@ TEST_F(TurnLinkTest, AServiceSilentForTenSecondsOrAbsentFailsTheLinkUntilTheNext
 /// A service where another PC has the turn. It may be too old to know the question for who that is.
 class BusyService {
 public:
-    explicit BusyService(bool tells) {
-        m_server.listen(QHostAddress::LocalHost);
-        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this, tells] {
-            QTcpSocket* client = m_server.nextPendingConnection();
+    explicit BusyService(bool tells) : m_thread([this, tells] { serve(tells); }) { m_listening.acquire(); }
+    ~BusyService() {
+        QMetaObject::invokeMethod(m_loop, &QEventLoop::quit, Qt::QueuedConnection);
+        m_thread.join();
+    }
+    quint16 port() const { return m_port; }
+    std::atomic<int> questions = 0;
+
+private:
+    /// In a thread of its own, as a service is a program of its own: what comes and goes there wakes nobody here.
+    void serve(bool tells) {
+        QEventLoop loop;
+        m_loop = &loop;
+        QTcpServer server;
+        server.listen(QHostAddress::LocalHost);
+        QObject::connect(&server, &QTcpServer::newConnection, &server, [this, &server, tells] {
+            QTcpSocket* client = server.nextPendingConnection();
             QObject::connect(
-                client, &QTcpSocket::readyRead, &m_server, [this, client, tells] { answer(*client, tells); });
+                client, &QTcpSocket::readyRead, &server, [this, client, tells] { answer(*client, tells); });
             if (client->bytesAvailable() > 0) // Windows told of them before anybody listened
                 answer(*client, tells);
         });
+        m_port = server.serverPort();
+        m_listening.release();
+        loop.exec();
     }
-    quint16 port() const { return m_server.serverPort(); }
-    int questions = 0;
-
-private:
     void answer(QTcpSocket& client, bool tells) {
         const QByteArray text = client.readAll();
         if (text != "??")
@@ -178,7 +193,10 @@ private:
         client.disconnectFromHost();
     }
 
-    QTcpServer m_server;
+    QEventLoop* m_loop = nullptr;
+    quint16 m_port = 0;
+    QSemaphore m_listening;
+    std::thread m_thread;
 };
 
 TEST_F(TurnLinkTest, WhoWaitsIsToldWhoHasTheTurnAndMayGiveUp) {
