@@ -1,5 +1,6 @@
 #include "ui/main_window.h"
 
+#include "platform/paths.h"
 #include "support/stored.h"
 #include "ui/install_tree.h"
 #include "ui/pages/backup_panel.h"
@@ -102,7 +103,7 @@ TEST_F(MainWindowTest, AStartThatCantGoOnEndsAndSaysWhy) {
         EXPECT_TRUE(refused(1).contains(u"復元中"_s));
     }
     support::put_bytes(damaged, QByteArray(9000, 'x'));
-    EXPECT_TRUE(refused(1).contains(damaged));
+    EXPECT_TRUE(refused(1).contains(platform::native(damaged)));
     support::put_bytes(damaged, whole);
     host.share = [](const QString&, const QString&, const QString&) { return false; };
     tables.設定書込(u"losystem"_s, u"サーバーＰＣ"_s, u"\\\\main\\rovena"_s);

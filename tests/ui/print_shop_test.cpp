@@ -20,11 +20,9 @@ using reports::Printed;
 
 namespace {
 
-/// What a program of poppler-utils says of a file, which is handed to it open: under Wine it knows no drives.
-QString output_of(const QString& program, const QString& pdf, const QStringList& arguments = {u"-"_s}) {
+QString output_of(const QString& program, const QStringList& arguments) {
     QProcess process;
-    process.setStandardInputFile(pdf);
-    process.start(u"/usr/bin/"_s + program, arguments);
+    process.start(program, arguments);
     EXPECT_TRUE(process.waitForFinished()) << program.toStdString() << " of poppler-utils";
     return QString::fromUtf8(process.readAllStandardOutput());
 }
@@ -39,7 +37,7 @@ struct Word {
 QList<Word> words(const QString& pdf) {
     static const QRegularExpression pattern(u"<word xMin=\"(.*?)\" yMin=\"(.*?)\".*?>(.*?)</word>"_s);
     QList<Word> found;
-    for (const auto& match : pattern.globalMatch(output_of(u"pdftotext"_s, pdf, {u"-bbox"_s, u"-"_s, u"-"_s})))
+    for (const auto& match : pattern.globalMatch(output_of(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s})))
         found << Word{match.captured(3), match.captured(1).toDouble() / points_per_mm,
             match.captured(2).toDouble() / points_per_mm};
     return found;
@@ -57,6 +55,9 @@ struct PrintShop : ::testing::Test {
 } // namespace
 
 TEST_F(PrintShop, TextsStandOnThePaperWhereTheLayoutPutThem) {
+#ifdef Q_OS_WIN
+    GTEST_SKIP() << "no poppler-utils there, which read the files";
+#endif
     struct Case {
         reports::Report report;
         int pages;
@@ -75,11 +76,11 @@ TEST_F(PrintShop, TextsStandOnThePaperWhereTheLayoutPutThem) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.report.midasi[0].toStdString());
         ASSERT_EQ(print(c.report), Printed::Yes);
-        const QString info = output_of(u"pdfinfo"_s, last_file());
+        const QString info = output_of(u"pdfinfo"_s, {last_file()});
         EXPECT_TRUE(info.contains(QRegularExpression(u"Pages: +%1\n"_s.arg(c.pages)))) << info.toStdString();
         EXPECT_TRUE(info.contains(u"%1 x %2 pts"_s.arg(c.paper.width()).arg(c.paper.height()))) << info.toStdString();
         EXPECT_TRUE(info.contains(u"ＭＥＲＩＤＡＮ　業務帳票"_s));
-        const QString fonts = output_of(u"pdffonts"_s, last_file());
+        const QString fonts = output_of(u"pdffonts"_s, {last_file()});
         EXPECT_TRUE(fonts.contains(QRegularExpression(u"Mincho.* yes "_s))) << fonts.toStdString();
         EXPECT_EQ(fonts.count(u'\n'), 3) << "one font\n" << fonts.toStdString();
         const QList<Word> there = words(last_file());
@@ -125,7 +126,8 @@ TEST_F(PrintShop, AFolderThatCantBeWrittenIsTold) {
     ASSERT_EQ(pc.host.shown.size(), 1u);
     EXPECT_EQ(pc.host.shown[0].text,
         u"ＰＤＦファイルを書き込めません。\nフォルダーを作れません。\n%1/勤務種類一覧表_20041005_090000.pdf"_s.arg(
-            place));
+            place)
+            .replace(u'/', QDir::separator()));
     EXPECT_TRUE(pc.host.opened.isEmpty());
 }
 
