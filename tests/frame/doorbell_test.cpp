@@ -6,9 +6,8 @@
 
 #include <QEventLoop>
 #include <QTemporaryDir>
-#include <QThread>
 #include <gtest/gtest.h>
-#include <memory>
+#include <thread>
 
 using namespace base;
 using namespace std::chrono_literals;
@@ -19,11 +18,13 @@ namespace {
 /// Starts on a thread of its own, so that whoever is there before can answer; whether it goes on.
 bool goes_on(const QString& folder) {
     bool on = false;
-    const std::unique_ptr<QThread> start(QThread::create([&] { on = Doorbell(folder, u"rovena"_s).comes_in(60s); }));
     QEventLoop events;
-    QObject::connect(start.get(), &QThread::finished, &events, &QEventLoop::quit);
-    start->start();
+    std::thread start([&] {
+        on = Doorbell(folder, u"rovena"_s).comes_in(60s);
+        QMetaObject::invokeMethod(&events, &QEventLoop::quit, Qt::QueuedConnection);
+    });
     events.exec();
+    start.join();
     return on;
 }
 
