@@ -1,6 +1,7 @@
 #include "platform/from_cp932.h"
 
 #ifdef Q_OS_WIN
+#include <algorithm>
 #include <windows.h>
 #else
 #include <array>
@@ -18,6 +19,9 @@ QString from_cp932(QByteArrayView bytes) {
     const int size = MultiByteToWideChar(code_page, 0, bytes.data(), int(bytes.size()), nullptr, 0);
     QString text(size, Qt::Uninitialized);
     MultiByteToWideChar(code_page, 0, bytes.data(), int(bytes.size()), reinterpret_cast<wchar_t*>(text.data()), size);
+    // Windows has letters of its own for bytes that are no character.
+    const auto is_none = [](QChar letter) { return letter >= u'\uf8f0' && letter <= u'\uf8f3'; };
+    std::ranges::replace_if(text, is_none, QChar(QChar::ReplacementCharacter));
     return text;
 }
 

@@ -4,6 +4,7 @@
 #include "frame/drive_tree.h"
 #include "frame/http_fetch.h"
 #include "frame/news.h"
+#include "platform/paths.h"
 #include "support/fake_host.h"
 #include "support/http_server.h"
 #include "support/stored.h"
@@ -65,7 +66,7 @@ protected:
 
     DriveTree tree;
     base::Settings& settings = tree.settings;
-    const QString folder = settings.local_root + u"/rovena100/data/trn/info/"_s;
+    const QString folder = platform::portable(settings.local_root) + u"/rovena100/data/trn/info/"_s;
     const QString news_file = folder + u"intinfrov.dat"_s;
     support::FakeHost host;
     store::SettingTables tables{settings};
