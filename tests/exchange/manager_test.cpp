@@ -1,6 +1,7 @@
 #include "exchange/run.h"
 #include "exchange_tree.h"
 #include "frame/error_list.h"
+#include "platform/paths.h"
 #include "support/disk.h"
 
 #include <QRegularExpression>
@@ -64,7 +65,7 @@ TEST_F(Manager, EndsWithStatus1AndALineWhereTheTablesAreMissingOrItsLockCannotBe
     QFile::remove(lock);
     QDir().mkpath(lock); // what can't be opened by whomever
     EXPECT_EQ(run(), 1);
-    EXPECT_TRUE(error_lines().contains(lock)) << error_lines().toStdString();
+    EXPECT_TRUE(error_lines().contains(platform::native(lock))) << error_lines().toStdString();
     QDir().rmdir(lock);
     EXPECT_EQ(run(), 0);
     EXPECT_EQ(tree.tables(), "54|7|20041001|3|公休|0||");
