@@ -42,5 +42,5 @@ INSTANTIATE_TEST_SUITE_P(Road, OfANewCompany, testing::Values("new-company", "fi
 INSTANTIATE_TEST_SUITE_P(Road, OfACompanyAtWork,
     testing::Values("company", "corrected-day", "saved-twice", "top-button", "left-in-the-middle", "as-left", "search",
         "failed-save", "boxes", "report-conditions", "sizes", "masters", "settings", "drafts", "typed-month",
-        "recorder", "overview"),
+        "recorder", "overview", "speed"),
     name);

@@ -7,6 +7,7 @@
 #include "support/stored.h"
 #include "ui/paper/print_shop.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 namespace e2e {
@@ -188,6 +189,8 @@ const QMap<QString, Walker::Act> Walker::acts{
 
 void Walker::walk(const QString& road, const QStringList& arguments) {
     for (const Step& step : steps_of(road, arguments)) {
+        QElapsedTimer clock;
+        clock.start();
         try {
             if (!m_program)
                 start();
@@ -196,6 +199,7 @@ void Walker::walk(const QString& road, const QStringList& arguments) {
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // as between a person's acts
             if (step.act != u"await")
                 demand_none(m_boxes.faults());
+            walked(step, std::chrono::milliseconds(clock.elapsed()));
         } catch (const RoadError& error) {
             throw RoadError(u"%1: %2 %3\n  %4"_s.arg(
                 step.place, step.act, step.words.join(u" | "_s), QString::fromUtf8(error.what())));

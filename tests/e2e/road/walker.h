@@ -10,6 +10,8 @@
 #include "ui/program.h"
 
 #include <QMap>
+#include <chrono>
+#include <functional>
 #include <optional>
 
 namespace e2e {
@@ -21,6 +23,9 @@ public:
 
     /// In the road's steps $1 stands for the first of the arguments, and so on.
     void walk(const QString& road, const QStringList& arguments = {});
+
+    /// Told after each step how long it took; the start of the program is the first one's.
+    std::function<void(const Step&, std::chrono::milliseconds)> walked = [](const Step&, std::chrono::milliseconds) {};
 
 private:
     using Act = void (*)(Walker& at, const Step& step);
