@@ -279,22 +279,26 @@ FunctionEnd
   ${EndIf}
 !macroend
 
+; The screen is a person's to close. The service, which only its own installation stops, goes on where that isn't done.
 !macro Closing UN
 Function ${UN}WaitUntilClosed
-  nsExec::Exec 'sc stop ${SERVICE}'
-  Pop $0
+  ${Do}
+    !insertmacro SeeOpen "$Root\${TREE}\rovena100\system\exe\exe\rovena.exe"
+    ${If} $0 == ""
+      ${Break}
+    ${EndIf}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${TITLE}が動いています。閉じてから [再試行] を押してください。" /SD IDCANCEL IDRETRY look_again
+    SetErrorLevel ${STILL_OPEN}
+    Quit
+    look_again:
+  ${Loop}
+  ${If} $Scope == machine
+    nsExec::Exec 'sc stop ${SERVICE}'
+    Pop $0
+  ${EndIf}
   StrCpy $2 0
   ${Do}
     !insertmacro SeeOpen "$INSTDIR\jyunban.exe"
-    ${If} $0 == ""
-    ${OrIf} $2 > 60
-      ${Break}
-    ${EndIf}
-    Sleep 500
-    IntOp $2 $2 + 1
-  ${Loop}
-  ${Do}
-    !insertmacro SeeOpen "$Root\${TREE}\rovena100\system\exe\exe\rovena.exe"
     ${If} $0 == ""
       !insertmacro SeeOpen "$Root\${TREE}\comdata\exe\exe\jyusinkanri.exe"
     ${EndIf}
@@ -304,10 +308,19 @@ Function ${UN}WaitUntilClosed
     ${If} $0 == ""
       ${Break}
     ${EndIf}
-    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${TITLE}が動いています。閉じてから [再試行] を押してください。" /SD IDCANCEL IDRETRY again
+    IntOp $2 $2 + 1
+    ${If} $2 < 60
+      Sleep 500
+      ${Continue}
+    ${EndIf}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "保存した内容を反映するプログラムがまだ動いています。少し待ってから [再試行] を押してください。" /SD IDCANCEL IDRETRY wait_again
+    ${If} $Scope == machine
+      nsExec::Exec 'sc start ${SERVICE}'
+      Pop $0
+    ${EndIf}
     SetErrorLevel ${STILL_OPEN}
     Quit
-    again:
+    wait_again:
   ${Loop}
 FunctionEnd
 !macroend
