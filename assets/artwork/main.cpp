@@ -34,6 +34,7 @@ void write_icons(const QDir& folder) {
     QList<QImage> sizes;
     for (const int side : {16, 20, 24, 32, 40, 48, 64, 256})
         sizes << paint_program_icon(side);
+    write(paint_installer_side(), folder, QStringLiteral("installer.bmp"), "BMP");
     QFile icon(folder.filePath(QStringLiteral("rovena.ico")));
     if (const QByteArray bytes = icon_file(sizes);
         !icon.open(QIODevice::WriteOnly) || icon.write(bytes) != bytes.size() || !icon.flush())

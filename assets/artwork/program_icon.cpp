@@ -59,4 +59,21 @@ QImage paint_program_icon(int side) {
     return picture;
 }
 
+QImage paint_installer_side() {
+    constexpr int width = 164, height = 314, side = 96;
+    QImage picture(width, height, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QLinearGradient sky(0, 0, width, height);
+    sky.setColorAt(0, QColor(0xee, 0xee, 0xff));
+    sky.setColorAt(1, QColor(0xc8, 0xc8, 0xff));
+    painter.fillRect(picture.rect(), sky);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, 110));
+    painter.drawEllipse(QPointF(width, height), 120, 120);
+    painter.drawEllipse(QPointF(width, height), 84, 84);
+    painter.drawImage((width - side) / 2, 62, paint_program_icon(side));
+    return picture;
+}
+
 } // namespace artwork

@@ -42,6 +42,7 @@ VIAddVersionKey /LANG=1041 "ProductVersion" "${VERSION}"
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${SIDE}"
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TEXT "このパソコンに${TITLE} ${VERSION}を入れます。$\r$\n$\r$\nすでに入っているときは新しい版になり、会社のデータはそのまま残ります。先に${TITLE}の画面を閉じてください。$\r$\n$\r$\n[次へ] を押すと続けます。"
 !define MUI_FINISHPAGE_RUN

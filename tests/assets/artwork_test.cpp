@@ -87,6 +87,7 @@ TEST_F(Artwork, TheCornersOfATopButtonVanishInTheBand) {
 TEST_F(Artwork, SplashAndIconAreThereInTheirSizes) {
     EXPECT_EQ(picture(QStringLiteral("splash.bmp")).size(), QSize(960, 540));
     EXPECT_EQ(picture(QStringLiteral("icon/rovena.png")).size(), QSize(256, 256));
+    EXPECT_EQ(picture(QStringLiteral("icon/installer.bmp")).size(), QSize(164, 314));
     for (const int side : {128, 64, 48})
         EXPECT_EQ(picture(QStringLiteral("icon/rovena-%1.png").arg(side)).size(), QSize(side, side));
 }
