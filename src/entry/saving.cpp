@@ -80,7 +80,8 @@ Saved post_in_turn(frame::Session& session, const QSet<int>& months, const RowsN
     const auto closed = [&](int month) { return is_closed(session, month); };
     if (!turn.granted() || std::ranges::any_of(months, closed))
         return Saved::Nothing;
-    if (is_main_pc(session.settings) && manager_at_work(session)) {
+    // On a server whoever applies may need this very turn to come to an end.
+    if (!session.link.is_on_server() && is_main_pc(session.settings) && manager_at_work(session)) {
         session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);
         return Saved::Nothing;
     }

@@ -44,6 +44,9 @@ public:
 
     LinkState link_state() const { return m_link_state; }
 
+    /// Whether the turn that is held, or waited for, is a data server's.
+    bool is_on_server() const { return m_on_server != nullptr; }
+
 private:
     void introduce();
     void reply_arrived();

@@ -111,7 +111,11 @@ void copy_table(Database& from, Database& to, Kind kind, const QString& table) {
 
 class ServerHolding final : public Holding {
 public:
-    ServerHolding(Database database, Kind kind) : m_kind(kind), m_database(std::move(database)), m_alone(m_database) {}
+    /// It is held still for as long as others are worked on: a dump of a large company takes its time.
+    ServerHolding(Database database, Kind kind) : m_kind(kind), m_database(std::move(database)), m_alone(m_database) {
+        m_database.expect_much();
+        stay();
+    }
 
     RowCounts rows() override;
     qint64 spare_pages() override { return 0; }
@@ -122,6 +126,8 @@ public:
     void rename_schemas(const NewNames& names) override;
 
 private:
+    void stay() { m_database.exec("set local idle_in_transaction_session_timeout=0"); }
+
     Kind m_kind;
     Database m_database;
     std::optional<Transaction> m_alone;
@@ -150,6 +156,7 @@ void ServerHolding::take_over(const QString& copy) {
     copy_rows(source, m_database, m_kind);
     m_alone->commit();
     m_alone.emplace(m_database);
+    stay();
 }
 
 void ServerHolding::rename_schemas(const NewNames& names) {

@@ -61,13 +61,11 @@ bool is_good(ExecStatusType status) {
 } // namespace
 
 void check_connection_words(const QByteArray& words) {
-    char* given = nullptr;
-    const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(words.constData(), &given));
-    const std::unique_ptr<char, decltype(&PQfreemem)> trouble(given, PQfreemem);
-    if (!options)
-        throw std::runtime_error("the data server's words: " + std::string(trouble ? trouble.get() : "no memory"));
+    const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(words.constData(), nullptr));
+    if (!options) // libpq would repeat what it doesn't understand, which may be a password
+        throw std::runtime_error("the data server's words can't be read: they are libpq's, as host=... dbname=...");
     for (const PQconninfoOption* option = options.get(); option->keyword; ++option)
-        if (QByteArrayView(option->keyword) == "password" && option->val)
+        if (QByteArrayView(option->keyword).endsWith("password") && option->val)
             throw std::runtime_error("a password belongs into libpq's password file, not here");
 }
 

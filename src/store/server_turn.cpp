@@ -16,7 +16,7 @@ namespace {
 constexpr auto take_words =
     "select set_config('lock_timeout', '0', false), pg_advisory_lock(%1), set_config('application_name',"
     " $1 || ' ' || extract(epoch from clock_timestamp())::bigint, false),"
-    " set_config('idle_session_timeout', '30s', false), set_config('lock_timeout', '5000', false)";
+    " set_config('idle_session_timeout', '%2', false), set_config('lock_timeout', '5000', false)";
 constexpr auto holder_words = "select application_name, extract(epoch from clock_timestamp())::bigint"
                               " from pg_locks join pg_stat_activity using (pid)"
                               " where locktype = 'advisory' and granted and (classid::bigint, objid::bigint) = (%1)";
@@ -31,8 +31,8 @@ public:
     std::optional<Holder> holder() override;
 
 private:
-    QByteArray with_lock(const char* words, const ServerLink& link) const {
-        return QByteArray(words).replace("%1", link.lock_of(m_what == TurnFor::Posting ? 0 : 1));
+    QByteArray with_lock(QByteArray words, const ServerLink& link) const {
+        return words.replace("%1", link.lock_of(m_what == TurnFor::Posting ? 0 : 1));
     }
     void ask();
     void give_back_turn() noexcept;
@@ -49,7 +49,9 @@ void TurnOnServer::ask() {
     m_link = take_link(m_place, m_path);
     ServerPipe& pipe = m_link->pipe;
     const QByteArray pc = "rovena " + QSysInfo::machineHostName().left(40).toUtf8();
-    m_asked = pipe.say(with_lock(take_words, *m_link), {pc.constData()});
+    // Whoever applies is still for as long as that takes; whoever posts has stopped if he is.
+    const QByteArray words = QByteArray(take_words).replace("%2", m_what == TurnFor::Posting ? "30s" : "0");
+    m_asked = pipe.say(with_lock(words, *m_link), {pc.constData()});
     pipe.part();
     pipe.send();
 }

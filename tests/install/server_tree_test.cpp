@@ -74,6 +74,7 @@ TEST_F(ServerTree, IsRefusedWithAPasswordOrOtherWordsOrWhereACompanyLiesInFiles)
         EXPECT_FALSE(QFileInfo::exists(rovdata_path(settings_of(bad))));
     };
     refused(u"host=db password=secret"_s);
+    refused(u"host=db sslpassword=secret"_s);
     refused(u"postgresql://u:secret@db/x"_s);
     refused(u"hst=db"_s);
     if (support::data_server().isEmpty()) {
