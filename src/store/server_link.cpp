@@ -48,9 +48,9 @@ void ServerLink::serve(const QString& schema, const QString& path) {
 ServerLink::Known ServerLink::known(const QString& schema) {
     m_now.reset();
     const QByteArray name = schema.toUtf8();
-    const Result found = pipe.hear(
-        pipe.say("select oid, obj_description(oid, 'pg_namespace'), has_schema_privilege(oid, 'usage')"
-                 " from pg_namespace where nspname = $1",
+    const Result found =
+        pipe.hear(pipe.say("select oid, obj_description(oid, 'pg_namespace'), has_schema_privilege(oid, 'usage')"
+                           " from pg_namespace where nspname = $1",
             {name.constData()}));
     if (PQntuples(found.get()) == 0)
         throw Error(Code::Missing, pipe.path, {}, schema);

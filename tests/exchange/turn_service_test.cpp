@@ -44,9 +44,10 @@ protected:
     QString make_manager() const {
 #ifdef Q_OS_WIN
         const QString manager = in(u"manager.cmd"_s);
-        support::put_bytes(manager, "@cd /d \"" + QDir::toNativeSeparators(folder.path()).toUtf8() +
-                                        "\"\r\n@if exist running echo together>>faults\r\n@mkdir running\r\n@echo %*>>runs\r\n"
-                                        "@rmdir running\r\n");
+        support::put_bytes(
+            manager, "@cd /d \"" + QDir::toNativeSeparators(folder.path()).toUtf8() +
+                         "\"\r\n@if exist running echo together>>faults\r\n@mkdir running\r\n@echo %*>>runs\r\n"
+                         "@rmdir running\r\n");
 #else
         const QString manager = in(u"manager"_s);
         support::put_bytes(
@@ -162,7 +163,8 @@ TEST_F(TurnService, HundredPolitePCsGetTheirTurnsAmongHundredRudeOnes) {
             held_while_applying += QDir(in(u"running"_s)).exists();
         };
     }
-    EXPECT_TRUE(wait_until([&] { return std::ranges::all_of(polite, [](const auto& client) { return client->done; }); }));
+    EXPECT_TRUE(
+        wait_until([&] { return std::ranges::all_of(polite, [](const auto& client) { return client->done; }); }));
     const auto parted_from = [this] { return log().count(u"切断します"_s) + log().count(u"切断されました"_s); };
     EXPECT_TRUE(wait_until([&] { return parted_from() >= 100; })) << "Windows doesn't tell all of the rude ones";
     EXPECT_EQ(most_holders, 1);

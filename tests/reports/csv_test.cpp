@@ -1,5 +1,5 @@
-#include "reports/company.h"
 #include "platform/paths.h"
+#include "reports/company.h"
 #include "reports/csv.h"
 #include "support/disk.h"
 #include "support/report_sheets.h"

@@ -125,8 +125,8 @@ TEST_F(PrintShop, AFolderThatCantBeWrittenIsTold) {
     EXPECT_EQ(print(work_category_list()), Printed::Failed);
     ASSERT_EQ(pc.host.shown.size(), 1u);
     EXPECT_EQ(pc.host.shown[0].text,
-        u"ＰＤＦファイルを書き込めません。\nフォルダーを作れません。\n%1/勤務種類一覧表_20041005_090000.pdf"_s.arg(
-            place)
+        u"ＰＤＦファイルを書き込めません。\nフォルダーを作れません。\n%1/勤務種類一覧表_20041005_090000.pdf"_s
+            .arg(place)
             .replace(u'/', QDir::separator()));
     EXPECT_TRUE(pc.host.opened.isEmpty());
 }

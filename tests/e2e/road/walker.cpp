@@ -300,7 +300,8 @@ void Walker::restore() {
     install({m_root});
     install({u"restore"_s, backup, m_root});
     start();
-    demand(platform::portable(settings().server_root).startsWith(m_root), u"the restored program works on other data"_s);
+    demand(
+        platform::portable(settings().server_root).startsWith(m_root), u"the restored program works on other data"_s);
 }
 
 } // namespace e2e
