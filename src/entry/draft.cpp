@@ -86,8 +86,8 @@ QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, con
     for (int r = row::first_day; r <= sheet.month.length(); ++r) {
         const TypedDay now = typed_day(sheet, r);
         const auto as_posted = posted.find(r);
-        const bool stands_as_posted = as_posted != posted.end() && *as_posted == now;
-        const TypedDay& before = as_posted == posted.end() || stands_as_posted ? read[r] : *as_posted;
+        const bool stands_as_posted = as_posted != posted.end() && as_posted->typed == now;
+        const TypedDay& before = as_posted == posted.end() || stands_as_posted ? read[r] : as_posted->typed;
         if (stands_as_posted || (now != before && !only_stamped(sheet.kind_without_work, before, now)))
             days << DraftDay{sheet.month.day(r), before, now, break_from(sheet, r, before), Val(sheet.mark(r)) == 2,
                 stands_as_posted};
@@ -97,7 +97,8 @@ QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, con
 
 QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
     const MonthAsRead read = month_as_read(sheet); // the first day laid stamps the others
-    const Merge merged = merge(sheet.month, draft.days, read, sheet.kind_without_work);
+    const Merge merged =
+        merge(sheet.month, draft.days, read, sheet.kind_without_work, figures_of_others(draft.days, sheet));
     for (const DraftDay& day : merged.laid)
         if (const int r = sheet.month.row(day.date); stored_alike(day.typed, read[r]))
             lay_hours(sheet, r, day.hours);

@@ -39,7 +39,7 @@ bool stored_alike(const TypedDay& a, const TypedDay& b);
 using MonthAsRead = std::array<TypedDay, row::total>;
 MonthAsRead month_as_read(const MonthSheet& sheet);
 
-/// Figures typed over by hand, by tag: "勤務" for the work time, a category's number for its hours.
+/// Figures of a day by tag: "勤務" for the work time, a category's number for its hours.
 using Hours = QMap<QString, QString>;
 
 struct DraftDay {
@@ -50,6 +50,7 @@ struct DraftDay {
     bool pending = false; ///< typed and not yet calculated: its kind follows from the calculation
     bool posted = false;  ///< saved as it is typed, but not yet seen in the tables
     Hours hours{};        ///< that don't follow from what was typed into the day
+    Hours figures{};      ///< all of the day's, as they were read or posted last; empty where nobody knows them any more
     friend bool operator==(const DraftDay&, const DraftDay&) = default;
 };
 
@@ -65,8 +66,14 @@ struct Draft {
     friend bool operator==(const Draft&, const Draft&) = default;
 };
 
+struct PostedDay {
+    TypedDay typed;
+    Hours hours{};   ///< as in a draft
+    Hours figures{}; ///< all of the day's
+};
+
 /// Days as they were posted since the month was read, by sheet row.
-using PostedDays = QMap<int, TypedDay>;
+using PostedDays = QMap<int, PostedDay>;
 
 /// The days of the sheet that differ from what was read, but for those that only got their standard kind by
 /// themselves. A day that stands as it was posted is told as posted. One that was changed again lies over what was

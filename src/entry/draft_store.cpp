@@ -66,19 +66,47 @@ void add_counts(store::Database& database, const Draft& draft, int month_key) {
         insert.bind(draft.employee, month_key, tag, days).run();
 }
 
+/// All figures that lay beneath a day, in one text.
+constexpr QStringView figures_tag = u"前";
+constexpr QChar between_figures = u'\n';
+constexpr QChar behind_tag = u'\t';
+
+QString one_text(const Hours& figures) {
+    QStringList texts;
+    for (const auto& [tag, time] : figures.asKeyValueRange())
+        texts << tag + behind_tag + time;
+    return texts.join(between_figures);
+}
+
+Hours figures_from(const QString& text) {
+    Hours figures;
+    for (const QString& figure : text.split(between_figures, Qt::SkipEmptyParts))
+        figures.insert(figure.section(behind_tag, 0, 0), figure.section(behind_tag, 1));
+    return figures;
+}
+
 /// Hours stand beside the counts, under their day and tag.
 void add_hours(store::Database& database, const Draft& draft, int month_key) {
     auto insert = database.prepare("insert into sitagaki_nissu values (?,?,?,?)");
-    for (const DraftDay& day : draft.days)
+    const auto add = [&](QDate day, const QString& tag, const QString& text) {
+        insert.bind(draft.employee, month_key, u"%1 %2"_s.arg(date_number(day)).arg(tag), text).run();
+    };
+    for (const DraftDay& day : draft.days) {
         for (const auto& [tag, time] : day.hours.asKeyValueRange())
-            insert.bind(draft.employee, month_key, u"%1 %2"_s.arg(date_number(day.date)).arg(tag), time).run();
+            add(day.date, tag, time);
+        if (!day.figures.isEmpty())
+            add(day.date, figures_tag.toString(), one_text(day.figures));
+    }
 }
 
 /// A count, or hours of a day of the draft.
 void take_in(Draft& draft, const QString& tag, const QString& text) {
     for (DraftDay& day : draft.days)
         if (const QString own = digits(date_number(day.date)) + u' '; tag.startsWith(own)) {
-            day.hours.insert(tag.sliced(own.size()), text);
+            if (const QString figure = tag.sliced(own.size()); figure == figures_tag)
+                day.figures = figures_from(text);
+            else
+                day.hours.insert(figure, text);
             return;
         }
     draft.counts.insert(tag, text);

@@ -73,7 +73,7 @@ void ent_rovena::keep_draft(UndoHistory::Step step) {
 }
 
 bool ent_rovena::days_on_their_way() {
-    const bool on_their_way = m_draft.on_their_way();
+    const bool on_their_way = m_draft.on_their_way(sheet);
     keep_draft();
     return on_their_way;
 }

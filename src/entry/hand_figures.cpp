@@ -48,7 +48,62 @@ Hours differing(const MonthSheet& sheet, int r, const base::Sheet& read, Counted
     return hours;
 }
 
+bool same_time(const QString& a, const QString& b) {
+    return a == b || minutes_of(a) == minutes_of(b);
+}
+
+/// The row's figures that are neither `known` nor `own`.
+Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int r) {
+    Hours figures;
+    for (int column = col::work_time; column < sheet.hyou.Cols(); ++column) {
+        const auto before = known.find(tag_of(sheet, column));
+        if (before == known.end() || same_time(*before, sheet.hyou(r, column)))
+            continue;
+        if (const auto typed = own.find(before.key()); typed == own.end() || !same_time(*typed, sheet.hyou(r, column)))
+            figures.insert(before.key(), sheet.hyou(r, column));
+    }
+    return figures;
+}
+
 } // namespace
+
+Hours figures_of(const MonthSheet& sheet, const base::Sheet& cells, int r) {
+    Hours figures;
+    if (cells.Cols() == sheet.hyou.Cols())
+        for (int column = col::work_time; column < cells.Cols(); ++column)
+            if (is_figure(column))
+                figures.insert(tag_of(sheet, column), cells(r, column));
+    return figures;
+}
+
+bool same_figures(const base::Sheet& a, const base::Sheet& b, int r) {
+    if (a.Cols() == b.Cols())
+        for (int column = col::work_time; column < a.Cols(); ++column)
+            if (is_figure(column) && !same_time(a(r, column), b(r, column)))
+                return false;
+    return true;
+}
+
+bool same_figures(const Hours& known, const MonthSheet& sheet, int r) {
+    return others(known, {}, sheet, r).isEmpty();
+}
+
+QMap<int, Hours> figures_of_others(const QList<DraftDay>& days, const MonthSheet& stored) {
+    QMap<int, Hours> figures;
+    for (const DraftDay& day : days)
+        if (const int r = stored.month.row(day.date); !day.posted)
+            if (const Hours theirs = others(day.figures, day.hours, stored, r); !theirs.isEmpty())
+                figures.insert(r, theirs);
+    return figures;
+}
+
+QStringList words_of(const Hours& hours, const MonthSheet& sheet) {
+    QStringList words;
+    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
+        if (const auto figure = hours.find(tag_of(sheet, column)); figure != hours.end())
+            words << u"%1 %2"_s.arg(sheet.hyou(row::heading, column), figure->isEmpty() ? u"0:00"_s : *figure);
+    return words;
+}
 
 Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read) {
     if (Val(sheet.mark(r)) == 2 || read.Cols() != sheet.hyou.Cols())
@@ -77,16 +132,18 @@ void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead
     const base::Sheet& read_figures) {
     for (int r = row::first_day; r <= sheet.month.length(); ++r) {
         const Hours hours = hours_by_hand(sheet, r, read_figures);
-        if (hours.isEmpty())
-            continue;
         auto day = std::ranges::find(days, sheet.month.day(r), &DraftDay::date);
+        if (day == days.end() && hours.isEmpty())
+            continue;
         if (day == days.end())
             day = days.insert(
                 day, DraftDay{sheet.month.day(r), read[r], typed_day(sheet, r), break_as_it_stands(sheet, r)});
-        if (day->posted)
-            day->before = posted.value(r);
-        day->posted = false;
-        day->hours = hours;
+        if (day->posted && !hours.isEmpty()) {
+            day->before = posted.value(r).typed;
+            day->posted = false;
+        }
+        day->hours = day->posted ? posted.value(r).hours : hours;
+        day->figures = posted.contains(r) ? posted.value(r).figures : figures_of(sheet, read_figures, r);
     }
 }
 

@@ -7,7 +7,23 @@
 
 #include "entry/draft.h"
 
+#include <QStringList>
+
 namespace entry {
+
+/// All figures of a row, by tag. The columns are those of `sheet`; `cells` has as many, else there are none.
+Hours figures_of(const MonthSheet& sheet, const base::Sheet& cells, int r);
+
+/// Whether a row's figures are the same times: a stored 0 reads back as nothing. Sheets of other columns aren't compared.
+bool same_figures(const base::Sheet& a, const base::Sheet& b, int r);
+bool same_figures(const Hours& known, const MonthSheet& sheet, int r);
+
+/// Of the draft's days, by sheet row, the figures that are stored now and are neither those that lay beneath the draft
+/// nor those that were typed over them here: somebody else typed them.
+QMap<int, Hours> figures_of_others(const QList<DraftDay>& days, const MonthSheet& stored);
+
+/// "勤務 7:00", with the names of the sheet's columns.
+QStringList words_of(const Hours& hours, const MonthSheet& sheet);
 
 /// Of a day, by tag. A day that is still to be calculated has none: the calculation overwrites them.
 /// `read` is the sheet as it was read, or as it was posted last.
@@ -17,8 +33,8 @@ Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read);
 Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read);
 inline constexpr QStringView sum_tag = u"合計 ";
 
-/// Adds the hours typed by hand to the days of a draft; a day that has nothing else joins them, over what it was in the
-/// tables or as it was posted.
+/// Adds the hours typed by hand to the days of a draft, and to each what its figures were; a day that has nothing else
+/// joins them, over what it was in the tables or as it was posted.
 void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted,
     const base::Sheet& read_figures);
 

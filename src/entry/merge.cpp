@@ -22,11 +22,14 @@ bool same_cells(const MonthSheet& a, const MonthSheet& b, int r) {
     return same(record::kind_number) && same(record::kind_name) && same(record::holiday_work);
 }
 
-/// Whether the day is stored as it was when this PC read or posted it.
-bool only_ours(const MonthInHand& hand, int r, const TypedDay& stored) {
+/// Whether the day is stored as it was when this PC read or posted it. What lay beneath a posted day is remembered
+/// without its figures.
+bool only_ours(const MonthInHand& hand, int r, const MonthSheet& stored, const TypedDay& day) {
     const auto posted = hand.posted.find(r);
-    return stands_as_read(hand.read[r], stored, hand.sheet.kind_without_work) ||
-           (posted != hand.posted.end() && stored_alike(*posted, stored));
+    if (posted != hand.posted.end() && stored_alike(posted->typed, day))
+        return same_figures(posted->figures, stored, r);
+    return stands_as_read(hand.read[r], day, hand.sheet.kind_without_work) &&
+           (posted != hand.posted.end() || same_figures(hand.figures, stored.hyou, r));
 }
 
 bool is_marked(const MonthSheet& sheet, int r) {
@@ -38,7 +41,7 @@ bool nobody_else_changed(const MonthInHand& hand, const MonthSheet& stored, cons
     const CompanyMonth& month = hand.sheet.month;
     for (int r = row::first_day; r <= month.length(); ++r)
         if (month.is_found_again(r) &&
-            !(is_marked(hand.sheet, r) ? only_ours(hand, r, days[r]) : same_cells(hand.sheet, stored, r)))
+            !(is_marked(hand.sheet, r) ? only_ours(hand, r, stored, days[r]) : same_cells(hand.sheet, stored, r)))
             return false;
     return true;
 }
@@ -50,17 +53,18 @@ bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind&
 }
 
 Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,
-    const DayKind& kind_without_work) {
+    const DayKind& kind_without_work, const QMap<int, Hours>& of_others) {
     Merge merged;
     for (int r = row::first_day; r <= month.length(); ++r) {
         const auto day = std::ranges::find(typed, month.day(r), &DraftDay::date);
         const bool alike = day != typed.end() && stored_alike(day->typed, stored[r]);
-        if (day == typed.end() || (alike && day->hours.isEmpty()))
+        if (day == typed.end() || (alike && (day->hours.isEmpty() || day->posted)))
             continue;
-        if (alike || !month.is_found_again(r) || stands_as_read(day->before, stored[r], kind_without_work))
+        const bool stands = alike || stands_as_read(day->before, stored[r], kind_without_work);
+        if (!month.is_found_again(r) || (stands && !of_others.contains(r)))
             merged.laid << *day;
         else if (!day->posted)
-            merged.clashes << Clash{r, *day, stored[r]};
+            merged.clashes << Clash{r, *day, stored[r], of_others.value(r)};
     }
     return merged;
 }
@@ -72,10 +76,11 @@ MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
         return {hand.sheet, stored, {}, {}};
     QList<DraftDay> typed_days = draft_days(hand.sheet, hand.read, hand.posted);
     add_hours(typed_days, hand.sheet, hand.read, hand.posted, hand.figures);
-    const Merge typed = merge(month, typed_days, days, hand.sheet.kind_without_work);
+    const Merge typed =
+        merge(month, typed_days, days, hand.sheet.kind_without_work, figures_of_others(typed_days, stored));
     MergedMonth merged{hand.sheet, stored, {}, typed.clashes};
     const auto stays = [&](int r) {
-        return !month.is_found_again(r) || (is_marked(hand.sheet, r) && only_ours(hand, r, days[r])) ||
+        return !month.is_found_again(r) || (is_marked(hand.sheet, r) && only_ours(hand, r, stored, days[r])) ||
                std::ranges::find(typed.laid, month.day(r), &DraftDay::date) != typed.laid.end();
     };
     for (int r = row::first_day; r <= month.length(); ++r)

@@ -13,6 +13,7 @@ struct Clash {
     int row;
     DraftDay draft;
     TypedDay stored;
+    Hours stored_hours{}; ///< those that somebody else typed over the figures of the day
     friend bool operator==(const Clash&, const Clash&) = default;
 };
 
@@ -34,8 +35,9 @@ struct Merge {
 /// Of the typed days, in order. Passed over, so that they stand as they are stored: days that stand as they are typed
 /// already and have no hours typed over, those that were posted as they are typed and that somebody changed since, and
 /// days of other months. A day that no month finds again under its key can't be compared and is laid.
+/// `of_others` are figures that somebody else typed, by sheet row (hand_figures.h): such a day was changed by them.
 Merge merge(const base::CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,
-    const DayKind& kind_without_work);
+    const DayKind& kind_without_work, const QMap<int, Hours>& of_others = {});
 
 struct MonthInTables; // entry/month_load.h
 

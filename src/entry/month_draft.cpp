@@ -4,6 +4,7 @@
 #include "entry/cells.h"
 #include "entry/draft_store.h"
 #include "entry/hand_figures.h"
+#include "entry/month_load.h"
 #include "entry/waiting_days.h"
 
 #include <algorithm>
@@ -32,15 +33,16 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     leave_what_arrived(sheet);
     for (const DraftDay& day : std::as_const(m_kept.days))
         if (day.posted)
-            m_posted.insert(m_month.row(day.date), day.typed);
+            m_posted.insert(m_month.row(day.date), {day.typed, day.hours, day.figures});
     m_counts = m_kept.counts;
     m_counts.removeIf([](const auto& count) { return count.key().startsWith(sum_tag); });
     m_clashes = lay_draft(sheet, m_kept);
     keep(sheet);
 }
 
-/// A day that was posted is over once its rows are applied, unless the tables still hold what was beneath it: then they
-/// were refused, or the company was taken back to an earlier state, and it is a draft again.
+/// A day that was posted is over once its rows are applied, unless the tables hold what was beneath it: then its rows were
+/// refused or the company was taken back to an earlier state, or else somebody made the day again what it was. The person
+/// knows which, and is asked: it lies over itself, where something else stands now.
 void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
     const bool any_posted = std::ranges::any_of(m_kept.days, &DraftDay::posted);
     if (!any_posted || days_wait(m_session.settings, m_employee))
@@ -53,7 +55,10 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
     };
     m_kept.days.removeIf(arrived);
     for (DraftDay& day : m_kept.days)
-        day.posted = false;
+        if (day.posted) {
+            day.before = day.typed;
+            day.posted = false;
+        }
     write(m_kept);
 }
 
@@ -117,22 +122,30 @@ void MonthDraft::posted(const MonthSheet& sheet) {
     const Draft draft = draft_of(sheet);
     for (const DraftDay& day : draft.days)
         if (const int r = m_month.row(day.date); !undecided(r))
-            m_posted.insert(r, day.typed);
+            m_posted.insert(r, {day.typed, day.hours, figures_of(sheet, sheet.hyou, r)});
     m_read_figures = sheet.hyou;
     write(draft_of(sheet));
 }
 
-/// What the tables hold now is what the next draft lies over.
-bool MonthDraft::on_their_way() {
+/// What the tables hold now is what the next draft lies over. A day that they don't hold as it was posted stays: whether
+/// somebody changed it or its rows were lost is seen when the month is read anew.
+bool MonthDraft::on_their_way(const MonthSheet& sheet) {
     if (std::ranges::none_of(m_kept.days, &DraftDay::posted))
         return false;
     if (days_wait(m_session.settings, m_employee))
         return true;
+    const MonthAsRead days = month_as_read(month_in_tables(sheet, m_session.settings, m_employee));
+    const auto arrived = [&](int r) {
+        const auto posted = m_posted.find(r);
+        return posted != m_posted.end() && stored_alike(posted->typed, days[r]);
+    };
     Draft left = m_kept;
-    for (const auto& [r, typed] : m_posted.asKeyValueRange())
-        m_read[r] = typed;
-    m_posted.clear();
-    left.days.removeIf([](const DraftDay& day) { return day.posted; });
+    left.days.removeIf([&](const DraftDay& day) { return day.posted && arrived(m_month.row(day.date)); });
+    for (int r = row::first_day; r <= m_month.length(); ++r)
+        if (arrived(r)) {
+            m_read[r] = m_posted[r].typed;
+            m_posted.remove(r);
+        }
     write(left);
     return false;
 }

@@ -33,8 +33,8 @@ public:
     void posted(const MonthSheet& sheet);
 
     /// Whether saved days are on their way, and those that have come into the tables since leave the draft. Looks into
-    /// the exchange files, so that it isn't asked with every key.
-    bool on_their_way();
+    /// the exchange files and the tables, so that it isn't asked with every key. Throws store::Error.
+    bool on_their_way(const MonthSheet& sheet);
 
     /// What a save goes by. It refers to this and to the sheet.
     MonthInHand in_hand(const MonthSheet& sheet) const;

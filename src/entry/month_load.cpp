@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "common/time_field.h"
 #include "entry/cells.h"
+#include "entry/waiting_days.h"
 #include "frame/kept_files.h"
 #include "store/error.h"
 #include "store/files.h"
@@ -119,7 +120,7 @@ std::list<Kept> hold_kept_files(const base::Settings& settings) {
         try {
             kept.emplace_back(path);
         } catch (const store::Error& error) {
-            if (error.code() == store::Code::Busy)
+            if (may_hold_rows(error.code()))
                 throw;
         }
     }
@@ -176,6 +177,10 @@ WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey em
 WorkType read_month(MonthSheet& sheet, store::Database& database, EmployeeKey employee) {
     MonthInTables unasked;
     return read_month(sheet, database, employee, unasked);
+}
+
+MonthSheet month_in_tables(const MonthSheet& like, const base::Settings& settings, EmployeeKey employee) {
+    return read_tables(like, store::rovdata_path(settings), employee).sheet;
 }
 
 // Rows move from exchange file 01 to a kept file and into the tables. The kept files are held before the tables are

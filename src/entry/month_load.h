@@ -28,6 +28,9 @@ WorkType read_month(MonthSheet& sheet, store::Database& database, base::Employee
 /// The same, and tells what the tables held.
 WorkType read_month(MonthSheet& sheet, store::Database& database, base::EmployeeKey employee, MonthInTables& in_tables);
 
+/// The employee's month as the tables hold it, with the columns of `like`.
+MonthSheet month_in_tables(const MonthSheet& like, const base::Settings& settings, base::EmployeeKey employee);
+
 /// The employee's month as it is stored once the rows that wait are applied: those of the kept files and of the open
 /// exchange file, laid over the tables. Reads only; the sheet has the columns of `like` and no counts. As long as the
 /// exchange file is held against writers, nothing comes to it. The tables are read if they don't stand any more as they

@@ -65,6 +65,7 @@ struct UnaskedMonth {
     PostedEmployee employee;
     QList<int> left;  ///< rows that somebody else changed as well: they were left as they are stored
     QList<int> alike; ///< rows that somebody else saved alike meanwhile
+    base::Sheet figures{0, 0}; ///< the sheet's cells as they were read
 };
 
 /// Posts the months, each merged with what is stored by now, in one turn and starts the manager: all of them, or none

@@ -33,11 +33,11 @@ bool holds_row(const QString& path, EmployeeKey employee) {
         auto exchange = store::Database::open(path, store::Kind::Exchange, patience);
         return exchange.prepare(row_of_employee).bind(digits(employee.value())).step();
     } catch (const store::Error& error) {
-        return error.code() == store::Code::Busy;
+        return may_hold_rows(error.code());
     }
 }
 
-/// Nothing for a file that is busy.
+/// Nothing for a file that may hold rows and can't be looked into.
 std::optional<QSet<qint64>> employees_in(const QString& path) {
     QSet<qint64> employees;
     try {
@@ -46,7 +46,7 @@ std::optional<QSet<qint64>> employees_in(const QString& path) {
         while (query.step())
             employees.insert(Val(query.row().text(0)));
     } catch (const store::Error& error) {
-        if (error.code() == store::Code::Busy)
+        if (may_hold_rows(error.code()))
             return std::nullopt;
     }
     return employees;
@@ -84,6 +84,22 @@ bool wait_until(frame::Session& session, const std::function<bool()>& are_in) {
 }
 
 } // namespace
+
+bool may_hold_rows(store::Code code) {
+    using enum store::Code;
+    switch (code) {
+    case Missing:
+    case Empty:
+    case NotADatabase:
+    case WrongKey:
+    case Damaged:
+    case OtherKind:
+    case Newer:
+        return false;
+    default:
+        return true;
+    }
+}
 
 bool days_wait(const base::Settings& settings, EmployeeKey employee) {
     if (holds_row(store::exchange_path(settings, posting_file), employee))

@@ -10,14 +10,19 @@
 // into the tables, and are looked for in this order: none is missed between two looks.
 
 #include "frame/session.h"
+#include "store/error.h"
 
 #include <QSet>
 #include <functional>
 
 namespace entry {
 
-/// Whether posted rows of the employee may still wait. A file that another program holds at the moment may hold some; a
-/// file that isn't there or can't be read holds none that the manager would take.
+/// Whether an exchange file that can't be looked into for this reason may hold rows that will come into the tables. One
+/// that isn't there or is broken holds none that the manager would take; one that another program holds, or that isn't
+/// reached, may.
+bool may_hold_rows(store::Code code);
+
+/// Whether posted rows of the employee may still wait.
 /// Costs the opening of one file and the reading of the rows that wait in it.
 bool days_wait(const base::Settings& settings, base::EmployeeKey employee);
 

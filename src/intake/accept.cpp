@@ -128,6 +128,7 @@ private:
         書式設定_日(sheet);
         read_month(sheet, database, of.employee);
         const entry::MonthAsRead read = month_as_read(sheet);
+        const base::Sheet figures = sheet.hyou;
         entry::trim_strip(sheet.hyou_day);
         entry::MonthDraft draft(m_session);
         draft.begin(sheet, of.employee);
@@ -136,7 +137,7 @@ private:
         if (m_into == Into::Draft || has_draft)
             keep(sheet, draft, laid);
         else
-            remember(sheet, read, of, laid);
+            remember(sheet, read, figures, of, laid);
     }
 
     /// Gives back the days that are on the sheet now.
@@ -176,9 +177,9 @@ private:
             m_done.days.insert(index, {Became::Drafted, reason});
     }
 
-    void remember(
-        const MonthSheet& sheet, const entry::MonthAsRead& read, const ImportDay& of, const QList<int>& laid) {
-        m_months << entry::UnaskedMonth{sheet, read, {of.number, of.name, of.employee.value()}, {}, {}};
+    void remember(const MonthSheet& sheet, const entry::MonthAsRead& read, const base::Sheet& figures,
+        const ImportDay& of, const QList<int>& laid) {
+        m_months << entry::UnaskedMonth{sheet, read, {of.number, of.name, of.employee.value()}, {}, {}, figures};
         m_days_of << laid;
     }
 

@@ -1,6 +1,7 @@
 #include "ui/entry/clash_panel.h"
 
 #include "base/literals.h"
+#include "entry/hand_figures.h"
 #include "ui/entry/day_table.h"
 #include "ui/parts/style.h"
 
@@ -29,7 +30,9 @@ struct Words {
     QStringView decide;
     QStringView leave;
 };
-constexpr Words of_draft{u"ここで入力したあと、ほかのＰＣで登録された日があります。どちらを残すか選んでください。",
+constexpr Words of_draft{
+    u"ここで入力した内容が登録されている内容と違う日があります。ほかのＰＣで登録されたか、ここでの登録が届いていません。"
+    "\nどちらを残すか選んでください。",
     u"決定", u"あとで決める"};
 constexpr Words of_save{
     u"ここで入力しているあいだに、ほかのＰＣで登録された日があります。どちらを残すか選んでください。"
@@ -41,7 +44,7 @@ const Words& words_of(ClashPanel::Occasion occasion) {
 }
 
 /// What was typed, and the remark.
-QStringList words(const entry::TypedDay& content) {
+QStringList words(const entry::TypedDay& content, const QStringList& hours) {
     QStringList parts;
     if (!content.clock_in.isEmpty() || !content.clock_out.isEmpty())
         parts << u"%1～%2"_s.arg(content.clock_in, content.clock_out);
@@ -49,6 +52,7 @@ QStringList words(const entry::TypedDay& content) {
         parts << u"休憩 "_s + content.break_time;
     if (!content.kind_name.isEmpty())
         parts << content.kind_name;
+    parts += hours;
     QStringList lines{parts.join(u"　"_s), content.remark};
     lines.removeAll(QString());
     return lines.isEmpty() ? QStringList(u"（空）"_s) : lines;
@@ -95,7 +99,7 @@ ClashPanel::ClashPanel(
         table->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
     for (int i = 0; i < clashes.size(); ++i) {
         table->setItem(i, day, day_item(day_name(sheet, clashes[i].row)));
-        m_choices << make_choice(*table, i, clashes[i]);
+        m_choices << make_choice(*table, i, sheet, clashes[i]);
     }
     table->resizeRowsToContents();
     auto* column = new QVBoxLayout(this);
@@ -105,16 +109,17 @@ ClashPanel::ClashPanel(
 }
 
 /// What is stored stands first.
-QButtonGroup* ClashPanel::make_choice(QTableWidget& table, int at, const entry::Clash& clash) {
+QButtonGroup* ClashPanel::make_choice(
+    QTableWidget& table, int at, const entry::MonthSheet& sheet, const entry::Clash& clash) {
     auto* group = new QButtonGroup(this);
-    const auto add = [&](Column column, const entry::TypedDay& content, Choice choice) {
-        auto* button = new Content(words(content), &table);
+    const auto add = [&](Column column, const entry::TypedDay& content, const entry::Hours& hours, Choice choice) {
+        auto* button = new Content(words(content, words_of(hours, sheet)), &table);
         button->setChecked(choice == Choice::Stored);
         group->addButton(button, static_cast<int>(choice));
         table.setCellWidget(at, column, button);
     };
-    add(stored, clash.stored, Choice::Stored);
-    add(typed, clash.draft.typed, Choice::Typed);
+    add(stored, clash.stored, clash.stored_hours, Choice::Stored);
+    add(typed, clash.draft.typed, clash.draft.hours, Choice::Typed);
     return group;
 }
 

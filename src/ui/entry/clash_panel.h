@@ -24,7 +24,7 @@ public:
     QList<entry::MonthDraft::Choice> choices() const;
 
 private:
-    QButtonGroup* make_choice(QTableWidget& table, int at, const entry::Clash& clash);
+    QButtonGroup* make_choice(QTableWidget& table, int at, const entry::MonthSheet& sheet, const entry::Clash& clash);
     QLayout* make_foot(Occasion occasion);
 
     QList<QButtonGroup*> m_choices;
