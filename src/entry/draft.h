@@ -50,7 +50,7 @@ struct DraftDay {
     bool pending = false; ///< typed and not yet calculated: its kind follows from the calculation
     bool posted = false;  ///< saved as it is typed, but not yet seen in the tables
     Hours hours{};        ///< that don't follow from what was typed into the day
-    Hours figures{};      ///< all of the day's, as they were read or posted last; empty where nobody knows them any more
+    Hours figures{}; ///< all of the day's, as they were read or posted last; empty where nobody knows them any more
     friend bool operator==(const DraftDay&, const DraftDay&) = default;
 };
 

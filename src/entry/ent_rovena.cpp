@@ -153,7 +153,7 @@ void ent_rovena::保存処理() {
     SavedMonth save = entry::保存処理(m_session, hand, posted_employee(syalab, syainsyscd));
     if (save.month && !save.month->clashes.isEmpty())
         m_unsaved = std::move(save.month);
-    else if (save.month && !save.month->taken_over.isEmpty())
+    else if (save.month && (save.month->sums_taken_over || !save.month->taken_over.isEmpty()))
         take_over(*std::move(save.month));
     if (save.saved != Saved::Posted)
         return;

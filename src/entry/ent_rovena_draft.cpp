@@ -83,13 +83,14 @@ void ent_rovena::decide(int clash, MonthDraft::Choice choice) {
     keep_draft();
 }
 
-/// Days of others came onto the sheet: no earlier state of it can stand again beside what is stored now.
+/// Days or sums of others came onto the sheet: no earlier state of it can stand again beside what is stored now.
 void ent_rovena::take_over(MergedMonth month) {
     sheet = std::move(month.sheet);
     m_draft.taken_over(sheet, month.taken_over);
     keep_draft();
     m_history.begin(sheet, m_draft.beside_sheet());
-    report(u"ほかのＰＣで登録された %1日を表示しました"_s.arg(month.taken_over.size()));
+    report(month.taken_over.isEmpty() ? u"ほかのＰＣで登録された合計を表示しました"_s
+                                      : u"ほかのＰＣで登録された %1日を表示しました"_s.arg(month.taken_over.size()));
 }
 
 void ent_rovena::settle_and_save(const QList<MonthDraft::Choice>& choices) {

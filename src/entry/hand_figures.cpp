@@ -48,10 +48,6 @@ Hours differing(const MonthSheet& sheet, int r, const base::Sheet& read, Counted
     return hours;
 }
 
-bool same_time(const QString& a, const QString& b) {
-    return a == b || minutes_of(a) == minutes_of(b);
-}
-
 /// The row's figures that are neither `known` nor `own`.
 Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int r) {
     Hours figures;
@@ -66,6 +62,14 @@ Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int 
 }
 
 } // namespace
+
+bool is_sum(int column) {
+    return column == col::break_time || is_figure(column);
+}
+
+bool same_time(const QString& a, const QString& b) {
+    return a == b || minutes_of(a) == minutes_of(b);
+}
 
 Hours figures_of(const MonthSheet& sheet, const base::Sheet& cells, int r) {
     Hours figures;
@@ -120,9 +124,8 @@ Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read) {
     if (read.Cols() != sheet.hyou.Cols())
         return {};
     Hours sums;
-    const Hours hours = differing(sheet, row::total, read, [&](int column, const QString& cell) {
-        return (column == col::break_time || is_figure(column)) && cell != sum_of_days(sheet, column);
-    });
+    const Hours hours = differing(sheet, row::total, read,
+        [&](int column, const QString& cell) { return is_sum(column) && cell != sum_of_days(sheet, column); });
     for (const auto& [tag, text] : hours.asKeyValueRange())
         sums.insert(sum_tag.toString() + tag, text);
     return sums;

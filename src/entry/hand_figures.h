@@ -11,10 +11,16 @@
 
 namespace entry {
 
+/// Whether the column holds times that the total row adds up.
+bool is_sum(int column);
+
+/// Whether two cells hold the same time: a stored 0 reads back as nothing.
+bool same_time(const QString& a, const QString& b);
+
 /// All figures of a row, by tag. The columns are those of `sheet`; `cells` has as many, else there are none.
 Hours figures_of(const MonthSheet& sheet, const base::Sheet& cells, int r);
 
-/// Whether a row's figures are the same times: a stored 0 reads back as nothing. Sheets of other columns aren't compared.
+/// Whether a row's figures are the same times. Sheets of other columns aren't compared.
 bool same_figures(const base::Sheet& a, const base::Sheet& b, int r);
 bool same_figures(const Hours& known, const MonthSheet& sheet, int r);
 

@@ -46,6 +46,29 @@ bool nobody_else_changed(const MonthInHand& hand, const MonthSheet& stored, cons
     return true;
 }
 
+bool take_over_sums(MonthSheet& sheet, const MonthInHand& hand, const MonthSheet& stored) {
+    bool any = false;
+    const auto take_over = [&any](QString& cell, const QString& theirs) {
+        cell = theirs;
+        any = true;
+    };
+    const bool comparable = hand.figures.Cols() == sheet.hyou.Cols();
+    for (int column = col::break_time; comparable && column < sheet.hyou.Cols(); ++column) {
+        QString& cell = sheet.hyou(row::total, column);
+        const QString& theirs = stored.hyou(row::total, column);
+        if (is_sum(column) && same_time(cell, hand.figures(row::total, column)) && !same_time(cell, theirs))
+            take_over(cell, theirs);
+    }
+    const int counts = std::min({sheet.hyou_day.Cols(), hand.strip.Cols(), stored.hyou_day.Cols()});
+    for (int column = 0; column < counts; ++column) {
+        QString& cell = sheet.hyou_day(strip::count, column);
+        const QString& theirs = stored.hyou_day(strip::count, column);
+        if (count_of(cell) == count_of(hand.strip(strip::count, column)) && count_of(cell) != count_of(theirs))
+            take_over(cell, theirs);
+    }
+    return any;
+}
+
 } // namespace
 
 bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work) {
@@ -64,7 +87,7 @@ Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const Month
         if (!month.is_found_again(r) || (stands && !of_others.contains(r)))
             merged.laid << *day;
         else if (!day->posted)
-            merged.clashes << Clash{r, *day, stored[r], of_others.value(r)};
+            merged.clashes << Clash{r, *day, stored[r], stands ? of_others.value(r) : Hours()};
     }
     return merged;
 }
@@ -72,8 +95,11 @@ Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const Month
 MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
     const CompanyMonth& month = hand.sheet.month;
     const MonthAsRead days = month_as_read(stored);
-    if (nobody_else_changed(hand, stored, days))
-        return {hand.sheet, stored, {}, {}};
+    if (nobody_else_changed(hand, stored, days)) {
+        MergedMonth merged{hand.sheet, stored, {}, {}};
+        merged.sums_taken_over = take_over_sums(merged.sheet, hand, stored);
+        return merged;
+    }
     QList<DraftDay> typed_days = draft_days(hand.sheet, hand.read, hand.posted);
     add_hours(typed_days, hand.sheet, hand.read, hand.posted, hand.figures);
     const Merge typed =
@@ -88,7 +114,9 @@ MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
             copy_day(merged.sheet, stored, r);
             merged.taken_over << r;
         }
-    if (!merged.taken_over.isEmpty())
+    if (merged.taken_over.isEmpty())
+        merged.sums_taken_over = take_over_sums(merged.sheet, hand, stored);
+    else
         tally_anew(merged.sheet, hand.counts);
     return merged;
 }

@@ -13,7 +13,7 @@ struct Clash {
     int row;
     DraftDay draft;
     TypedDay stored;
-    Hours stored_hours{}; ///< those that somebody else typed over the figures of the day
+    Hours stored_hours{}; ///< if nothing but these was changed by somebody else
     friend bool operator==(const Clash&, const Clash&) = default;
 };
 
@@ -47,19 +47,22 @@ struct MonthInHand {
     const MonthAsRead& read;
     const PostedDays& posted;
     const base::Sheet& figures;         ///< as they were read, or posted last
+    const base::Sheet& strip;           ///< the counts, likewise
     QMap<QString, QString> counts;      ///< and sums that were typed by hand, by their tag, as in a draft
     MonthInTables* in_tables = nullptr; ///< what was read of the tables last, to be brought up to date; may be missing
 };
 
 struct MergedMonth {
-    MonthSheet sheet;      ///< what is to be posted: marked are the days that aren't stored as they stand
-    MonthSheet stored;     ///< as it is stored by now
-    QList<int> taken_over; ///< rows that stand as they are stored, where the sheet in hand had them otherwise
-    QList<Clash> clashes;  ///< if there are any, the person is to be asked before anything is posted
+    MonthSheet sheet;             ///< what is to be posted: marked are the days that aren't stored as they stand
+    MonthSheet stored;            ///< as it is stored by now
+    QList<int> taken_over;        ///< rows that stand as they are stored, where the sheet in hand had them otherwise
+    QList<Clash> clashes;         ///< if there are any, the person is to be asked before anything is posted
+    bool sums_taken_over = false; ///< of the month, or counts: somebody else typed over them
 };
 
 /// The month in hand over what is stored by now, which has the same columns. Where nobody else changed anything the
-/// sheet is the one in hand; otherwise its sums and counts are tallied anew, but for those that were typed by hand.
+/// sheet is the one in hand. Where days came in its sums and counts are tallied anew, but for those that were typed by
+/// hand; otherwise those that stand here as they were read stand as they are stored.
 MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored);
 
 /// Sums and counts over the days as they stand, but for those typed by hand. A day still to be calculated stays

@@ -27,6 +27,7 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     m_month = sheet.month;
     m_read = month_as_read(sheet);
     m_read_figures = sheet.hyou;
+    m_read_strip = sheet.hyou_day;
     m_kept = read_draft(m_session.settings, employee, m_month);
     if (m_kept.isEmpty())
         return;
@@ -40,9 +41,9 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     keep(sheet);
 }
 
-/// A day that was posted is over once its rows are applied, unless the tables hold what was beneath it: then its rows were
-/// refused or the company was taken back to an earlier state, or else somebody made the day again what it was. The person
-/// knows which, and is asked: it lies over itself, where something else stands now.
+/// A day that was posted is over once its rows are applied, unless the tables hold what was beneath it: then its rows
+/// were refused or the company was taken back to an earlier state, or else somebody made the day again what it was. The
+/// person knows which, and is asked: it lies over itself, where something else stands now.
 void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
     const bool any_posted = std::ranges::any_of(m_kept.days, &DraftDay::posted);
     if (!any_posted || days_wait(m_session.settings, m_employee))
@@ -124,11 +125,12 @@ void MonthDraft::posted(const MonthSheet& sheet) {
         if (const int r = m_month.row(day.date); !undecided(r))
             m_posted.insert(r, {day.typed, day.hours, figures_of(sheet, sheet.hyou, r)});
     m_read_figures = sheet.hyou;
+    m_read_strip = sheet.hyou_day;
     write(draft_of(sheet));
 }
 
-/// What the tables hold now is what the next draft lies over. A day that they don't hold as it was posted stays: whether
-/// somebody changed it or its rows were lost is seen when the month is read anew.
+/// What the tables hold now is what the next draft lies over. A day that they don't hold as it was posted stays:
+/// whether somebody changed it or its rows were lost is seen when the month is read anew.
 bool MonthDraft::on_their_way(const MonthSheet& sheet) {
     if (std::ranges::none_of(m_kept.days, &DraftDay::posted))
         return false;
@@ -153,7 +155,7 @@ bool MonthDraft::on_their_way(const MonthSheet& sheet) {
 MonthInHand MonthDraft::in_hand(const MonthSheet& sheet) const {
     QMap<QString, QString> counts = m_counts;
     counts.insert(sums_by_hand(sheet, m_read_figures));
-    return {sheet, m_read, m_posted, m_read_figures, counts};
+    return {sheet, m_read, m_posted, m_read_figures, m_read_strip, counts};
 }
 
 void MonthDraft::read_figures_of(const MonthSheet& stored, int r) {
@@ -172,6 +174,8 @@ void MonthDraft::taken_over(const MonthSheet& sheet, const QList<int>& rows) {
             if (clash.row == r)
                 clash.stored = m_read[r];
     }
+    read_figures_of(sheet, row::total);
+    m_read_strip = sheet.hyou_day;
 }
 
 void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {

@@ -39,7 +39,8 @@ public:
     /// What a save goes by. It refers to this and to the sheet.
     MonthInHand in_hand(const MonthSheet& sheet) const;
 
-    /// These rows of the sheet stand as they are stored now: that is what was read of them.
+    /// These rows of the sheet stand as they are stored now, and so do its sums and counts: that is what was read of
+    /// them.
     void taken_over(const MonthSheet& sheet, const QList<int>& rows);
 
     /// A day that a save found changed by somebody else as well was decided: the sheet stands over what is
@@ -75,6 +76,7 @@ private:
     base::CompanyMonth m_month{2000, 1, 1};
     MonthAsRead m_read;
     base::Sheet m_read_figures{0, 0}; ///< the sheet as it was read, or posted last
+    base::Sheet m_read_strip{0, 0};   ///< the counts, likewise
     PostedDays m_posted;
     Draft m_kept; ///< as it lies in the file
     QList<Clash> m_clashes;

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "common/count_tag.h"
 #include "common/time_field.h"
 #include "entry/cells.h"
 #include "entry/waiting_days.h"
@@ -11,6 +12,7 @@
 
 #include <QSet>
 #include <list>
+#include <utility>
 
 namespace entry {
 
@@ -42,6 +44,11 @@ void show_count(base::Sheet& hyou_day, const common::SavedCount& count) {
     }
 }
 
+void clear_counts(base::Sheet& hyou_day) {
+    for (int column = 0; column < hyou_day.Cols(); ++column)
+        hyou_day(strip::count, column).clear();
+}
+
 void show_kind(MonthSheet& sheet, int r, const common::SavedKind& kind) {
     sheet.hyou_system(r, record::kind_number) = kind.number();
     sheet.hyou_system(r, record::kind_name) = kind.name();
@@ -51,7 +58,16 @@ void show_kind(MonthSheet& sheet, int r, const common::SavedKind& kind) {
 
 /// A row of an exchange file, its fields by what they hold: a column is named its ordinal + 1. The employee stands in
 /// ordinal 6 of kind "51" and in ordinal 3 of the others.
-enum WaitingField { waiting_date, waiting_kind_number, waiting_row_kind = 4, waiting_clock_in, waiting_hours = 10 };
+enum WaitingField {
+    waiting_date,
+    waiting_kind_number,
+    waiting_kind_name,
+    waiting_days,
+    waiting_row_kind,
+    waiting_clock_in,
+    waiting_hours = 10
+};
+constexpr qint64 day_counts = 53; ///< the kind of the rows of a month's counts
 constexpr std::string_view waiting_rows =
     R"(select case "2" when '51' then "10" else "3" end, "5", "6", "7", "2", "11", "13", "14", "15", "16", "6")"
     R"( from jyusin where (case "2" when '51' then "7" else "4" end) = ? order by rowid)";
@@ -65,13 +81,16 @@ public:
         auto rows = exchange.prepare(waiting_rows);
         rows.bind(digits(employee.value()));
         while (rows.step())
-            if (const auto r = m_sheet.month.row_of_key(rows.row().integer(waiting_date)); r && *r != row::total)
+            if (const int date = rows.row().integer(waiting_date); rows.row().number(waiting_row_kind) == day_counts)
+                lay_count(date, rows.row());
+            else if (const auto r = m_sheet.month.row_of_key(date))
                 lay(*r, rows.row());
     }
 
 private:
     void lay(int r, const store::Row& fields) {
         const qint64 kind = fields.number(waiting_row_kind);
+        m_counts = false;
         if (kind != 52)
             m_days_of_hours.clear();
         if (kind == 51)
@@ -92,6 +111,18 @@ private:
             m_sheet, r, fields.number(waiting_kind_number), common::time_field_without_zero(fields, waiting_hours));
     }
 
+    /// The first row of a stretch takes away the month's counts.
+    void lay_count(int month, const store::Row& fields) {
+        m_days_of_hours.clear();
+        if (month != m_sheet.month.month_key())
+            return;
+        if (!std::exchange(m_counts, true))
+            clear_counts(m_sheet.hyou_day);
+        const common::CountTag tag{fields.number(waiting_kind_number), fields.number(waiting_kind_name)};
+        if (const qint64 days = fields.number(waiting_days); days != 0)
+            show_count(m_sheet.hyou_day, {tag.text(), grouped(days)});
+    }
+
     void lay_kind(int r, const store::Row& fields) {
         if (fields.number(waiting_kind_number) != 0)
             return show_kind(m_sheet, r, common::SavedKind(fields));
@@ -102,6 +133,7 @@ private:
 
     MonthSheet& m_sheet;
     QSet<int> m_days_of_hours;
+    bool m_counts = false; ///< whether a row of counts went before
 };
 
 /// An exchange file whose rows don't leave it as long as this lives.
@@ -134,7 +166,7 @@ MonthSheet empty_like(MonthSheet sheet) {
         for (int field = 0; field < sheet.hyou_system.Cols(); ++field)
             sheet.hyou_system(r, field).clear();
     }
-    sheet.hyou_day = base::Sheet();
+    clear_counts(sheet.hyou_day);
     return sheet;
 }
 

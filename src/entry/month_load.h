@@ -32,7 +32,7 @@ WorkType read_month(MonthSheet& sheet, store::Database& database, base::Employee
 MonthSheet month_in_tables(const MonthSheet& like, const base::Settings& settings, base::EmployeeKey employee);
 
 /// The employee's month as it is stored once the rows that wait are applied: those of the kept files and of the open
-/// exchange file, laid over the tables. Reads only; the sheet has the columns of `like` and no counts. As long as the
+/// exchange file, laid over the tables. Reads only; the sheet has the columns of `like`. As long as the
 /// exchange file is held against writers, nothing comes to it. The tables are read if they don't stand any more as they
 /// did for `in_tables`, which is the same employee's month, or nobody's; it is brought up to date then.
 MonthSheet month_as_stored(const MonthSheet& like, const base::Settings& settings, store::Database& exchange,

@@ -106,7 +106,7 @@ QString stamp_of(const QDateTime& now) {
 MonthSheet merge_unasked(UnaskedMonth& month, const base::Settings& settings, store::Database& exchange) {
     const EmployeeKey employee(month.employee.key);
     MonthInTables unread;
-    MergedMonth merged = merge_months({month.sheet, month.read, {}, month.figures, {}},
+    MergedMonth merged = merge_months({month.sheet, month.read, {}, month.figures, base::Sheet(), {}},
         month_as_stored(month.sheet, settings, exchange, employee, unread));
     month.left.clear();
     month.alike.clear();

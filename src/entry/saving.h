@@ -63,8 +63,8 @@ struct UnaskedMonth {
     MonthSheet sheet;
     MonthAsRead read;
     PostedEmployee employee;
-    QList<int> left;  ///< rows that somebody else changed as well: they were left as they are stored
-    QList<int> alike; ///< rows that somebody else saved alike meanwhile
+    QList<int> left;           ///< rows that somebody else changed as well: they were left as they are stored
+    QList<int> alike;          ///< rows that somebody else saved alike meanwhile
     base::Sheet figures{0, 0}; ///< the sheet's cells as they were read
 };
 

@@ -2,8 +2,8 @@
 
 // Saved days that aren't in the tables yet. A save only posts; until the exchange manager has applied it, the tables
 // hold the state before. An employee who is opened in between would show that state, and a person would type over days
-// that stand otherwise by now. So opening an employee waits for that employee's posted rows first; those of others delay
-// nobody.
+// that stand otherwise by now. So opening an employee waits for that employee's posted rows first; those of others
+// delay nobody.
 //
 // The rows alone tell: the manager lets them leave their file only after the tables hold them (see exchange/apply.h),
 // so that a manager still at work needs no wait of its own. They move one way, from exchange file 01 to a kept file and
