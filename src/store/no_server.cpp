@@ -1,5 +1,6 @@
 #include "store/server.h"
 #include "store/server_turn.h"
+#include "store/server_word.h"
 
 #include "base/literals.h"
 
@@ -27,6 +28,10 @@ void create_on_server(
 }
 
 std::unique_ptr<ServerTurn> server_turn(const QString&, TurnFor) {
+    return nullptr;
+}
+
+std::unique_ptr<ServerWord> server_word(const QString&) {
     return nullptr;
 }
 

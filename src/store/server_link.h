@@ -75,6 +75,8 @@ private:
 
 /// A connection that waited, or a new one, which serves the schema.
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path);
+/// One that waits; nothing if none does.
+std::unique_ptr<ServerLink> take_waiting_link(const ServerPlace& place);
 /// The one that waits with the turn there; nothing if none does.
 std::unique_ptr<ServerLink> take_turns_link(const ServerPlace& place);
 /// Lets it wait for the next; one that isn't usable, or is one too many, ends.

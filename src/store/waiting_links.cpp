@@ -53,6 +53,10 @@ std::unique_ptr<ServerLink> take_turns_link(const ServerPlace& place) {
     return good_link(place, true);
 }
 
+std::unique_ptr<ServerLink> take_waiting_link(const ServerPlace& place) {
+    return good_link(place, false);
+}
+
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path) {
     std::unique_ptr<ServerLink> link = take_turns_link(place);
     if (!link)
