@@ -67,24 +67,30 @@ bool append(const base::Settings& settings, const RowsNow& rows_now) {
     }
 }
 
+/// What the person is to read when the turn is given back: nobody waits for a box that stands open.
+struct Refusal {
+    QString words; ///< empty for none
+    QString title;
+};
+
 /// Months are closed in a turn, too: one that is open now stays so until the rows are posted.
-bool is_closed(frame::Session& session, int month) {
-    const auto since = common::closed_since(session.settings, month);
-    if (since)
-        session.host.tell(common::closed_words(month, *since) + u"\n登録できません"_s, u"締め済み"_s);
-    return since.has_value();
+Refusal refusal_of(frame::Session& session, const QSet<int>& months) {
+    for (const int month : months)
+        if (const auto since = common::closed_since(session.settings, month))
+            return {common::closed_words(month, *since) + u"\n登録できません"_s, u"締め済み"_s};
+    // On a server whoever applies may need this very turn to come to an end.
+    if (!session.link.is_on_server() && is_main_pc(session.settings) && manager_at_work(session))
+        return {u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s};
+    return {};
 }
 
-Saved post_in_turn(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now) {
+Saved post_in_turn(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now, Refusal& refusal) {
     const frame::Turn turn(session.link);
-    const auto closed = [&](int month) { return is_closed(session, month); };
-    if (!turn.granted() || std::ranges::any_of(months, closed))
+    if (!turn.granted())
         return Saved::Nothing;
-    // On a server whoever applies may need this very turn to come to an end.
-    if (!session.link.is_on_server() && is_main_pc(session.settings) && manager_at_work(session)) {
-        session.host.tell(u"もう一度、ボタンを押してください"_s, u"プログラム使用中"_s);
+    refusal = refusal_of(session, months);
+    if (!refusal.words.isEmpty())
         return Saved::Nothing;
-    }
     if (!append(session.settings, rows_now))
         return Saved::NothingLeft;
     session.host.yield();
@@ -92,7 +98,10 @@ Saved post_in_turn(frame::Session& session, const QSet<int>& months, const RowsN
 }
 
 Saved post(frame::Session& session, const QSet<int>& months, const RowsNow& rows_now) {
-    const Saved saved = post_in_turn(session, months, rows_now);
+    Refusal refusal;
+    const Saved saved = post_in_turn(session, months, rows_now, refusal);
+    if (!refusal.words.isEmpty())
+        session.host.tell(refusal.words, refusal.title);
     if (saved == Saved::Posted && is_main_pc(session.settings))
         start_manager(session);
     return saved;
