@@ -170,10 +170,18 @@ store::Database ManagerRun::open(const QString& path) const {
 
 namespace {
 
+/// False if another PC's manager is at work. Where nobody is, only the way to the server is long.
+bool taken(store::ServerTurn& turn, std::chrono::milliseconds patience) {
+    constexpr std::chrono::milliseconds way_to_server = std::chrono::seconds(2), silence = std::chrono::seconds(30);
+    bool is_taken = turn.take_within(std::max(patience, way_to_server));
+    while (!is_taken && !turn.holder(silence))
+        is_taken = turn.take_within(way_to_server);
+    return is_taken;
+}
+
 // A save posted while the last pass is running may find the lock still held when its own manager gives up waiting. So
 // the rows are looked for once more after the lock has been let go: whoever gave up had posted before that.
 bool apply_in_turn(ManagerRun& run, const base::Settings& settings, std::chrono::milliseconds lock_patience) {
-    constexpr std::chrono::milliseconds way_to_server = std::chrono::seconds(2);
     bool good = true;
     do {
         platform::ProgramLock lock(store::exchange_folder(settings), store::manager_program.toString());
@@ -181,10 +189,8 @@ bool apply_in_turn(ManagerRun& run, const base::Settings& settings, std::chrono:
             break;
         const QString posted = store::exchange_path(settings, store::posting_file);
         const auto turn = store::server_turn(posted, store::TurnFor::Applying);
-        if (turn && !turn->take_within(std::max(lock_patience, way_to_server))) {
-            turn->holder(); // another PC's is at work, unless the server is silent, which this throws
+        if (turn && !taken(*turn, lock_patience))
             break;
-        }
         lock_patience = {};
         good = run.apply_all();
     } while (good && run.rows_wait());

@@ -21,6 +21,7 @@ constexpr auto patience = 10s;
 constexpr auto pause = 20ms;
 constexpr auto silent_wait = 1s; ///< most turns come before that
 constexpr auto between_questions = 2s;
+constexpr auto last_look = 2s; ///< whoever answers no question by then isn't waited for either
 
 /// What a reply does, told by the state it arrives in. Any other reply changes nothing.
 struct Reply {
@@ -132,7 +133,7 @@ bool TurnLink::wait_on_server() {
     }
     wait_is_over();
     if (!granted && !m_given_up)
-        status_on_server(); // throws where it is the server that is silent
+        m_on_server->holder(last_look); // throws where it is the server that is silent
     failed.dismiss();
     if (!granted)
         m_on_server.reset();
@@ -147,15 +148,16 @@ bool TurnLink::goes_on_waiting_on_server(std::chrono::steady_clock::time_point s
     if (!on_waiting || now - since < silent_wait)
         return true;
     if (now >= m_next_question) {
-        m_status = status_on_server();
+        m_on_server->ask_for_holder();
         m_next_question = now + between_questions;
     }
+    m_status = status_on_server();
     m_given_up = !on_waiting({std::chrono::duration_cast<std::chrono::milliseconds>(now - since), m_status});
     return !m_given_up;
 }
 
 std::optional<TurnStatus> TurnLink::status_on_server() {
-    const auto holder = m_on_server->holder();
+    const auto holder = m_on_server->last_holder();
     if (!holder)
         return std::nullopt;
     return TurnStatus{TurnStatus::State::Held, holder->pc.toUtf8(), holder->since};

@@ -68,8 +68,9 @@ bool rows_wait(const base::Settings& settings) {
 void refuse_open_programs(const base::Settings& settings, std::chrono::milliseconds patience) {
     const QDeadlineTimer deadline(patience);
     Database database = Database::open(store::rovdata_path(settings), Kind::Rovdata);
-    store::Statement others = database.prepare("select count(*) from pg_stat_activity where application_name = 'rovena'"
-                                               " and datname = current_database() and pid <> pg_backend_pid()");
+    store::Statement others =
+        database.prepare("select count(*) from pg_stat_activity where application_name like 'rovena%'"
+                         " and datname = current_database() and pid <> pg_backend_pid()");
     constexpr unsigned long pause = 100;
     while (others.step() && others.row().number(0) > 0) {
         if (deadline.hasExpired())

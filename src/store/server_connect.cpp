@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "store/error.h"
+#include "store/server_names.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
@@ -22,7 +23,6 @@ constexpr std::pair<const char*, const char*> defaults[]{
     {"keepalives_idle", "10"},
     {"options", "-c tcp_keepalives_idle=10 -c tcp_keepalives_interval=5 -c tcp_keepalives_count=3"
                 " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
-    {"application_name", "rovena"},
 };
 
 PGconn* connected(const QByteArray& words) {
@@ -33,6 +33,8 @@ PGconn* connected(const QByteArray& words) {
     };
     for (const auto& [name, value] : defaults)
         add(name, value);
+    const QByteArray name = connection_name();
+    add("application_name", name.constData());
     add("dbname", words.constData()); // is taken apart, and goes before what stands before it
     add("client_encoding", "UTF8");
     add(nullptr, nullptr);

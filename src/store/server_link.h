@@ -77,6 +77,19 @@ private:
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path);
 /// One that waits; nothing if none does.
 std::unique_ptr<ServerLink> take_waiting_link(const ServerPlace& place);
+/// The connection that take_link() gives, made in a thread of its own if none waits. Who doesn't wait for it any more
+/// leaves it to the others.
+class LinkUnderWay {
+public:
+    LinkUnderWay(const ServerPlace& place, const QString& path);
+    /// Nothing if it isn't there by then. Throws what take_link() throws; isn't called again then, or once it is had.
+    std::unique_ptr<ServerLink> within(std::chrono::milliseconds patience);
+
+private:
+    struct State;
+    std::shared_ptr<State> m_state;
+};
+
 /// The one that waits with the turn there; nothing if none does.
 std::unique_ptr<ServerLink> take_turns_link(const ServerPlace& place);
 /// Lets it wait for the next; one that isn't usable, or is one too many, ends.

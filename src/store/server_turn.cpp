@@ -3,8 +3,9 @@
 #include "base/literals.h"
 #include "store/server.h"
 #include "store/server_link.h"
+#include "store/server_names.h"
 
-#include <QSysInfo>
+#include <utility>
 
 namespace store {
 
@@ -28,27 +29,38 @@ public:
     ~TurnOnServer() override { give_back_turn(); }
 
     bool take_within(std::chrono::milliseconds patience) override;
-    std::optional<Holder> holder() override;
+    std::optional<Holder> holder(std::chrono::milliseconds patience) override;
+    void ask_for_holder() override { m_wants_holder = true; }
+    std::optional<Holder> last_holder() override;
 
 private:
     QByteArray with_lock(QByteArray words, const ServerLink& link) const {
         return words.replace("%1", link.lock_of(m_what == TurnFor::Posting ? 0 : 1));
     }
     void ask();
+    bool asked_within(std::chrono::milliseconds patience);
+    bool told_within(std::chrono::milliseconds patience);
+    void hear_holder();
     void give_back_turn() noexcept;
 
     ServerPlace m_place;
     QString m_path;
     TurnFor m_what;
+    std::optional<LinkUnderWay> m_connecting;
     std::unique_ptr<ServerLink> m_link; ///< that asks for the turn or has it, but for posting
     Awaited m_asked;
     bool m_taken = false;
+
+    std::optional<LinkUnderWay> m_connecting_to_look;
+    std::unique_ptr<ServerLink> m_looking; ///< asks who has it
+    Awaited m_who;
+    bool m_wants_holder = false;
+    std::optional<Holder> m_holder; ///< as it was told last
 };
 
 void TurnOnServer::ask() {
-    m_link = take_link(m_place, m_path);
     ServerPipe& pipe = m_link->pipe;
-    const QByteArray pc = "rovena " + QSysInfo::machineHostName().left(40).toUtf8();
+    const QByteArray pc = connection_name();
     // Whoever applies is still for as long as that takes; whoever posts has stopped if he is.
     const QByteArray words = QByteArray(take_words).replace("%2", m_what == TurnFor::Posting ? "30s" : "0");
     m_asked = pipe.say(with_lock(words, *m_link), {pc.constData()});
@@ -56,11 +68,20 @@ void TurnOnServer::ask() {
     pipe.send();
 }
 
+bool TurnOnServer::asked_within(std::chrono::milliseconds patience) {
+    if (m_link)
+        return true;
+    if (!m_connecting)
+        m_connecting.emplace(m_place, m_path);
+    m_link = m_connecting->within(patience);
+    if (m_link)
+        ask();
+    return m_link != nullptr;
+}
+
 /// The server keeps those who wait in their order.
 bool TurnOnServer::take_within(std::chrono::milliseconds patience) {
-    if (!m_link)
-        ask();
-    if (!m_link->pipe.answers_within(m_asked, patience))
+    if (!asked_within(patience) || !m_link->pipe.answers_within(m_asked, patience))
         return false;
     m_link->pipe.hear(m_asked);
     m_taken = true;
@@ -71,18 +92,48 @@ bool TurnOnServer::take_within(std::chrono::milliseconds patience) {
     return true;
 }
 
-std::optional<ServerTurn::Holder> TurnOnServer::holder() {
-    auto link = take_link(m_place, m_path);
-    const Result found = link->pipe.hear(link->pipe.say(with_lock(holder_words, *link)));
-    std::optional<Holder> holder;
-    if (PQntuples(found.get()) > 0) {
-        const QString words = QString::fromUtf8(PQgetvalue(found.get(), 0, 0));
-        const qint64 since = words.section(u' ', -1).toLongLong(),
-                     now = QByteArray(PQgetvalue(found.get(), 0, 1)).toLongLong();
-        holder = {words.section(u' ', 1, -2), std::chrono::seconds(since > 0 ? std::max(qint64(0), now - since) : 0)};
+/// Whether an answer has come to the question that is under way, or to a new one.
+bool TurnOnServer::told_within(std::chrono::milliseconds patience) {
+    if (!m_looking) {
+        if (!m_connecting_to_look)
+            m_connecting_to_look.emplace(m_place, m_path);
+        m_looking = m_connecting_to_look->within(patience);
+        if (!m_looking)
+            return false;
+        m_connecting_to_look.reset();
     }
-    give_back(std::move(link));
-    return holder;
+    if (!m_who) {
+        m_who = m_looking->pipe.say(with_lock(holder_words, *m_looking));
+        m_looking->pipe.part();
+        m_looking->pipe.send();
+    }
+    return m_looking->pipe.answers_within(m_who, patience);
+}
+
+void TurnOnServer::hear_holder() {
+    const Result found = m_looking->pipe.hear(std::exchange(m_who, {}));
+    m_wants_holder = false;
+    m_holder.reset();
+    if (PQntuples(found.get()) > 0) {
+        const QByteArray words = PQgetvalue(found.get(), 0, 0);
+        const qint64 since = words.mid(words.lastIndexOf(' ') + 1).toLongLong(),
+                     now = QByteArray(PQgetvalue(found.get(), 0, 1)).toLongLong();
+        m_holder = {pc_of(words), std::chrono::seconds(since > 0 ? std::max(qint64(0), now - since) : 0)};
+    }
+    give_back(std::move(m_looking));
+}
+
+std::optional<ServerTurn::Holder> TurnOnServer::holder(std::chrono::milliseconds patience) {
+    if (!told_within(patience))
+        throw Error(m_looking ? Code::Io : Code::Away, m_path, {}, u"サーバーから応答がありません。"_s);
+    hear_holder();
+    return m_holder;
+}
+
+std::optional<ServerTurn::Holder> TurnOnServer::last_holder() {
+    if (m_wants_holder && told_within(std::chrono::milliseconds(0)))
+        hear_holder();
+    return m_holder;
 }
 
 /// A connection that was cut meanwhile has given it back. One that waits still is cut.
@@ -96,6 +147,7 @@ void TurnOnServer::give_back_turn() noexcept {
         link->turn_in.clear();
         link->pipe.say(with_lock("select pg_advisory_unlock(%1)", *link));
         link->pipe.say("reset idle_session_timeout");
+        link->pipe.say("reset application_name");
         link->pipe.part();
         link->pipe.send();
         give_back(std::move(link));

@@ -19,16 +19,19 @@ public:
     ServerTurn& operator=(const ServerTurn&) = delete;
     virtual ~ServerTurn() = default;
 
-    /// Whether it is had by then; it is waited for further until this ends. Isn't called again once it is had. Throws
-    /// store::Error where the server can't be reached.
+    /// Whether it is had by then; it is waited for further until this ends, and so is the connection, if none was open.
+    /// Isn't called again once it is had. Throws store::Error where the server can't be reached.
     virtual bool take_within(std::chrono::milliseconds patience) = 0;
 
     struct Holder {
         QString pc;
         std::chrono::seconds since;
     };
-    /// Nothing if nobody has it now.
-    virtual std::optional<Holder> holder() = 0;
+    /// Nothing if nobody has it now. Code::Away or Io where the server doesn't tell by then.
+    virtual std::optional<Holder> holder(std::chrono::milliseconds patience) = 0;
+    /// Asks without waiting for the answer, which last_holder() gives when it has come; until then the one before.
+    virtual void ask_for_holder() = 0;
+    virtual std::optional<Holder> last_holder() = 0;
 };
 
 enum class TurnFor {

@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "store/server_link.h"
+#include "store/server_names.h"
 
 #include <algorithm>
 
@@ -14,25 +15,13 @@ namespace {
 
 constexpr auto patience = 300ms;
 
-constexpr QByteArrayView begin = "rovena|";
+constexpr QByteArrayView begin = "rovena | ";
 constexpr qsizetype room = 63 - begin.size(); ///< a connection's name has 63 bytes
 
 constexpr auto look_words =
-    "select set_config('application_name', $1, false), (select string_agg(application_name, ' ')"
+    "select set_config('application_name', $1, false), (select string_agg(application_name, chr(10))"
     " from pg_stat_activity where datname = current_database() and pid <> pg_backend_pid()"
-    " and application_name like 'rovena|_%')";
-
-/// A connection's name is of ASCII.
-QByteArray name_of(QString line) {
-    constexpr auto how = QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals;
-    while (line.toUtf8().toBase64(how).size() > room)
-        line.chop(1);
-    return begin.toByteArray() + line.toUtf8().toBase64(how);
-}
-
-QString line_of(const QByteArray& name) {
-    return QString::fromUtf8(QByteArray::fromBase64(name.sliced(begin.size()), QByteArray::Base64UrlEncoding));
-}
+    " and application_name like 'rovena | _%')";
 
 class WordOnServer final : public ServerWord {
 public:
@@ -63,7 +52,7 @@ bool WordOnServer::connected() {
 }
 
 void WordOnServer::ask() {
-    m_asked = m_link->pipe.say(look_words, {name_of(m_line).constData()});
+    m_asked = m_link->pipe.say(look_words, {(begin.toByteArray() + in_ascii(m_line, room)).constData()});
     m_link->pipe.part();
     m_link->pipe.send();
 }
@@ -71,9 +60,9 @@ void WordOnServer::ask() {
 void WordOnServer::hear() {
     const Result said = m_link->pipe.hear(std::exchange(m_asked, {}));
     m_others.clear();
-    for (const QByteArray& name : QByteArray(PQgetvalue(said.get(), 0, 1)).split(' '))
+    for (const QByteArray& name : QByteArray(PQgetvalue(said.get(), 0, 1)).split('\n'))
         if (name.size() > begin.size())
-            m_others << line_of(name);
+            m_others << from_ascii(name.sliced(begin.size()));
 }
 
 QStringList WordOnServer::said_by_others() {

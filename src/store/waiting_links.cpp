@@ -1,6 +1,9 @@
 #include "store/server_link.h"
 
+#include <QDeadlineTimer>
 #include <QMutex>
+#include <QThreadPool>
+#include <QWaitCondition>
 #include <algorithm>
 #include <list>
 
@@ -65,6 +68,47 @@ std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& p
         link = std::make_unique<ServerLink>(place.connection, path);
     link->serve(place.schema, path);
     return link;
+}
+
+struct LinkUnderWay::State {
+    QMutex mutex;
+    QWaitCondition came;
+    std::unique_ptr<ServerLink> link;
+    std::optional<Error> error;
+
+    ~State() {
+        if (link)
+            give_back(std::move(link));
+    }
+    void get(const ServerPlace& place, const QString& path) {
+        std::unique_ptr<ServerLink> got;
+        std::optional<Error> failed;
+        try {
+            got = take_link(place, path);
+        } catch (const Error& why) {
+            failed = why;
+        }
+        const QMutexLocker lock(&mutex);
+        link = std::move(got);
+        error = std::move(failed);
+        came.wakeAll();
+    }
+};
+
+LinkUnderWay::LinkUnderWay(const ServerPlace& place, const QString& path) : m_state(std::make_shared<State>()) {
+    if ((m_state->link = good_link(place, false)))
+        m_state->link->serve(place.schema, path);
+    else
+        QThreadPool::globalInstance()->start([state = m_state, place, path] { state->get(place, path); });
+}
+
+std::unique_ptr<ServerLink> LinkUnderWay::within(std::chrono::milliseconds patience) {
+    const QMutexLocker lock(&m_state->mutex);
+    if (!m_state->link && !m_state->error)
+        m_state->came.wait(&m_state->mutex, QDeadlineTimer(patience));
+    if (m_state->error)
+        throw Error(*m_state->error);
+    return std::move(m_state->link);
 }
 
 void give_back(std::unique_ptr<ServerLink> link) {
