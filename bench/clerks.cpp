@@ -58,7 +58,8 @@ public:
     bool save(int number) {
         const entry::MonthAsRead read = month_as_read(m_sheet);
         type(number);
-        return 保存処理(m_session, {m_sheet, read, {}, m_sheet.hyou, {}}, m_person).saved == entry::Saved::Posted;
+        return 保存処理(m_session, {m_sheet, read, {}, m_sheet.hyou, m_sheet.hyou_day, {}}, m_person).saved ==
+               entry::Saved::Posted;
     }
 
     QList<entry::ExchangeRow> rows() {

@@ -97,6 +97,7 @@ public:
     explicit MonthBeforeAPerson(int changed_days) {
         load(m_sheet, m_settings, m_in_tables);
         m_read = month_as_read(m_sheet);
+        m_read_cells = m_sheet.hyou;
         for (int r = entry::row::first_day; r <= changed_days; ++r) {
             m_sheet.hyou(r, entry::col::clock_in) = u"8:01"_s;
             m_sheet.mark(r) = u"1"_s;
@@ -107,8 +108,8 @@ public:
     }
 
     bool save() {
-        return 保存処理(m_session, {m_sheet, m_read, {}, m_sheet.hyou, {}, &m_in_tables}, person).saved ==
-               entry::Saved::Posted;
+        return 保存処理(m_session, {m_sheet, m_read, {}, m_read_cells, m_sheet.hyou_day, {}, &m_in_tables}, person)
+                   .saved == entry::Saved::Posted;
     }
     /// Others saved months of others meanwhile: the tables don't stand as they did.
     bool save_after_others() {
@@ -137,6 +138,7 @@ private:
     entry::MonthSheet m_sheet;
     entry::MonthInTables m_in_tables;
     entry::MonthAsRead m_read;
+    base::Sheet m_read_cells{0, 0};
 };
 
 template <bool (MonthBeforeAPerson::*Save)(), int ChangedDays>
