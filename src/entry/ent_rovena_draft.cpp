@@ -105,6 +105,8 @@ void ent_rovena::settle_and_save(const QList<MonthDraft::Choice>& choices) {
     }
     tally_anew(sheet, counts);
     keep_draft();
+    if (choices.contains(MonthDraft::Choice::Stored)) // what stood before mustn't come back as this person's wish
+        m_history.begin(sheet, m_draft.beside_sheet());
     保存処理();
 }
 

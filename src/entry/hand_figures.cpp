@@ -16,12 +16,6 @@ bool is_figure(int column) {
     return column == col::work_time || column >= col::first_category;
 }
 
-QString tag_of(const MonthSheet& sheet, int column) {
-    if (column == col::break_time)
-        return u"休憩"_s;
-    return column == col::work_time ? u"勤務"_s : digits(category_of(sheet, column));
-}
-
 BreakFrom break_as_it_stands(const MonthSheet& sheet, int r) {
     const minutes by_rules = day_figures(sheet, r, BreakFrom::Rules).breakTotal;
     return by_rules == minutes_of(sheet.hyou(r, col::break_time)) ? BreakFrom::Rules : BreakFrom::Cell;
@@ -63,12 +57,18 @@ Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int 
 
 } // namespace
 
+QString tag_of(const MonthSheet& sheet, int column) {
+    if (column == col::break_time)
+        return u"休憩"_s;
+    return column == col::work_time ? u"勤務"_s : digits(category_of(sheet, column));
+}
+
 bool is_sum(int column) {
     return column == col::break_time || is_figure(column);
 }
 
 bool same_time(const QString& a, const QString& b) {
-    return a == b || minutes_of(a) == minutes_of(b);
+    return a == b || clock_of(a) == clock_of(b);
 }
 
 Hours figures_of(const MonthSheet& sheet, const base::Sheet& cells, int r) {
@@ -94,10 +94,16 @@ bool same_figures(const Hours& known, const MonthSheet& sheet, int r) {
 
 QMap<int, Hours> figures_of_others(const QList<DraftDay>& days, const MonthSheet& stored) {
     QMap<int, Hours> figures;
-    for (const DraftDay& day : days)
-        if (const int r = stored.month.row(day.date); !day.posted)
-            if (const Hours theirs = others(day.figures, day.hours, stored, r); !theirs.isEmpty())
-                figures.insert(r, theirs);
+    for (const DraftDay& day : days) {
+        if (day.posted)
+            continue;
+        const int r = stored.month.row(day.date);
+        const TypedDay now = typed_day(stored, r);
+        const bool as_typed = stored_alike(day.typed, now) && !stored_alike(day.before, now);
+        const Hours theirs = as_typed ? others(day.hours, {}, stored, r) : others(day.figures, day.hours, stored, r);
+        if (!theirs.isEmpty())
+            figures.insert(r, theirs);
+    }
     return figures;
 }
 
@@ -141,7 +147,7 @@ void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead
         if (day == days.end())
             day = days.insert(
                 day, DraftDay{sheet.month.day(r), read[r], typed_day(sheet, r), break_as_it_stands(sheet, r)});
-        if (day->posted && !hours.isEmpty()) {
+        if (day->posted && !hours.isEmpty() && hours != posted.value(r).hours) {
             day->before = posted.value(r).typed;
             day->posted = false;
         }

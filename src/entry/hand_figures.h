@@ -11,6 +11,9 @@
 
 namespace entry {
 
+/// "休憩", "勤務" or the number of the column's category.
+QString tag_of(const MonthSheet& sheet, int column);
+
 /// Whether the column holds times that the total row adds up.
 bool is_sum(int column);
 
@@ -25,7 +28,8 @@ bool same_figures(const base::Sheet& a, const base::Sheet& b, int r);
 bool same_figures(const Hours& known, const MonthSheet& sheet, int r);
 
 /// Of the draft's days, by sheet row, the figures that are stored now and are neither those that lay beneath the draft
-/// nor those that were typed over them here: somebody else typed them.
+/// nor those that were typed over them here: somebody else typed them. Where the day itself stands as it is typed here,
+/// its figures follow from that, and only those typed over here are compared.
 QMap<int, Hours> figures_of_others(const QList<DraftDay>& days, const MonthSheet& stored);
 
 /// "勤務 7:00", with the names of the sheet's columns.

@@ -46,27 +46,71 @@ bool nobody_else_changed(const MonthInHand& hand, const MonthSheet& stored, cons
     return true;
 }
 
-bool take_over_sums(MonthSheet& sheet, const MonthInHand& hand, const MonthSheet& stored) {
-    bool any = false;
-    const auto take_over = [&any](QString& cell, const QString& theirs) {
+/// Sums and counts that somebody else typed over: those that don't follow from the days as they are stored. One that
+/// stands here as it was read, and that nobody typed here, takes theirs.
+class SumsOfOthers {
+public:
+    SumsOfOthers(MonthSheet& sheet, const MonthInHand& hand, const MonthSheet& stored)
+        : m_sheet(sheet), m_hand(hand), m_stored(stored) {}
+
+    /// Whether there are any.
+    bool take_over() {
+        if (m_hand.figures.Cols() == m_sheet.hyou.Cols())
+            for (int column = col::break_time; column < m_sheet.hyou.Cols(); ++column)
+                if (is_sum(column))
+                    take_over_sum(column);
+        const int counts = std::min({m_sheet.hyou_day.Cols(), m_hand.strip.Cols(), m_stored.hyou_day.Cols()});
+        for (int column = 0; column < counts; ++column)
+            take_over_count(column);
+        return m_any;
+    }
+
+private:
+    void take_over_sum(int column) {
+        QString& cell = m_sheet.hyou(row::total, column);
+        const QString& theirs = m_stored.hyou(row::total, column);
+        const bool ours = !same_time(cell, m_hand.figures(row::total, column)) ||
+                          m_hand.counts.contains(sum_tag.toString() + tag_of(m_sheet, column));
+        if (!ours && !same_time(cell, theirs) && !same_time(theirs, sum_of_days(m_stored, column)))
+            take(cell, theirs);
+    }
+
+    void take_over_count(int column) {
+        QString& cell = m_sheet.hyou_day(strip::count, column);
+        const QString& theirs = m_stored.hyou_day(strip::count, column);
+        const bool ours = count_of(cell) != count_of(m_hand.strip(strip::count, column)) ||
+                          m_hand.counts.contains(m_sheet.hyou_day(strip::tag, column));
+        if (!ours && count_of(cell) != count_of(theirs) &&
+            count_of(theirs) != count_of(recount()(strip::count, column)))
+            take(cell, theirs);
+    }
+
+    const base::Sheet& recount() {
+        if (!m_recounted) {
+            m_recounted = m_stored;
+            tally_month(*m_recounted);
+        }
+        return m_recounted->hyou_day;
+    }
+
+    void take(QString& cell, const QString& theirs) {
         cell = theirs;
-        any = true;
-    };
-    const bool comparable = hand.figures.Cols() == sheet.hyou.Cols();
-    for (int column = col::break_time; comparable && column < sheet.hyou.Cols(); ++column) {
-        QString& cell = sheet.hyou(row::total, column);
-        const QString& theirs = stored.hyou(row::total, column);
-        if (is_sum(column) && same_time(cell, hand.figures(row::total, column)) && !same_time(cell, theirs))
-            take_over(cell, theirs);
+        m_any = true;
     }
-    const int counts = std::min({sheet.hyou_day.Cols(), hand.strip.Cols(), stored.hyou_day.Cols()});
-    for (int column = 0; column < counts; ++column) {
-        QString& cell = sheet.hyou_day(strip::count, column);
-        const QString& theirs = stored.hyou_day(strip::count, column);
-        if (count_of(cell) == count_of(hand.strip(strip::count, column)) && count_of(cell) != count_of(theirs))
-            take_over(cell, theirs);
-    }
-    return any;
+
+    MonthSheet& m_sheet;
+    const MonthInHand& m_hand;
+    const MonthSheet& m_stored;
+    std::optional<MonthSheet> m_recounted;
+    bool m_any = false;
+};
+
+/// Where rows of this PC were lost on the way, the stored sums are older than those here.
+bool take_over_sums(MergedMonth& merged, const MonthInHand& hand, const MonthAsRead& days) {
+    for (const auto& [r, posted] : hand.posted.asKeyValueRange())
+        if (!stored_alike(posted.typed, days[r]))
+            return false;
+    return SumsOfOthers(merged.sheet, hand, merged.stored).take_over();
 }
 
 } // namespace
@@ -97,7 +141,7 @@ MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
     const MonthAsRead days = month_as_read(stored);
     if (nobody_else_changed(hand, stored, days)) {
         MergedMonth merged{hand.sheet, stored, {}, {}};
-        merged.sums_taken_over = take_over_sums(merged.sheet, hand, stored);
+        merged.sums_taken_over = take_over_sums(merged, hand, days);
         return merged;
     }
     QList<DraftDay> typed_days = draft_days(hand.sheet, hand.read, hand.posted);
@@ -105,8 +149,10 @@ MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
     const Merge typed =
         merge(month, typed_days, days, hand.sheet.kind_without_work, figures_of_others(typed_days, stored));
     MergedMonth merged{hand.sheet, stored, {}, typed.clashes};
+    const auto ours = [&](int r) { return is_marked(hand.sheet, r) && only_ours(hand, r, stored, days[r]); };
+    merged.clashes.removeIf([&](const Clash& clash) { return ours(clash.row); });
     const auto stays = [&](int r) {
-        return !month.is_found_again(r) || (is_marked(hand.sheet, r) && only_ours(hand, r, stored, days[r])) ||
+        return !month.is_found_again(r) || ours(r) ||
                std::ranges::find(typed.laid, month.day(r), &DraftDay::date) != typed.laid.end();
     };
     for (int r = row::first_day; r <= month.length(); ++r)
@@ -115,7 +161,7 @@ MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored) {
             merged.taken_over << r;
         }
     if (merged.taken_over.isEmpty())
-        merged.sums_taken_over = take_over_sums(merged.sheet, hand, stored);
+        merged.sums_taken_over = take_over_sums(merged, hand, days);
     else
         tally_anew(merged.sheet, hand.counts);
     return merged;

@@ -19,6 +19,14 @@ QString words(const QString& text, QTime time) {
     return time.isValid() ? u"%1 %2"_s.arg(text, time.toString(u"H:mm")) : text;
 }
 
+/// Whether a day that was posted has come into the tables: they hold it, or something else than lay beneath it.
+bool arrived(const DraftDay& day, const MonthAsRead& stored, const MonthSheet& sheet) {
+    const int r = sheet.month.row(day.date);
+    const bool differs = !stored_alike(day.typed, stored[r]);
+    return day.posted && !(sheet.month.is_found_again(r) && differs &&
+                             stands_as_read(day.before, stored[r], sheet.kind_without_work));
+}
+
 } // namespace
 
 void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
@@ -48,13 +56,7 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
     const bool any_posted = std::ranges::any_of(m_kept.days, &DraftDay::posted);
     if (!any_posted || days_wait(m_session.settings, m_employee))
         return;
-    const auto arrived = [&](const DraftDay& day) {
-        const int r = m_month.row(day.date);
-        const bool differs = !stored_alike(day.before, day.typed); // else only its hours were typed
-        return day.posted && !(m_month.is_found_again(r) && differs &&
-                                 stands_as_read(day.before, m_read[r], sheet.kind_without_work));
-    };
-    m_kept.days.removeIf(arrived);
+    m_kept.days.removeIf([&](const DraftDay& day) { return arrived(day, m_read, sheet); });
     for (DraftDay& day : m_kept.days)
         if (day.posted) {
             day.before = day.typed;
@@ -129,25 +131,25 @@ void MonthDraft::posted(const MonthSheet& sheet) {
     write(draft_of(sheet));
 }
 
-/// What the tables hold now is what the next draft lies over. A day that they don't hold as it was posted stays:
-/// whether somebody changed it or its rows were lost is seen when the month is read anew.
+/// What the tables hold now is what the next draft lies over. A day that stands there as it did before it was posted
+/// stays: it is asked about when the month is read anew.
 bool MonthDraft::on_their_way(const MonthSheet& sheet) {
     if (std::ranges::none_of(m_kept.days, &DraftDay::posted))
         return false;
     if (days_wait(m_session.settings, m_employee))
         return true;
     const MonthAsRead days = month_as_read(month_in_tables(sheet, m_session.settings, m_employee));
-    const auto arrived = [&](int r) {
-        const auto posted = m_posted.find(r);
-        return posted != m_posted.end() && stored_alike(posted->typed, days[r]);
-    };
+    QSet<int> lost;
     Draft left = m_kept;
-    left.days.removeIf([&](const DraftDay& day) { return day.posted && arrived(m_month.row(day.date)); });
-    for (int r = row::first_day; r <= m_month.length(); ++r)
-        if (arrived(r)) {
-            m_read[r] = m_posted[r].typed;
-            m_posted.remove(r);
-        }
+    left.days.removeIf([&](const DraftDay& day) { return arrived(day, days, sheet); });
+    for (const DraftDay& day : std::as_const(left.days))
+        if (day.posted)
+            lost << m_month.row(day.date);
+    m_posted.removeIf([&](const auto& posted) {
+        if (!lost.contains(posted.key()))
+            m_read[posted.key()] = posted.value().typed;
+        return !lost.contains(posted.key());
+    });
     write(left);
     return false;
 }
@@ -181,6 +183,8 @@ void MonthDraft::taken_over(const MonthSheet& sheet, const QList<int>& rows) {
 void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {
     m_read[clash.row] = clash.stored;
     read_figures_of(stored, clash.row);
+    read_figures_of(stored, row::total);
+    m_read_strip = stored.hyou_day;
     m_posted.remove(clash.row);
 }
 

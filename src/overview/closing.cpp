@@ -65,6 +65,8 @@ Closed refuse(frame::Session& session, const QString& why) {
     return Closed::No;
 }
 
+const QString rows_wait = u"登録した日が、まだ反映されていません。\nしばらくしてから、もう一度締めてください。"_s;
+
 /// Whether saved days of one of them aren't in the tables. Nothing can be posted while this PC has the turn.
 bool any_waits(frame::Session& session, const QSet<qint64>& employees) {
     return !entry::those_waiting(session.settings, employees).isEmpty();
@@ -80,12 +82,16 @@ Kept sums_of_all(frame::Session& session, const CompanyMonth& month, const QList
     return sums;
 }
 
-Closed close_in_turn(frame::Session& session, const CompanyMonth& month, const QList<EmployeeKey>& employees) {
+/// Why the month wasn't closed, to be told when the turn is given back; empty if it was.
+QString close_in_turn(frame::Session& session, const CompanyMonth& month, const QList<EmployeeKey>& employees,
+    const QSet<qint64>& numbers) {
+    if (any_waits(session, numbers))
+        return rows_wait;
     const Kept sums = sums_of_all(session, month, employees);
     const int key = month.month_key();
     if (!common::close_month(session.settings, key, common::noted_now(session.host.now()), sums))
-        return refuse(session, u"この月は、ほかのＰＣで締められています。"_s);
-    return Closed::Yes;
+        return u"この月は、ほかのＰＣで締められています。"_s;
+    return {};
 }
 
 QString figure(const QString& what, qint64 value) {
@@ -129,13 +135,16 @@ Closed close(frame::Session& session, const CompanyMonth& month, const QList<Emp
     QSet<qint64> numbers;
     for (const EmployeeKey employee : employees)
         numbers << employee.value();
-    const QString waits = u"登録した日が、まだ反映されていません。\nしばらくしてから、もう一度締めてください。"_s;
     if (!entry::wait_for_days(session, numbers).isEmpty())
-        return refuse(session, waits);
-    const frame::Turn turn(session.link);
-    if (!turn.granted())
-        return Closed::No;
-    return any_waits(session, numbers) ? refuse(session, waits) : close_in_turn(session, month, employees);
+        return refuse(session, rows_wait);
+    QString refusal;
+    {
+        const frame::Turn turn(session.link);
+        if (!turn.granted())
+            return Closed::No;
+        refusal = close_in_turn(session, month, employees, numbers);
+    }
+    return refusal.isEmpty() ? Closed::Yes : refuse(session, refusal);
 }
 
 bool reopen(frame::Session& session, const CompanyMonth& month) {

@@ -77,8 +77,8 @@ private:
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path);
 /// One that waits; nothing if none does.
 std::unique_ptr<ServerLink> take_waiting_link(const ServerPlace& place);
-/// The connection that take_link() gives, made in a thread of its own if none waits. Who doesn't wait for it any more
-/// leaves it to the others.
+/// A connection without a turn, made in a thread of its own if none waits. Who doesn't wait for it any more leaves it
+/// to the others.
 class LinkUnderWay {
 public:
     LinkUnderWay(const ServerPlace& place, const QString& path);

@@ -131,8 +131,15 @@ std::optional<ServerTurn::Holder> TurnOnServer::holder(std::chrono::milliseconds
 }
 
 std::optional<ServerTurn::Holder> TurnOnServer::last_holder() {
-    if (m_wants_holder && told_within(std::chrono::milliseconds(0)))
-        hear_holder();
+    try {
+        if (m_wants_holder && told_within(std::chrono::milliseconds(0)))
+            hear_holder();
+    } catch (const Error&) { // who waits in good order doesn't lose his place for a question
+        m_wants_holder = false;
+        m_connecting_to_look.reset();
+        m_looking.reset();
+        m_who.reset();
+    }
     return m_holder;
 }
 

@@ -29,7 +29,8 @@ public:
     };
     /// Nothing if nobody has it now. Code::Away or Io where the server doesn't tell by then.
     virtual std::optional<Holder> holder(std::chrono::milliseconds patience) = 0;
-    /// Asks without waiting for the answer, which last_holder() gives when it has come; until then the one before.
+    /// Asks without waiting for the answer, which last_holder() gives when it has come; until then, and where it can't
+    /// be asked, the one before.
     virtual void ask_for_holder() = 0;
     virtual std::optional<Holder> last_holder() = 0;
 };

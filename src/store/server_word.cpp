@@ -69,11 +69,12 @@ QStringList WordOnServer::said_by_others() {
     try {
         if (!connected())
             return {};
-        if (m_asked && m_link->pipe.answers_within(m_asked, 0ms))
+        const bool silent = m_asked && !m_link->pipe.answers_within(m_asked, 0ms);
+        if (m_asked && !silent)
             hear();
         if (!m_asked)
             ask();
-        if (m_link->pipe.answers_within(m_asked, patience))
+        if (!silent && m_link->pipe.answers_within(m_asked, patience))
             hear();
     } catch (const Error&) {
         m_link.reset();

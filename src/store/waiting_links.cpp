@@ -50,6 +50,32 @@ std::unique_ptr<ServerLink> good_link(const ServerPlace& place, bool with_turn) 
     return link;
 }
 
+std::unique_ptr<ServerLink> link_without_turn(const ServerPlace& place, const QString& path) {
+    std::unique_ptr<ServerLink> link = good_link(place, false);
+    if (!link)
+        link = std::make_unique<ServerLink>(place.connection, path);
+    link->serve(place.schema, path);
+    return link;
+}
+
+/// One that can be used without asking the server for anything.
+std::unique_ptr<ServerLink> link_at_once(const ServerPlace& place) {
+    std::unique_ptr<ServerLink> link = waiting_link(place, false);
+    if (link && link->pipe.unheard() == 0 && link->schema() == place.schema && link->pipe.usable())
+        return link;
+    if (link)
+        give_back(std::move(link));
+    return {};
+}
+
+/// Of its own: those who connect to a server that is away keep nobody else waiting.
+QThreadPool& connecting() {
+    waiting(); // outlives it
+    static QThreadPool pool;
+    pool.setMaxThreadCount(most_waiting);
+    return pool;
+}
+
 } // namespace
 
 std::unique_ptr<ServerLink> take_turns_link(const ServerPlace& place) {
@@ -63,9 +89,7 @@ std::unique_ptr<ServerLink> take_waiting_link(const ServerPlace& place) {
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path) {
     std::unique_ptr<ServerLink> link = take_turns_link(place);
     if (!link)
-        link = good_link(place, false);
-    if (!link)
-        link = std::make_unique<ServerLink>(place.connection, path);
+        return link_without_turn(place, path);
     link->serve(place.schema, path);
     return link;
 }
@@ -84,7 +108,7 @@ struct LinkUnderWay::State {
         std::unique_ptr<ServerLink> got;
         std::optional<Error> failed;
         try {
-            got = take_link(place, path);
+            got = link_without_turn(place, path);
         } catch (const Error& why) {
             failed = why;
         }
@@ -96,10 +120,9 @@ struct LinkUnderWay::State {
 };
 
 LinkUnderWay::LinkUnderWay(const ServerPlace& place, const QString& path) : m_state(std::make_shared<State>()) {
-    if ((m_state->link = good_link(place, false)))
-        m_state->link->serve(place.schema, path);
-    else
-        QThreadPool::globalInstance()->start([state = m_state, place, path] { state->get(place, path); });
+    m_state->link = link_at_once(place);
+    if (!m_state->link)
+        connecting().start([state = m_state, place, path] { state->get(place, path); });
 }
 
 std::unique_ptr<ServerLink> LinkUnderWay::within(std::chrono::milliseconds patience) {

@@ -2,7 +2,7 @@
 
 #include "base/literals.h"
 
-#include <QDialogButtonBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -41,6 +41,8 @@ bool WaitPanel::show_wait(const frame::TurnLink::Waiting& wait) {
     if (status)
         --status->waiting; // this PC
     m_words->setText(u"登録の順番を待っています（%1秒）\n%2"_s.arg(seconds).arg(status ? words(*status) : QString()));
+    // The form waits without the person's hands on anything; here there is one button, and all else is shut out by it.
+    QCoreApplication::processEvents();
     return !isHidden();
 }
 
