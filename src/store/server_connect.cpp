@@ -21,6 +21,7 @@ constexpr std::pair<const char*, const char*> defaults[]{
     {"connect_timeout", "10"},
     {"tcp_user_timeout", "10000"},
     {"keepalives_idle", "10"},
+    {"keepalives_interval", "1"}, // else the system looks whether an answer came only 75 seconds later
     {"options", "-c tcp_keepalives_idle=10 -c tcp_keepalives_interval=5 -c tcp_keepalives_count=3"
                 " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
 };

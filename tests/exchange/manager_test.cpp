@@ -125,9 +125,9 @@ TEST_F(Manager, SeveralAtOnceCountEveryRowOnce) {
     EXPECT_EQ(tree.errors(tree.exchange_path()), alone.errors(alone.exchange_path()));
 }
 
-// Each run is killed one change of a file later than the run before, from its first change to its last, and the next
-// one finds what it left.
-TEST_F(Manager, KilledAtEveryChangeOfAFileItCountsEveryRowOnce) {
+// Each run is killed one change of a file later than the run before, from its first change to its last, or finds the
+// disk full from then on, and the next one finds what it left.
+TEST_F(Manager, KilledAtEveryChangeOfAFileOrOnAFullDiskItCountsEveryRowOnce) {
     ROVENA_NEEDS_THE_SHIM;
     std::array<Rows, 2> posted;
     const auto post = [&](int round) {
@@ -138,14 +138,17 @@ TEST_F(Manager, KilledAtEveryChangeOfAFileItCountsEveryRowOnce) {
             posted[i] += saves[i];
         }
     };
-    int kills = 0;
-    for (bool killed = true; killed; kills += killed) {
-        post(kills);
-        environment = support::killed_before_change(kills + 1);
-        killed = run() == -1;
-        apply_all(tree);
+    int round = 0;
+    for (const QString& variable : {u"KILL_BEFORE_CHANGE"_s, u"FULL_FROM_CHANGE"_s}) {
+        int troubles = 0;
+        for (int ended = -1; ended != 0; troubles += ended != 0) {
+            post(round++);
+            environment = support::shimmed(variable, troubles + 1);
+            ended = run();
+            apply_all(tree);
+        }
+        EXPECT_GE(troubles, 100) << variable.toStdString();
     }
-    EXPECT_GE(kills, 100);
 
     Tree undisturbed;
     for (const int file : {1, 2})

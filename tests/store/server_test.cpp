@@ -178,7 +178,7 @@ TEST_F(OnAServer, ASilentServerIsGivenUp) {
     Database database = Database::open(path, Kind::Comsys);
     proxy.stalled = true;
     EXPECT_EQ(code_of([&] { number_from(database, "select count(*) from bangou"); }), Code::Io);
-    proxy.stalled = false;
+    proxy.end_trouble();
 }
 #endif
 

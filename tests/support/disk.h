@@ -33,8 +33,8 @@ constexpr auto enterable = readable | QFile::ExeOwner | QFile::ExeGroup | QFile:
 /// A disk of its own that is quickly full; only the administrator can have one.
 class SmallDisk {
 public:
-    explicit SmallDisk(const QString& folder) : m_folder(QFile::encodeName(folder)) {
-        mounted = mount("none", m_folder.constData(), "tmpfs", 0, "size=160k") == 0;
+    explicit SmallDisk(const QString& folder, const char* size = "size=160k") : m_folder(QFile::encodeName(folder)) {
+        mounted = mount("none", m_folder.constData(), "tmpfs", 0, size) == 0;
     }
     ~SmallDisk() {
         if (mounted)

@@ -3,14 +3,16 @@
 // Stands between this program and the server that scripts/with-server runs: counts the ways there and back, and lets
 // trouble come behind a message of the client's, as a network and a server do.
 
-#include "support/data_server.h"
+#include "support/server_disk.h"
 
 #ifdef Q_OS_LINUX // it stands at the socket in the server's folder
-#include <QTemporaryDir>
 #include <atomic>
 #include <cstring>
+#include <linux/filter.h>
 #include <list>
 #include <mutex>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -22,17 +24,35 @@ namespace support {
 
 enum class Trouble {
     Cut,     ///< every connection ends
-    Silence, ///< nothing goes to and fro any more
+    Silence, ///< nothing goes to and fro any more, not even that something has come
     Death,   ///< of the server, by kill -9
+    Full,    ///< the server's disk, of which there is one (server_disk.h)
 };
+
+/// What comes behind message after message of a piece of work.
+struct Troubled {
+    Trouble trouble;
+    int usual_step;     ///< messages from one to the next
+    QByteArray words{}; ///< of the connection
+
+    /// ROVENA_EVERY_MESSAGE leaves none out.
+    int step() const { return every_message() ? 1 : usual_step; }
+    static bool every_message() { return qEnvironmentVariableIsSet("ROVENA_EVERY_MESSAGE"); }
+};
+
+/// A network's silence is told within two seconds in these words.
+inline const QByteArray impatient = " connect_timeout=2 tcp_user_timeout=200 keepalives_idle=1";
 
 class ServerProxy {
 public:
     ServerProxy() {
-        m_listening = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        const sockaddr_un own = address(m_folder.path());
-        EXPECT_EQ(bind(m_listening, reinterpret_cast<const sockaddr*>(&own), sizeof own), 0);
+        m_listening = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in own{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
+        socklen_t size = sizeof own;
+        EXPECT_EQ(bind(m_listening, reinterpret_cast<const sockaddr*>(&own), size), 0);
         EXPECT_EQ(listen(m_listening, 16), 0);
+        EXPECT_EQ(getsockname(m_listening, reinterpret_cast<sockaddr*>(&own), &size), 0);
+        m_port = ntohs(own.sin_port);
         m_thread = std::thread([this] { serve(); });
     }
     ~ServerProxy() {
@@ -43,8 +63,11 @@ public:
     ServerProxy(const ServerProxy&) = delete;
     ServerProxy& operator=(const ServerProxy&) = delete;
 
-    /// What libpq connects with.
-    QByteArray connection() const { return data_server().replace(host(), QFile::encodeName(m_folder.path())); }
+    /// What libpq connects with, in the words for the server or for a database of its own.
+    QByteArray connection(const QByteArray& words = data_server()) const {
+        return "host=127.0.0.1 port=" + QByteArray::number(m_port) + " sslmode=disable gssencmode=disable" +
+               words.sliced(words.indexOf(' '));
+    }
 
     /// How often a client has asked something and the server answered. Nobody waits for the end of what was only read
     /// or of a turn.
@@ -57,19 +80,23 @@ public:
         m_come = false;
         m_last = m_messages + messages;
     }
-    /// Whether the trouble had come. A server that died lives again.
+    /// Whether the trouble had come. A server that died lives again, a full disk has room.
     bool end_trouble() {
         {
             const std::lock_guard lock(m_mutex);
             m_last = -1;
             stalled = false;
         }
+        while (m_deaf)
+            std::this_thread::yield();
         const bool came = m_come;
         if (came && m_trouble == Trouble::Death)
             tell_server(QStringLiteral("live"));
+        if (came && m_trouble == Trouble::Full)
+            ServerDisk::empty();
         return came;
     }
-    /// As a network that takes everything and gives nothing.
+    /// As a network through which nothing comes any more, until end_trouble().
     std::atomic<bool> stalled = false;
 
 private:
@@ -79,22 +106,52 @@ private:
         bool started = false, said = false, parting = false, asking = false;
     };
 
-    static QByteArray host() { return data_server().split(' ').first().mid(5); }
-    static sockaddr_un address(const QString& folder) {
+    static int connected_to_server() {
+        const int server = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
         sockaddr_un address{AF_UNIX, {}};
-        const QByteArray path = QFile::encodeName(folder + QStringLiteral("/.s.PGSQL.5432"));
+        const QByteArray path = QFile::encodeName(server_folder() + QStringLiteral("/.s.PGSQL.5432"));
         std::memcpy(address.sun_path, path.constData(), size_t(path.size()));
-        return address;
+        if (connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
+            return server;
+        close(server);
+        return -1;
+    }
+
+    /// Not even the system takes what comes there then, so that the other side hears of nothing.
+    static void make_deaf(int socket, bool deaf) {
+        sock_filter drop_all = BPF_STMT(BPF_RET | BPF_K, 0);
+        const sock_fprog filter{1, &drop_all};
+        setsockopt(socket, SOL_SOCKET, deaf ? SO_ATTACH_FILTER : SO_DETACH_FILTER, &filter, sizeof filter);
+    }
+
+    /// At once, whatever the other side hasn't taken yet.
+    static bool hang_up(const Pair& pair) {
+        const linger none{1, 0};
+        return setsockopt(pair.client, SOL_SOCKET, SO_LINGER, &none, sizeof none) == 0 && end(pair);
+    }
+
+    /// Who was connected before a silence may have gone meanwhile: nobody is any more.
+    void fall_silent_or_speak() {
+        const bool silent = stalled;
+        if (m_deaf == silent)
+            return;
+        make_deaf(m_listening, silent);
+        if (silent)
+            std::ranges::for_each(m_pairs, [](const Pair& pair) { make_deaf(pair.client, true); });
+        else
+            std::erase_if(m_pairs, hang_up);
+        m_deaf = silent;
     }
 
     void serve() {
         while (!m_ends) {
+            fall_silent_or_speak();
             std::vector<pollfd> waiting{{m_listening, POLLIN, 0}};
             for (const Pair& pair : m_pairs) {
                 waiting.push_back({pair.client, POLLIN, 0});
                 waiting.push_back({pair.server, POLLIN, 0});
             }
-            if (stalled)
+            if (m_deaf)
                 poll(nullptr, 0, 5);
             else if (poll(waiting.data(), waiting.size(), 20) > 0)
                 pass_on(waiting);
@@ -115,13 +172,14 @@ private:
     }
 
     void take_in() {
-        Pair pair{
-            accept4(m_listening, nullptr, nullptr, SOCK_CLOEXEC), socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), {}};
-        const sockaddr_un there = address(QFile::decodeName(host()));
-        if (troubled() || connect(pair.server, reinterpret_cast<const sockaddr*>(&there), sizeof there) != 0)
-            end(pair);
+        const int client = accept4(m_listening, nullptr, nullptr, SOCK_CLOEXEC);
+        const int at_once = 1;
+        setsockopt(client, IPPROTO_TCP, TCP_NODELAY, &at_once, sizeof at_once);
+        const int server = troubled() ? -1 : connected_to_server();
+        if (server < 0)
+            close(client);
         else
-            m_pairs.push_back(pair);
+            m_pairs.push_back({client, server, {}});
     }
 
     /// It comes with the first message that has to go further.
@@ -129,10 +187,14 @@ private:
         const std::lock_guard lock(m_mutex);
         if (m_last < 0 || m_messages < m_last)
             return false;
-        if (!m_come.exchange(true) && m_trouble == Trouble::Death)
-            tell_server(QStringLiteral("die"));
+        if (!m_come.exchange(true)) {
+            if (m_trouble == Trouble::Death)
+                tell_server(QStringLiteral("die"));
+            if (m_trouble == Trouble::Full)
+                ServerDisk::fill();
+        }
         stalled = m_trouble == Trouble::Silence;
-        return !stalled;
+        return m_trouble == Trouble::Cut || m_trouble == Trouble::Death;
     }
 
     static bool end(const Pair& pair) { return close(pair.client) == 0 && close(pair.server) == 0; }
@@ -190,8 +252,9 @@ private:
         return count > 0 && send(pair.client, bytes, size_t(count), MSG_NOSIGNAL) == count;
     }
 
-    QTemporaryDir m_folder;
     int m_listening;
+    quint16 m_port = 0;
+    std::atomic<bool> m_deaf = false;
     std::list<Pair> m_pairs;
     std::atomic<int> m_trips = 0, m_messages = 0, m_last = -1;
     std::mutex m_mutex;

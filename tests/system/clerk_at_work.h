@@ -7,6 +7,8 @@
 #include "base/numbers.h"
 
 #include <QStringList>
+#include <chrono>
+#include <cstdio>
 
 namespace whole {
 
@@ -31,10 +33,23 @@ struct PlaceOfWork {
     }
 };
 
-/// What a clerk says: a line a day before the save, and a line for how the save ended.
-inline constexpr char say_try[] = "try"; ///< "try EMPLOYEE DATE CLOCK-IN"
+/// What a clerk says, each line behind its time: a line for each day that is typed, a line for each that the sheet
+/// shows as changed before the save, and a line for how the save ended.
+inline constexpr char say_types[] = "types";     ///< "TIME types EMPLOYEE DATE CLOCK-IN"
+inline constexpr char say_changed[] = "changed"; ///< the same
 inline constexpr char say_ok[] = "ok";
-inline constexpr char say_refused[] = "refused"; ///< nothing was posted, and what was typed is a draft
-inline constexpr char say_left[] = "left";       ///< "left EMPLOYEE DATE": another's day was chosen to stand
+inline constexpr char say_refused[] = "refused"; ///< what was typed is a draft
+inline constexpr char say_left[] = "left";       ///< "TIME left EMPLOYEE DATE": another's day was chosen to stand
+
+/// Microseconds of the clock that all processes of this machine share.
+inline qint64 shared_clock() {
+    return std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+inline void say(const char* what, const QString& of = {}) {
+    std::printf("%lld %s%s\n", static_cast<long long>(shared_clock()), what, qPrintable(of));
+    std::fflush(stdout);
+}
 
 } // namespace whole

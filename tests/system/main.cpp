@@ -1,7 +1,9 @@
 // The tests, or one clerk of the company that they run.
 
+#include "base/time.h"
 #include "clerk_at_work.h"
 #include "e2e/road/clerk.h"
+#include "entry/saving.h"
 #include "ui/application.h"
 #include "ui/entry/clash_panel.h"
 #include "ui/entry/ent_rovena_page.h"
@@ -10,6 +12,7 @@
 #include "ui/qt_host.h"
 
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <optional>
@@ -31,11 +34,6 @@ public:
     int told = 0;
 };
 
-void say(const QString& line) {
-    std::printf("%s\n", qPrintable(line));
-    std::fflush(stdout);
-}
-
 class Worker {
 public:
     Worker(const Desk& desk, ui::MainWindow& window, const whole::PlaceOfWork& place)
@@ -54,10 +52,7 @@ public:
             return;
         for (int day = some(1, 3); day > 0; --day)
             type_day(some(1, m_place.last_day));
-        const int told = m_desk.told;
-        m_clerk.press_button(u"登録"_s);
-        const bool posted = m_desk.told == told && form().clashes_of_save().isEmpty();
-        say(QString::fromLatin1(posted ? whole::say_ok : whole::say_refused));
+        save();
     }
 
 private:
@@ -68,28 +63,44 @@ private:
         return dynamic_cast<ui::ent_rovena_page&>(*m_window.pages().currentWidget()).form();
     }
 
-    /// Days that another PC saved since they were typed here before a kill stand as they were saved. In a save the
-    /// clerk keeps what was typed here or what stands, or goes back.
+    /// Days that another PC saved since they were typed here, before a kill or in this save: the clerk keeps what was
+    /// typed here or what stands, or goes back from the save.
     void decide(ui::ClashPanel& panel) {
-        const QList<entry::Clash> clashes = form().clashes_of_save();
-        const int choice = clashes.isEmpty() ? stored : some(stored, go_back);
+        const QList<entry::Clash> clashes = m_saves ? form().clashes_of_save() : form().clashes();
+        const int choice = some(stored, m_saves ? go_back : typed);
         const auto buttons = panel.findChildren<QRadioButton*>(); // of each day, what is stored and what was typed
         for (int i = 0; i < buttons.size(); ++i)
             buttons[i]->setChecked((i % 2 == 1) == (choice == typed));
         if (choice == stored)
             for (const entry::Clash& clash : clashes)
-                say(u"%1 %2 %3"_s.arg(QString::fromLatin1(whole::say_left), form().syainsyscd)
-                        .arg(form().sheet.month.posting_key(clash.row)));
+                say(whole::say_left, clash.row);
         panel.done(choice == go_back ? QDialog::Rejected : QDialog::Accepted);
     }
 
     void type_day(int row) {
         const int clock_in = some(6, 9) * 100 + some(0, 59);
-        say(u"%1 %2 %3 %4"_s.arg(QString::fromLatin1(whole::say_try), form().syainsyscd)
-                .arg(form().sheet.month.posting_key(row))
-                .arg(clock_in));
+        say(whole::say_types, row, clock_in);
         m_clerk.click_cell(u"hyou"_s, row, entry::col::clock_in);
         m_clerk.type(u"%1 Enter 1730 Enter"_s.arg(clock_in));
+    }
+
+    /// Also the days of a draft that lies over the month since the last save was cut off or refused.
+    void save() {
+        const entry::MonthSheet& sheet = form().sheet;
+        for (const entry::ChangedDay& day : entry::changed_days(sheet))
+            if (const auto clock_in = clock_of(sheet.hyou(day.row, entry::col::clock_in));
+                day.row != entry::row::total && clock_in.value != 0)
+                say(whole::say_changed, day.row, clock_in.value);
+        const QScopedValueRollback<bool> saves(m_saves, true);
+        const int told = m_desk.told;
+        m_clerk.press_button(u"登録"_s);
+        const bool posted = m_desk.told == told && form().clashes_of_save().isEmpty();
+        whole::say(posted ? whole::say_ok : whole::say_refused);
+    }
+
+    void say(const char* what, int row, std::optional<qint64> clock_in = {}) const {
+        const QString day = u' ' + form().syainsyscd + u' ' + digits(form().sheet.month.posting_key(row));
+        whole::say(what, clock_in ? day + u' ' + digits(*clock_in) : day);
     }
 
     const Desk& m_desk;
@@ -98,6 +109,7 @@ private:
     e2e::Clerk m_clerk{m_window};
     std::mt19937 m_random{unsigned(m_place.seed)};
     QTimer m_decide;
+    bool m_saves = false;
 };
 
 /// Only a data server may be away, and comes back.
@@ -120,7 +132,7 @@ int work(Desk& desk, const whole::PlaceOfWork& place) {
         } catch (const e2e::RoadError&) { // what wasn't opened has nothing to click on
             if (!place.on_server())
                 throw;
-            say(QString::fromLatin1(whole::say_refused));
+            whole::say(whole::say_refused);
         }
     return 0;
 }

@@ -1,7 +1,8 @@
 // Preloaded into a program, ends it without warning just before its nth change of a file, lets the disk fail from its
-// nth change on, stops it just before its nth step, for another to act in between, or loses the nth write into a file
-// in the making (*.new) as if it had been done. n is KILL_BEFORE_CHANGE, FAIL_FROM_CHANGE, STOP_BEFORE_STEP or
-// LOSE_WRITE_OF_COPY; a step is a change or the asking for a lock. Kills and races by time meet the few moments that
+// nth change on, or be full and take no more bytes, stops it just before its nth step, for another to act in between,
+// or loses the nth write into a file in the making (*.new) as if it had been done. n is KILL_BEFORE_CHANGE,
+// FAIL_FROM_CHANGE, FULL_FROM_CHANGE, STOP_BEFORE_STEP or LOSE_WRITE_OF_COPY; a step is a change or the asking for a
+// lock. Kills and races by time meet the few moments that
 // matter hardly ever; this meets every one of them.
 
 #include <cerrno>
@@ -28,15 +29,29 @@ void step() {
         ::raise(SIGSTOP);
 }
 
+/// Counts the changes down to the first that fails.
+class Failing {
+public:
+    explicit Failing(const char* variable) : m_good(count_from(variable)), m_fails(m_good > 0) {}
+    bool now() { return m_fails && --m_good <= 0; }
+
+private:
+    long m_good;
+    const bool m_fails;
+};
+
 /// Whether the change is to be made.
-bool change() {
+bool change(bool brings_bytes = false) {
     static long left = count_from("KILL_BEFORE_CHANGE");
     if (left > 0 && --left == 0)
         ::raise(SIGKILL);
-    static long good = count_from("FAIL_FROM_CHANGE");
-    static const bool fails = good > 0;
+    static Failing failing("FAIL_FROM_CHANGE"), full("FULL_FROM_CHANGE");
     step();
-    return !fails || --good > 0;
+    errno = EIO;
+    if (failing.now())
+        return false;
+    errno = ENOSPC;
+    return !full.now() || !brings_bytes;
 }
 
 /// Whether the write is told as done and isn't.
@@ -55,19 +70,15 @@ bool lost(int file) {
 #define BEFORE(result, name, parameters, arguments)                                                                    \
     result name parameters {                                                                                           \
         static const auto next = reinterpret_cast<result(*) parameters>(::dlsym(RTLD_NEXT, #name));                    \
-        if (change())                                                                                                  \
-            return next arguments;                                                                                     \
-        errno = EIO;                                                                                                   \
-        return -1;                                                                                                     \
+        return change() ? next arguments : -1;                                                                         \
     }
 
 #define BEFORE_WRITE(name, parameters, arguments)                                                                      \
     ssize_t name parameters {                                                                                          \
         static const auto next = reinterpret_cast<ssize_t(*) parameters>(::dlsym(RTLD_NEXT, #name));                   \
-        if (change())                                                                                                  \
-            return lost(file) ? ssize_t(size) : next arguments;                                                        \
-        errno = EIO;                                                                                                   \
-        return -1;                                                                                                     \
+        if (!change(true))                                                                                             \
+            return -1;                                                                                                 \
+        return lost(file) ? ssize_t(size) : next arguments;                                                            \
     }
 
 extern "C" {
