@@ -78,7 +78,9 @@ private:
     }
 
     void type_day(int row) {
-        const int clock_in = some(6, 9) * 100 + some(0, 59);
+        int clock_in = some(6, 9) * 100 + some(0, 59);
+        if (clock_in == clock_of(form().sheet.hyou(row, entry::col::clock_in)).value)
+            clock_in = 555; // what stands there already is no change, and another's stands over it
         say(whole::say_types, row, clock_in);
         m_clerk.click_cell(u"hyou"_s, row, entry::col::clock_in);
         m_clerk.type(u"%1 Enter 1730 Enter"_s.arg(clock_in));
