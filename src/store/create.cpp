@@ -60,16 +60,13 @@ Database Database::create(const QString& path, Kind kind, const std::function<vo
         throw Error(Code::Exists, path, {}, {});
     platform::NewFile beside(path);
     check_system(beside.make(), path);
-    const auto fill_in = [&](std::unique_ptr<Engine> engine) {
-        Database database(std::move(engine));
-        if (fill)
-            fill(database);
-    };
     if (const std::optional<ServerPlace> place = place_for_new(path, kind)) {
-        create_on_server(*place, path, kind, fill_in);
+        create_on_server(*place, path, kind, fill);
         write(beside, *place);
     } else {
-        fill_in(define_file(beside.passing_path(), kind));
+        Database database(define_file(beside.passing_path(), kind));
+        if (fill)
+            fill(database);
     }
     put_away_journal(path);
     check_system(beside.place(platform::Durability::Disk), path);
@@ -77,7 +74,7 @@ Database Database::create(const QString& path, Kind kind, const std::function<vo
 }
 
 void make_on_server(const ServerPlace& place, const QString& path, Kind kind) {
-    create_on_server(place, path, kind, [](const std::unique_ptr<Engine>&) {});
+    create_on_server(place, path, kind, {});
     check_system(platform::write_new_file(path, bytes_of(place), platform::Durability::Disk), path);
 }
 

@@ -11,11 +11,15 @@ namespace store {
 std::unique_ptr<Engine> open_on_server(
     const ServerPlace& place, const QString& path, Kind kind, std::chrono::milliseconds patience);
 
-/// Makes the schema with the kind's tables, for the role `rovena_clerk` to read and write their rows, and hands the
-/// open database to `fill`; nothing of it stays if that throws. A schema of the name that is there stays as it is and
-/// isn't filled; Code::OtherKind if it is another's.
-void create_on_server(
-    const ServerPlace& place, const QString& path, Kind kind, const std::function<void(std::unique_ptr<Engine>)>& fill);
+/// How long a set-up waits for another PC's, which is filling the same schema.
+inline constexpr std::chrono::minutes patience_with_maker(2);
+
+/// Makes the schema with the kind's tables, for the role `rovena_clerk` to read and write their rows, and fills it, in
+/// one transaction: it is there with all that, or not at all. A schema of the name that is there stays as it is and
+/// isn't filled; Code::OtherKind if it is another's. Of two who set it up at one moment the second waits for the first,
+/// and Code::Busy if that takes longer than the patience.
+void create_on_server(const ServerPlace& place, const QString& path, Kind kind,
+    const std::function<void(Database&)>& fill, std::chrono::milliseconds patience = patience_with_maker);
 
 /// std::runtime_error, in English, where libpq doesn't understand the words or they hold a password.
 void check_connection_words(const QByteArray& words);

@@ -85,6 +85,8 @@ void ServerEngine::say_begin_alone() {
 
 /// A view is told with its first read; whoever writes waits until he is alone.
 void ServerEngine::begin(Transaction::Lock lock) {
+    if (m_link->making)
+        return;
     if (lock == Transaction::Lock::Read) {
         m_link->in_transaction = true;
         m_link->pipe.say("begin isolation level repeatable read read only");
@@ -100,8 +102,21 @@ void ServerEngine::begin(Transaction::Lock lock) {
     }
 }
 
-/// A server that can't commit rolls back, and calls that no error.
 void ServerEngine::commit() {
+    if (m_link->making)
+        return m_link->pipe.hear_all();
+    end_transaction();
+}
+
+void ServerEngine::end_making() {
+    if (!m_link->in_transaction)
+        throw Error(Code::Other, path, {}, {});
+    end_transaction();
+    m_link->making = false;
+}
+
+/// A server that can't commit rolls back, and calls that no error.
+void ServerEngine::end_transaction() {
     const Result result = m_link->pipe.hear(m_link->pipe.say("commit"));
     m_link->in_transaction = false;
     if (QByteArrayView(PQcmdStatus(result.get())) != "COMMIT")

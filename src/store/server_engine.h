@@ -30,6 +30,10 @@ public:
     void commit() override;
     void roll_back() noexcept override { m_link->make_ready(); }
 
+    /// Lets the schema stay that the connection makes, with what was written into it. Code::Other if that was rolled
+    /// back. Until then transactions are parts of that one.
+    void end_making();
+
     Awaited ask(const Prepared& statement, const Values& values);
     Result hear(const Awaited& answer) { return m_link->pipe.hear(answer); }
 
@@ -40,6 +44,7 @@ public:
 private:
     void say_begin_alone();
     void commit_or_roll_back();
+    void end_transaction();
 
     std::unique_ptr<ServerLink> m_link;
     mutable Awaited m_last_write;

@@ -130,7 +130,7 @@ bool ServerLink::make_ready() noexcept {
     } catch (const Error&) {
         // A connection that is cut has rolled back.
     }
-    return m_now && pipe.usable();
+    return !making && m_now && pipe.usable();
 }
 
 } // namespace store

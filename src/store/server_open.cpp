@@ -11,36 +11,52 @@ using namespace base;
 namespace {
 
 /// Who may change tables is a member of rovena_owner; who works with the company's data has rovena_clerk and no other
-/// right. Roles are the whole server's: another database's set-up may make them between the look and the making.
+/// right. Roles are the whole server's: what the set-up of another database made or granted in between is met again.
+/// From 16 on a membership alone neither lets one be the role nor gives its rights.
 constexpr auto roles = R"(
-do $$ begin
-    if not exists (select from pg_roles where rolname = 'rovena_clerk') then
-        create role rovena_clerk nologin;
-    end if;
-exception when duplicate_object or unique_violation then null;
-end $$;
-do $$ begin
-    if not exists (select from pg_roles where rolname = 'rovena_owner') then
-        create role rovena_owner nologin;
-    end if;
-exception when duplicate_object or unique_violation then null;
-end $$;
-do $$ begin
-    if not pg_has_role(current_user, 'rovena_owner', 'member') then
-        execute format('grant rovena_owner to %I', current_user);
-    end if;
-end $$;
+do $$
+declare
+    newer constant bool := current_setting('server_version_num')::int >= 160000;
+begin
+    for attempt in 1..5 loop
+        begin
+            if not exists (select from pg_roles where rolname = 'rovena_clerk') then
+                create role rovena_clerk nologin;
+            end if;
+            if not exists (select from pg_roles where rolname = 'rovena_owner') then
+                create role rovena_owner nologin;
+            end if;
+            if not pg_has_role('rovena_owner', case when newer then 'set' else 'member' end)
+                or newer and not pg_has_role('rovena_owner', 'usage') then
+                execute format('grant rovena_owner to %I', current_user)
+                    || case when newer then ' with inherit true, set true' else '' end;
+            end if;
+            return;
+        exception when duplicate_object or unique_violation or internal_error then -- the last: changed by both
+            if attempt = 5 then
+                raise;
+            end if;
+            perform pg_sleep(0.1);
+        end;
+    end loop;
+end $$
 )";
+
+/// True for whoever is the schema's owner, or may become that.
+constexpr auto may_renew = "select pg_has_role(nspowner, case when current_setting('server_version_num')::int >= 160000"
+                           " then 'set, member with admin option' else 'member' end)"
+                           " from pg_namespace where nspname=";
+
 constexpr auto rights = R"(
 grant usage on schema %1 to rovena_clerk;
 grant select, insert, update, delete on all tables in schema %1 to rovena_clerk;
 grant select on all sequences in schema %1 to rovena_clerk;
 )";
 
-/// What makes the schema's tables, or what is missing of them.
+/// What makes the schema's tables, or what is missing of them, as their owner until the transaction's end.
 QString tables(const QString& name, Kind kind, int partitions) {
     const QString marks = QString::fromLatin1(comment_of({application_id(kind), schema_version, partitions}));
-    return u"comment on schema %1 is %2; set local role rovena_owner; set local search_path=%1;\n"_s.arg(
+    return u"set local role rovena_owner; comment on schema %1 is %2; set local search_path=%1;\n"_s.arg(
                quoted(name), literal(marks)) +
            server_definition_of(kind, partitions) + QString::fromLatin1(rights).arg(quoted(name));
 }
@@ -50,16 +66,32 @@ bool is_true(ServerLink& link, const QByteArray& question) {
     return PQntuples(answer.get()) > 0 && QByteArrayView(PQgetvalue(answer.get(), 0, 0)) == "t";
 }
 
-/// False if there is a schema of the name.
-bool make_schema(ServerLink& link, const ServerPlace& place, Kind kind) {
-    const QString& name = place.schema;
-    if (is_true(link, "select true from pg_namespace where nspname=" + literal(name).toUtf8()))
-        return false;
-    const QString schema = u"create schema %1 authorization rovena_owner; "_s.arg(quoted(name));
-    link.pipe.run_script(
-        (u"begin;"_s + QString::fromLatin1(roles) + schema + tables(name, kind, place.partitions) + u"commit"_s)
-            .toUtf8());
-    return true;
+/// They stand before the schema does: until its transaction's end no other database could be set up.
+void make_roles(const ServerPlace& place, const QString& path) {
+    ServerLink(place.connection, path).pipe.run_script(roles);
+}
+
+/// Begins what makes or renews the schema. The lock goes with the transaction and the connection: nobody else makes the
+/// schema as long as what was done here can still come to stay.
+void begin_making(ServerLink& link, const QString& schema, std::chrono::milliseconds patience) {
+    constexpr std::chrono::minutes work(10); // indexes of a large company
+    link.pipe.silence = patience + work;
+    link.in_transaction = link.making = true;
+    const QByteArray limit = "set local lock_timeout=";
+    try {
+        link.pipe.run_script("begin; " + limit + QByteArray::number(qint64(patience.count())) +
+                             "; select pg_advisory_xact_lock(" + ServerLink::makers_lock(schema) + "); " + limit +
+                             QByteArray::number(qint64(default_patience.count())));
+    } catch (const Error& error) {
+        if (error.code() != Code::Busy)
+            throw;
+        throw Error(Code::Busy, link.pipe.path, {},
+            u"別のＰＣがこのデータベースを準備しています。終わるのを待って、もう一度行ってください。"_s);
+    }
+}
+
+bool is_there(ServerLink& link, const QString& schema) {
+    return is_true(link, "select true from pg_namespace where nspname=" + literal(schema).toUtf8());
 }
 
 void check_kind(const Marks& marks, const QString& path, Kind kind) {
@@ -70,15 +102,28 @@ void check_kind(const Marks& marks, const QString& path, Kind kind) {
 }
 
 /// A schema that is there gets what it lacks, from whoever may give it, and stays parted as it is.
-void renew_schema(ServerLink& link, const QString& name, Kind kind) {
-    link.serve(name, link.pipe.path);
+void renew_schema(ServerLink& link, const ServerPlace& place, Kind kind) {
+    link.serve(place.schema, link.pipe.path);
     check_kind(link.marks(), link.pipe.path, kind);
-    const QByteArray owns =
-        "select pg_has_role(nspowner, 'member') from pg_namespace where nspname=" + literal(name).toUtf8();
-    if (is_true(link, owns))
-        link.pipe.run_script(
-            (u"begin;"_s + QString::fromLatin1(roles) + tables(name, kind, link.marks().partitions) + u"commit"_s)
-                .toUtf8());
+    if (!is_true(link, may_renew + literal(place.schema).toUtf8()))
+        return;
+    make_roles(place, link.pipe.path);
+    link.pipe.run_script((tables(place.schema, kind, link.marks().partitions) + u"commit"_s).toUtf8());
+}
+
+void make_schema(std::unique_ptr<ServerLink> link, const ServerPlace& place, Kind kind,
+    const std::function<void(Database&)>& fill) {
+    const QString path = link->pipe.path;
+    make_roles(place, path);
+    const QString schema = u"create schema %1 authorization rovena_owner; "_s.arg(quoted(place.schema));
+    link->pipe.run_script((schema + tables(place.schema, kind, place.partitions)).toUtf8());
+    link->serve(place.schema, path);
+    auto engine = std::make_unique<ServerEngine>(std::move(link), path);
+    ServerEngine& maker = *engine;
+    Database database = Engine::database(std::move(engine));
+    if (fill)
+        fill(database);
+    maker.end_making();
 }
 
 } // namespace
@@ -95,24 +140,13 @@ std::unique_ptr<Engine> open_on_server(
 }
 
 void create_on_server(const ServerPlace& place, const QString& path, Kind kind,
-    const std::function<void(std::unique_ptr<Engine>)>& fill) {
-    // Of two who set up the schema at one moment the second finds it made and filled.
-    ServerLink turn(place.connection, path);
-    turn.pipe.run_script("select pg_advisory_lock(" + ServerLink::makers_lock(place.schema) + ')');
-    auto maker = std::make_unique<ServerLink>(place.connection, path);
-    if (!make_schema(*maker, place, kind)) {
-        renew_schema(*maker, place.schema, kind);
-        open_on_server(place, path, kind, default_patience);
-        return;
-    }
-    maker->serve(place.schema, path);
-    try {
-        fill(std::make_unique<ServerEngine>(std::move(maker), path));
-    } catch (...) {
-        const auto link = std::make_unique<ServerLink>(place.connection, path);
-        link->pipe.run_script("drop schema " + quoted(place.schema).toUtf8() + " cascade");
-        throw;
-    }
+    const std::function<void(Database&)>& fill, std::chrono::milliseconds patience) {
+    auto link = std::make_unique<ServerLink>(place.connection, path);
+    begin_making(*link, place.schema, patience);
+    if (!is_there(*link, place.schema))
+        return make_schema(std::move(link), place, kind, fill);
+    renew_schema(*link, place, kind);
+    open_on_server(place, path, kind, default_patience);
 }
 
 } // namespace store

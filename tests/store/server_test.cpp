@@ -3,7 +3,7 @@
 
 #include "store/held.h"
 #include "store/schema.h"
-#include "store/server_place.h"
+#include "store/server.h"
 #include "store/server_sql.h"
 #include "support/server_proxy.h"
 #include "support/stored.h"
@@ -216,6 +216,29 @@ TEST_F(OnAServer, WhoSetsItUpAtTheSameMomentFindsItMade) {
     EXPECT_EQ(filled, 1);
     Database database = Database::open(tree.folder.filePath(u"d/comsys.mdb"_s), Kind::Comsys);
     EXPECT_EQ(number_from(database, "select count(*) from bangou"), 1);
+    psql(u"drop schema comsys cascade"_s);
+}
+
+TEST_F(OnAServer, WhoWasCutWhileFillingTakesNothingFromThoseWhoSetItUpNext) {
+    support::put_bytes(tree.folder.filePath(u"data-server"_s), place->connection + '\n');
+    Database other = Database::open(path, Kind::Comsys);
+    const QString first = tree.folder.filePath(u"first.d/comsys.mdb"_s), next = tree.folder.filePath(u"comsys2.mdb"_s);
+    QDir(tree.folder.path()).mkdir(u"first.d"_s);
+    const auto fill = [&](Database&) {
+        EXPECT_EQ(number_from(other, "select count(*) from pg_namespace where nspname='comsys'"), 0) << "isn't filled";
+        const ServerPlace same{place->connection, u"comsys"_s};
+        EXPECT_EQ(
+            code_of([&] { create_on_server(same, next, Kind::Comsys, {}, std::chrono::milliseconds(1)); }), Code::Busy);
+        psql(u"select pg_terminate_backend(pid, 10000) from pg_locks where locktype = 'advisory' and granted"_s);
+        create_on_server(same, next, Kind::Comsys, [](Database& made) {
+            Transaction part(made);
+            made.exec("insert into bangou values ('next', 1)");
+            part.commit();
+        });
+        throw std::runtime_error("the first ends");
+    };
+    EXPECT_THROW(Database::create(first, Kind::Comsys, fill), std::runtime_error);
+    EXPECT_EQ(number_from(other, "select count(*) from comsys.bangou"), 1);
     psql(u"drop schema comsys cascade"_s);
 }
 
