@@ -6,13 +6,16 @@
 #include "store/server_place.h"
 #include "store/sums.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace store {
 
@@ -20,10 +23,12 @@ using namespace base;
 
 namespace {
 
-/// A tool of the server's client package.
+/// A tool of the server's client package. One that neither writes nor ends for so long is stopped: databases are held
+/// meanwhile.
 class Tool {
 public:
-    Tool(const QString& name, const QStringList& arguments, const QString& file) : m_file(file) {
+    Tool(const QString& name, const QStringList& arguments, const QString& file, std::chrono::milliseconds patience)
+        : m_name(name), m_file(file), m_patience(patience) {
         const QString program = QStandardPaths::findExecutable(name);
         if (program.isEmpty())
             throw Error(Code::Other, file, {},
@@ -37,8 +42,11 @@ public:
 
     /// The next line that it prints, without its end; nothing behind the last.
     std::optional<QByteArray> line() {
-        while (!m_process.canReadLine() && m_process.waitForReadyRead(-1)) {
-        }
+        QDeadlineTimer most(m_patience / 2); // by then the wait hasn't ended for the tool's own end
+        while (!m_process.canReadLine() && m_process.waitForReadyRead(int(m_patience.count())))
+            most.setRemainingTime(m_patience / 2);
+        if (!m_process.canReadLine() && m_process.state() == QProcess::Running && most.hasExpired())
+            give_up();
         QByteArray line = m_process.readLine();
         if (line.isEmpty())
             return std::nullopt;
@@ -47,14 +55,32 @@ public:
         return line;
     }
 
+    /// Waits for its end, as long as its file grows.
     void end(Code code) {
-        m_process.waitForFinished(-1);
+        QDeadlineTimer limit(m_patience);
+        qint64 written = QFileInfo(m_file).size();
+        while (!m_process.waitForFinished(1 + int(m_patience.count() / 20)) && m_process.state() == QProcess::Running) {
+            if (const qint64 now = QFileInfo(m_file).size(); std::exchange(written, now) != now)
+                limit.setRemainingTime(m_patience);
+            else if (limit.hasExpired())
+                give_up();
+        }
         if (m_process.exitStatus() != QProcess::NormalExit || m_process.exitCode() != 0)
             throw Error(code, m_file, {}, QString::fromLocal8Bit(m_process.readAllStandardError()).trimmed());
     }
 
 private:
-    QString m_file;
+    [[noreturn]] void give_up() {
+        m_process.kill();
+        m_process.waitForFinished();
+        throw Error(Code::Io, m_file, {},
+            u"%1 から %2 秒のあいだ応答がないため、中止しました。サーバーとネットワークを確かめて、もう一度行ってください。"_s
+                .arg(m_name)
+                .arg(std::chrono::duration_cast<std::chrono::seconds>(m_patience).count()));
+    }
+
+    QString m_name, m_file;
+    std::chrono::milliseconds m_patience;
     QProcess m_process;
 };
 
@@ -128,18 +154,18 @@ bool can_dump() {
            !QStandardPaths::findExecutable(u"pg_restore"_s).isEmpty();
 }
 
-void dump_into(const Held& source, const QString& target) {
+void dump_into(const Held& source, const QString& target, std::chrono::milliseconds patience) {
     const ServerPlace place = place_at(source.path()).value();
     Tool tool(u"pg_dump"_s,
         {u"--format=custom"_s, u"--no-password"_s, u"--load-via-partition-root"_s,
             u"--schema="_s + quoted(place.schema), u"--file="_s + target,
             u"--dbname="_s + QString::fromUtf8(place.connection)},
-        target);
+        target, patience);
     tool.end(Code::Other);
 }
 
-void file_of_dump(const QString& dump, Kind kind, const QString& target) {
-    Tool tool(u"pg_restore"_s, {u"--data-only"_s, u"--file=-"_s, dump}, dump);
+void file_of_dump(const QString& dump, Kind kind, const QString& target, std::chrono::milliseconds patience) {
+    Tool tool(u"pg_restore"_s, {u"--data-only"_s, u"--file=-"_s, dump}, dump, patience);
     Database file = Engine::database(define_file(target, kind));
     Transaction filling(file);
     Unpacking(tool, file).run();

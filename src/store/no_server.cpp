@@ -22,8 +22,8 @@ std::unique_ptr<Engine> open_on_server(const ServerPlace&, const QString& path, 
     refuse(path);
 }
 
-void create_on_server(const ServerPlace&, const QString& path, Kind, const std::function<void(Database&)>&,
-    std::chrono::milliseconds) {
+void create_on_server(
+    const ServerPlace&, const QString& path, Kind, const std::function<void(Database&)>&, std::chrono::milliseconds) {
     refuse(path);
 }
 

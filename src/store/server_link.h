@@ -56,7 +56,7 @@ public:
     ServerPipe pipe;
     bool in_transaction = false;
     bool making = false; ///< the transaction makes the schema that it serves, and what is known of that goes with it
-    QString turn_in; ///< the schema whose write lock it holds beyond transactions; empty for none
+    QString turn_in;     ///< the schema whose write lock it holds beyond transactions; empty for none
 
 private:
     struct Known {

@@ -74,8 +74,8 @@ void make_roles(const ServerPlace& place, const QString& path) {
 /// Begins what makes or renews the schema. The lock goes with the transaction and the connection: nobody else makes the
 /// schema as long as what was done here can still come to stay.
 void begin_making(ServerLink& link, const QString& schema, std::chrono::milliseconds patience) {
-    constexpr std::chrono::minutes work(10); // indexes of a large company
-    link.pipe.silence = patience + work;
+    constexpr int longer = 20; // indexes of a large company
+    link.pipe.silence = patience + longer * link.pipe.usual_silence();
     link.in_transaction = link.making = true;
     const QByteArray limit = "set local lock_timeout=";
     try {
@@ -111,8 +111,8 @@ void renew_schema(ServerLink& link, const ServerPlace& place, Kind kind) {
     link.pipe.run_script((tables(place.schema, kind, link.marks().partitions) + u"commit"_s).toUtf8());
 }
 
-void make_schema(std::unique_ptr<ServerLink> link, const ServerPlace& place, Kind kind,
-    const std::function<void(Database&)>& fill) {
+void make_schema(
+    std::unique_ptr<ServerLink> link, const ServerPlace& place, Kind kind, const std::function<void(Database&)>& fill) {
     const QString path = link->pipe.path;
     make_roles(place, path);
     const QString schema = u"create schema %1 authorization rovena_owner; "_s.arg(quoted(place.schema));

@@ -179,10 +179,15 @@ bool ServerPipe::settle() noexcept {
 void ServerPipe::run_script(const QByteArray& sql) {
     hear_all();
     PQexitPipelineMode(m_connection);
-    const Result result(PQexec(m_connection, sql.constData()));
+    if (PQsendQuery(m_connection, sql.constData()) != 1)
+        fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
+    std::optional<Error> first;
+    while (const Result result = next())
+        if (!first && !is_good(PQresultStatus(result.get())))
+            first = error_of(result.get(), QString::fromUtf8(sql));
     const bool again = PQenterPipelineMode(m_connection) == 1;
-    if (!is_good(PQresultStatus(result.get())))
-        throw error_of(result.get(), QString::fromUtf8(sql));
+    if (first)
+        throw Error(*first);
     if (!again)
         fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
 }

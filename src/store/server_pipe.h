@@ -69,7 +69,8 @@ public:
     /// Waits for everything that was said, whatever it is. False if the connection is cut.
     bool settle() noexcept;
 
-    /// Statements without values that ";" parts, in one way there and back. Throws the error of the first that fails.
+    /// Statements without values that ";" parts, in one way there and back. Throws the error of the first that fails;
+    /// Code::Io as hear().
     void run_script(const QByteArray& sql);
 
     qsizetype unheard() const { return qsizetype(m_unheard.size()); }

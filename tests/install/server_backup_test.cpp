@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <csignal>
 
 namespace install {
 
@@ -91,5 +92,34 @@ TEST_F(ServerBackup, IsAFileWithoutTheServersToolsAndSaysThatThereIsAnotherBacku
     EXPECT_TRUE(shown().contains(u"pg_dump が見つからない"_s));
     EXPECT_TRUE(restored(u"second"_s) == rows);
 }
+
+#ifndef Q_OS_WIN // the tool is a script
+TEST_F(ServerBackup, GivesUpAToolThatStallsAndNobodyWaitsFurther) {
+    const QString path = rovdata_path(settings), target = folder.filePath(u"rovdata.dump"_s);
+    const auto given_up = [&](const QString& tool, const QByteArray& does) {
+        const QString program = folder.filePath(tool), number = folder.filePath(u"number"_s);
+        support::put_bytes(
+            program, "#!/bin/sh\necho $$ >" + QFile::encodeName(number) + '\n' + does + "\nexec sleep 1000");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+        const QByteArray usual = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(folder.path()) + ':' + usual);
+        try {
+            const Held held(path, Kind::Rovdata);
+            tool == u"pg_dump"
+                ? dump_into(held, target, std::chrono::milliseconds(1000))
+                : file_of_dump(target, Kind::Rovdata, folder.filePath(u"copy.mdb"_s), std::chrono::milliseconds(1000));
+            ADD_FAILURE() << tool.toStdString();
+        } catch (const store::Error& error) {
+            EXPECT_EQ(error.code(), Code::Io) << error.what();
+            EXPECT_TRUE(error.text().contains(tool + u" から "_s)) << error.what();
+        }
+        qputenv("PATH", usual);
+        EXPECT_EQ(::kill(support::bytes_of(number).trimmed().toInt(), 0), -1) << "it goes on";
+    };
+    given_up(u"pg_dump"_s, "echo begun >&2");
+    given_up(u"pg_restore"_s, "echo COPY rovdata.kinsyu '(rowid, a) FROM stdin;'; printf half");
+    Database::open(path, Kind::Rovdata, std::chrono::milliseconds(1)).exec("delete from kinsyu");
+}
+#endif
 
 } // namespace install

@@ -174,6 +174,11 @@ TEST_F(OnAServer, ASchemaOfAnotherVersionIsCalledByItsName) {
 #ifdef Q_OS_LINUX
 TEST_F(OnAServer, ASilentServerIsGivenUp) {
     support::ServerProxy proxy;
+    const ServerPlace fresh{proxy.connection() + " tcp_user_timeout=5", u"never"_s};
+    proxy.trouble_behind(8, support::Trouble::Silence); // before the first script
+    EXPECT_EQ(
+        code_of([&] { create_on_server(fresh, path, Kind::Comsys, {}, std::chrono::milliseconds(1)); }), Code::Io);
+    proxy.end_trouble();
     support::put_bytes(path, bytes_of(ServerPlace{proxy.connection() + " tcp_user_timeout=50", place->schema}));
     Database database = Database::open(path, Kind::Comsys);
     proxy.stalled = true;
