@@ -9,11 +9,9 @@
 #include "store/server.h"
 #include "store/sums.h"
 
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QThread>
 #include <algorithm>
 #include <stdexcept>
 #include <vector>
@@ -28,6 +26,8 @@ using store::place_at;
 using Goal = MovePlan::Goal;
 
 namespace {
+
+constexpr QStringView no_company = u"%1 に会社のデータがありません。";
 
 [[noreturn]] void fail(const QString& text) {
     throw std::runtime_error(text.toStdString());
@@ -45,8 +45,9 @@ Goal place_of_company(const base::Settings& settings) {
         on_server += place_at(path) ? 1 : 0;
     }
     if (there < wanted || (on_server > 0 && on_server < wanted))
-        fail(platform::native(store::data_folder(settings)) +
-             (there == 0 ? u": no company"_s : u": a database is missing, or lies elsewhere than the others"_s));
+        fail((
+            there == 0 ? no_company.toString() : u"%1 の会社のデータベースが足りないか、置き場所がそろっていません。"_s)
+                 .arg(platform::native(store::data_folder(settings))));
     return on_server > 0 ? Goal::Server : Goal::Files;
 }
 
@@ -62,22 +63,6 @@ bool rows_wait(const base::Settings& settings) {
             return true;
     }
     return false;
-}
-
-/// Programs of other trees are seen by their connections. One that has just ended may stand there for a moment.
-void refuse_open_programs(const base::Settings& settings, std::chrono::milliseconds patience) {
-    const QDeadlineTimer deadline(patience);
-    Database database = Database::open(store::rovdata_path(settings), Kind::Rovdata);
-    store::Statement others =
-        database.prepare("select count(*) from pg_stat_activity where application_name like 'rovena%'"
-                         " and datname = current_database() and pid <> pg_backend_pid()");
-    constexpr unsigned long pause = 100;
-    while (others.step() && others.row().number(0) > 0) {
-        if (deadline.hasExpired())
-            fail(u"the program is open on the server's data, here or on another PC: end it first"_s);
-        others.reset();
-        QThread::msleep(pause);
-    }
 }
 
 /// The first time from now on under which nothing is set aside yet.
@@ -119,7 +104,8 @@ public:
     bool settle() {
         const bool switched = m_way->switched();
         switched ? finish() : undo();
-        m_say(switched ? u"the move that was broken off is at its end"_s : u"the move that was broken off is undone"_s);
+        m_say(switched ? u"途中で終わっていた移動を、最後まで行いました。"_s
+                       : u"途中で終わっていた移動を、取り消しました。"_s);
         return switched;
     }
 
@@ -155,13 +141,13 @@ private:
                 continue;
             const auto sum = sums.find(table), same = copied.find(table);
             if (sum == sums.end())
-                fail(u"%1 holds a table of another program, which can't be moved: %2"_s.arg(
-                    platform::native(source.path()), table));
+                fail(u"%1 にほかのプログラムの表があり、移せません: %2"_s.arg(platform::native(source.path()), table));
             if (sum->second.rows != rows || same == copied.end() || same->second != sum->second)
-                fail(u"%1: the copy of table %2 isn't the same"_s.arg(platform::native(source.path()), table));
+                fail(
+                    u"%1 の表 %2 の写しが、元と同じになりませんでした。"_s.arg(platform::native(source.path()), table));
             all_rows += rows;
         }
-        m_say(u"copied   %1  %2 tables, %3 rows, the same there as here"_s.arg(QFileInfo(source.path()).fileName(), -13)
+        m_say(u"copied   %1  表 %2、行 %3、元と同じ"_s.arg(QFileInfo(source.path()).fileName(), -13)
                   .arg(sums.size())
                   .arg(all_rows));
     }
@@ -178,7 +164,7 @@ private:
             if (!m_way->switched())
                 undo();
         } catch (const std::exception&) {
-            m_say(u"run rovena-install move again: this one was broken off"_s);
+            m_say(u"移動が途中で終わりました。rovena-install move をもう一度行ってください。"_s);
         }
     }
 
@@ -202,20 +188,21 @@ void move_company(const Move& move, const QDateTime& now, const Say& say, std::c
     options.root = move.root;
     base::Settings settings = settings_of(options);
     if (const QString other = other_place_of_data(options); !other.isEmpty())
-        fail(u"the data of this PC lies at %1: move it on the PC that has it"_s.arg(other));
+        fail(u"このＰＣのデータは %1 にあります。データのあるＰＣで行ってください。"_s.arg(other));
     const Goal goal = move.server.isEmpty() ? Goal::Files : Goal::Server;
     if (!QFileInfo::exists(store::exchange_folder(settings)))
-        fail(platform::native(store::data_folder(settings)) + u": no company"_s);
+        fail(no_company.toString().arg(platform::native(store::data_folder(settings))));
     const Alone alone(settings);
     if (const auto plan = MovePlan::standing(settings))
         if (Moving(settings, *plan, say, patience).settle() && plan->goal() == goal)
             return;
     if (place_of_company(settings) == goal)
-        fail(goal == Goal::Server ? u"the company lies on a server already"_s : u"the company lies in files already"_s);
+        fail(goal == Goal::Server ? u"会社のデータは、もうサーバーにあります。"_s
+                                  : u"会社のデータは、もうファイルにあります。"_s);
     if (rows_wait(settings))
-        fail(u"saved rows wait to be applied: start jyusinkanri, then move"_s);
+        fail(u"反映を待っている登録があります。jyusinkanri を起動してから、もう一度行ってください。"_s);
     if (goal == Goal::Files)
-        refuse_open_programs(settings, patience);
+        refuse_programs_on_server(settings, patience);
     const QByteArray server =
         goal == Goal::Server ? move.server.trimmed().toUtf8() : place_at(store::rovdata_path(settings))->connection;
     store::check_connection_words(server);

@@ -63,7 +63,7 @@ std::optional<MovePlan> MovePlan::standing(const base::Settings& settings) {
     const bool readable = file.open(QIODevice::ReadOnly);
     const QList<QByteArray> lines = readable ? file.readAll().split('\n') : QList<QByteArray>();
     if (lines.size() < line_count || lines[0] != first_line || (lines[1] != to_server && lines[1] != to_files))
-        throw std::runtime_error(platform::native(file.fileName()).toStdString() + ": can't be read");
+        throw std::runtime_error(platform::native(file.fileName()).toStdString() + " が読めません。");
     return MovePlan(settings, lines);
 }
 
@@ -106,7 +106,8 @@ QString MovePlan::file_set_aside(const QString& path) const {
 
 void refuse_half_moved(const base::Settings& settings) {
     if (MovePlan::standing(settings))
-        throw std::runtime_error("a move of this company was broken off: run rovena-install move again first");
+        throw std::runtime_error(
+            "この会社の移動が途中で終わっています。先に rovena-install move をもう一度行ってください。");
 }
 
 } // namespace install

@@ -66,7 +66,7 @@ public:
             name_beside(path, schema);
             const auto gone_again = qScopeGuard([&] { QFile::remove(MovePlan::beside(path)); });
             if (opened<Database>(MovePlan::beside(path), Kind::Any))
-                throw std::runtime_error("the server has a schema already: " + schema.toStdString());
+                throw std::runtime_error("サーバーに、この名前のスキーマがもうあります: " + schema.toStdString());
         }
     }
 
@@ -97,7 +97,7 @@ public:
         set_server_of_pc(QString::fromUtf8(m_plan.connection()));
         for (const MovedDatabase& database : moved_databases())
             clear_away(path_of(database));
-        m_say(u"the company lies on the server now; its files stand as they were in "_s +
+        m_say(u"会社のデータをサーバーへ移しました。元のファイルはそのまま残っています: "_s +
               platform::native(m_plan.folder_set_aside()));
     }
 
@@ -218,7 +218,7 @@ public:
         for (const MovedDatabase& database : moved_databases())
             clear_away(path_of(database));
         set_server_of_pc({});
-        m_say(u"the company lies in files now; on the server it stands as it was, in the schemas called "_s +
+        m_say(u"会社のデータをファイルへ移しました。サーバーの元のデータは、この名前のスキーマに残っています: "_s +
               m_plan.set_aside(u"..."_s));
     }
 

@@ -277,6 +277,8 @@ void restore_backup(const Restore& restore, const QDateTime& now, const Say& say
     std::optional<Alone> alone;
     if (data == Data::Here)
         alone.emplace(settings);
+    if (has_shared(found) && store::place_at(store::rovdata_path(settings)))
+        refuse_programs_on_server(settings, patience);
     std::vector<std::unique_ptr<Return>> returns;
     for (const Found& one : found)
         returns.push_back(std::make_unique<Return>(one, settings, data));

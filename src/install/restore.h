@@ -20,8 +20,9 @@ void list_backup(const QString& folder, const Say& say);
 /// Nothing is changed before all copies are beside their places and checked, and each place is filled with one step: a
 /// restore that is broken off leaves whole databases, and the next one completes it. The settings of the PC are made to
 /// name this tree, as the place of the data too unless they alone are restored on a PC whose data lies elsewhere.
-/// Throws std::runtime_error while the program runs on this data or if shared databases are to go to a PC whose data
-/// lies elsewhere, and store::Error (Code::Busy) where another program writes for longer than `patience`.
+/// Throws std::runtime_error while the program runs on this data, of other trees while it is connected to its server,
+/// or if shared databases are to go to a PC whose data lies elsewhere, and store::Error (Code::Busy) where another
+/// program writes for longer than `patience`.
 void restore_backup(const Restore& restore, const QDateTime& now, const Say& say,
     std::chrono::milliseconds patience = store::default_patience);
 

@@ -35,8 +35,10 @@ std::unique_ptr<ServerWord> server_word(const QString&) {
     return nullptr;
 }
 
+void end_waiting_connections() {}
+
 void check_connection_words(const QByteArray&) {
-    throw std::runtime_error("this program can't reach a data server");
+    throw std::runtime_error("このプログラムはデータサーバーに接続できません。");
 }
 
 } // namespace store

@@ -21,7 +21,10 @@ inline constexpr std::chrono::minutes patience_with_maker(2);
 void create_on_server(const ServerPlace& place, const QString& path, Kind kind,
     const std::function<void(Database&)>& fill, std::chrono::milliseconds patience = patience_with_maker);
 
-/// std::runtime_error, in English, where libpq doesn't understand the words or they hold a password.
+/// Ends this program's connections that only wait to be used again: the server counts them among those of others.
+void end_waiting_connections();
+
+/// std::runtime_error, in Japanese, where libpq doesn't understand the words or they hold a password.
 void check_connection_words(const QByteArray& words);
 
 } // namespace store

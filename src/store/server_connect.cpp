@@ -26,6 +26,7 @@ constexpr std::pair<const char*, const char*> defaults[]{
                 " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
 };
 
+
 PGconn* connected(const QByteArray& words) {
     std::vector<const char*> names, values;
     const auto add = [&](const char* name, const char* value) {
@@ -34,10 +35,10 @@ PGconn* connected(const QByteArray& words) {
     };
     for (const auto& [name, value] : defaults)
         add(name, value);
-    const QByteArray name = connection_name();
-    add("application_name", name.constData());
     add("dbname", words.constData()); // is taken apart, and goes before what stands before it
     add("client_encoding", "UTF8");
+    const QByteArray name = connection_name(); // whatever was written: by it the programs of other PCs are seen
+    add("application_name", name.constData());
     add(nullptr, nullptr);
     return PQconnectdbParams(names.data(), values.data(), /*expand_dbname=*/1);
 }

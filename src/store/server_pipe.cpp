@@ -63,10 +63,11 @@ bool is_good(ExecStatusType status) {
 void check_connection_words(const QByteArray& words) {
     const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(words.constData(), nullptr));
     if (!options) // libpq would repeat what it doesn't understand, which may be a password
-        throw std::runtime_error("the data server's words can't be read: they are libpq's, as host=... dbname=...");
+        throw std::runtime_error(
+            "データサーバーの指定が読めません。libpq の書き方（host=... dbname=...）で指定してください。");
     for (const PQconninfoOption* option = options.get(); option->keyword; ++option)
         if (QByteArrayView(option->keyword).endsWith("password") && option->val)
-            throw std::runtime_error("a password belongs into libpq's password file, not here");
+            throw std::runtime_error("パスワードは、ここではなく libpq のパスワードファイルに書いてください。");
 }
 
 ServerPipe::ServerPipe(const QByteArray& connection, const QString& opened)

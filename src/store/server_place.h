@@ -44,7 +44,7 @@ std::optional<ServerPlace> place_for_new(const QString& path, Kind kind);
 void make_on_server(const ServerPlace& place, const QString& path, Kind kind);
 
 /// From now on new databases in or below the folder, which is there, are made on the server, parted into so many
-/// partitions; 0 leaves that as it was. std::runtime_error, in English, where the words aren't libpq's or hold a
+/// partitions; 0 leaves that as it was. std::runtime_error, in Japanese, where the words aren't libpq's or hold a
 /// password; the connection itself isn't tried.
 void make_on_server_below(const QString& folder, const QString& connection, int partitions);
 

@@ -1,3 +1,4 @@
+#include "store/server.h"
 #include "store/server_link.h"
 
 #include <QDeadlineTimer>
@@ -145,6 +146,12 @@ void give_back(std::unique_ptr<ServerLink> link) {
         one_too_many = std::move(all.links.back());
         all.links.pop_back();
     }
+}
+
+void end_waiting_connections() {
+    Waiting& all = waiting();
+    const QMutexLocker lock(&all.mutex);
+    all.links.clear();
 }
 
 } // namespace store

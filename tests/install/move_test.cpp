@@ -1,8 +1,10 @@
 // The company's way to a server and back, by the program itself. Needs a server (scripts/with-server).
 
 #include "company.h"
+#include "install/restore.h"
 #include "platform/program_lock.h"
 #include "store/held.h"
+#include "store/server_turn.h"
 #include "store/sums.h"
 #include "support/data_server.h"
 #include "support/killed.h"
@@ -206,11 +208,32 @@ TEST_F(MovedCompany, StaysWhereAProgramIsOpenOrRowsWaitOrTheCopyWouldNotBeTheSam
 
     ASSERT_EQ(to_server(), 0);
     support::cut_all_connections();
-    const Database open = Database::open(rovdata_path(settings), Kind::Rovdata);
+    auto turn = server_turn(posting_path(settings), TurnFor::Posting);
+    ASSERT_TRUE(turn->take_within(std::chrono::seconds(5)));
+    turn.reset();
     EXPECT_EQ(support::status_of(*support::start_program(
                   qEnvironmentVariable("ROVENA_BIN") + u"/rovena-install"_s, {u"move"_s, root, u"--to-files"_s})),
         1);
-    EXPECT_EQ(on_server(), all_of_them) << "somebody works with it";
+    EXPECT_EQ(on_server(), all_of_them) << "somebody works with it, and has saved";
+}
+
+TEST_F(MovedCompany, IsRestoredOnItsServerWhenNoProgramOfAnotherTreeIsConnected) {
+    ASSERT_EQ(to_server(), 0);
+    const QString before = QDir(folder_of_all()).entryInfoList({u"files-*"_s}).value(0).filePath();
+    const auto restore = [&] {
+        restore_backup(
+            {before, root}, QDateTime::currentDateTime(), [](const QString&) {}, std::chrono::milliseconds(500));
+    };
+    const QString other = folder.filePath(u"other.mdb"_s);
+    support::put_bytes(other, bytes_of(ServerPlace{server + " application_name=other", u"rovdata"_s}));
+    {
+        Database open = Database::open(other, Kind::Rovdata);
+        open.exec("insert into kinsyu values (99, '夜')");
+        EXPECT_THROW(restore(), std::runtime_error);
+        EXPECT_TRUE(open.prepare("select 1 from kinsyu where システム番号=99").step());
+    }
+    restore();
+    EXPECT_TRUE(rows_now() == rows);
 }
 
 TEST_F(MovedCompany, IsWholeOrClosedAfterAMoveThatIsKilledAtAnyChangeOfAFile) {
