@@ -34,8 +34,11 @@ public:
             throw Error(Code::Other, file, {},
                 u"%1 が見つかりません。PostgreSQL のクライアントのプログラムを入れてください。"_s.arg(name));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        if (!environment.contains(u"PGCONNECT_TIMEOUT"_s))
-            environment.insert(u"PGCONNECT_TIMEOUT"_s, u"10"_s);
+        // As the program connects; the administrator's words go before these.
+        for (const auto& [word, value] :
+            {std::pair(u"PGCONNECT_TIMEOUT"_s, u"10"_s), {u"PGTARGETSESSIONATTRS"_s, u"read-write"_s}})
+            if (!environment.contains(word))
+                environment.insert(word, value);
         m_process.setProcessEnvironment(environment);
         m_process.start(program, arguments);
     }

@@ -6,6 +6,8 @@
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -22,6 +24,7 @@ constexpr std::pair<const char*, const char*> defaults[]{
     {"tcp_user_timeout", "10000"},
     {"keepalives_idle", "10"},
     {"keepalives_interval", "1"}, // else the system looks whether an answer came only 75 seconds later
+    {"target_session_attrs", "read-write"}, // of several hosts the one that others follow
     {"options", "-c tcp_keepalives_idle=10 -c tcp_keepalives_interval=5 -c tcp_keepalives_count=3"
                 " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
 };
@@ -62,12 +65,15 @@ constexpr struct {
 /// By what libpq itself says, in the system's language.
 constexpr struct {
     QStringView english, japanese, text;
+    Code code = Code::Refused;
 } of_client[]{
     {u"password", u"パスワード", u"パスワードがありません。パスワードファイルを確かめてください。"},
     {u"certificate", u"証明書",
         u"サーバーの証明書を確かめられません。期限・サーバーの名前・ルート証明書を確かめてください。"},
     {u"SSL", u"SSL", u"サーバーと暗号化の方法が合いません。"},
     {u"definition of service", u"サービス定義", u"サービスファイルに、その名前がありません。"},
+    {u"read-only", u"読み取り専用", read_only_words, Code::Away},
+    {u"standby", u"スタンバイ", read_only_words, Code::Away},
     {u"FATAL", u"FATAL", {}},
 };
 
@@ -92,25 +98,40 @@ Error error_of(const QString& state, const QString& said, const QString& path) {
     for (const auto& [sign, code, text] : of_server)
         if (state.startsWith(sign))
             return told(code, text);
-    for (const auto& [english, japanese, text] : of_client)
+    for (const auto& [english, japanese, text, code] : of_client)
         if (said.contains(english) || said.contains(japanese))
-            return told(Code::Refused, text);
+            return told(code, text);
     return told(Code::Away, u"サーバーとネットワークを確かめてください。");
 }
 
+using Connection = std::unique_ptr<PGconn, decltype(&PQfinish)>;
+
+/// The administrator's words may ask for less.
+PGconn* released_if_writable(Connection connection, const QString& path) {
+    if (reads_only(connection.get()))
+        throw Error(Code::Away, path, {}, read_only_words.toString());
+    return connection.release();
+}
+
 } // namespace
+
+bool reads_only(const PGconn* connection) {
+    constexpr std::array marks{"in_hot_standby", "default_transaction_read_only"};
+    return std::ranges::any_of(
+        marks, [&](const char* mark) { return QByteArrayView(PQparameterStatus(connection, mark)) == "on"; });
+}
 
 PGconn* connect_to(const QByteArray& words, const QString& path) {
     constexpr qint64 quick = 3000;
     QElapsedTimer taken;
     taken.start();
-    std::unique_ptr<PGconn, decltype(&PQfinish)> connection(connected(words), PQfinish);
+    Connection connection(connected(words), PQfinish);
     if (PQstatus(connection.get()) == CONNECTION_OK)
-        return connection.release();
+        return released_if_writable(std::move(connection), path);
     const QString said = said_by(connection.get());
     const QString state = taken.elapsed() < quick ? code_of_another_attempt(connection.get()) : QString();
     if (PQstatus(connection.get()) == CONNECTION_OK)
-        return connection.release();
+        return released_if_writable(std::move(connection), path);
     throw error_of(state, said, path);
 }
 

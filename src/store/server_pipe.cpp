@@ -244,8 +244,11 @@ void ServerPipe::wait_for_more() {
 /// The server's sentence goes without the details, in which values may stand.
 Error ServerPipe::error_of(const PGresult* result, const QString& sql) const {
     const char* sentence = PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY);
-    return Error(meaning_of(PQresultErrorField(result, PG_DIAG_SQLSTATE)), path, sql,
-        QString::fromUtf8(sentence ? sentence : PQerrorMessage(m_connection)).trimmed());
+    const QString said = QString::fromUtf8(sentence ? sentence : PQerrorMessage(m_connection)).trimmed();
+    const Code code = meaning_of(PQresultErrorField(result, PG_DIAG_SQLSTATE));
+    if (code == Code::ReadOnly && reads_only(m_connection)) // since it was connected
+        return Error(Code::Away, path, sql, read_only_words.toString() + u'\n' + said);
+    return Error(code, path, sql, said);
 }
 
 void ServerPipe::fail(const QString& reason) {
@@ -263,7 +266,7 @@ bool ServerPipe::usable() {
     if (m_broken)
         return false;
     const bool heard = PQconsumeInput(m_connection) == 1 && PQconsumeInput(m_connection) == 1;
-    return heard && PQstatus(m_connection) == CONNECTION_OK;
+    return heard && PQstatus(m_connection) == CONNECTION_OK && !reads_only(m_connection);
 }
 
 } // namespace store

@@ -75,7 +75,7 @@ public:
 
     qsizetype unheard() const { return qsizetype(m_unheard.size()); }
 
-    /// False if something has cut it, as far as can be told without asking.
+    /// False if something has cut it or its server takes no writes any more, as far as can be told without asking.
     bool usable();
 
     QString path; ///< of the database that it serves now, for the errors
