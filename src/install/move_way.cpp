@@ -4,7 +4,6 @@
 #include "platform/paths.h"
 #include "platform/whole_file.h"
 #include "store/files.h"
-#include "store/setting_tables.h"
 
 #include <QDir>
 #include <QFile>
@@ -94,7 +93,6 @@ public:
                 put_files_back();
             throw;
         }
-        set_server_of_pc(QString::fromUtf8(m_plan.connection()));
         for (const MovedDatabase& database : moved_databases())
             clear_away(path_of(database));
         m_say(u"会社のデータをサーバーへ移しました。元のファイルはそのまま残っています: "_s +
@@ -217,7 +215,6 @@ public:
                 store::check_system(platform::rename_over(beside, path), path);
         for (const MovedDatabase& database : moved_databases())
             clear_away(path_of(database));
-        set_server_of_pc({});
         m_say(u"会社のデータをファイルへ移しました。サーバーの元のデータは、この名前のスキーマに残っています: "_s +
               m_plan.set_aside(u"..."_s));
     }
@@ -232,10 +229,6 @@ public:
 
 QString MoveWay::folder() const {
     return QFileInfo(store::data_folder(m_settings)).path();
-}
-
-void MoveWay::set_server_of_pc(const QString& connection) {
-    store::SettingTables(m_settings).設定書込(store::losystem, u"データサーバー"_s, connection);
 }
 
 std::unique_ptr<MoveWay> way_of(base::Settings& settings, const MovePlan& plan, const Say& say) {

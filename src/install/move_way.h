@@ -35,7 +35,6 @@ public:
 protected:
     QString path_of(const MovedDatabase& database) const { return database.path(m_settings); }
     QString folder() const; ///< of all the shared data
-    void set_server_of_pc(const QString& connection);
 
     base::Settings& m_settings;
     const MovePlan m_plan;

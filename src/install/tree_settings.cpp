@@ -5,6 +5,7 @@
 #include "platform/paths.h"
 #include "platform/share.h"
 #include "store/files.h"
+#include "store/server_place.h"
 #include "store/setting_tables.h"
 
 #include <QDir>
@@ -34,7 +35,6 @@ constexpr Known known[]{
     {Owner::Pc, u"使用区分", u"--use-class",
         [](const Options& o) { return o.use_class ? QString::number(*o.use_class) : QString(); }},
     {Owner::Pc, u"サーバーＰＣ", u"--server-root", [](const Options& o) { return o.server_root; }},
-    {Owner::Pc, u"データサーバー", u"--data-server", [](const Options& o) { return o.data_server; }},
     {Owner::Pc, u"winユーザー名", u"--share-user", [](const Options& o) { return o.share_user; }},
     {Owner::Pc, password_key, u"--share-password", [](const Options& o) { return o.share_password; }},
     {Owner::Pc, u"プリンター１", u"--printer", [](const Options& o) { return o.printer; }},
@@ -157,6 +157,16 @@ void set_shared(const Options& options, const Say& say) {
     }
 }
 
+namespace {
+
+/// Where the company lies is told by its place alone.
+void show_data_server(const base::Settings& settings, const Say& say) {
+    if (const auto place = store::place_at(store::rovdata_path(settings)))
+        say(shown(u"データサーバー", QString::fromUtf8(place->connection)));
+}
+
+} // namespace
+
 void list_settings(const QString& root, const Say& say) {
     Options options;
     options.root = root;
@@ -169,6 +179,7 @@ void list_settings(const QString& root, const Say& say) {
             if (setting.owner == owner)
                 say(shown(setting.key, tables.設定読込(table_of(owner), setting.key.toString())));
     }
+    show_data_server(settings, say);
 }
 
 } // namespace install

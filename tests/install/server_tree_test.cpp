@@ -2,6 +2,7 @@
 // at.
 
 #include "company.h"
+#include "install/tree_settings.h"
 #include "support/data_server.h"
 
 #include <QTemporaryDir>
@@ -40,8 +41,10 @@ TEST_F(ServerTree, IsMadeOnceAndFoundByOtherPcsWhoseClerksChangeNoTable) {
     first.partitions = 3;
     const base::Settings one = run(first), two = run(options(u"two"_s));
     EXPECT_EQ(server_place(support::bytes_of(rovdata_path(two))), (ServerPlace{support::data_server(), u"rovdata"_s}));
-    EXPECT_EQ(rows_of(losys_path(two), Kind::Losys, "select データ from losystem where 項目名='データサーバー'"),
-        QStringList{QString::fromUtf8(support::data_server())});
+    QStringList shown;
+    list_settings(folder.filePath(u"two"_s), [&](const QString& line) { shown << line; });
+    EXPECT_EQ(shown.filter(u"データサーバー"_s),
+        QStringList{u"データサーバー = "_s + QString::fromUtf8(support::data_server())});
     const QStringList rows = all_rows(rovdata_path(one), Kind::Rovdata);
     EXPECT_GT(rows.size(), 60);
     run(options(u"one"_s));
