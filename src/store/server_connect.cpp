@@ -29,7 +29,6 @@ constexpr std::pair<const char*, const char*> defaults[]{
                 " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
 };
 
-
 PGconn* connected(const QByteArray& words) {
     std::vector<const char*> names, values;
     const auto add = [&](const char* name, const char* value) {
