@@ -4,6 +4,7 @@
 #include "frame/backup.h"
 #include "platform/from_cp932.h"
 #include "platform/paths.h"
+#include "store/server.h"
 #include "support/stored.h"
 #include "ui/paper/print_shop.h"
 
@@ -296,6 +297,7 @@ void Walker::leave() {
 void Walker::restore() {
     const QString backup = frame::shared_backup_folder(settings(), m_desk.now().date());
     m_program.reset();
+    store::end_waiting_connections(); // as they end with a program of its own
     m_root += u"-restored"_s;
     install({m_root});
     install({u"restore"_s, backup, m_root});
