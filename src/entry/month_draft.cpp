@@ -136,9 +136,17 @@ void MonthDraft::posted(const MonthSheet& sheet) {
 bool MonthDraft::on_their_way(const MonthSheet& sheet) {
     if (std::ranges::none_of(m_kept.days, &DraftDay::posted))
         return false;
-    if (days_wait(m_session.settings, m_employee))
-        return true;
-    const MonthAsRead days = month_as_read(month_in_tables(sheet, m_session.settings, m_employee));
+    try {
+        if (days_wait(m_session.settings, m_employee))
+            return true;
+        let_arrived_go(sheet, month_as_read(month_in_tables(sheet, m_session.settings, m_employee)));
+    } catch (const store::Error&) {
+        // what can't be looked at now stays, and is told by whatever the person does next
+    }
+    return false;
+}
+
+void MonthDraft::let_arrived_go(const MonthSheet& sheet, const MonthAsRead& days) {
     QSet<int> lost;
     Draft left = m_kept;
     left.days.removeIf([&](const DraftDay& day) { return arrived(day, days, sheet); });
@@ -151,7 +159,6 @@ bool MonthDraft::on_their_way(const MonthSheet& sheet) {
         return !lost.contains(posted.key());
     });
     write(left);
-    return false;
 }
 
 MonthInHand MonthDraft::in_hand(const MonthSheet& sheet) const {

@@ -33,7 +33,7 @@ public:
     void posted(const MonthSheet& sheet);
 
     /// Whether saved days are on their way, and those that have come into the tables since leave the draft. Looks into
-    /// the exchange files and the tables, so that it isn't asked with every key. Throws store::Error.
+    /// the exchange files and the tables, so that it isn't asked with every key; false where they aren't reached.
     bool on_their_way(const MonthSheet& sheet);
 
     /// What a save goes by. It refers to this and to the sheet.
@@ -70,6 +70,7 @@ private:
     Draft draft_of(const MonthSheet& sheet);
     void write(Draft draft);
     void leave_what_arrived(const MonthSheet& sheet);
+    void let_arrived_go(const MonthSheet& sheet, const MonthAsRead& days);
 
     frame::Session& m_session;
     base::EmployeeKey m_employee;

@@ -152,7 +152,7 @@ std::list<Kept> hold_kept_files(const base::Settings& settings) {
         try {
             kept.emplace_back(path);
         } catch (const store::Error& error) {
-            if (may_hold_rows(error.code()))
+            if (error.code() != store::Code::Replaced && !holds_no_rows(error.code()))
                 throw;
         }
     }

@@ -7,6 +7,7 @@
 #include "store/files.h"
 
 #include <algorithm>
+#include <array>
 
 namespace entry {
 
@@ -28,12 +29,21 @@ constexpr std::string_view row_of_employee =
 constexpr std::string_view employees_of_rows =
     R"(select distinct (case "2" when '51' then "7" else "4" end) from jyusin)";
 
+/// A file that is held, or just remade, is looked at again. One that isn't reached is for the person to know.
+bool is_busy(const store::Error& error) {
+    if (error.code() == store::Code::Busy || error.code() == store::Code::Replaced)
+        return true;
+    if (!holds_no_rows(error.code()))
+        throw error;
+    return false;
+}
+
 bool holds_row(const QString& path, EmployeeKey employee) {
     try {
         auto exchange = store::Database::open(path, store::Kind::Exchange, patience);
         return exchange.prepare(row_of_employee).bind(digits(employee.value())).step();
     } catch (const store::Error& error) {
-        return may_hold_rows(error.code());
+        return is_busy(error);
     }
 }
 
@@ -46,7 +56,7 @@ std::optional<QSet<qint64>> employees_in(const QString& path) {
         while (query.step())
             employees.insert(Val(query.row().text(0)));
     } catch (const store::Error& error) {
-        if (may_hold_rows(error.code()))
+        if (is_busy(error))
             return std::nullopt;
     }
     return employees;
@@ -85,20 +95,10 @@ bool wait_until(frame::Session& session, const std::function<bool()>& are_in) {
 
 } // namespace
 
-bool may_hold_rows(store::Code code) {
+bool holds_no_rows(store::Code code) {
     using enum store::Code;
-    switch (code) {
-    case Missing:
-    case Empty:
-    case NotADatabase:
-    case WrongKey:
-    case Damaged:
-    case OtherKind:
-    case Newer:
-        return false;
-    default:
-        return true;
-    }
+    constexpr std::array broken{Missing, Empty, NotADatabase, WrongKey, Damaged, OtherKind, Newer, Older, Misuse};
+    return std::ranges::find(broken, code) != broken.end();
 }
 
 bool days_wait(const base::Settings& settings, EmployeeKey employee) {

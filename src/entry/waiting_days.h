@@ -17,12 +17,12 @@
 
 namespace entry {
 
-/// Whether an exchange file that can't be looked into for this reason may hold rows that will come into the tables. One
-/// that isn't there or is broken holds none that the manager would take; one that another program holds, or that isn't
-/// reached, may.
-bool may_hold_rows(store::Code code);
+/// Whether an exchange file that can't be read for this reason holds nothing that the manager would take: it isn't
+/// there, or is broken.
+bool holds_no_rows(store::Code code);
 
-/// Whether posted rows of the employee may still wait.
+/// Whether posted rows of the employee may still wait: those of a file that another program holds at the moment may.
+/// Throws store::Error where a file isn't reached, as reading the month would.
 /// Costs the opening of one file and the reading of the rows that wait in it.
 bool days_wait(const base::Settings& settings, base::EmployeeKey employee);
 

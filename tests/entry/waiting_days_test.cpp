@@ -2,6 +2,7 @@
 #include "entry/waiting_days.h"
 #include "frame/exchange_files.h"
 #include "frame/kept_files.h"
+#include "store/server_place.h"
 #include "support/stored.h"
 
 #include <gtest/gtest.h>
@@ -110,6 +111,10 @@ TEST_F(WaitingDays, NothingElseDelays) {
     opens_at_once("no exchange file, and one put aside for a person to look at");
     support::put_bytes(store::exchange_path(company.tree.settings, 1), "torn");
     opens_at_once("a file that the manager can't read either");
+    const store::ServerPlace away{"host=127.0.0.1 port=1", u"jyusin"_s};
+    support::put_bytes(store::exchange_path(company.tree.settings, 1), bytes_of(away));
+    EXPECT_THROW(choose(2), store::Error);
+    EXPECT_EQ(waited(), 0) << "who isn't reached is told at once";
     EXPECT_TRUE(company.host.started.isEmpty());
 }
 
