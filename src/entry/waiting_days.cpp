@@ -47,7 +47,7 @@ bool holds_row(const QString& path, EmployeeKey employee) {
     }
 }
 
-/// Nothing for a file that may hold rows and can't be looked into.
+/// Nothing for a file that is held, or just remade.
 std::optional<QSet<qint64>> employees_in(const QString& path) {
     QSet<qint64> employees;
     try {

@@ -26,8 +26,8 @@ bool holds_no_rows(store::Code code);
 /// Costs the opening of one file and the reading of the rows that wait in it.
 bool days_wait(const base::Settings& settings, base::EmployeeKey employee);
 
-/// Of these employees (`システム番号`), those of whom posted rows may still wait; all of them while a file can't be
-/// looked into.
+/// Of these employees (`システム番号`), those of whom posted rows may still wait; all of them while another program
+/// holds a file. Throws as days_wait().
 QSet<qint64> those_waiting(const base::Settings& settings, const QSet<qint64>& employees);
 
 /// Waits until no row of these employees waits, as 登録待ち does, but without a question: those of whom rows wait still

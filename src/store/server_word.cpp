@@ -4,7 +4,7 @@
 #include "store/server_link.h"
 #include "store/server_names.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace store {
 
