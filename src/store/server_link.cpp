@@ -34,7 +34,8 @@ ServerLink::ServerLink(const QByteArray& connection, const QString& path)
 /// The path of names stands for itself: within a transaction it would go with that.
 void ServerLink::serve(const QString& schema, const QString& path) {
     pipe.path = path;
-    pipe.silence = pipe.usual_silence();
+    if (!making)
+        pipe.silence = pipe.usual_silence();
     const auto met = m_schemas.constFind(schema);
     if (met != m_schemas.constEnd() && *met == m_now)
         return;

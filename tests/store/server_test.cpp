@@ -187,9 +187,12 @@ TEST_F(OnAServer, ASilentServerIsGivenUp) {
 }
 #endif
 
-TEST_F(OnAServer, ASchemaThatIsThereGetsWhatItLacks) {
+TEST_F(OnAServer, ASchemaThatIsThereGetsWhatItLacksHoweverLongThatTakes) {
     psql(u"drop table \"%1\".bangou; drop index \"%1\".syain_key"_s.arg(place->schema));
-    support::put_bytes(tree.folder.filePath(u"data-server"_s), place->connection + '\n');
+    psql(u"create function slow() returns event_trigger language plpgsql as 'begin perform pg_sleep(0.5); end';"
+         " create event trigger slow on ddl_command_start when tag in ('GRANT') execute function slow()"_s);
+    const auto quick_again = qScopeGuard([] { psql(u"drop event trigger slow; drop function slow()"_s); });
+    support::put_bytes(tree.folder.filePath(u"data-server"_s), place->connection + " tcp_user_timeout=50\n");
     psql(u"alter schema \"%1\" rename to comsys"_s.arg(place->schema));
     QFile::remove(path);
     Database database = Database::create(path, Kind::Comsys);
