@@ -24,10 +24,6 @@ auto as_stored(const TypedDay& day) {
         kind == 0 ? 0 : Val(day.holiday_work));
 }
 
-bool same_times(const TypedDay& a, const TypedDay& b) {
-    return a.clock_in == b.clock_in && a.clock_out == b.clock_out && a.break_time == b.break_time;
-}
-
 /// A day that isn't calculated yet was typed by hand in its break if that isn't the one that was read.
 BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
     const QString& pause = sheet.hyou(r, col::break_time);
@@ -51,6 +47,10 @@ TypedDay typed_day(const MonthSheet& sheet, int r) {
     const auto& hidden = sheet.hyou_system;
     return {hyou(r, col::clock_in), hyou(r, col::clock_out), hyou(r, col::break_time), hyou(r, col::remark),
         hidden(r, record::kind_number), hidden(r, record::kind_name), hidden(r, record::holiday_work)};
+}
+
+bool same_times(const TypedDay& a, const TypedDay& b) {
+    return a.clock_in == b.clock_in && a.clock_out == b.clock_out && a.break_time == b.break_time;
 }
 
 bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work) {

@@ -27,6 +27,9 @@ struct TypedDay {
 
 TypedDay typed_day(const MonthSheet& sheet, int r);
 
+/// Whether their clock times and breaks are the same, from which a day's figures follow.
+bool same_times(const TypedDay& a, const TypedDay& b);
+
 /// Whether a person chose the day's kind. The calculation gives a day without work its kind and leaves `休出` as it is;
 /// a choice sets it.
 bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work);
@@ -70,6 +73,7 @@ struct PostedDay {
     TypedDay typed;
     Hours hours{};   ///< as in a draft
     Hours figures{}; ///< all of the day's
+    Hours beneath{}; ///< those that the day had before it was posted; empty where nobody knows them any more
 };
 
 /// Days as they were posted since the month was read, by sheet row.

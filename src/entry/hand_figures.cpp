@@ -80,6 +80,16 @@ Hours figures_of(const MonthSheet& sheet, const base::Sheet& cells, int r) {
     return figures;
 }
 
+bool put_figures(const MonthSheet& sheet, base::Sheet& cells, int r, const Hours& figures) {
+    bool any = false;
+    for (int column = col::break_time; column < cells.Cols(); ++column)
+        if (const auto figure = figures.find(tag_of(sheet, column)); figure != figures.end()) {
+            cells(r, column) = *figure;
+            any = true;
+        }
+    return any;
+}
+
 bool same_figures(const base::Sheet& a, const base::Sheet& b, int r) {
     if (a.Cols() == b.Cols())
         for (int column = col::work_time; column < a.Cols(); ++column)
@@ -115,14 +125,14 @@ QStringList words_of(const Hours& hours, const MonthSheet& sheet) {
     return words;
 }
 
-Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read) {
+Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, const TypedDay& day) {
     if (Val(sheet.mark(r)) == 2 || read.Cols() != sheet.hyou.Cols())
         return {};
     QStringList own; // only a row that differs is calculated
     return differing(sheet, r, read, [&](int column, const QString& cell) {
-        if (is_figure(column) && own.isEmpty())
+        if (is_figure(column) && own.isEmpty() && !same_times(typed_day(sheet, r), day))
             own = calculated(sheet, r, read);
-        return is_figure(column) && cell != own[column];
+        return is_figure(column) && (own.isEmpty() || cell != own[column]);
     });
 }
 
@@ -140,7 +150,9 @@ Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read) {
 void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted,
     const base::Sheet& read_figures) {
     for (int r = row::first_day; r <= sheet.month.length(); ++r) {
-        const Hours hours = hours_by_hand(sheet, r, read_figures);
+        const auto as_posted = posted.find(r);
+        const Hours hours =
+            hours_by_hand(sheet, r, read_figures, as_posted == posted.end() ? read[r] : as_posted->typed);
         auto day = std::ranges::find(days, sheet.month.day(r), &DraftDay::date);
         if (day == days.end() && hours.isEmpty())
             continue;
@@ -157,11 +169,8 @@ void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead
 }
 
 void lay_hours(MonthSheet& sheet, int r, const Hours& hours) {
-    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
-        if (const auto typed = hours.find(tag_of(sheet, column)); typed != hours.end()) {
-            sheet.hyou(r, column) = *typed;
-            sheet.mark(r) = u"1"_s;
-        }
+    if (put_figures(sheet, sheet.hyou, r, hours))
+        sheet.mark(r) = u"1"_s;
 }
 
 void lay_sums(MonthSheet& sheet, const Hours& sums) {

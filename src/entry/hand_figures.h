@@ -23,6 +23,10 @@ bool same_time(const QString& a, const QString& b);
 /// All figures of a row, by tag. The columns are those of `sheet`; `cells` has as many, else there are none.
 Hours figures_of(const MonthSheet& sheet, const base::Sheet& cells, int r);
 
+/// Writes figures into their cells of the row, and tells whether there are any; tags that have no column are passed
+/// over.
+bool put_figures(const MonthSheet& sheet, base::Sheet& cells, int r, const Hours& figures);
+
 /// Whether a row's figures are the same times. Sheets of other columns aren't compared.
 bool same_figures(const base::Sheet& a, const base::Sheet& b, int r);
 bool same_figures(const Hours& known, const MonthSheet& sheet, int r);
@@ -36,8 +40,9 @@ QMap<int, Hours> figures_of_others(const QList<DraftDay>& days, const MonthSheet
 QStringList words_of(const Hours& hours, const MonthSheet& sheet);
 
 /// Of a day, by tag. A day that is still to be calculated has none: the calculation overwrites them.
-/// `read` is the sheet as it was read, or as it was posted last.
-Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read);
+/// `read` is the sheet as it was read, or as it was posted last, and so is `day`: where its times stand as they were, a
+/// figure that differs was typed even if the calculation would give it.
+Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, const TypedDay& day);
 
 /// The same for the month's sums, which follow from the days; their tags begin with sum_tag.
 Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read);

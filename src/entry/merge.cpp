@@ -26,8 +26,11 @@ bool same_cells(const MonthSheet& a, const MonthSheet& b, int r) {
 /// without its figures.
 bool only_ours(const MonthInHand& hand, int r, const MonthSheet& stored, const TypedDay& day) {
     const auto posted = hand.posted.find(r);
-    if (posted != hand.posted.end() && stored_alike(posted->typed, day))
-        return same_figures(posted->figures, stored, r);
+    if (posted != hand.posted.end() && stored_alike(posted->typed, day)) {
+        const bool lost = stored_alike(hand.read[r], day) && !posted->beneath.isEmpty() &&
+                          same_figures(posted->beneath, stored, r); // of a day of which only hours were typed
+        return lost || same_figures(posted->figures, stored, r);
+    }
     return stands_as_read(hand.read[r], day, hand.sheet.kind_without_work) &&
            (posted != hand.posted.end() || same_figures(hand.figures, stored.hyou, r));
 }

@@ -19,12 +19,25 @@ QString words(const QString& text, QTime time) {
     return time.isValid() ? u"%1 %2"_s.arg(text, time.toString(u"H:mm")) : text;
 }
 
-/// Whether a day that was posted has come into the tables: they hold it, or something else than lay beneath it.
-bool arrived(const DraftDay& day, const MonthAsRead& stored, const MonthSheet& sheet) {
-    const int r = sheet.month.row(day.date);
-    const bool differs = !stored_alike(day.typed, stored[r]);
-    return day.posted && !(sheet.month.is_found_again(r) && differs &&
-                             stands_as_read(day.before, stored[r], sheet.kind_without_work));
+/// Whether a day that was posted has come into the tables: they hold it, or something else than lay beneath it. One of
+/// which only hours were typed has if they hold these.
+bool arrived(const DraftDay& day, const MonthSheet& stored) {
+    const int r = stored.month.row(day.date);
+    const TypedDay now = typed_day(stored, r);
+    const bool beneath = stands_as_read(day.before, now, stored.kind_without_work);
+    const bool held =
+        stored_alike(day.typed, now) && (!stored_alike(day.before, day.typed) || same_figures(day.figures, stored, r));
+    return day.posted && (held || !beneath || !stored.month.is_found_again(r));
+}
+
+/// Where only the figures stand otherwise, those that lay beneath the day come back too: nothing is calculated.
+DraftDay with_figures_beneath(const Clash& clash, const MonthSheet& sheet) {
+    DraftDay day = clash.draft;
+    if (same_times(typed_day(sheet, clash.row), day.typed))
+        for (const QString& tag : clash.stored_hours.keys())
+            if (!day.hours.contains(tag))
+                day.hours.insert(tag, day.figures.value(tag));
+    return day;
 }
 
 } // namespace
@@ -42,11 +55,17 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     leave_what_arrived(sheet);
     for (const DraftDay& day : std::as_const(m_kept.days))
         if (day.posted)
-            m_posted.insert(m_month.row(day.date), {day.typed, day.hours, day.figures});
+            stands_posted(sheet, day);
     m_counts = m_kept.counts;
     m_counts.removeIf([](const auto& count) { return count.key().startsWith(sum_tag); });
     m_clashes = lay_draft(sheet, m_kept);
     keep(sheet);
+}
+
+void MonthDraft::stands_posted(const MonthSheet& sheet, const DraftDay& day) {
+    const int r = m_month.row(day.date);
+    m_posted.insert(r, {day.typed, day.hours, day.figures});
+    put_figures(sheet, m_read_figures, r, day.figures);
 }
 
 /// A day that was posted is over once its rows are applied, unless the tables hold what was beneath it: then its rows
@@ -56,7 +75,7 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
     const bool any_posted = std::ranges::any_of(m_kept.days, &DraftDay::posted);
     if (!any_posted || days_wait(m_session.settings, m_employee))
         return;
-    m_kept.days.removeIf([&](const DraftDay& day) { return arrived(day, m_read, sheet); });
+    m_kept.days.removeIf([&](const DraftDay& day) { return arrived(day, sheet); });
     for (DraftDay& day : m_kept.days)
         if (day.posted) {
             day.before = day.typed;
@@ -124,8 +143,10 @@ void MonthDraft::posted(const MonthSheet& sheet) {
         clash.draft.posted = false;
     const Draft draft = draft_of(sheet);
     for (const DraftDay& day : draft.days)
-        if (const int r = m_month.row(day.date); !undecided(r))
-            m_posted.insert(r, {day.typed, day.hours, figures_of(sheet, sheet.hyou, r)});
+        if (const int r = m_month.row(day.date); !undecided(r)) {
+            const Hours beneath = m_posted.contains(r) ? m_posted[r].beneath : figures_of(sheet, m_read_figures, r);
+            m_posted.insert(r, {day.typed, day.hours, figures_of(sheet, sheet.hyou, r), beneath});
+        }
     m_read_figures = sheet.hyou;
     m_read_strip = sheet.hyou_day;
     write(draft_of(sheet));
@@ -139,17 +160,17 @@ bool MonthDraft::on_their_way(const MonthSheet& sheet) {
     try {
         if (days_wait(m_session.settings, m_employee))
             return true;
-        let_arrived_go(sheet, month_as_read(month_in_tables(sheet, m_session.settings, m_employee)));
+        let_arrived_go(month_in_tables(sheet, m_session.settings, m_employee));
     } catch (const store::Error&) {
         // what can't be looked at now stays, and is told by whatever the person does next
     }
     return false;
 }
 
-void MonthDraft::let_arrived_go(const MonthSheet& sheet, const MonthAsRead& days) {
+void MonthDraft::let_arrived_go(const MonthSheet& stored) {
     QSet<int> lost;
     Draft left = m_kept;
-    left.days.removeIf([&](const DraftDay& day) { return arrived(day, days, sheet); });
+    left.days.removeIf([&](const DraftDay& day) { return arrived(day, stored); });
     for (const DraftDay& day : std::as_const(left.days))
         if (day.posted)
             lost << m_month.row(day.date);
@@ -181,10 +202,17 @@ void MonthDraft::taken_over(const MonthSheet& sheet, const QList<int>& rows) {
         m_posted.remove(r);
         for (Clash& clash : m_clashes)
             if (clash.row == r)
-                clash.stored = m_read[r];
+                stands_otherwise(clash, sheet);
     }
     read_figures_of(sheet, row::total);
     m_read_strip = sheet.hyou_day;
+}
+
+void MonthDraft::stands_otherwise(Clash& clash, const MonthSheet& stored) const {
+    const Merge anew =
+        merge(m_month, {clash.draft}, m_read, stored.kind_without_work, figures_of_others({clash.draft}, stored));
+    clash.stored = m_read[clash.row];
+    clash.stored_hours = anew.clashes.isEmpty() ? Hours() : anew.clashes.first().stored_hours;
 }
 
 void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {
@@ -209,7 +237,7 @@ void MonthDraft::bring_back(const BesideSheet& beside) {
 void MonthDraft::decide(MonthSheet& sheet, int clash, Choice choice) {
     const Clash decided = m_clashes.takeAt(clash);
     if (choice == Choice::Typed)
-        lay_day(sheet, decided.row, decided.draft);
+        lay_day(sheet, decided.row, with_figures_beneath(decided, sheet));
     keep(sheet);
 }
 

@@ -69,8 +69,10 @@ private:
     void read_figures_of(const MonthSheet& stored, int r);
     Draft draft_of(const MonthSheet& sheet);
     void write(Draft draft);
+    void stands_posted(const MonthSheet& sheet, const DraftDay& day);
     void leave_what_arrived(const MonthSheet& sheet);
-    void let_arrived_go(const MonthSheet& sheet, const MonthAsRead& days);
+    void let_arrived_go(const MonthSheet& stored);
+    void stands_otherwise(Clash& clash, const MonthSheet& stored) const;
 
     frame::Session& m_session;
     base::EmployeeKey m_employee;
