@@ -113,7 +113,8 @@ void TurnLink::サーバー接続終了() {
     show(QString());
 }
 
-/// The server is waited for in its own time, a little at once, between which the interface runs.
+/// The server is waited for in its own time, a little at once, between which the interface runs. The way to it has
+/// limits of its own.
 bool TurnLink::wait_on_server() {
     using clock = std::chrono::steady_clock;
     show(u"●"_s);
@@ -127,13 +128,15 @@ bool TurnLink::wait_on_server() {
     m_next_question = since + silent_wait;
     m_given_up = false;
     bool granted = m_on_server->take_within(pause);
-    while (!granted && clock::now() < since + patience && goes_on_waiting_on_server(since)) {
+    for (auto asked = since; !granted && clock::now() < asked + patience && goes_on_waiting_on_server(since);) {
         m_host.yield();
+        if (!m_on_server->is_asked()) // the first of two servers may be silent
+            asked = clock::now();
         granted = m_on_server->take_within(pause);
     }
     wait_is_over();
-    if (!granted && !m_given_up)
-        m_on_server->holder(last_look); // throws where it is the server that is silent
+    if (!granted && !m_given_up && !m_on_server->holder(last_look)) // throws where it is the server that is silent
+        granted = m_on_server->take_within(last_look);
     failed.dismiss();
     if (!granted)
         m_on_server.reset();

@@ -29,6 +29,7 @@ public:
     ~TurnOnServer() override { give_back_turn(); }
 
     bool take_within(std::chrono::milliseconds patience) override;
+    bool is_asked() const override { return m_asked != nullptr; }
     std::optional<Holder> holder(std::chrono::milliseconds patience) override;
     void ask_for_holder() override { m_wants_holder = true; }
     std::optional<Holder> last_holder() override;

@@ -22,6 +22,8 @@ public:
     /// Whether it is had by then; it is waited for further until this ends, and so is the connection, if none was open.
     /// Isn't called again once it is had. Throws store::Error where the server can't be reached.
     virtual bool take_within(std::chrono::milliseconds patience) = 0;
+    /// Whether the server knows that it is waited for; before that only the connection is, as long as that takes.
+    virtual bool is_asked() const = 0;
 
     struct Holder {
         QString pc;
