@@ -76,7 +76,7 @@ private:
 
 /// A connection that waited, or a new one, which serves the schema.
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path);
-/// One that waits; nothing if none does.
+/// One that waits, with any schema; nothing if none does, or if the server would have to be waited for.
 std::unique_ptr<ServerLink> take_waiting_link(const ServerPlace& place);
 /// A connection without a turn, made in a thread of its own if none waits. Who doesn't wait for it any more leaves it
 /// to the others.

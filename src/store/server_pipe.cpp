@@ -4,6 +4,7 @@
 #include "platform/socket_wait.h"
 #include "store/server.h"
 #include "store/server_connect.h"
+#include "store/silence.h"
 
 #include <QDeadlineTimer>
 #include <algorithm>
@@ -228,6 +229,7 @@ Result ServerPipe::next() {
 }
 
 void ServerPipe::wait_for_more() {
+    Silence told;
     for (;;) {
         const int left = PQflush(m_connection);
         const bool heard = left >= 0 && PQisBusy(m_connection) == 0;
@@ -235,10 +237,19 @@ void ServerPipe::wait_for_more() {
             fail(QString::fromUtf8(PQerrorMessage(m_connection)).trimmed());
         if (heard)
             return;
-        if (!platform::socket_ready(PQsocket(m_connection), left > 0, silence))
+        if (!stirs(left > 0, told))
             fail(u"サーバーから応答がありません。"_s);
         PQconsumeInput(m_connection);
     }
+}
+
+/// Whether anything comes, or goes where something is left to send, before the server has been silent for too long.
+bool ServerPipe::stirs(bool to_send, Silence& told) const {
+    const auto unremarked = std::min(silence, unremarked_silence);
+    if (platform::socket_ready(PQsocket(m_connection), to_send, unremarked))
+        return true;
+    told.is_long();
+    return platform::socket_ready(PQsocket(m_connection), to_send, silence - unremarked);
 }
 
 /// The server's sentence goes without the details, in which values may stand.

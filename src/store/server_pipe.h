@@ -33,6 +33,8 @@ using Awaited = std::shared_ptr<Answer>;
 /// Values in text; a null one is Null. They are copied.
 using Values = QList<const char*>;
 
+class Silence;
+
 class ServerPipe {
     PGconn* m_connection;
 
@@ -95,6 +97,7 @@ private:
     void take(const Said& said);
     Result next();
     void wait_for_more();
+    bool stirs(bool to_send, Silence& told) const;
     Error error_of(const PGresult* result, const QString& sql) const;
     [[noreturn]] void fail(const QString& reason);
 

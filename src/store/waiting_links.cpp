@@ -1,11 +1,13 @@
 #include "store/server.h"
 #include "store/server_link.h"
+#include "store/silence.h"
 
 #include <QDeadlineTimer>
 #include <QMutex>
 #include <QThreadPool>
 #include <QWaitCondition>
 #include <algorithm>
+#include <functional>
 #include <list>
 
 namespace store {
@@ -59,14 +61,19 @@ std::unique_ptr<ServerLink> link_without_turn(const ServerPlace& place, const QS
     return link;
 }
 
-/// One that can be used without asking the server for anything.
-std::unique_ptr<ServerLink> link_at_once(const ServerPlace& place) {
+/// One of which nothing is awaited.
+std::unique_ptr<ServerLink> quiet_link(const ServerPlace& place, const std::function<bool(const ServerLink&)>& serves) {
     std::unique_ptr<ServerLink> link = waiting_link(place, false);
-    if (link && link->pipe.unheard() == 0 && link->schema() == place.schema && link->pipe.usable())
+    if (link && link->pipe.unheard() == 0 && serves(*link) && link->pipe.usable())
         return link;
     if (link)
         give_back(std::move(link));
     return {};
+}
+
+/// One that can be used without asking the server for anything.
+std::unique_ptr<ServerLink> link_at_once(const ServerPlace& place) {
+    return quiet_link(place, [&](const ServerLink& link) { return link.schema() == place.schema; });
 }
 
 /// Of its own: those who connect to a server that is away keep nobody else waiting.
@@ -84,15 +91,7 @@ std::unique_ptr<ServerLink> take_turns_link(const ServerPlace& place) {
 }
 
 std::unique_ptr<ServerLink> take_waiting_link(const ServerPlace& place) {
-    return good_link(place, false);
-}
-
-std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path) {
-    std::unique_ptr<ServerLink> link = take_turns_link(place);
-    if (!link)
-        return link_without_turn(place, path);
-    link->serve(place.schema, path);
-    return link;
+    return quiet_link(place, [](const ServerLink&) { return true; });
 }
 
 struct LinkUnderWay::State {
@@ -133,6 +132,34 @@ std::unique_ptr<ServerLink> LinkUnderWay::within(std::chrono::milliseconds patie
     if (m_state->error)
         throw Error(*m_state->error);
     return std::move(m_state->link);
+}
+
+namespace {
+
+/// Connecting lets nobody in: where the wait is to be told, a thread of its own does it.
+std::unique_ptr<ServerLink> new_link(const ServerPlace& place, const QString& path) {
+    if (!Silence::is_told())
+        return link_without_turn(place, path);
+    LinkUnderWay way(place, path);
+    Silence told;
+    std::unique_ptr<ServerLink> link = way.within(unremarked_silence);
+    while (!link) {
+        told.is_long();
+        link = way.within(unremarked_silence);
+    }
+    return link;
+}
+
+} // namespace
+
+std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path) {
+    std::unique_ptr<ServerLink> link = take_turns_link(place);
+    if (!link)
+        link = good_link(place, false);
+    if (!link)
+        link = new_link(place, path);
+    link->serve(place.schema, path);
+    return link;
 }
 
 void give_back(std::unique_ptr<ServerLink> link) {

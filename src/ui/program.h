@@ -11,6 +11,7 @@
 #include "store/setting_tables.h"
 #include "ui/main_window.h"
 #include "ui/pages/fir_start_window.h"
+#include "ui/silence_panel.h"
 
 #include <functional>
 #include <memory>
@@ -64,6 +65,7 @@ private:
     store::SettingTables m_tables;
     frame::TurnLink m_link;
     frame::Session m_session;
+    SilencePanel m_silence;
     std::unique_ptr<platform::ProgramLock> m_place; ///< says on the shared folder that a program runs
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<fir_start_window> m_wizard;

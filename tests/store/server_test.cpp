@@ -5,6 +5,7 @@
 #include "store/schema.h"
 #include "store/server.h"
 #include "store/server_sql.h"
+#include "store/silence.h"
 #include "support/server_proxy.h"
 #include "support/stored.h"
 #include "test_tree.h"
@@ -183,6 +184,26 @@ TEST_F(OnAServer, ASilentServerIsGivenUp) {
     Database database = Database::open(path, Kind::Comsys);
     proxy.stalled = true;
     EXPECT_EQ(code_of([&] { number_from(database, "select count(*) from bangou"); }), Code::Io);
+    proxy.end_trouble();
+}
+
+TEST_F(OnAServer, ALongWaitIsToldWhereverTheProgramStandsStill) {
+    int begun = 0, ended = 0;
+    tell_silence({[&] { ++begun; }, [&] { ++ended; }});
+    const auto told = qScopeGuard([] { tell_silence({}); });
+    support::ServerProxy proxy;
+    const QByteArray words = proxy.connection() + " connect_timeout=2 tcp_user_timeout=400";
+    support::put_bytes(path, bytes_of(ServerPlace{words, place->schema}));
+    std::optional<Database> database = Database::open(path, Kind::Comsys);
+    number_from(*database, "select count(*) from bangou");
+    EXPECT_EQ(begun, 0);
+    proxy.stalled = true;
+    EXPECT_EQ(code_of([&] { number_from(*database, "select count(*) from bangou"); }), Code::Io);
+    EXPECT_EQ(begun, 1) << "asking";
+    database.reset();
+    EXPECT_EQ(code_of([&] { Database::open(path, Kind::Comsys); }), Code::Away);
+    EXPECT_EQ(begun, 2) << "opening";
+    EXPECT_EQ(ended, begun);
     proxy.end_trouble();
 }
 #endif
