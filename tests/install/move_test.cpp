@@ -125,7 +125,7 @@ protected:
                 EXPECT_EQ(on_server(), way == 0 ? all_of_them : 0) << n;
                 ASSERT_TRUE(rows_now() == rows) << n;
                 ASSERT_EQ(move(goals[1 - way]), 0) << n;
-                if (std::exchange(width, few) == many)
+                if (std::exchange(width, few) != few)
                     n -= many;
             }
             EXPECT_EQ(left_over().filter(QRegularExpression(u"^(?!files-)"_s)), QStringList());
