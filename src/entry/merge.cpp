@@ -122,6 +122,15 @@ bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind&
     return read == stored || stored_alike(read, stored) || only_stamped(kind_without_work, read, stored);
 }
 
+Hours typed_hours(const Clash& clash) {
+    Hours hours = clash.draft.hours;
+    if (same_times(clash.draft.typed, clash.stored))
+        for (const QString& tag : clash.stored_hours.keys())
+            if (!hours.contains(tag))
+                hours.insert(tag, clash.draft.figures.value(tag));
+    return hours;
+}
+
 Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,
     const DayKind& kind_without_work, const QMap<int, Hours>& of_others) {
     Merge merged;

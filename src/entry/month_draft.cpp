@@ -30,16 +30,6 @@ bool arrived(const DraftDay& day, const MonthSheet& stored) {
     return day.posted && (held || !beneath || !stored.month.is_found_again(r));
 }
 
-/// Where only the figures stand otherwise, those that lay beneath the day come back too: nothing is calculated.
-DraftDay with_figures_beneath(const Clash& clash, const MonthSheet& sheet) {
-    DraftDay day = clash.draft;
-    if (same_times(typed_day(sheet, clash.row), day.typed))
-        for (const QString& tag : clash.stored_hours.keys())
-            if (!day.hours.contains(tag))
-                day.hours.insert(tag, day.figures.value(tag));
-    return day;
-}
-
 } // namespace
 
 void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
@@ -235,9 +225,10 @@ void MonthDraft::bring_back(const BesideSheet& beside) {
 }
 
 void MonthDraft::decide(MonthSheet& sheet, int clash, Choice choice) {
-    const Clash decided = m_clashes.takeAt(clash);
+    Clash decided = m_clashes.takeAt(clash);
+    decided.draft.hours = typed_hours(decided);
     if (choice == Choice::Typed)
-        lay_day(sheet, decided.row, with_figures_beneath(decided, sheet));
+        lay_day(sheet, decided.row, decided.draft);
     keep(sheet);
 }
 

@@ -119,7 +119,7 @@ QButtonGroup* ClashPanel::make_choice(
         table.setCellWidget(at, column, button);
     };
     add(stored, clash.stored, clash.stored_hours, Choice::Stored);
-    add(typed, clash.draft.typed, clash.draft.hours, Choice::Typed);
+    add(typed, clash.draft.typed, typed_hours(clash), Choice::Typed);
     return group;
 }
 
