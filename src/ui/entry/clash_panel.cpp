@@ -30,9 +30,8 @@ struct Words {
     QStringView decide;
     QStringView leave;
 };
-constexpr Words of_draft{u"ここで入力した内容が登録されている内容と違う日があります。ほかのＰＣで登録されたか、ここでの"
-                         u"登録が届いていません。"
-                         "\nどちらを残すか選んでください。",
+constexpr Words of_draft{u"ここで入力した内容が登録されている内容と違う日があります。"
+                         "\nほかのＰＣで登録されたか、ここでの登録が届いていません。どちらを残すか選んでください。",
     u"決定", u"あとで決める"};
 constexpr Words of_save{
     u"ここで入力しているあいだに、ほかのＰＣで登録された日があります。どちらを残すか選んでください。"
