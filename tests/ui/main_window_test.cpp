@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 
 #include "platform/paths.h"
+#include "store/silence.h"
 #include "support/stored.h"
 #include "ui/install_tree.h"
 #include "ui/pages/backup_panel.h"
@@ -92,6 +93,19 @@ TEST_F(MainWindowTest, ABackupShowsHowFarItIsAndADatabaseInUseDoesNotKeepTheProg
     EXPECT_FALSE(window().findChild<ui::BackupPanel*>());
     ASSERT_EQ(host.shown.size(), 3U);
     EXPECT_TRUE(host.shown[2].text.contains(u"comsys.mdb"_s)) << host.shown[2].text.toStdString();
+}
+
+TEST_F(MainWindowTest, SaysThatADataServerIsWaitedForAsLongAsThatLasts) {
+    start();
+    QTest::qWait(0);
+    const QImage before = window().grab().toImage();
+    {
+        store::Silence silence;
+        EXPECT_EQ(window().grab().toImage(), before);
+        silence.is_long();
+        EXPECT_NE(window().grab().toImage(), before);
+    }
+    EXPECT_EQ(window().grab().toImage(), before);
 }
 
 TEST_F(MainWindowTest, AStartThatCantGoOnEndsAndSaysWhy) {
