@@ -40,7 +40,57 @@ void write_kind(MonthSheet& sheet, int r, const TypedDay& typed) {
     sheet.hyou(r, col::kind) = typed.kind_name;
 }
 
+void write_times(MonthSheet& sheet, int r, const TypedDay& typed, bool with_break) {
+    sheet.hyou(r, col::clock_in) = typed.clock_in;
+    sheet.hyou(r, col::clock_out) = typed.clock_out;
+    sheet.hyou(r, col::remark) = typed.remark;
+    if (with_break)
+        sheet.hyou(r, col::break_time) = typed.break_time;
+}
+
+void tally_laid(MonthSheet& sheet, int r, bool had_its_times) {
+    sheet.mark(r) = u"1"_s;
+    if (had_its_times)
+        休暇出勤日計算処理(sheet, 0);
+    else
+        tally_month(sheet);
+}
+
+/// Whether the tables still hold what lay beneath a posted day.
+bool lies_over(const DraftDay& day, const MonthSheet& stored, int r) {
+    return !stored.month.is_found_again(r) || is_among(day.beneath, stored, r) ||
+           (day.beneath.isEmpty() && stands_as_read(day.before, typed_day(stored, r), stored.kind_without_work));
+}
+
+/// What was posted is what it was, whatever the rules of the work type have become.
+void lay_posted(MonthSheet& sheet, int r, const DraftDay& day) {
+    if (day.figures.isEmpty())
+        return lay_day(sheet, r, day);
+    const bool had_its_times = same_times(typed_day(sheet, r), day.typed);
+    write_times(sheet, r, day.typed, true);
+    write_kind(sheet, r, day.typed);
+    put_figures(sheet, sheet.hyou, r, day.figures);
+    tally_laid(sheet, r, had_its_times);
+}
+
+/// A day that was changed again behind a posting lies over whatever of this person the tables hold.
+DraftDay over_what_is_stored(DraftDay day, const MonthSheet& stored) {
+    const int r = stored.month.row(day.date);
+    if (is_among(day.beneath, stored, r)) {
+        day.before = typed_day(stored, r);
+        day.figures = figures_of(stored, stored.hyou, r);
+    }
+    return day;
+}
+
 } // namespace
+
+bool is_among(const QList<DayVersion>& versions, const MonthSheet& stored, int r) {
+    const TypedDay now = typed_day(stored, r);
+    return std::ranges::any_of(versions, [&](const DayVersion& version) {
+        return stands_as_read(version.typed, now, stored.kind_without_work) && same_figures(version.figures, stored, r);
+    });
+}
 
 TypedDay typed_day(const MonthSheet& sheet, int r) {
     const auto& hyou = sheet.hyou;
@@ -88,19 +138,28 @@ QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, con
         const auto as_posted = posted.find(r);
         const bool stands_as_posted = as_posted != posted.end() && as_posted->typed == now;
         const TypedDay& before = as_posted == posted.end() || stands_as_posted ? read[r] : as_posted->typed;
-        if (stands_as_posted || (now != before && !only_stamped(sheet.kind_without_work, before, now)))
+        if (stands_as_posted || (now != before && !only_stamped(sheet.kind_without_work, before, now))) {
             days << DraftDay{sheet.month.day(r), before, now, break_from(sheet, r, before), Val(sheet.mark(r)) == 2,
                 stands_as_posted};
+            if (as_posted != posted.end())
+                days.last().beneath = as_posted->beneath;
+        }
     }
     return days;
 }
 
 QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
-    const MonthAsRead read = month_as_read(sheet); // the first day laid stamps the others
+    const MonthSheet stored = sheet; // the first day laid stamps the others
+    QList<DraftDay> unsaved;
+    for (const DraftDay& day : draft.days)
+        if (!day.posted)
+            unsaved << over_what_is_stored(day, stored);
+        else if (const int r = sheet.month.row(day.date); lies_over(day, stored, r))
+            lay_posted(sheet, r, day);
     const Merge merged =
-        merge(sheet.month, draft.days, read, sheet.kind_without_work, figures_of_others(draft.days, sheet));
+        merge(sheet.month, unsaved, month_as_read(stored), sheet.kind_without_work, figures_of_others(unsaved, stored));
     for (const DraftDay& day : merged.laid)
-        if (const int r = sheet.month.row(day.date); stored_alike(day.typed, read[r]))
+        if (const int r = sheet.month.row(day.date); stored_alike(day.typed, typed_day(stored, r)))
             lay_hours(sheet, r, day.hours);
         else
             lay_day(sheet, r, day);
@@ -118,18 +177,13 @@ void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts) {
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
     const bool calculated = same_times(typed_day(sheet, r), day.typed);
     const bool by_hand = day.break_from == BreakFrom::Cell;
-    sheet.hyou(r, col::clock_in) = day.typed.clock_in;
-    sheet.hyou(r, col::clock_out) = day.typed.clock_out;
-    sheet.hyou(r, col::remark) = day.typed.remark;
-    if (by_hand)
-        sheet.hyou(r, col::break_time) = day.typed.break_time;
+    write_times(sheet, r, day.typed, by_hand);
     if (!calculated)
         calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
     if (!day.pending || day.typed.kind_number != day.before.kind_number)
         write_kind(sheet, r, day.typed);
     lay_hours(sheet, r, day.hours);
-    sheet.mark(r) = u"1"_s;
-    tally_month(sheet);
+    tally_laid(sheet, r, calculated);
 }
 
 } // namespace entry

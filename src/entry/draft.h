@@ -45,6 +45,13 @@ MonthAsRead month_as_read(const MonthSheet& sheet);
 /// Figures of a day by tag: "勤務" for the work time, a category's number for its hours.
 using Hours = QMap<QString, QString>;
 
+/// A day as the tables may hold it.
+struct DayVersion {
+    TypedDay typed;
+    Hours figures{}; ///< all of the day's; empty where nobody knows them
+    friend bool operator==(const DayVersion&, const DayVersion&) = default;
+};
+
 struct DraftDay {
     QDate date;
     TypedDay before; ///< as it was read
@@ -54,6 +61,9 @@ struct DraftDay {
     bool posted = false;  ///< saved as it is typed, but not yet seen in the tables
     Hours hours{};        ///< that don't follow from what was typed into the day
     Hours figures{}; ///< all of the day's, as they were read or posted last; empty where nobody knows them any more
+    /// Of a day that was posted: what the tables hold as long as its rows aren't there. First what was read, then each
+    /// that was posted since.
+    QList<DayVersion> beneath{};
     friend bool operator==(const DraftDay&, const DraftDay&) = default;
 };
 
@@ -71,9 +81,9 @@ struct Draft {
 
 struct PostedDay {
     TypedDay typed;
-    Hours hours{};   ///< as in a draft
-    Hours figures{}; ///< all of the day's
-    Hours beneath{}; ///< those that the day had before it was posted; empty where nobody knows them any more
+    Hours hours{};               ///< as in a draft
+    Hours figures{};             ///< all of the day's
+    QList<DayVersion> beneath{}; ///< as in a draft
 };
 
 /// Days as they were posted since the month was read, by sheet row.
@@ -91,15 +101,19 @@ bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, Type
 struct Clash; // entry/merge.h
 
 /// Lays the draft over the newly read month (see merge.h): days that nobody else changed get the typed values, are
-/// calculated and marked; those that are stored as typed get the hours typed over. Then the counts and sums typed by
-/// hand. Gives back the days that are to be decided; they stay as they
-/// were read.
+/// calculated and marked; those that are stored as typed get the hours typed over. Posted days get the figures that
+/// they were posted with, unless the tables hold them, or something of somebody else. Sums and counts stand as on the
+/// sheet that the draft was of. Gives back the days that are to be decided; they stay as they were read.
 QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
 
 /// Writes the counts typed by hand into the strip.
 void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts);
 
-/// Writes the typed values into a day and marks it changed; a day whose times aren't the same is calculated.
+/// Writes the typed value into a day and marks it changed; a day whose times aren't the same is calculated. Then the
+/// month is tallied, or where the times are the same its kinds are counted.
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day);
+
+/// Whether the row of the sheet, as it was read, is one of the versions.
+bool is_among(const QList<DayVersion>& versions, const MonthSheet& stored, int r);
 
 } // namespace entry

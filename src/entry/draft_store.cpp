@@ -85,6 +85,28 @@ Hours figures_from(const QString& text) {
     return figures;
 }
 
+/// The versions of a day that lie beneath it, each in one text: the fields of the day, and behind them its figures.
+constexpr QStringView versions_tag = u"下";
+constexpr QChar between_fields(0x1f); ///< a unit separator
+
+QString version_tag(qsizetype i) {
+    return versions_tag.toString() + QString::number(i).rightJustified(3, u'0');
+}
+
+QString one_text(const DayVersion& version) {
+    const TypedDay& day = version.typed;
+    return QStringList{day.clock_in, day.clock_out, day.break_time, day.remark, day.kind_number, day.kind_name,
+        day.holiday_work, one_text(version.figures)}
+        .join(between_fields);
+}
+
+DayVersion version_from(const QString& text) {
+    const QStringList fields = text.split(between_fields);
+    if (fields.size() < 8)
+        return {};
+    return {{fields[0], fields[1], fields[2], fields[3], fields[4], fields[5], fields[6]}, figures_from(fields[7])};
+}
+
 /// Hours stand beside the counts, under their day and tag.
 void add_hours(store::Database& database, const Draft& draft, int month_key) {
     auto insert = database.prepare("insert into sitagaki_nissu values (?,?,?,?)");
@@ -96,6 +118,8 @@ void add_hours(store::Database& database, const Draft& draft, int month_key) {
             add(day.date, tag, time);
         if (!day.figures.isEmpty())
             add(day.date, figures_tag.toString(), one_text(day.figures));
+        for (qsizetype i = 0; i < day.beneath.size(); ++i)
+            add(day.date, version_tag(i), one_text(day.beneath[i]));
     }
 }
 
@@ -105,6 +129,8 @@ void take_in(Draft& draft, const QString& tag, const QString& text) {
         if (const QString own = digits(date_number(day.date)) + u' '; tag.startsWith(own)) {
             if (const QString figure = tag.sliced(own.size()); figure == figures_tag)
                 day.figures = figures_from(text);
+            else if (figure.startsWith(versions_tag))
+                day.beneath << version_from(text);
             else
                 day.hours.insert(figure, text);
             return;
@@ -162,7 +188,8 @@ Draft read_draft(const base::Settings& settings, EmployeeKey employee, const Com
         draft.days << DraftDay{date_of_number(fields.number(1)), day_from(fields, 2), day_from(fields, 9),
             BreakFrom(fields.integer(16)), fields.number(17) != 0, fields.number(18) != 0};
     }
-    auto counts = database->prepare("select 種類, 日数 from sitagaki_nissu where 社員システム番号 = ? and 年月 = ?");
+    auto counts = database->prepare("select 種類, 日数 from sitagaki_nissu where 社員システム番号 = ? and 年月 = ?"
+                                    " order by 種類");
     counts.bind(employee, month.month_key());
     while (counts.step())
         take_in(draft, counts.row().text(0), counts.row().text(1));

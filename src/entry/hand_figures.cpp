@@ -34,12 +34,16 @@ QStringList calculated(const MonthSheet& sheet, int r, const base::Sheet& read) 
 }
 
 template <typename Counted>
-Hours differing(const MonthSheet& sheet, int r, const base::Sheet& read, Counted counted) {
+Hours cells_that(const MonthSheet& sheet, int r, Counted counted) {
     Hours hours;
     for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
-        if (const QString& cell = sheet.hyou(r, column); cell != read(r, column) && counted(column, cell))
+        if (const QString& cell = sheet.hyou(r, column); counted(column, cell))
             hours.insert(tag_of(sheet, column), cell);
     return hours;
+}
+
+bool is_calculated(const DraftDay& day) {
+    return !day.posted && !day.pending && !same_times(day.before, day.typed);
 }
 
 /// The row's figures that are neither `known` nor `own`.
@@ -53,6 +57,21 @@ Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int 
             figures.insert(before.key(), sheet.hyou(r, column));
     }
     return figures;
+}
+
+Hours others_over_typed(const DraftDay& day, const MonthSheet& stored, int r) {
+    const TypedDay now = typed_day(stored, r);
+    const bool as_typed = stored_alike(day.typed, now) && !stored_alike(day.before, now);
+    return as_typed ? others(day.hours, {}, stored, r) : others(day.figures, day.hours, stored, r);
+}
+
+/// Over what lay beneath it, and its own rows never came.
+Hours others_over_posted(const DraftDay& day, const MonthSheet& stored, int r) {
+    const TypedDay now = typed_day(stored, r);
+    const auto lost =
+        std::ranges::find_if(day.beneath, [&](const DayVersion& version) { return stored_alike(version.typed, now); });
+    const bool none = stored_alike(day.typed, now) || lost == day.beneath.end() || is_among(day.beneath, stored, r);
+    return none ? Hours() : others(lost->figures, {}, stored, r);
 }
 
 } // namespace
@@ -105,12 +124,8 @@ bool same_figures(const Hours& known, const MonthSheet& sheet, int r) {
 QMap<int, Hours> figures_of_others(const QList<DraftDay>& days, const MonthSheet& stored) {
     QMap<int, Hours> figures;
     for (const DraftDay& day : days) {
-        if (day.posted)
-            continue;
         const int r = stored.month.row(day.date);
-        const TypedDay now = typed_day(stored, r);
-        const bool as_typed = stored_alike(day.typed, now) && !stored_alike(day.before, now);
-        const Hours theirs = as_typed ? others(day.hours, {}, stored, r) : others(day.figures, day.hours, stored, r);
+        const Hours theirs = day.posted ? others_over_posted(day, stored, r) : others_over_typed(day, stored, r);
         if (!theirs.isEmpty())
             figures.insert(r, theirs);
     }
@@ -128,20 +143,21 @@ QStringList words_of(const Hours& hours, const MonthSheet& sheet) {
 Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, const TypedDay& day) {
     if (Val(sheet.mark(r)) == 2 || read.Cols() != sheet.hyou.Cols())
         return {};
-    QStringList own; // only a row that differs is calculated
-    return differing(sheet, r, read, [&](int column, const QString& cell) {
-        if (is_figure(column) && own.isEmpty() && !same_times(typed_day(sheet, r), day))
-            own = calculated(sheet, r, read);
-        return is_figure(column) && (own.isEmpty() || cell != own[column]);
+    const bool as_it_was = same_times(typed_day(sheet, r), day);
+    const QStringList own = as_it_was ? QStringList() : calculated(sheet, r, read);
+    return cells_that(sheet, r, [&](int column, const QString& cell) {
+        return is_figure(column) && cell != (as_it_was ? read(r, column) : own[column]);
     });
 }
 
-Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read) {
+Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read, const QList<DraftDay>& days) {
     if (read.Cols() != sheet.hyou.Cols())
         return {};
     Hours sums;
-    const Hours hours = differing(sheet, row::total, read,
-        [&](int column, const QString& cell) { return is_sum(column) && cell != sum_of_days(sheet, column); });
+    const bool tallied = std::ranges::any_of(days, is_calculated);
+    const Hours hours = cells_that(sheet, row::total, [&](int column, const QString& cell) {
+        return is_sum(column) && (tallied || cell != read(row::total, column)) && cell != sum_of_days(sheet, column);
+    });
     for (const auto& [tag, text] : hours.asKeyValueRange())
         sums.insert(sum_tag.toString() + tag, text);
     return sums;

@@ -40,12 +40,14 @@ QMap<int, Hours> figures_of_others(const QList<DraftDay>& days, const MonthSheet
 QStringList words_of(const Hours& hours, const MonthSheet& sheet);
 
 /// Of a day, by tag. A day that is still to be calculated has none: the calculation overwrites them.
-/// `read` is the sheet as it was read, or as it was posted last, and so is `day`: where its times stand as they were, a
-/// figure that differs was typed even if the calculation would give it.
+/// `read` is the sheet as it was read, or as it was posted last, and so is `day`. They are those that laying the day
+/// over these wouldn't give: where its times stand as they were a figure that differs, else one that the calculation
+/// doesn't give.
 Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, const TypedDay& day);
 
-/// The same for the month's sums, which follow from the days; their tags begin with sum_tag.
-Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read);
+/// The same for the month's sums, which follow from the days; their tags begin with sum_tag. Where the draft's days
+/// were calculated, a sum as it was read was typed anew if the days don't give it.
+Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read, const QList<DraftDay>& days);
 inline constexpr QStringView sum_tag = u"合計 ";
 
 /// Adds the hours typed by hand to the days of a draft, and to each what its figures were; a day that has nothing else

@@ -22,17 +22,14 @@ bool same_cells(const MonthSheet& a, const MonthSheet& b, int r) {
     return same(record::kind_number) && same(record::kind_name) && same(record::holiday_work);
 }
 
-/// Whether the day is stored as it was when this PC read or posted it. What lay beneath a posted day is remembered
-/// without its figures.
+/// Whether the day is stored as it was when this PC read or posted it, or as it was before that: then what was posted
+/// got lost.
 bool only_ours(const MonthInHand& hand, int r, const MonthSheet& stored, const TypedDay& day) {
     const auto posted = hand.posted.find(r);
-    if (posted != hand.posted.end() && stored_alike(posted->typed, day)) {
-        const bool lost = stored_alike(hand.read[r], day) && !posted->beneath.isEmpty() &&
-                          same_figures(posted->beneath, stored, r); // of a day of which only hours were typed
-        return lost || same_figures(posted->figures, stored, r);
-    }
-    return stands_as_read(hand.read[r], day, hand.sheet.kind_without_work) &&
-           (posted != hand.posted.end() || same_figures(hand.figures, stored.hyou, r));
+    if (posted == hand.posted.end())
+        return stands_as_read(hand.read[r], day, hand.sheet.kind_without_work) &&
+               same_figures(hand.figures, stored.hyou, r);
+    return is_among({{posted->typed, posted->figures}}, stored, r) || is_among(posted->beneath, stored, r);
 }
 
 bool is_marked(const MonthSheet& sheet, int r) {
@@ -139,10 +136,14 @@ Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const Month
         const bool alike = day != typed.end() && stored_alike(day->typed, stored[r]);
         if (day == typed.end() || (alike && (day->hours.isEmpty() || day->posted)))
             continue;
-        const bool stands = alike || stands_as_read(day->before, stored[r], kind_without_work);
+        const auto is_stored = [&](const TypedDay& version) {
+            return stands_as_read(version, stored[r], kind_without_work);
+        };
+        const bool stands =
+            alike || is_stored(day->before) || std::ranges::any_of(day->beneath, is_stored, &DayVersion::typed);
         if (!month.is_found_again(r) || (stands && !of_others.contains(r)))
             merged.laid << *day;
-        else if (!day->posted)
+        else if (!day->posted || stands)
             merged.clashes << Clash{r, *day, stored[r], stands ? of_others.value(r) : Hours()};
     }
     return merged;

@@ -17,8 +17,8 @@ struct Clash {
     friend bool operator==(const Clash&, const Clash&) = default;
 };
 
-/// The hours that stand if the typed day is taken: those typed, and where its times are the stored ones, so that nothing
-/// is calculated, also those that lay beneath what somebody else typed over.
+/// The hours that stand if the typed day is taken: those typed, and where its times are the stored ones, so that
+/// nothing is calculated, also those that lay beneath what somebody else typed over.
 Hours typed_hours(const Clash& clash);
 
 /// What belongs to the month's draft and stands in no cell.

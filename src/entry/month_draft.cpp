@@ -19,15 +19,11 @@ QString words(const QString& text, QTime time) {
     return time.isValid() ? u"%1 %2"_s.arg(text, time.toString(u"H:mm")) : text;
 }
 
-/// Whether a day that was posted has come into the tables: they hold it, or something else than lay beneath it. One of
-/// which only hours were typed has if they hold these.
+/// Whether a day that was posted has come into the tables: they hold it, or something else than lay beneath it.
 bool arrived(const DraftDay& day, const MonthSheet& stored) {
     const int r = stored.month.row(day.date);
-    const TypedDay now = typed_day(stored, r);
-    const bool beneath = stands_as_read(day.before, now, stored.kind_without_work);
-    const bool held =
-        stored_alike(day.typed, now) && (!stored_alike(day.before, day.typed) || same_figures(day.figures, stored, r));
-    return day.posted && (held || !beneath || !stored.month.is_found_again(r));
+    return day.posted && (!stored.month.is_found_again(r) || is_among({{day.typed, day.figures}}, stored, r) ||
+                             !is_among(day.beneath, stored, r));
 }
 
 } // namespace
@@ -42,20 +38,51 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     m_kept = read_draft(m_session.settings, employee, m_month);
     if (m_kept.isEmpty())
         return;
+    know_what_lies_beneath();
     leave_what_arrived(sheet);
-    for (const DraftDay& day : std::as_const(m_kept.days))
-        if (day.posted)
-            stands_posted(sheet, day);
     m_counts = m_kept.counts;
     m_counts.removeIf([](const auto& count) { return count.key().startsWith(sum_tag); });
     m_clashes = lay_draft(sheet, m_kept);
+    for (const DraftDay& day : std::as_const(m_kept.days)) {
+        note_posted(sheet, day);
+        keep_without_column(sheet, day);
+    }
     keep(sheet);
 }
 
-void MonthDraft::stands_posted(const MonthSheet& sheet, const DraftDay& day) {
+/// Drafts of an earlier version don't tell it.
+void MonthDraft::know_what_lies_beneath() {
+    for (DraftDay& day : m_kept.days)
+        if (day.posted && day.beneath.isEmpty())
+            day.beneath << DayVersion{day.before};
+}
+
+/// A day that stands as it was posted is on its way still, or has arrived. Where something else stands now, somebody
+/// else saved it behind that.
+void MonthDraft::note_posted(const MonthSheet& sheet, const DraftDay& day) {
     const int r = m_month.row(day.date);
-    m_posted.insert(r, {day.typed, day.hours, day.figures});
+    if (!day.posted || !is_among({{day.typed, day.figures}}, sheet, r))
+        return;
+    m_posted.insert(r, {typed_day(sheet, r), day.hours, day.figures, day.beneath});
     put_figures(sheet, m_read_figures, r, day.figures);
+}
+
+/// A work type that was taken away may be given back.
+void MonthDraft::keep_without_column(const MonthSheet& sheet, const DraftDay& day) {
+    const Hours shown = figures_of(sheet, sheet.hyou, m_month.row(day.date));
+    for (const auto& [tag, time] : day.hours.asKeyValueRange())
+        if (!day.posted && !shown.contains(tag))
+            m_without_column[day.date].insert(tag, time);
+}
+
+void MonthDraft::add_without_column(QList<DraftDay>& days) const {
+    for (const auto& [date, hours] : m_without_column.asKeyValueRange()) {
+        auto day = std::ranges::find(days, date, &DraftDay::date);
+        if (day == days.end())
+            day = days.insert(day, DraftDay{date, m_read[m_month.row(date)], m_read[m_month.row(date)]});
+        if (!day->posted)
+            day->hours.insert(hours);
+    }
 }
 
 /// A day that was posted is over once its rows are applied, unless the tables hold what was beneath it: then its rows
@@ -69,6 +96,7 @@ void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
     for (DraftDay& day : m_kept.days)
         if (day.posted) {
             day.before = day.typed;
+            day.beneath.clear();
             day.posted = false;
         }
     write(m_kept);
@@ -80,6 +108,7 @@ void MonthDraft::end() {
     m_posted.clear();
     m_clashes.clear();
     m_counts.clear();
+    m_without_column.clear();
     m_saved = {};
     m_trouble.clear();
 }
@@ -91,7 +120,8 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
             m_counts.remove(tag);
     Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
     add_hours(draft.days, sheet, m_read, m_posted, m_read_figures);
-    draft.counts.insert(sums_by_hand(sheet, m_read_figures));
+    draft.counts.insert(sums_by_hand(sheet, m_read_figures, draft.days));
+    add_without_column(draft.days);
     // A day that is typed anew before it is decided stands as it is typed now.
     for (const Clash& clash : m_clashes)
         if (std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) == draft.days.end())
@@ -128,18 +158,30 @@ void MonthDraft::posted(const MonthSheet& sheet) {
         return;
     m_saved = m_session.host.now().time();
     m_counts.clear();
+    m_without_column.clear();
     const auto undecided = [&](int r) { return std::ranges::find(m_clashes, r, &Clash::row) != m_clashes.end(); };
     for (Clash& clash : m_clashes)
         clash.draft.posted = false;
     const Draft draft = draft_of(sheet);
     for (const DraftDay& day : draft.days)
         if (const int r = m_month.row(day.date); !undecided(r)) {
-            const Hours beneath = m_posted.contains(r) ? m_posted[r].beneath : figures_of(sheet, m_read_figures, r);
-            m_posted.insert(r, {day.typed, day.hours, figures_of(sheet, sheet.hyou, r), beneath});
+            const Hours figures = figures_of(sheet, sheet.hyou, r);
+            m_posted.insert(r, {day.typed, day.hours, figures, beneath_next(sheet, r, {day.typed, figures})});
         }
     m_read_figures = sheet.hyou;
     m_read_strip = sheet.hyou_day;
     write(draft_of(sheet));
+}
+
+/// What the tables may hold if a posting gets lost.
+QList<DayVersion> MonthDraft::beneath_next(const MonthSheet& sheet, int r, const DayVersion& next) const {
+    const auto before = m_posted.find(r);
+    if (before == m_posted.end())
+        return {{m_read[r], figures_of(sheet, m_read_figures, r)}};
+    QList<DayVersion> versions = before->beneath;
+    if (const DayVersion last{before->typed, before->figures}; last != next && !versions.contains(last))
+        versions << last;
+    return versions;
 }
 
 /// What the tables hold now is what the next draft lies over. A day that stands there as it did before it was posted
@@ -174,7 +216,7 @@ void MonthDraft::let_arrived_go(const MonthSheet& stored) {
 
 MonthInHand MonthDraft::in_hand(const MonthSheet& sheet) const {
     QMap<QString, QString> counts = m_counts;
-    counts.insert(sums_by_hand(sheet, m_read_figures));
+    counts.insert(sums_by_hand(sheet, m_read_figures, m_kept.days));
     return {sheet, m_read, m_posted, m_read_figures, m_read_strip, counts};
 }
 
@@ -216,6 +258,7 @@ void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {
 void MonthDraft::give_up() {
     m_clashes.clear();
     m_counts.clear();
+    m_without_column.clear();
     write({m_employee, {}, {}});
 }
 

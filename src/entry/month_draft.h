@@ -69,7 +69,11 @@ private:
     void read_figures_of(const MonthSheet& stored, int r);
     Draft draft_of(const MonthSheet& sheet);
     void write(Draft draft);
-    void stands_posted(const MonthSheet& sheet, const DraftDay& day);
+    void know_what_lies_beneath();
+    void note_posted(const MonthSheet& sheet, const DraftDay& day);
+    void keep_without_column(const MonthSheet& sheet, const DraftDay& day);
+    void add_without_column(QList<DraftDay>& days) const;
+    QList<DayVersion> beneath_next(const MonthSheet& sheet, int r, const DayVersion& next) const;
     void leave_what_arrived(const MonthSheet& sheet);
     void let_arrived_go(const MonthSheet& stored);
     void stands_otherwise(Clash& clash, const MonthSheet& stored) const;
@@ -83,9 +87,10 @@ private:
     PostedDays m_posted;
     Draft m_kept; ///< as it lies in the file
     QList<Clash> m_clashes;
-    QMap<QString, QString> m_counts; ///< of the strip, typed by hand, as they were typed
-    QTime m_saved;                   ///< when it was posted; invalid if it wasn't since it was read
-    QString m_trouble;               ///< why the draft can't be written
+    QMap<QString, QString> m_counts;     ///< of the strip, typed by hand, as they were typed
+    QMap<QDate, Hours> m_without_column; ///< typed into columns that the sheet hasn't got now
+    QTime m_saved;                       ///< when it was posted; invalid if it wasn't since it was read
+    QString m_trouble;                   ///< why the draft can't be written
 };
 
 } // namespace entry
