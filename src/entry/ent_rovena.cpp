@@ -166,7 +166,7 @@ void ent_rovena::ask_for_employee() {
 }
 
 void ent_rovena::hyou_syain_Click(int row) {
-    if (waiting || row < hyou_syain.FixedRows() || row >= hyou_syain.Rows())
+    if (waiting || row < hyou_syain.FixedRows() || row >= hyou_syain.Rows() || !may_leave_month())
         return;
     show_month();
     syainsyscd = hyou_syain(row, 2);
@@ -290,7 +290,7 @@ void ent_rovena::hyou_day_KeyDown(int key_code) {
 void ent_rovena::botan_Click(int element) {
     atai_LostFocus();
     if (element == 0)
-        close_wanted = true;
+        close_wanted = may_leave_month();
     else
         保存処理();
 }

@@ -92,8 +92,13 @@ public:
     /// How the month stands, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty if untouched.
     /// A closed month says so first.
     QString standing() const;
-    /// Whether saved days are on their way into the tables: a page asks now and then, and shows standing() anew.
-    bool days_on_their_way();
+    /// Whether saved days are on their way into the tables, nothing where these aren't reached: a page asks now and
+    /// then while it waits for them, and shows standing() anew.
+    std::optional<bool> days_on_their_way();
+    bool waits_for_days() const { return m_draft.waits_for_days(); }
+    /// Whether the month may go from the sheet. Where its draft can't be kept the person is asked, and stays by
+    /// default.
+    bool may_leave_month();
     /// "この月は 経理2 でも開かれています": who else has it before them; empty if nobody. A page asks now and then.
     QString also_open_at() { return m_open_months.words(); }
     /// A closed month is shown, and takes nothing: whatever would change the sheet says why it doesn't.

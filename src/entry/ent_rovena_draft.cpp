@@ -72,10 +72,23 @@ void ent_rovena::keep_draft(UndoHistory::Step step) {
     mark_employees();
 }
 
-bool ent_rovena::days_on_their_way() {
-    const bool on_their_way = m_draft.on_their_way(sheet);
+std::optional<bool> ent_rovena::days_on_their_way() {
+    const std::optional<bool> on_their_way = m_draft.on_their_way(sheet);
     keep_draft();
     return on_their_way;
+}
+
+bool ent_rovena::may_leave_month() {
+    if (!employee_chosen())
+        return true;
+    keep_draft();
+    if (m_draft.trouble().isEmpty() || !m_draft.is_unsaved())
+        return true;
+    const auto stays = m_session.host.ask(u"下書きを保存できません。\n%1\n\n"
+                                          u"登録していない入力は、この月を離れると失われます。\n"
+                                          u"この月に残りますか？"_s.arg(m_draft.trouble()),
+        u"下書き"_s, platform::Buttons::YesNo);
+    return stays == platform::Answer::No;
 }
 
 void ent_rovena::decide(int clash, MonthDraft::Choice choice) {

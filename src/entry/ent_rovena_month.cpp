@@ -42,7 +42,7 @@ void ent_rovena::open_month() {
 
 void ent_rovena::ym_Click(int element, int index) {
     Selector& selector = ym[element];
-    if (waiting || !selector.enabled || index < 0 || index >= selector.items.size())
+    if (waiting || !selector.enabled || index < 0 || index >= selector.items.size() || !may_leave_month())
         return;
     show_month();
     selector.text = selector.items[index];
@@ -61,7 +61,7 @@ bool ent_rovena::ym_KeyDown(int element, int key_code) {
     if (key_code != key::enter)
         return false;
     const auto typed = month_in_boxes();
-    if (!waiting && typed && typed->month_key() != sheet.month.month_key())
+    if (!waiting && typed && typed->month_key() != sheet.month.month_key() && may_leave_month())
         open_month();
     show_month();
     editors.focus = element == year_selector ? EntryControl::YmMonth : EntryControl::Toubotan;
@@ -76,7 +76,7 @@ void ent_rovena::open_day(const frame::MonthInHand& day) {
     int r = hyou_syain.FixedRows();
     while (r < hyou_syain.Rows() && Val(hyou_syain(r, 2)) != day.employee.value())
         ++r;
-    if (waiting || r == hyou_syain.Rows())
+    if (waiting || r == hyou_syain.Rows() || !may_leave_month())
         return;
     const QDate month(day.month / 100, day.month % 100, 1);
     ym[year_selector].text = shown_year(month, m_session.settings, m_session.host.now().date());

@@ -110,6 +110,7 @@ void MonthDraft::end() {
     m_counts.clear();
     m_without_column.clear();
     m_saved = {};
+    m_are_lost = false;
     m_trouble.clear();
 }
 
@@ -157,6 +158,7 @@ void MonthDraft::posted(const MonthSheet& sheet) {
     if (m_employee.none())
         return;
     m_saved = m_session.host.now().time();
+    m_are_lost = false;
     m_counts.clear();
     m_without_column.clear();
     const auto undecided = [&](int r) { return std::ranges::find(m_clashes, r, &Clash::row) != m_clashes.end(); };
@@ -186,17 +188,21 @@ QList<DayVersion> MonthDraft::beneath_next(const MonthSheet& sheet, int r, const
 
 /// What the tables hold now is what the next draft lies over. A day that stands there as it did before it was posted
 /// stays: it is asked about when the month is read anew.
-bool MonthDraft::on_their_way(const MonthSheet& sheet) {
+std::optional<bool> MonthDraft::on_their_way(const MonthSheet& sheet) {
     if (std::ranges::none_of(m_kept.days, &DraftDay::posted))
         return false;
     try {
         if (days_wait(m_session.settings, m_employee))
             return true;
         let_arrived_go(month_in_tables(sheet, m_session.settings, m_employee));
+        return false;
     } catch (const store::Error&) {
-        // what can't be looked at now stays, and is told by whatever the person does next
+        return std::nullopt; // told by whatever the person does next
     }
-    return false;
+}
+
+bool MonthDraft::waits_for_days() const {
+    return !m_are_lost && std::ranges::any_of(m_kept.days, &DraftDay::posted);
 }
 
 void MonthDraft::let_arrived_go(const MonthSheet& stored) {
@@ -211,6 +217,7 @@ void MonthDraft::let_arrived_go(const MonthSheet& stored) {
             m_read[posted.key()] = posted.value().typed;
         return !lost.contains(posted.key());
     });
+    m_are_lost = !lost.isEmpty();
     write(left);
 }
 

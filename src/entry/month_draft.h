@@ -33,8 +33,11 @@ public:
     void posted(const MonthSheet& sheet);
 
     /// Whether saved days are on their way, and those that have come into the tables since leave the draft. Looks into
-    /// the exchange files and the tables, so that it isn't asked with every key; false where they aren't reached.
-    bool on_their_way(const MonthSheet& sheet);
+    /// the exchange files and the tables, so that it isn't asked with every key; nothing where they aren't reached.
+    std::optional<bool> on_their_way(const MonthSheet& sheet);
+
+    /// Whether it is worth asking: there are saved days, and it isn't known that they got lost.
+    bool waits_for_days() const;
 
     /// What a save goes by. It refers to this and to the sheet.
     MonthInHand in_hand(const MonthSheet& sheet) const;
@@ -60,6 +63,7 @@ public:
     void bring_back(const BesideSheet& beside);
 
     bool isEmpty() const { return m_kept.isEmpty(); }
+    bool is_unsaved() const { return m_kept.unsaved_days() > 0 || !m_kept.counts.isEmpty(); }
     const QString& trouble() const { return m_trouble; } ///< why it can't be kept, in words; empty if it is
 
     /// How things stand, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty for an untouched month.
@@ -90,6 +94,7 @@ private:
     QMap<QString, QString> m_counts;     ///< of the strip, typed by hand, as they were typed
     QMap<QDate, Hours> m_without_column; ///< typed into columns that the sheet hasn't got now
     QTime m_saved;                       ///< when it was posted; invalid if it wasn't since it was read
+    bool m_are_lost = false;             ///< the saved days that are left
     QString m_trouble;                   ///< why the draft can't be written
 };
 

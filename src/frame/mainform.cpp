@@ -55,6 +55,8 @@ void mainform::Form_Load() {
 void mainform::midasi_Click(int index) {
     if (index == end_button && !wants_to_end())
         return;
+    if (!m_pages.may_close())
+        return;
     flab.clear();
     notify();
     close_all(m_pages, closed_by_top_button);
@@ -80,7 +82,7 @@ void mainform::show_info() {
 }
 
 bool mainform::Form_QueryUnload() {
-    if (Tag.isEmpty() && !wants_to_end())
+    if (Tag.isEmpty() && !(wants_to_end() && m_pages.may_close()))
         return false;
     close_all(m_pages, closed_at_the_end);
     if (m_backup)

@@ -34,6 +34,9 @@ public:
     virtual void close(Page page) = 0;
     virtual bool is_open(Page page) const = 0;
 
+    /// Whether all pages may be closed: where one can't keep what was typed, the person has been asked.
+    virtual bool may_close() { return true; }
+
     /// Closes the window of the main frame, as its close box does.
     virtual void unload_frame() = 0;
 };

@@ -21,7 +21,8 @@ constexpr auto patience = 10s;
 constexpr auto pause = 20ms;
 constexpr auto silent_wait = 1s; ///< most turns come before that
 constexpr auto between_questions = 2s;
-constexpr auto last_look = 2s; ///< whoever answers no question by then isn't waited for either
+constexpr auto longest_way = 120s; ///< to a data server, whatever its connection's own limits are
+constexpr auto last_look = 2s;     ///< whoever answers no question by then isn't waited for either
 
 /// What a reply does, told by the state it arrives in. Any other reply changes nothing.
 struct Reply {
@@ -130,7 +131,7 @@ bool TurnLink::wait_on_server() {
     bool granted = m_on_server->take_within(pause);
     for (auto asked = since; !granted && clock::now() < asked + patience && goes_on_waiting_on_server(since);) {
         m_host.yield();
-        if (!m_on_server->is_asked()) // the first of two servers may be silent
+        if (!m_on_server->is_asked() && clock::now() < since + longest_way) // the first of two may be silent
             asked = clock::now();
         granted = m_on_server->take_within(pause);
     }
@@ -148,13 +149,15 @@ bool TurnLink::wait_on_server() {
 
 bool TurnLink::goes_on_waiting_on_server(std::chrono::steady_clock::time_point since) {
     const auto now = std::chrono::steady_clock::now();
-    if (!on_waiting || now - since < silent_wait)
+    if (now - since < silent_wait)
         return true;
     if (now >= m_next_question) {
         m_on_server->ask_for_holder();
         m_next_question = now + between_questions;
     }
     m_status = status_on_server();
+    if (!on_waiting)
+        return true;
     m_given_up = !on_waiting({std::chrono::duration_cast<std::chrono::milliseconds>(now - since), m_status});
     return !m_given_up;
 }

@@ -1,3 +1,4 @@
+#include "base/literals.h"
 #include "store/server.h"
 #include "store/server_link.h"
 #include "store/silence.h"
@@ -12,9 +13,12 @@
 
 namespace store {
 
+using namespace base;
+
 namespace {
 
 constexpr size_t most_waiting = 8;
+constexpr std::chrono::minutes longest_way(2); ///< whatever the connection's own limits are
 
 /// What waits, the last given back first. Nothing but the time that opening takes can tell whether a connection waited.
 struct Waiting {
@@ -143,10 +147,12 @@ std::unique_ptr<ServerLink> new_link(const ServerPlace& place, const QString& pa
     LinkUnderWay way(place, path);
     Silence told;
     std::unique_ptr<ServerLink> link = way.within(unremarked_silence);
-    while (!link) {
+    if (!link) {
         told.is_long();
-        link = way.within(unremarked_silence);
+        link = way.within(longest_way);
     }
+    if (!link)
+        throw Error(Code::Away, path, {}, u"サーバーから応答がありません。"_s);
     return link;
 }
 

@@ -173,7 +173,7 @@ private:
                : what == u"draft"  ? form->has_draft()
                : what == u"type"   ? form->editors.atai.active && form->editors.atai.visible
                : what == u"choose" ? form->editors.kyucom.visible
-                                   : form->days_on_their_way();
+                                   : form->days_on_their_way().value();
     }
 };
 

@@ -20,6 +20,7 @@ namespace {
 
 constexpr int save_button = 1;
 constexpr std::chrono::milliseconds look_again(1000);
+constexpr std::chrono::minutes look_later(1); ///< where the tables aren't reached
 constexpr std::chrono::milliseconds others_look(3000);
 
 entry::ent_rovena& loaded(entry::ent_rovena& form) {
@@ -143,7 +144,6 @@ void ent_rovena_page::connect_keys() {
     m_kyucom->Digit = [this](int digit) { act([&] { m_form.kyucom_Digit(digit); }); };
     m_kyucom->KeyPress = [this](int character) { act([&] { m_form.kyucom_KeyPress(character); }); };
     m_kyucom->Leave = [this](int key) { act([&] { m_form.kyucom_KeyDown(key_code(key)); }); };
-    m_on_their_way.setInterval(look_again);
     connect(&m_on_their_way, &QTimer::timeout, this, &ent_rovena_page::follow_saved_days);
     connect(&m_also_open, &QTimer::timeout, this, &ent_rovena_page::show_also_open);
     m_also_open.start(others_look);
@@ -217,9 +217,19 @@ void ent_rovena_page::give_up_draft() {
         act([this] { m_form.give_up_draft(); });
 }
 
+bool ent_rovena_page::may_close() {
+    m_controls.toubotan->setFocus();
+    return m_form.may_leave_month();
+}
+
 void ent_rovena_page::follow_saved_days() {
-    if (!m_form.saving && !m_form.waiting && !m_form.days_on_their_way())
-        m_on_their_way.stop();
+    if (!m_form.saving && !m_form.waiting) {
+        const auto on_their_way = m_form.days_on_their_way();
+        if (!on_their_way)
+            m_on_their_way.start(look_later);
+        else if (!*on_their_way)
+            m_on_their_way.stop();
+    }
     show_standing();
 }
 
@@ -232,7 +242,7 @@ void ent_rovena_page::press(int botan) {
     without_input([&] { m_form.botan_Click(botan); });
     if (botan == save_button) {
         settle_save();
-        m_on_their_way.start();
+        m_on_their_way.start(look_again);
     }
     if (m_form.close_wanted)
         Q_EMIT close_wanted();
@@ -282,6 +292,8 @@ void ent_rovena_page::refresh() {
 /// What was said of the last key stays in the line until the next one, and beside its cell for a moment.
 void ent_rovena_page::show_standing() {
     const auto& notice = m_form.editors.notice;
+    if (m_form.waits_for_days() && !m_on_their_way.isActive())
+        m_on_their_way.start(look_again);
     m_controls.give_up->setVisible(m_form.has_draft());
     m_controls.goes_on->setChecked(m_form.goes_on);
     const QString words = notice ? notice->text : QString();

@@ -27,6 +27,9 @@ public:
 
     void open_day(const frame::MonthInHand& day);
 
+    /// Commits the cell in edit; asks where what was typed can't be kept.
+    bool may_close();
+
 Q_SIGNALS:
     /// The person left the screen.
     void close_wanted();

@@ -1,5 +1,7 @@
 #include "ui/pages/page_area.h"
 
+#include "ui/entry/ent_rovena_page.h"
+
 #include <algorithm>
 
 namespace ui {
@@ -44,6 +46,13 @@ void PageArea::close(frame::Page page) {
     removeWidget(widget);
     widget->hide();
     widget->deleteLater(); // the page may be in the middle of the click that closes it
+}
+
+bool PageArea::may_close() {
+    return std::ranges::all_of(m_open, [](const auto& open) {
+        auto* month = qobject_cast<ent_rovena_page*>(open.second);
+        return !month || month->may_close();
+    });
 }
 
 void PageArea::unload_frame() {

@@ -20,6 +20,7 @@ public:
     void show(frame::Page page) override;
     void close(frame::Page page) override;
     bool is_open(frame::Page page) const override { return m_open.contains(page); }
+    bool may_close() override;
     void unload_frame() override;
 
     /// The widget of an open page; null if it isn't open.
