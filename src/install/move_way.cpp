@@ -46,6 +46,17 @@ std::optional<Opened> opened(const QString& path, Kind kind) {
     }
 }
 
+/// Whether the schema that the place names is there. What a connection that was cut had asked for may still be done by
+/// the server: whoever holds the schema is waited for first. Code::Busy if that takes too long.
+bool is_there_at_rest(const QString& path, Kind kind) {
+    auto database = opened<Database>(path, kind);
+    if (!database)
+        return false;
+    const store::Transaction alone(*database);
+    store::Statement schema = database->prepare("select 1 from pg_namespace where nspname = ?");
+    return schema.bind(place_at(path).value().schema).step();
+}
+
 /// What lies beside the place, files in the making too.
 void clear_away(const QString& path) {
     remove(MovePlan::beside(path));
@@ -147,21 +158,21 @@ private:
 
     bool still_in_the_making() const {
         const MovedDatabase& first = moved_databases().front();
-        return opened<Database>(MovePlan::beside(path_of(first)), first.kind).has_value();
+        return is_there_at_rest(MovePlan::beside(path_of(first)), first.kind);
     }
 
     /// Opens the company: all schemas get their names at once. They have them already if none is called as before.
     void rename_schemas() {
         const MovedDatabase& first = moved_databases().front();
-        auto made = opened<Held>(MovePlan::beside(path_of(first)), first.kind);
-        if (!made)
+        if (!still_in_the_making())
             return;
+        Held made(MovePlan::beside(path_of(first)), first.kind);
         store::NewNames names;
         for (const MovedDatabase& database : moved_databases()) {
             const QString path = path_of(database);
             names.append({m_plan.schema_in_the_making(path), MovePlan::schema(path)});
         }
-        made->rename_schemas(names);
+        made.rename_schemas(names);
     }
 
     /// The first place comes last. Where a file has both names still, renaming leaves the second.
@@ -184,7 +195,7 @@ public:
 
     bool switched() override {
         const MovedDatabase& first = moved_databases().front();
-        return !place_at(path_of(first)) || !opened<Database>(path_of(first), first.kind);
+        return !place_at(path_of(first)) || !is_there_at_rest(path_of(first), first.kind);
     }
 
     void copy(Held& source, Kind) override {

@@ -74,8 +74,11 @@ public:
     int trips() const { return m_trips; }
     /// What clients have said, in messages of the server's protocol.
     int messages() const { return m_messages; }
-    /// Behind so many messages more, which still reach the server.
+    /// Behind so many messages more, which still reach the server. Words of parting that are still on their way aren't
+    /// counted.
     void trouble_behind(int messages, Trouble trouble) {
+        for (const int before = m_quiet; m_quiet == before;)
+            std::this_thread::yield();
         m_trouble = trouble;
         m_come = false;
         m_last = m_messages + messages;
@@ -155,6 +158,8 @@ private:
                 poll(nullptr, 0, 5);
             else if (poll(waiting.data(), waiting.size(), 20) > 0)
                 pass_on(waiting);
+            else
+                ++m_quiet;
         }
         std::erase_if(m_pairs, [](const Pair& pair) { return end(pair); });
     }
@@ -256,7 +261,7 @@ private:
     quint16 m_port = 0;
     std::atomic<bool> m_deaf = false;
     std::list<Pair> m_pairs;
-    std::atomic<int> m_trips = 0, m_messages = 0, m_last = -1;
+    std::atomic<int> m_trips = 0, m_messages = 0, m_last = -1, m_quiet = 0;
     std::mutex m_mutex;
     std::atomic<Trouble> m_trouble = Trouble::Cut;
     std::atomic<bool> m_come = false;
