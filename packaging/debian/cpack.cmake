@@ -16,4 +16,6 @@ PCs may share one company, whose data lies in encrypted files.
 All text on screen is Japanese.")
 
 install(FILES debian/copyright DESTINATION share/doc/rovena)
-install(FILES ${PROJECT_SOURCE_DIR}/docs/operations.md ${PROJECT_SOURCE_DIR}/docs/formats.md DESTINATION share/doc/rovena)
+set(handed_out operations.md operations.ja.md formats.md scale.md windows.md)
+list(TRANSFORM handed_out PREPEND ${PROJECT_SOURCE_DIR}/docs/)
+install(FILES ${handed_out} DESTINATION share/doc/rovena)

@@ -23,20 +23,39 @@ constexpr std::pair<const char*, const char*> defaults[]{
     {"connect_timeout", "10"},
     {"tcp_user_timeout", "10000"},
     {"keepalives_idle", "10"},
-    {"keepalives_interval", "1"}, // else the system looks whether an answer came only 75 seconds later
+    {"keepalives_interval", "1"},           // else the system looks whether an answer came only 75 seconds later
     {"target_session_attrs", "read-write"}, // of several hosts the one that others follow
     {"options", "-c tcp_keepalives_idle=10 -c tcp_keepalives_interval=5 -c tcp_keepalives_count=3"
                 " -c client_connection_check_interval=2s -c idle_in_transaction_session_timeout=5min"},
 };
 
+/// All options as libpq takes them where the words name a service, nothing otherwise. It reads the service's file
+/// behind what it is given, so that only a connection tells what stands there: one to nowhere.
+Options with_service(const QByteArray& words) {
+    const Options written(PQconninfoParse(words.constData(), nullptr));
+    if (value_of(written, "service").isEmpty() && qEnvironmentVariableIsEmpty("PGSERVICE"))
+        return {};
+    const char* const names[]{"dbname", "host", nullptr};
+    const char* const values[]{words.constData(), "/", nullptr};
+    const std::unique_ptr<PGconn, decltype(&PQfinish)> nowhere(
+        PQconnectStartParams(names, values, /*expand_dbname=*/1), PQfinish);
+    return Options(PQconninfo(nowhere.get()));
+}
+
+bool is_said(const QByteArray& value) {
+    return !value.isEmpty() && value != "any"; // which libpq says by itself of target_session_attrs
+}
+
 PGconn* connected(const QByteArray& words) {
+    const Options by_service = with_service(words);
     std::vector<const char*> names, values;
     const auto add = [&](const char* name, const char* value) {
         names.push_back(name);
         values.push_back(value);
     };
     for (const auto& [name, value] : defaults)
-        add(name, value);
+        if (!is_said(value_of(by_service, name)))
+            add(name, value);
     add("dbname", words.constData()); // is taken apart, and goes before what stands before it
     add("client_encoding", "UTF8");
     const QByteArray name = connection_name(); // whatever was written: by it the programs of other PCs are seen
@@ -113,6 +132,13 @@ PGconn* released_if_writable(Connection connection, const QString& path) {
 }
 
 } // namespace
+
+QByteArray value_of(const Options& options, const char* name) {
+    for (const PQconninfoOption* option = options.get(); option && option->keyword; ++option)
+        if (QByteArrayView(option->keyword) == name)
+            return option->val;
+    return {};
+}
 
 bool reads_only(const PGconn* connection) {
     constexpr std::array marks{"in_hot_standby", "default_transaction_read_only"};

@@ -5,8 +5,16 @@
 #include <QByteArray>
 #include <QString>
 #include <libpq-fe.h>
+#include <memory>
 
 namespace store {
+
+struct FreeOptions {
+    void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
+};
+using Options = std::unique_ptr<PQconninfoOption, FreeOptions>;
+/// Empty where the options haven't got it.
+QByteArray value_of(const Options& options, const char* name);
 
 /// What is told where a server takes no writes: the copy of another, or one that was set so.
 inline constexpr QStringView read_only_words =

@@ -51,10 +51,6 @@ Code meaning_of(const QByteArray& state) {
     return meaning == meanings.end() ? Code::Other : meaning->code;
 }
 
-struct FreeOptions {
-    void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
-};
-
 bool is_good(ExecStatusType status) {
     return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_EMPTY_QUERY;
 }
@@ -62,7 +58,7 @@ bool is_good(ExecStatusType status) {
 } // namespace
 
 void check_connection_words(const QByteArray& words) {
-    const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfoParse(words.constData(), nullptr));
+    const Options options(PQconninfoParse(words.constData(), nullptr));
     if (!options) // libpq would repeat what it doesn't understand, which may be a password
         throw std::runtime_error(
             "データサーバーの指定が読めません。libpq の書き方（host=... dbname=...）で指定してください。");
@@ -80,11 +76,7 @@ ServerPipe::ServerPipe(const QByteArray& connection, const QString& opened)
 }
 
 std::chrono::milliseconds ServerPipe::usual_silence() const {
-    const std::unique_ptr<PQconninfoOption, FreeOptions> options(PQconninfo(m_connection));
-    qint64 timeout = 0;
-    for (const PQconninfoOption* option = options.get(); option && option->keyword; ++option)
-        if (QByteArrayView(option->keyword) == "tcp_user_timeout")
-            timeout = QByteArray(option->val).toLongLong();
+    const qint64 timeout = value_of(Options(PQconninfo(m_connection)), "tcp_user_timeout").toLongLong();
     constexpr qint64 usual = 10'000;
     return std::chrono::milliseconds(3 * (timeout > 0 ? timeout : usual));
 }

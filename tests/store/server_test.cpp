@@ -208,6 +208,18 @@ TEST_F(OnAServer, ALongWaitIsToldWhereverTheProgramStandsStill) {
 }
 #endif
 
+TEST_F(OnAServer, WhatAServiceFileSaysGoesBeforeTheProgramsOwnWords) {
+    const QString file = tree.folder.filePath(u"services"_s);
+    QByteArray service = "[clerks]\n" + place->connection;
+    support::put_bytes(file, service.replace(' ', '\n') + "\noptions=-c statement_timeout=77s\n");
+    qputenv("PGSERVICEFILE", QFile::encodeName(file));
+    support::put_bytes(path, bytes_of(ServerPlace{"service=clerks", place->schema}));
+    Database database = Database::open(path, Kind::Comsys);
+    qunsetenv("PGSERVICEFILE");
+    EXPECT_EQ(number_from(database, "select count(*) from bangou"), 0);
+    EXPECT_EQ(number_from(database, "select setting from pg_settings where name = 'statement_timeout'"), 77'000);
+}
+
 TEST_F(OnAServer, ASchemaThatIsThereGetsWhatItLacksHoweverLongThatTakes) {
     psql(u"drop table \"%1\".bangou; drop index \"%1\".syain_key"_s.arg(place->schema));
     psql(u"create function slow() returns event_trigger language plpgsql as 'begin perform pg_sleep(0.5); end';"
