@@ -48,12 +48,14 @@ void write_times(MonthSheet& sheet, int r, const TypedDay& typed, bool with_brea
         sheet.hyou(r, col::break_time) = typed.break_time;
 }
 
-void tally_laid(MonthSheet& sheet, int r, bool had_its_times) {
+/// As the month is tallied where it is typed.
+void tally_laid(MonthSheet& sheet, int r, const TypedDay& before) {
+    const TypedDay now = typed_day(sheet, r);
     sheet.mark(r) = u"1"_s;
-    if (had_its_times)
-        休暇出勤日計算処理(sheet, 0);
-    else
+    if (!same_times(before, now))
         tally_month(sheet);
+    else if (before.kind_number != now.kind_number || before.holiday_work != now.holiday_work)
+        休暇出勤日計算処理(sheet, 0);
 }
 
 /// Whether the tables still hold what lay beneath a posted day.
@@ -66,11 +68,11 @@ bool lies_over(const DraftDay& day, const MonthSheet& stored, int r) {
 void lay_posted(MonthSheet& sheet, int r, const DraftDay& day) {
     if (day.figures.isEmpty())
         return lay_day(sheet, r, day);
-    const bool had_its_times = same_times(typed_day(sheet, r), day.typed);
+    const TypedDay before = typed_day(sheet, r);
     write_times(sheet, r, day.typed, true);
     write_kind(sheet, r, day.typed);
     put_figures(sheet, sheet.hyou, r, day.figures);
-    tally_laid(sheet, r, had_its_times);
+    tally_laid(sheet, r, before);
 }
 
 /// A day that was changed again behind a posting lies over whatever of this person the tables hold.
@@ -163,8 +165,10 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
             lay_hours(sheet, r, day.hours);
         else
             lay_day(sheet, r, day);
-    lay_counts(sheet.hyou_day, draft.counts);
-    lay_sums(sheet, draft.counts);
+    for (const auto& counts : {draft.posted_counts, draft.counts}) {
+        lay_counts(sheet.hyou_day, counts);
+        lay_sums(sheet, counts);
+    }
     return merged.clashes;
 }
 
@@ -175,15 +179,15 @@ void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts) {
 }
 
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
-    const bool calculated = same_times(typed_day(sheet, r), day.typed);
+    const TypedDay before = typed_day(sheet, r);
     const bool by_hand = day.break_from == BreakFrom::Cell;
     write_times(sheet, r, day.typed, by_hand);
-    if (!calculated)
+    if (!same_times(before, day.typed))
         calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
     if (!day.pending || day.typed.kind_number != day.before.kind_number)
         write_kind(sheet, r, day.typed);
     lay_hours(sheet, r, day.hours);
-    tally_laid(sheet, r, calculated);
+    tally_laid(sheet, r, before);
 }
 
 } // namespace entry

@@ -59,7 +59,7 @@ struct DraftDay {
     BreakFrom break_from = BreakFrom::Rules;
     bool pending = false; ///< typed and not yet calculated: its kind follows from the calculation
     bool posted = false;  ///< saved as it is typed, but not yet seen in the tables
-    Hours hours{};        ///< that don't follow from what was typed into the day
+    Hours hours{};        ///< that laying the day wouldn't give by itself
     Hours figures{}; ///< all of the day's, as they were read or posted last; empty where nobody knows them any more
     /// Of a day that was posted: what the tables hold as long as its rows aren't there. First what was read, then each
     /// that was posted since.
@@ -73,6 +73,7 @@ struct Draft {
     /// Counts typed into the strip by hand, by their tag, and sums typed over in the total row, by sum_tag and the tag
     /// of the hours.
     QMap<QString, QString> counts;
+    QMap<QString, QString> posted_counts{}; ///< the same, posted together with the days that are
 
     bool isEmpty() const { return days.isEmpty() && counts.isEmpty(); }
     int unsaved_days() const; ///< of its days, those that weren't posted as they are typed
@@ -102,8 +103,8 @@ struct Clash; // entry/merge.h
 
 /// Lays the draft over the newly read month (see merge.h): days that nobody else changed get the typed values, are
 /// calculated and marked; those that are stored as typed get the hours typed over. Posted days get the figures that
-/// they were posted with, unless the tables hold them, or something of somebody else. Sums and counts stand as on the
-/// sheet that the draft was of. Gives back the days that are to be decided; they stay as they were read.
+/// they were posted with, unless the tables hold them, or something of somebody else. Then the counts and
+/// sums typed by hand. Gives back the days that are to be decided; they stay as they were read.
 QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
 
 /// Writes the counts typed by hand into the strip.

@@ -60,10 +60,14 @@ void add_days(store::Database& database, const Draft& draft) {
     }
 }
 
+constexpr QStringView posted_tag = u"登録 ";
+
 void add_counts(store::Database& database, const Draft& draft, int month_key) {
     auto insert = database.prepare("insert into sitagaki_nissu values (?,?,?,?)");
     for (const auto& [tag, days] : draft.counts.asKeyValueRange())
         insert.bind(draft.employee, month_key, tag, days).run();
+    for (const auto& [tag, days] : draft.posted_counts.asKeyValueRange())
+        insert.bind(draft.employee, month_key, posted_tag.toString() + tag, days).run();
 }
 
 /// All figures that lay beneath a day, in one text.
@@ -135,7 +139,10 @@ void take_in(Draft& draft, const QString& tag, const QString& text) {
                 day.hours.insert(figure, text);
             return;
         }
-    draft.counts.insert(tag, text);
+    if (tag.startsWith(posted_tag))
+        draft.posted_counts.insert(tag.sliced(posted_tag.size()), text);
+    else
+        draft.counts.insert(tag, text);
 }
 
 void take_away(store::Database& database, EmployeeKey employee, const CompanyMonth& month) {

@@ -168,6 +168,10 @@ void ent_rovena::ask_for_employee() {
 void ent_rovena::hyou_syain_Click(int row) {
     if (waiting || row < hyou_syain.FixedRows() || row >= hyou_syain.Rows() || !may_leave_month())
         return;
+    choose_employee(row);
+}
+
+void ent_rovena::choose_employee(int row) {
     show_month();
     syainsyscd = hyou_syain(row, 2);
     syalab = hyou_syain(row, 0) + u':' + hyou_syain(row, 1);

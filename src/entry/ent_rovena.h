@@ -83,6 +83,7 @@ public:
     void 社員マスター全呼出();
     void 社員リストソート処理();
     void 社員選択処理();
+    void choose_employee(int row);
     void 保存処理();
 
     // The draft: what was typed and isn't in the tables yet. It is kept with every act that may have typed something.

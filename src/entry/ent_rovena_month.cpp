@@ -83,7 +83,7 @@ void ent_rovena::open_day(const frame::MonthInHand& day) {
     ym[month_selector].text = digits(month.month());
     書式設定();
     hyou_syain.SetCursor({r, hyou_syain.Cols() - 1});
-    hyou_syain_Click(r);
+    choose_employee(r);
     if (employee_chosen())
         hyou_Click(
             {std::max(row::first_day, int(sheet.month.first().daysTo(day.day)) + row::first_day), col::clock_in});

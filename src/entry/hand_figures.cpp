@@ -33,19 +33,6 @@ QStringList calculated(const MonthSheet& sheet, int r, const base::Sheet& read) 
     return cells;
 }
 
-template <typename Counted>
-Hours cells_that(const MonthSheet& sheet, int r, Counted counted) {
-    Hours hours;
-    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
-        if (const QString& cell = sheet.hyou(r, column); counted(column, cell))
-            hours.insert(tag_of(sheet, column), cell);
-    return hours;
-}
-
-bool is_calculated(const DraftDay& day) {
-    return !day.posted && !day.pending && !same_times(day.before, day.typed);
-}
-
 /// The row's figures that are neither `known` nor `own`.
 Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int r) {
     Hours figures;
@@ -57,6 +44,14 @@ Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int 
             figures.insert(before.key(), sheet.hyou(r, column));
     }
     return figures;
+}
+
+/// What was typed over before the posting doesn't follow from the day either, if its rows get lost.
+void add_posted_hours(Hours& hours, const Hours& posted, const MonthSheet& sheet, int r) {
+    const Hours now = figures_of(sheet, sheet.hyou, r);
+    for (const QString& tag : posted.keys())
+        if (const auto figure = now.find(tag); figure != now.end())
+            hours.insert(tag, *figure);
 }
 
 Hours others_over_typed(const DraftDay& day, const MonthSheet& stored, int r) {
@@ -145,22 +140,12 @@ Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, con
         return {};
     const bool as_it_was = same_times(typed_day(sheet, r), day);
     const QStringList own = as_it_was ? QStringList() : calculated(sheet, r, read);
-    return cells_that(sheet, r, [&](int column, const QString& cell) {
-        return is_figure(column) && cell != (as_it_was ? read(r, column) : own[column]);
-    });
-}
-
-Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read, const QList<DraftDay>& days) {
-    if (read.Cols() != sheet.hyou.Cols())
-        return {};
-    Hours sums;
-    const bool tallied = std::ranges::any_of(days, is_calculated);
-    const Hours hours = cells_that(sheet, row::total, [&](int column, const QString& cell) {
-        return is_sum(column) && (tallied || cell != read(row::total, column)) && cell != sum_of_days(sheet, column);
-    });
-    for (const auto& [tag, text] : hours.asKeyValueRange())
-        sums.insert(sum_tag.toString() + tag, text);
-    return sums;
+    Hours hours;
+    for (int column = col::work_time; column < sheet.hyou.Cols(); ++column)
+        if (const QString& cell = sheet.hyou(r, column);
+            is_figure(column) && cell != (as_it_was ? read(r, column) : own[column]))
+            hours.insert(tag_of(sheet, column), cell);
+    return hours;
 }
 
 void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted,
@@ -180,6 +165,8 @@ void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead
             day->posted = false;
         }
         day->hours = day->posted ? posted.value(r).hours : hours;
+        if (!day->posted && !day->pending && as_posted != posted.end() && same_times(day->typed, as_posted->typed))
+            add_posted_hours(day->hours, as_posted->hours, sheet, r);
         day->figures = posted.contains(r) ? posted.value(r).figures : figures_of(sheet, read_figures, r);
     }
 }

@@ -45,9 +45,7 @@ QStringList words_of(const Hours& hours, const MonthSheet& sheet);
 /// doesn't give.
 Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, const TypedDay& day);
 
-/// The same for the month's sums, which follow from the days; their tags begin with sum_tag. Where the draft's days
-/// were calculated, a sum as it was read was typed anew if the days don't give it.
-Hours sums_by_hand(const MonthSheet& sheet, const base::Sheet& read, const QList<DraftDay>& days);
+/// What the tag of a sum of the month begins with, among counts.
 inline constexpr QStringView sum_tag = u"合計 ";
 
 /// Adds the hours typed by hand to the days of a draft, and to each what its figures were; a day that has nothing else

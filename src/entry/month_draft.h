@@ -74,9 +74,11 @@ private:
     Draft draft_of(const MonthSheet& sheet);
     void write(Draft draft);
     void know_what_lies_beneath();
-    void note_posted(const MonthSheet& sheet, const DraftDay& day);
+    void note_posted(MonthSheet& sheet, const DraftDay& day);
     void keep_without_column(const MonthSheet& sheet, const DraftDay& day);
-    void add_without_column(QList<DraftDay>& days) const;
+    void add_without_column(QList<DraftDay>& days, const MonthSheet& sheet) const;
+    static QStringList totals_of(const MonthSheet& sheet);
+    void note_sums(const MonthSheet& sheet);
     QList<DayVersion> beneath_next(const MonthSheet& sheet, int r, const DayVersion& next) const;
     void leave_what_arrived(const MonthSheet& sheet);
     void let_arrived_go(const MonthSheet& stored);
@@ -91,11 +93,14 @@ private:
     PostedDays m_posted;
     Draft m_kept; ///< as it lies in the file
     QList<Clash> m_clashes;
-    QMap<QString, QString> m_counts;     ///< of the strip, typed by hand, as they were typed
-    QMap<QDate, Hours> m_without_column; ///< typed into columns that the sheet hasn't got now
-    QTime m_saved;                       ///< when it was posted; invalid if it wasn't since it was read
-    bool m_are_lost = false;             ///< the saved days that are left
-    QString m_trouble;                   ///< why the draft can't be written
+    QMap<QString, QString> m_counts;        ///< typed by hand, as they were typed: of the strip, and sums by sum_tag
+    QMap<QString, QString> m_posted_counts; ///< likewise, posted
+    QStringList m_totals;                   ///< the total row, as it was looked at last
+    QMap<QDate, std::pair<TypedDay, Hours>>
+        m_without_column;    ///< hours typed into columns that the sheet hasn't got now
+    QTime m_saved;           ///< when it was posted; invalid if it wasn't since it was read
+    bool m_are_lost = false; ///< the saved days that are left
+    QString m_trouble;       ///< why the draft can't be written
 };
 
 } // namespace entry

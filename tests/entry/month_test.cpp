@@ -41,6 +41,10 @@ private:
             {u"enter"_s, [&] { type_at(cell_of(first(rest)), others(rest)); }},
             {u"work"_s, [&] { type_day(first(rest).toInt(), first(others(rest)), others(others(rest))); }},
             {u"employee"_s, [&] { form->hyou_syain_Click(rest.toInt()); }},
+            {u"goto"_s,
+                [&] {
+                    form->open_day({first(rest).toInt(), EmployeeKey(1), QDate::fromString(others(rest), Qt::ISODate)});
+                }},
             {u"month"_s, [&] { form->ym_Click(1, rest.toInt() - 1); }},
             {u"month_Enter"_s, [&] { form->ym_KeyDown(0, key::enter); }},
             {u"count"_s, [&] { type_count(first(rest).toInt(), others(rest)); }},

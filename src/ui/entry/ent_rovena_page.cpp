@@ -193,8 +193,8 @@ void ent_rovena_page::save_by_key() {
 void ent_rovena_page::leave_for(void (ent_rovena_page::*other)()) {
     if (m_form.saving || m_form.waiting)
         return;
-    m_controls.toubotan->setFocus(); // so that a cell in edit is committed
-    Q_EMIT(this->*other)();
+    if (may_close())
+        Q_EMIT(this->*other)();
 }
 
 void ent_rovena_page::ask_for_overview() {
