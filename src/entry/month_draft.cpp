@@ -63,6 +63,7 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     m_read = month_as_read(sheet);
     m_read_figures = sheet.hyou;
     m_read_strip = sheet.hyou_day;
+    m_totals = totals_of(sheet);
     m_kept = read_draft(m_session.settings, employee, m_month);
     if (m_kept.isEmpty())
         return;
@@ -159,6 +160,7 @@ void MonthDraft::end() {
     m_clashes.clear();
     m_counts.clear();
     m_posted_counts.clear();
+    m_totals.clear();
     m_without_column.clear();
     m_saved = {};
     m_are_lost = false;
