@@ -9,6 +9,7 @@
 #include "entry/tally.h"
 
 #include <algorithm>
+#include <ranges>
 #include <tuple>
 
 namespace entry {
@@ -160,11 +161,14 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
             lay_posted(sheet, r, day);
     const Merge merged =
         merge(sheet.month, unsaved, month_as_read(stored), sheet.kind_without_work, figures_of_others(unsaved, stored));
+    const auto other_times = [&](int r) { return !same_times(typed_day(stored, r), typed_day(sheet, r)); };
     for (const DraftDay& day : merged.laid)
         if (const int r = sheet.month.row(day.date); stored_alike(day.typed, typed_day(stored, r)))
             lay_hours(sheet, r, day.hours);
         else
             lay_day(sheet, r, day);
+    if (std::ranges::any_of(std::views::iota(row::first_day, row::last_day + 1), other_times))
+        tally_month(sheet); // with all hours
     for (const auto& counts : {draft.posted_counts, draft.counts}) {
         lay_counts(sheet.hyou_day, counts);
         lay_sums(sheet, counts);

@@ -275,6 +275,7 @@ void ent_rovena::keep_count() {
     const int column = sheet.hyou_day.Col();
     m_draft.count_typed(sheet, column);
     m_history.record_count(sheet, m_draft.beside_sheet(), column);
+    mark_draft();
 }
 
 void ent_rovena::hyou_day_KeyPress(int character) {

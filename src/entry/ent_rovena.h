@@ -234,6 +234,7 @@ private:
     void take_over(MergedMonth month);
     void keep_count();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
+    void mark_draft();
     bool can_act() const;
     bool refuse_if_closed();
     void stand_as_before(BesideSheet (UndoHistory::*go)(MonthSheet&));

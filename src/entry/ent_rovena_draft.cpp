@@ -57,10 +57,14 @@ void ent_rovena::mark_employee(int r, QList<int> months) {
     hyou_syain.SetCellTip(r, 0, months.isEmpty() ? QString() : u"未登録 "_s + names.join(u'、'));
 }
 
-/// Whoever has another month's draft keeps the dot when this month's is over.
 void ent_rovena::keep_draft(UndoHistory::Step step) {
     m_draft.keep(sheet);
     m_history.record(sheet, m_draft.beside_sheet(), step);
+    mark_draft();
+}
+
+/// Whoever has another month's draft keeps the dot when this month's is over.
+void ent_rovena::mark_draft() {
     const qint64 employee = Val(syainsyscd);
     const int month = sheet.month.month_key();
     if (employee == 0 || has_draft() == m_draft_months.value(employee).contains(month))

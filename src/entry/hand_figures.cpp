@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "entry/cells.h"
+#include "entry/merge.h"
 #include "entry/tally.h"
 
 #include <algorithm>
@@ -56,7 +57,7 @@ void add_posted_hours(Hours& hours, const Hours& posted, const MonthSheet& sheet
 
 Hours others_over_typed(const DraftDay& day, const MonthSheet& stored, int r) {
     const TypedDay now = typed_day(stored, r);
-    const bool as_typed = stored_alike(day.typed, now) && !stored_alike(day.before, now);
+    const bool as_typed = stored_alike(day.typed, now) && !stands_as_read(day.before, now, stored.kind_without_work);
     return as_typed ? others(day.hours, {}, stored, r) : others(day.figures, day.hours, stored, r);
 }
 
