@@ -21,8 +21,9 @@ constexpr auto patience = 10s;
 constexpr auto pause = 20ms;
 constexpr auto silent_wait = 1s; ///< most turns come before that
 constexpr auto between_questions = 2s;
-constexpr auto longest_way = 120s; ///< to a data server, whatever its connection's own limits are
-constexpr auto last_look = 2s;     ///< whoever answers no question by then isn't waited for either
+constexpr auto latest_question = 7s; ///< where nobody sees the answer, which costs a connection
+constexpr auto longest_way = 120s;   ///< to a data server, whatever its connection's own limits are
+constexpr auto last_look = 2s;       ///< whoever answers no question by then isn't waited for either
 
 /// What a reply does, told by the state it arrives in. Any other reply changes nothing.
 struct Reply {
@@ -126,7 +127,7 @@ bool TurnLink::wait_on_server() {
     });
     m_status.reset();
     const auto since = clock::now();
-    m_next_question = since + silent_wait;
+    m_next_question = since + (on_waiting ? silent_wait : latest_question);
     m_given_up = false;
     bool granted = m_on_server->take_within(pause);
     for (auto asked = since; !granted && clock::now() < asked + patience && goes_on_waiting_on_server(since);) {
