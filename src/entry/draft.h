@@ -110,8 +110,8 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
 /// Writes the counts typed by hand into the strip.
 void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts);
 
-/// Writes the typed value into a day and marks it changed; a day whose times aren't the same is calculated. Then the
-/// month is tallied, or where the times are the same its kinds are counted.
+/// Writes the typed values into a day and marks it changed; a day whose times aren't the same is calculated. Then the
+/// month is tallied, or its kinds are counted where only the kind differs.
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day);
 
 /// Whether the row of the sheet, as it was read, is one of the versions.
