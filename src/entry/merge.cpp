@@ -192,6 +192,18 @@ void tally_anew(MonthSheet& sheet, const QMap<QString, QString>& counts) {
     lay_sums(sheet, counts);
 }
 
+bool take_sums_of_same_days(MonthSheet& sheet, const MonthSheet& stored) {
+    for (int r = row::first_day; r <= sheet.month.length(); ++r)
+        if (!stands_as_read(typed_day(sheet, r), typed_day(stored, r), sheet.kind_without_work) ||
+            !same_figures(sheet.hyou, stored.hyou, r))
+            return false;
+    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
+        if (is_sum(column))
+            sheet.hyou(row::total, column) = stored.hyou(row::total, column);
+    sheet.hyou_day = stored.hyou_day;
+    return true;
+}
+
 void copy_day(MonthSheet& to, const MonthSheet& from, int r) {
     for (int column = col::clock_in; column < to.hyou.Cols(); ++column)
         to.hyou(r, column) = from.hyou(r, column);

@@ -73,6 +73,10 @@ MergedMonth merge_months(const MonthInHand& hand, const MonthSheet& stored);
 /// one.
 void tally_anew(MonthSheet& sheet, const QMap<QString, QString>& counts);
 
+/// Makes the sums and counts those that are stored, which has the same columns, if both have the same days. Tells
+/// whether they have.
+bool take_sums_of_same_days(MonthSheet& sheet, const MonthSheet& stored);
+
 /// Makes the day stand in `to` as it does in `from`, its mark too.
 void copy_day(MonthSheet& to, const MonthSheet& from, int r);
 

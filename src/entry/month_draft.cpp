@@ -5,8 +5,10 @@
 #include "entry/draft_store.h"
 #include "entry/hand_figures.h"
 #include "entry/month_load.h"
+#include "entry/posted_days.h"
 #include "entry/tally.h"
 #include "entry/waiting_days.h"
+#include "store/files.h"
 
 #include <algorithm>
 
@@ -18,40 +20,6 @@ namespace {
 
 QString words(const QString& text, QTime time) {
     return time.isValid() ? u"%1 %2"_s.arg(text, time.toString(u"H:mm")) : text;
-}
-
-/// Whether what was posted of the day has come into the tables: they hold it, or something else than lay beneath it.
-bool has_arrived(const DraftDay& day, const MonthSheet& stored) {
-    const int r = stored.month.row(day.date);
-    const DayVersion posted{day.posted ? day.typed : day.before, day.figures};
-    return !stored.month.is_found_again(r) || is_among({posted}, stored, r) || !is_among(day.beneath, stored, r);
-}
-
-bool arrived(const DraftDay& day, const MonthSheet& stored) {
-    return day.posted && has_arrived(day, stored);
-}
-
-void add_missing(QMap<QString, QString>& counts, QMap<QString, QString> others) {
-    others.insert(counts);
-    counts = std::move(others);
-}
-
-DraftDay over_itself(DraftDay day) {
-    day.before = day.typed;
-    day.beneath.clear();
-    day.posted = false;
-    return day;
-}
-
-/// Hours that had no column when the day was posted wait still.
-DraftDay not_posted(const DraftDay& day, const MonthSheet& stored) {
-    const int r = stored.month.row(day.date);
-    DraftDay left{day.date, typed_day(stored, r), typed_day(stored, r)};
-    left.figures = figures_of(stored, stored.hyou, r);
-    for (const auto& [tag, time] : day.hours.asKeyValueRange())
-        if (!day.figures.contains(tag))
-            left.hours.insert(tag, time);
-    return left;
 }
 
 } // namespace
@@ -69,44 +37,46 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
         return;
     for (const DraftDay& day : std::as_const(m_kept.days))
         keep_without_column(sheet, day);
-    know_what_lies_beneath();
-    const auto was_posted = [](const DraftDay& day) { return day.posted || !day.beneath.isEmpty(); };
+    know_what_lies_beneath(m_kept.days);
     const bool wait = std::ranges::any_of(m_kept.days, was_posted) && days_wait(m_session.settings, employee);
     if (!wait)
-        leave_what_arrived(sheet);
+        write_if_other(left_of(m_kept, sheet));
     m_counts = m_kept.counts;
     m_posted_counts = m_kept.posted_counts;
     m_clashes = lay_draft(sheet, m_kept);
     for (const DraftDay& day : std::as_const(m_kept.days))
-        if (day.posted || (wait && !day.beneath.isEmpty()))
+        if (day.posted || (wait && was_posted(day)))
             note_posted(sheet, day);
+    if (wait)
+        take_waiting_sums(sheet);
     m_totals = totals_of(sheet);
     keep(sheet);
 }
 
-/// Drafts of an earlier version don't tell it.
-void MonthDraft::know_what_lies_beneath() {
-    for (DraftDay& day : m_kept.days)
-        if (day.posted && day.beneath.isEmpty())
-            day.beneath << DayVersion{day.before};
+void MonthDraft::note_posted(MonthSheet& sheet, const DraftDay& day) {
+    const auto posted = posted_day(sheet, day);
+    if (!posted)
+        return;
+    m_posted.insert(m_month.row(day.date), *posted);
+    put_figures(sheet, m_read_figures, m_month.row(day.date), day.figures);
 }
 
-/// A day that stands as it was posted is on its way still, or has arrived; one that was typed anew behind that lies
-/// over it. Where something else stands now, somebody else saved it, or the person is to decide.
-void MonthDraft::note_posted(MonthSheet& sheet, const DraftDay& day) {
-    const int r = m_month.row(day.date);
-    const bool stands =
-        day.posted ? is_among({{day.typed, day.figures}}, sheet, r) : stored_alike(day.typed, typed_day(sheet, r));
-    if (!stands)
+/// Where the waiting rows give the month as it stands, their sums and counts are its own. Those typed behind them
+/// stand.
+void MonthDraft::take_waiting_sums(MonthSheet& sheet) {
+    try {
+        auto exchange =
+            store::Database::open(store::exchange_path(m_session.settings, store::posting_file), store::Kind::Exchange);
+        MonthInTables unread;
+        if (!take_sums_of_same_days(sheet, month_as_stored(sheet, m_session.settings, exchange, m_employee, unread)))
+            return;
+    } catch (const store::Error&) { // told by whatever the person does next
         return;
-    PostedDay posted{day.posted ? typed_day(sheet, r) : day.before, day.hours, day.figures, day.beneath};
-    if (!day.posted) {
-        for (auto figure = posted.hours.begin(); figure != posted.hours.end(); ++figure)
-            *figure = day.figures.value(figure.key());
-        sheet.mark(r) = u"1"_s;
     }
-    m_posted.insert(r, posted);
-    put_figures(sheet, m_read_figures, r, day.figures);
+    read_figures_of(sheet, row::total);
+    m_read_strip = sheet.hyou_day;
+    lay_counts(sheet.hyou_day, m_counts);
+    lay_sums(sheet, m_counts);
 }
 
 /// A work type that was taken away may be given back.
@@ -130,27 +100,6 @@ void MonthDraft::add_without_column(QList<DraftDay>& days, const MonthSheet& she
             day = days.insert(day, DraftDay{date, m_read[r], m_read[r]});
         day->hours.insert(kept.second);
     }
-}
-
-/// A day that was posted is over once its rows are applied, unless the tables hold what was beneath it: then its rows
-/// were refused or the company was taken back to an earlier state, or else somebody made the day again what it was. The
-/// person knows which, and is asked: it lies over itself, where something else stands now. Counts go with the days.
-void MonthDraft::leave_what_arrived(const MonthSheet& sheet) {
-    const Draft as_it_was = std::exchange(m_kept, {m_employee, {}, m_kept.counts, m_kept.posted_counts});
-    for (DraftDay day : as_it_was.days) {
-        const bool lost = !day.beneath.isEmpty() && !has_arrived(day, sheet);
-        if (lost)
-            add_missing(m_kept.counts, std::exchange(m_kept.posted_counts, {}));
-        else
-            day.beneath.clear();
-        if (day.posted)
-            day = lost ? over_itself(day) : not_posted(day, sheet);
-        if (lost || day.typed != day.before || !day.hours.isEmpty())
-            m_kept.days << day;
-    }
-    m_kept.posted_counts.clear();
-    if (m_kept != as_it_was)
-        write(m_kept);
 }
 
 void MonthDraft::end() {
@@ -214,9 +163,12 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
 void MonthDraft::keep(const MonthSheet& sheet) {
     if (m_employee.none())
         return;
-    const Draft draft = draft_of(sheet);
+    write_if_other(draft_of(sheet));
+}
+
+void MonthDraft::write_if_other(Draft draft) {
     if (draft != m_kept || !m_trouble.isEmpty())
-        write(draft);
+        write(std::move(draft));
 }
 
 void MonthDraft::write(Draft draft) {
@@ -247,23 +199,15 @@ void MonthDraft::posted(const MonthSheet& sheet) {
     const Draft draft = draft_of(sheet);
     for (const DraftDay& day : draft.days)
         if (const int r = m_month.row(day.date); !undecided(r)) {
-            const Hours figures = figures_of(sheet, sheet.hyou, r);
-            m_posted.insert(r, {day.typed, day.hours, figures, beneath_next(sheet, r, {day.typed, figures})});
+            const DayVersion version{day.typed, figures_of(sheet, sheet.hyou, r)};
+            const QList<DayVersion> beneath = m_posted.contains(r)
+                                                  ? beneath_next(m_posted[r], version)
+                                                  : QList{DayVersion{m_read[r], figures_of(sheet, m_read_figures, r)}};
+            m_posted.insert(r, {day.typed, day.hours, version.figures, beneath});
         }
     m_read_figures = sheet.hyou;
     m_read_strip = sheet.hyou_day;
     write(draft_of(sheet));
-}
-
-/// What the tables may hold if a posting gets lost.
-QList<DayVersion> MonthDraft::beneath_next(const MonthSheet& sheet, int r, const DayVersion& next) const {
-    const auto before = m_posted.find(r);
-    if (before == m_posted.end())
-        return {{m_read[r], figures_of(sheet, m_read_figures, r)}};
-    QList<DayVersion> versions = before->beneath;
-    if (const DayVersion last{before->typed, before->figures}; last != next && !versions.contains(last))
-        versions << last;
-    return versions;
 }
 
 /// What the tables hold now is what the next draft lies over. A day that stands there as it did before it was posted
@@ -290,12 +234,10 @@ void MonthDraft::let_arrived_go(const MonthSheet& stored) {
     left.days.removeIf([&](const DraftDay& day) { return arrived(day, stored); });
     m_are_lost = std::ranges::any_of(left.days, &DraftDay::posted);
     m_posted.removeIf([&](const auto& entry) {
-        const PostedDay& posted = entry.value();
-        if (!is_among({{posted.typed, posted.figures}}, stored, entry.key()) &&
-            is_among(posted.beneath, stored, entry.key()))
-            return false;
-        m_read[entry.key()] = posted.typed;
-        return true;
+        const bool is_there = arrived(entry.value(), stored, entry.key());
+        if (is_there)
+            m_read[entry.key()] = entry.value().typed;
+        return is_there;
     });
     if (!m_are_lost) {
         m_posted_counts.clear();

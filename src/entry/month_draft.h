@@ -73,14 +73,13 @@ private:
     void read_figures_of(const MonthSheet& stored, int r);
     Draft draft_of(const MonthSheet& sheet);
     void write(Draft draft);
-    void know_what_lies_beneath();
+    void write_if_other(Draft draft);
     void note_posted(MonthSheet& sheet, const DraftDay& day);
+    void take_waiting_sums(MonthSheet& sheet);
     void keep_without_column(const MonthSheet& sheet, const DraftDay& day);
     void add_without_column(QList<DraftDay>& days, const MonthSheet& sheet) const;
     static QStringList totals_of(const MonthSheet& sheet);
     void note_sums(const MonthSheet& sheet);
-    QList<DayVersion> beneath_next(const MonthSheet& sheet, int r, const DayVersion& next) const;
-    void leave_what_arrived(const MonthSheet& sheet);
     void let_arrived_go(const MonthSheet& stored);
     void stands_otherwise(Clash& clash, const MonthSheet& stored) const;
 
