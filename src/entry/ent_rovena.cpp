@@ -155,6 +155,8 @@ void ent_rovena::保存処理() {
         m_unsaved = std::move(save.month);
     else if (save.month && (save.month->sums_taken_over || !save.month->taken_over.isEmpty()))
         take_over(*std::move(save.month));
+    else if (m_draft.waits_for_a_day() && changed_days(sheet).isEmpty())
+        report(u"日の変更といっしょに登録されます"_s);
     if (save.saved != Saved::Posted)
         return;
     m_draft.posted(sheet);

@@ -63,6 +63,8 @@ public:
     void bring_back(const BesideSheet& beside);
 
     bool isEmpty() const { return m_kept.isEmpty(); }
+    /// Whether nothing but counts and sums is unsaved: they are saved together with days.
+    bool waits_for_a_day() const { return m_kept.unsaved_days() == 0 && !m_kept.counts.isEmpty(); }
     bool is_unsaved() const { return m_kept.unsaved_days() > 0 || !m_kept.counts.isEmpty(); }
     const QString& trouble() const { return m_trouble; } ///< why it can't be kept, in words; empty if it is
 

@@ -96,6 +96,7 @@ private:
             {u"asked"_s, [&] { EXPECT_EQ(rows_of(form->clashes_of_save()), rest); }},
             {u"who"_s, [&] { EXPECT_EQ(form->syalab, rest); }},
             {u"notice"_s, [&] { EXPECT_EQ(form->editors.notice->text, rest); }},
+            {u"says"_s, [&] { EXPECT_EQ(form->msglab, rest); }},
             {u"findings"_s, [&] { EXPECT_EQ(form->look_before_saving().size(), rest.toInt()); }},
             {u"quiet"_s, [&] { EXPECT_FALSE(form->editors.notice); }},
             {u"trouble"_s, [&] { EXPECT_TRUE(form->standing().startsWith(u"下書きを保存できません。")); }},
