@@ -65,14 +65,14 @@ bool lies_over(const DraftDay& day, const MonthSheet& stored, int r) {
            (day.beneath.isEmpty() && stands_as_read(day.before, typed_day(stored, r), stored.kind_without_work));
 }
 
-/// What was posted is what it was, whatever the rules of the work type have become.
-void lay_posted(MonthSheet& sheet, int r, const DraftDay& day) {
-    if (day.figures.isEmpty())
-        return lay_day(sheet, r, day);
+/// Whatever the rules of the work type have become.
+void lay_as_it_was(MonthSheet& sheet, int r, const DraftDay& day) {
     const TypedDay before = typed_day(sheet, r);
     write_times(sheet, r, day.typed, true);
     write_kind(sheet, r, day.typed);
     put_figures(sheet, sheet.hyou, r, day.figures);
+    if (!day.posted)
+        lay_hours(sheet, r, day.hours);
     tally_laid(sheet, r, before);
 }
 
@@ -116,10 +116,12 @@ bool stored_alike(const TypedDay& a, const TypedDay& b) {
 }
 
 bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now) {
-    if (now.kind_number != kind_without_work.number || now.holiday_work != before.holiday_work)
+    const bool takes_work_back = Val(before.kind_number) == 0 && !has_chosen_kind(now, kind_without_work);
+    if (now.kind_number != kind_without_work.number || (now.holiday_work != before.holiday_work && !takes_work_back))
         return false;
     now.kind_number = before.kind_number;
     now.kind_name = before.kind_name;
+    now.holiday_work = before.holiday_work;
     return now == before;
 }
 
@@ -158,7 +160,7 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
         if (!day.posted)
             unsaved << over_what_is_stored(day, stored);
         else if (const int r = sheet.month.row(day.date); lies_over(day, stored, r))
-            lay_posted(sheet, r, day);
+            lay_day(sheet, r, day);
     const Merge merged =
         merge(sheet.month, unsaved, month_as_read(stored), sheet.kind_without_work, figures_of_others(unsaved, stored));
     const auto other_times = [&](int r) { return !same_times(typed_day(stored, r), typed_day(sheet, r)); };
@@ -183,6 +185,8 @@ void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts) {
 }
 
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
+    if (!day.figures.isEmpty() && (day.posted || day.typed == day.before))
+        return lay_as_it_was(sheet, r, day);
     const TypedDay before = typed_day(sheet, r);
     const bool by_hand = day.break_from == BreakFrom::Cell;
     write_times(sheet, r, day.typed, by_hand);

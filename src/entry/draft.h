@@ -96,7 +96,7 @@ using PostedDays = QMap<int, PostedDay>;
 QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted);
 
 /// Whether the calculation alone lies between the two: a day without work took its kind from it, which leaves `休出` as
-/// it is; a choice sets it.
+/// it is, also as work left it that was taken back; a choice sets it.
 bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now);
 
 struct Clash; // entry/merge.h
@@ -110,7 +110,8 @@ QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
 /// Writes the counts typed by hand into the strip.
 void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts);
 
-/// Writes the typed values into a day and marks it changed; a day whose times aren't the same is calculated. Then the
+/// Writes the typed values into a day and marks it changed; a day whose times aren't the same is calculated, but for
+/// one that was posted, or whose hours alone were typed: it has its figures, whatever the rules have become. Then the
 /// month is tallied, or its kinds are counted where only the kind differs.
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day);
 

@@ -193,21 +193,25 @@ void MonthDraft::posted(const MonthSheet& sheet) {
     m_are_lost = false;
     note_sums(sheet);
     m_posted_counts.insert(std::exchange(m_counts, {}));
-    const auto undecided = [&](int r) { return std::ranges::find(m_clashes, r, &Clash::row) != m_clashes.end(); };
     for (Clash& clash : m_clashes)
         clash.draft.posted = false;
     const Draft draft = draft_of(sheet);
+    m_clashes.removeIf([&](const Clash& clash) { return !draft.days.contains(clash.draft); }); // typed anew
     for (const DraftDay& day : draft.days)
-        if (const int r = m_month.row(day.date); !undecided(r)) {
-            const DayVersion version{day.typed, figures_of(sheet, sheet.hyou, r)};
-            const QList<DayVersion> beneath = m_posted.contains(r)
-                                                  ? beneath_next(m_posted[r], version)
-                                                  : QList{DayVersion{m_read[r], figures_of(sheet, m_read_figures, r)}};
-            m_posted.insert(r, {day.typed, day.hours, version.figures, beneath});
-        }
+        if (std::ranges::find(m_clashes, day, &Clash::draft) == m_clashes.end())
+            day_posted(sheet, day);
     m_read_figures = sheet.hyou;
     m_read_strip = sheet.hyou_day;
     write(draft_of(sheet));
+}
+
+void MonthDraft::day_posted(const MonthSheet& sheet, const DraftDay& day) {
+    const int r = m_month.row(day.date);
+    const DayVersion version{day.typed, figures_of(sheet, sheet.hyou, r)};
+    const QList<DayVersion> beneath = m_posted.contains(r)
+                                          ? beneath_next(m_posted[r], version)
+                                          : QList{DayVersion{m_read[r], figures_of(sheet, m_read_figures, r)}};
+    m_posted.insert(r, {day.typed, day.hours, version.figures, beneath});
 }
 
 /// What the tables hold now is what the next draft lies over. A day that stands there as it did before it was posted

@@ -82,6 +82,7 @@ private:
     void add_without_column(QList<DraftDay>& days, const MonthSheet& sheet) const;
     static QStringList totals_of(const MonthSheet& sheet);
     void note_sums(const MonthSheet& sheet);
+    void day_posted(const MonthSheet& sheet, const DraftDay& day);
     void let_arrived_go(const MonthSheet& stored);
     void stands_otherwise(Clash& clash, const MonthSheet& stored) const;
 
