@@ -104,12 +104,14 @@ ent_rovena_controls::ent_rovena_controls(
       give_up(new QPushButton(u"入力を取り消す"_s, left)), goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)),
       torikomi(new QPushButton(u"取込(&I)..."_s, left)), jyougen(new QPushButton(u"上限(&L)..."_s, left)),
       keys(new FunctionBar(function_keys, page)), why(new WhyPanel(&page)) {
-    for (QLabel* wrapped : {syalab, also_open, standing})
+    for (QLabel* wrapped : {syalab, msglab, also_open, standing})
         wrapped->setWordWrap(true);
     syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
     also_open->hide();
-    standing->setFixedHeight(2 * standing->fontMetrics().lineSpacing());
-    standing->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    for (QLabel* line : {msglab, standing}) {
+        line->setFixedHeight(2 * line->fontMetrics().lineSpacing());
+        line->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    }
     goes_on->setFocusPolicy(Qt::TabFocus);
     for (QPushButton* aside : {give_up, torikomi, jyougen})
         stand_aside(*aside);
@@ -130,7 +132,7 @@ void ent_rovena_controls::fill_left_column() {
     buttons->addWidget(botan[1], 0, 0);
     buttons->addWidget(botan[0], 0, 1);
     buttons->addWidget(imghelp, 1, 0);
-    buttons->addWidget(msglab, 1, 1);
+    buttons->addWidget(msglab, 1, 1, 1, 2);
     buttons->setColumnStretch(2, 1);
 
     auto* column = new QVBoxLayout(left);
