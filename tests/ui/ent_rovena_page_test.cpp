@@ -115,4 +115,11 @@ TEST_F(EntryPage, TabNeverLeadsToABoxThatIsOutOfSightAndTheWheelChoosesNoMonth) 
     EXPECT_EQ(controls.ym[1]->currentText(), u"10"_s);
 }
 
+TEST_F(EntryPage, ACountThatIsTypedShowsAtOnceAsNotSaved) {
+    click_cell(*controls.hyou_day, 2, 3);
+    type(u"7"_s);
+    EXPECT_EQ(controls.standing->text(), u"未登録 日数"_s);
+    EXPECT_TRUE(controls.give_up->isVisible());
+}
+
 } // namespace

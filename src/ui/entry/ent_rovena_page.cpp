@@ -122,6 +122,8 @@ void ent_rovena_page::connect_strip() {
         else if (const int character = key_character(key, text))
             m_form.hyou_day_KeyPress(character);
         m_controls.hyou_day->refresh();
+        m_controls.hyou_syain->refresh();
+        show_standing();
     });
 }
 
