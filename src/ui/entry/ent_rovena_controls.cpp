@@ -104,14 +104,7 @@ ent_rovena_controls::ent_rovena_controls(
       give_up(new QPushButton(u"入力を取り消す"_s, left)), goes_on(new QCheckBox(u"月末の Enter で次の社員へ"_s, left)),
       torikomi(new QPushButton(u"取込(&I)..."_s, left)), jyougen(new QPushButton(u"上限(&L)..."_s, left)),
       keys(new FunctionBar(function_keys, page)), why(new WhyPanel(&page)) {
-    for (QLabel* wrapped : {syalab, msglab, also_open, standing})
-        wrapped->setWordWrap(true);
-    syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
-    also_open->hide();
-    for (QLabel* line : {msglab, standing}) {
-        line->setFixedHeight(2 * line->fontMetrics().lineSpacing());
-        line->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    }
+    wrap_words();
     goes_on->setFocusPolicy(Qt::TabFocus);
     for (QPushButton* aside : {give_up, torikomi, jyougen})
         stand_aside(*aside);
@@ -124,6 +117,17 @@ ent_rovena_controls::ent_rovena_controls(
     hyou_syain->setObjectName("hyou_syain");
     fill_left_column();
     order_by_tab();
+}
+
+void ent_rovena_controls::wrap_words() {
+    for (QLabel* wrapped : {syalab, msglab, also_open, standing})
+        wrapped->setWordWrap(true);
+    syalab->setMinimumHeight(syalab->fontMetrics().height()); // its place stands before an employee is chosen
+    also_open->hide();
+    for (QLabel* line : {msglab, standing}) {
+        line->setFixedHeight(2 * line->fontMetrics().lineSpacing());
+        line->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    }
 }
 
 void ent_rovena_controls::fill_left_column() {

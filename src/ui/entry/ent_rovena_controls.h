@@ -57,6 +57,7 @@ struct ent_rovena_controls {
     WhyPanel* why; ///< out of sight unless asked for
 
 private:
+    void wrap_words();
     void fill_left_column();
     void place_keys(QSize page);
     void place_why(QSize page);
