@@ -332,7 +332,7 @@ QString MonthDraft::standing() const {
     if (!m_kept.counts.isEmpty())
         return std::ranges::all_of(m_kept.counts.keys(), is_of_sum) ? u"未登録 合計"_s : u"未登録 日数"_s;
     if (!m_kept.days.isEmpty())
-        return words(u"反映待ち"_s, m_saved);
+        return m_are_lost ? u"反映されていません"_s : words(u"反映待ち"_s, m_saved);
     return m_saved.isValid() ? words(u"登録しました"_s, m_saved) : QString();
 }
 

@@ -68,7 +68,8 @@ public:
     bool is_unsaved() const { return m_kept.unsaved_days() > 0 || !m_kept.counts.isEmpty(); }
     const QString& trouble() const { return m_trouble; } ///< why it can't be kept, in words; empty if it is
 
-    /// How things stand, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty for an untouched month.
+    /// How things stand, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05", or that saved days
+    /// didn't come into the tables; empty for an untouched month.
     QString standing() const;
 
 private:
