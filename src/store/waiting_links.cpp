@@ -57,10 +57,26 @@ std::unique_ptr<ServerLink> good_link(const ServerPlace& place, bool with_turn) 
     return link;
 }
 
+/// Connecting lets nobody in: where the wait is to be told, a thread of its own does it.
+std::unique_ptr<ServerLink> new_link(const ServerPlace& place, const QString& path) {
+    if (!Silence::is_told())
+        return std::make_unique<ServerLink>(place.connection, path);
+    LinkUnderWay way(place, path);
+    Silence told;
+    std::unique_ptr<ServerLink> link = way.within(unremarked_silence);
+    if (!link) {
+        told.is_long();
+        link = way.within(longest_way);
+    }
+    if (!link)
+        throw Error(Code::Away, path, {}, u"サーバーから応答がありません。"_s);
+    return link;
+}
+
 std::unique_ptr<ServerLink> link_without_turn(const ServerPlace& place, const QString& path) {
     std::unique_ptr<ServerLink> link = good_link(place, false);
     if (!link)
-        link = std::make_unique<ServerLink>(place.connection, path);
+        link = new_link(place, path);
     link->serve(place.schema, path);
     return link;
 }
@@ -138,32 +154,10 @@ std::unique_ptr<ServerLink> LinkUnderWay::within(std::chrono::milliseconds patie
     return std::move(m_state->link);
 }
 
-namespace {
-
-/// Connecting lets nobody in: where the wait is to be told, a thread of its own does it.
-std::unique_ptr<ServerLink> new_link(const ServerPlace& place, const QString& path) {
-    if (!Silence::is_told())
-        return link_without_turn(place, path);
-    LinkUnderWay way(place, path);
-    Silence told;
-    std::unique_ptr<ServerLink> link = way.within(unremarked_silence);
-    if (!link) {
-        told.is_long();
-        link = way.within(longest_way);
-    }
-    if (!link)
-        throw Error(Code::Away, path, {}, u"サーバーから応答がありません。"_s);
-    return link;
-}
-
-} // namespace
-
 std::unique_ptr<ServerLink> take_link(const ServerPlace& place, const QString& path) {
     std::unique_ptr<ServerLink> link = take_turns_link(place);
     if (!link)
-        link = good_link(place, false);
-    if (!link)
-        link = new_link(place, path);
+        return link_without_turn(place, path);
     link->serve(place.schema, path);
     return link;
 }
