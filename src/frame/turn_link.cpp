@@ -115,30 +115,17 @@ void TurnLink::サーバー接続終了() {
     show(QString());
 }
 
-/// The server is waited for in its own time, a little at once, between which the interface runs. The way to it has
-/// limits of its own.
 bool TurnLink::wait_on_server() {
-    using clock = std::chrono::steady_clock;
     show(u"●"_s);
     auto failed = qScopeGuard([this] {
         wait_is_over();
         m_on_server.reset();
         show(QString());
     });
-    m_status.reset();
-    const auto since = clock::now();
-    m_next_question = since + (on_waiting ? silent_wait : latest_question);
-    m_given_up = false;
-    bool granted = m_on_server->take_within(pause);
-    for (auto asked = since; !granted && clock::now() < asked + patience && goes_on_waiting_on_server(since);) {
-        m_host.yield();
-        if (!m_on_server->is_asked() && clock::now() < since + longest_way) // the first of two may be silent
-            asked = clock::now();
-        granted = m_on_server->take_within(pause);
-    }
+    bool granted = server_grants_in_time();
     wait_is_over();
-    if (!granted && !m_given_up && !m_on_server->holder(last_look)) // throws where it is the server that is silent
-        granted = m_on_server->take_within(last_look);
+    if (!granted && !m_given_up)
+        granted = is_to_be_had_after_all();
     failed.dismiss();
     if (!granted)
         m_on_server.reset();
@@ -146,6 +133,30 @@ bool TurnLink::wait_on_server() {
         m_host.tell(u"ほかのＰＣの登録が続いています。もう一度登録処理してください"_s, u"登録の順番"_s);
     show(m_given_up ? QString() : u"◎"_s);
     return granted;
+}
+
+/// The server is waited for in its own time, a little at once, between which the interface runs. The way to it has
+/// limits of its own.
+bool TurnLink::server_grants_in_time() {
+    using clock = std::chrono::steady_clock;
+    const auto since = clock::now();
+    auto limit = since + patience;
+    m_status.reset();
+    m_next_question = since + (on_waiting ? silent_wait : latest_question);
+    m_given_up = false;
+    while (!m_on_server->take_within(pause)) {
+        if (clock::now() >= limit || !goes_on_waiting_on_server(since))
+            return false;
+        m_host.yield();
+        if (!m_on_server->is_asked() && clock::now() < since + longest_way) // the first of two may be silent
+            limit = clock::now() + patience;
+    }
+    return true;
+}
+
+/// Throws where it is the server that is silent.
+bool TurnLink::is_to_be_had_after_all() {
+    return !m_on_server->holder(last_look) && m_on_server->take_within(last_look);
 }
 
 bool TurnLink::goes_on_waiting_on_server(std::chrono::steady_clock::time_point since) {

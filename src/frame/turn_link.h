@@ -55,6 +55,8 @@ private:
     void hang_up();
     bool wait_for(LinkState state);
     bool wait_on_server();
+    bool server_grants_in_time();
+    bool is_to_be_had_after_all();
     bool goes_on_waiting_on_server(std::chrono::steady_clock::time_point since);
     std::optional<TurnStatus> status_on_server();
     bool goes_on_waiting(std::chrono::steady_clock::time_point since);
