@@ -165,7 +165,7 @@ TEST_P(InTrouble, ASaveIsThereWholeOrNotAtAllAndWhatWasTypedStaysAndTheNextIsRig
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, InTrouble,
-    testing::Values(Troubled{Trouble::Cut, 1}, Troubled{Trouble::Death, 25},
-        Troubled{Trouble::Silence, 25, support::impatient}, Troubled{Trouble::Full, 1}));
+    testing::Values(Troubled{Trouble::Cut, 1}, Troubled{Trouble::Death, 41},
+        Troubled{Trouble::Silence, 41, support::impatient}, Troubled{Trouble::Full, 3}));
 
 #endif

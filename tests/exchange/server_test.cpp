@@ -89,8 +89,8 @@ TEST_P(ManagerInTrouble, AppliesASaveWholeOrNotAtAllAndOnceInTheEnd) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, ManagerInTrouble,
-    testing::Values(Troubled{Trouble::Cut, 1}, Troubled{Trouble::Death, 25},
-        Troubled{Trouble::Silence, 25, support::impatient}, Troubled{Trouble::Full, 7}));
+    testing::Values(Troubled{Trouble::Cut, 1}, Troubled{Trouble::Death, 41},
+        Troubled{Trouble::Silence, 41, support::impatient}, Troubled{Trouble::Full, 7}));
 
 TEST(ManagersOfTwoPcs, CountEveryRowOnce) {
     if (support::data_server().isEmpty())
