@@ -325,7 +325,7 @@ TEST_P(MoveInTrouble, IsWholeOrClosedBehindAnyMessage) {
 
 INSTANTIATE_TEST_SUITE_P(Of, MoveInTrouble,
     testing::Values(TroubledMove{Trouble::Cut, 1000, 1000, 12}, TroubledMove{Trouble::Death, 1100, 0, 4},
-        TroubledMove{Trouble::Silence, 1400, 0, 3}, TroubledMove{Trouble::Full, 300, 0, 5}));
+        TroubledMove{Trouble::Silence, 1400, 0, 3}, TroubledMove{Trouble::Full, 700, 0, 4}));
 #endif
 
 } // namespace install
