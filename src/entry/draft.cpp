@@ -116,8 +116,8 @@ bool stored_alike(const TypedDay& a, const TypedDay& b) {
 }
 
 bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now) {
-    const bool takes_work_back = Val(before.kind_number) == 0 && !has_chosen_kind(now, kind_without_work);
-    if (now.kind_number != kind_without_work.number || (now.holiday_work != before.holiday_work && !takes_work_back))
+    if (now.kind_number != kind_without_work.number || has_chosen_kind(before, kind_without_work) ||
+        has_chosen_kind(now, kind_without_work))
         return false;
     now.kind_number = before.kind_number;
     now.kind_name = before.kind_name;

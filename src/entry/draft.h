@@ -95,8 +95,8 @@ using PostedDays = QMap<int, PostedDay>;
 /// posted: it is a draft even where it stands as it was read.
 QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted);
 
-/// Whether the calculation alone lies between the two: a day without work took its kind from it, which leaves `休出` as
-/// it is, also as work left it that was taken back; a choice sets it.
+/// Whether the calculation alone lies between the two: nobody chose a kind, and a day without work took its own from
+/// it, which leaves `休出` as it is, also as work left it that was taken back.
 bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now);
 
 struct Clash; // entry/merge.h

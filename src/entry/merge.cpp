@@ -116,7 +116,8 @@ bool take_over_sums(MergedMonth& merged, const MonthInHand& hand, const MonthAsR
 } // namespace
 
 bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work) {
-    return read == stored || stored_alike(read, stored) || only_stamped(kind_without_work, read, stored);
+    return read == stored || stored_alike(read, stored) || only_stamped(kind_without_work, read, stored) ||
+           only_stamped(kind_without_work, stored, read);
 }
 
 Hours typed_hours(const Clash& clash) {
@@ -133,7 +134,7 @@ Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const Month
     Merge merged;
     for (int r = row::first_day; r <= month.length(); ++r) {
         const auto day = std::ranges::find(typed, month.day(r), &DraftDay::date);
-        const bool alike = day != typed.end() && stored_alike(day->typed, stored[r]);
+        const bool alike = day != typed.end() && stands_as_read(day->typed, stored[r], kind_without_work);
         if (day == typed.end() || (alike && (day->hours.isEmpty() || day->posted)))
             continue;
         const auto is_stored = [&](const TypedDay& version) {

@@ -28,7 +28,8 @@ struct BesideSheet {
 };
 
 /// Whether what is stored is what was read. A day that stood without a kind and has by now the one that a save of other
-/// days gave it by itself is as it was: nobody typed it.
+/// days gave it by itself is as it was, and so is one that got it and lost it with the rows of that save: nobody typed
+/// it.
 bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work);
 
 struct Merge {
