@@ -80,8 +80,7 @@ Draft left_of(const Draft& draft, const MonthSheet& stored) {
     for (const DraftDay& day : draft.days) {
         const bool is_lost = was_posted(day) && !has_arrived(day, stored);
         any_lost = any_lost || is_lost;
-        if (const DraftDay rest = left_of(day, stored, is_lost);
-            is_lost || rest.typed != rest.before || !rest.hours.isEmpty())
+        if (const DraftDay rest = left_of(day, stored, is_lost); is_lost || !day.posted || !rest.hours.isEmpty())
             left.days << rest;
     }
     if (any_lost)
