@@ -41,12 +41,11 @@ void write_kind(MonthSheet& sheet, int r, const TypedDay& typed) {
     sheet.hyou(r, col::kind) = typed.kind_name;
 }
 
-void write_times(MonthSheet& sheet, int r, const TypedDay& typed, bool with_break) {
+void write_times(MonthSheet& sheet, int r, const TypedDay& typed, const QString& break_time) {
     sheet.hyou(r, col::clock_in) = typed.clock_in;
     sheet.hyou(r, col::clock_out) = typed.clock_out;
+    sheet.hyou(r, col::break_time) = break_time;
     sheet.hyou(r, col::remark) = typed.remark;
-    if (with_break)
-        sheet.hyou(r, col::break_time) = typed.break_time;
 }
 
 /// As the month is tallied where it is typed.
@@ -68,7 +67,7 @@ bool lies_over(const DraftDay& day, const MonthSheet& stored, int r) {
 /// Whatever the rules of the work type have become.
 void lay_as_it_was(MonthSheet& sheet, int r, const DraftDay& day) {
     const TypedDay before = typed_day(sheet, r);
-    write_times(sheet, r, day.typed, true);
+    write_times(sheet, r, day.typed, day.typed.break_time);
     write_kind(sheet, r, day.typed);
     put_figures(sheet, sheet.hyou, r, day.figures);
     if (!day.posted)
@@ -189,10 +188,15 @@ void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
         return lay_as_it_was(sheet, r, day);
     const TypedDay before = typed_day(sheet, r);
     const bool by_hand = day.break_from == BreakFrom::Cell;
-    write_times(sheet, r, day.typed, by_hand);
-    if (!same_times(before, day.typed))
+    const bool calculates = !same_times(before, day.typed);
+    // Where no rule gives a break, what stood in the cell stays.
+    write_times(sheet, r, day.typed, calculates && !by_hand ? day.before.break_time : day.typed.break_time);
+    if (calculates)
         calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
-    if (!day.pending || day.typed.kind_number != day.before.kind_number)
+    const bool kind_comes_by_itself =
+        calculates ? day.pending && day.typed.kind_number == day.before.kind_number
+                   : Val(day.typed.kind_number) == 0 && !has_chosen_kind(before, sheet.kind_without_work);
+    if (!kind_comes_by_itself)
         write_kind(sheet, r, day.typed);
     lay_hours(sheet, r, day.hours);
     tally_laid(sheet, r, before);

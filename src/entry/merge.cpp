@@ -2,6 +2,7 @@
 
 #include "base/literals.h"
 #include "base/text.h"
+#include "entry/calculation.h"
 #include "entry/cells.h"
 #include "entry/hand_figures.h"
 #include "entry/tally.h"
@@ -127,6 +128,15 @@ Hours typed_hours(const Clash& clash) {
             if (!hours.contains(tag))
                 hours.insert(tag, clash.draft.figures.value(tag));
     return hours;
+}
+
+/// A column that no band of the weekday fills keeps what it had.
+void lay_instead(MonthSheet& sheet, const Clash& clash) {
+    const DraftDay& day = clash.draft;
+    put_figures(sheet, sheet.hyou, clash.row, day.figures);
+    if (same_times(day.typed, clash.stored) && !same_times(day.typed, day.before))
+        calculate_day(sheet, clash.row, day.break_from == BreakFrom::Cell ? col::break_time : col::clock_out);
+    lay_day(sheet, clash.row, day);
 }
 
 Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,

@@ -307,18 +307,12 @@ void MonthDraft::bring_back(const BesideSheet& beside) {
 }
 
 void MonthDraft::decide(MonthSheet& sheet, int clash, Choice choice) {
-    DraftDay decided = m_clashes[clash].draft;
-    const int r = m_clashes[clash].row;
-    if (same_times(decided.typed, m_clashes.takeAt(clash).stored)) { // nothing is calculated
-        const Hours typed = std::exchange(decided.hours, decided.figures);
-        decided.hours.insert(typed);
-    }
+    const Clash decided = m_clashes.takeAt(clash);
     if (choice == Choice::Typed) {
-        lay_day(sheet, r, decided);
-        lay_counts(sheet.hyou_day, m_counts);
-        lay_sums(sheet, m_counts);
+        lay_instead(sheet, decided);
+        tally_anew(sheet, m_counts);
     } else {
-        m_without_column.remove(decided.date);
+        m_without_column.remove(decided.draft.date);
     }
     keep(sheet);
 }
