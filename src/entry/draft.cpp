@@ -34,6 +34,13 @@ BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
     return by_hand ? BreakFrom::Cell : BreakFrom::Rules;
 }
 
+/// Whether nothing that was typed lies between the two.
+bool nobody_typed(const TypedDay& before, const TypedDay& now, const DayKind& kind_without_work) {
+    const bool alike = stored_alike(before, now) &&
+                       has_chosen_kind(before, kind_without_work) == has_chosen_kind(now, kind_without_work);
+    return alike || only_stamped(kind_without_work, before, now);
+}
+
 void write_kind(MonthSheet& sheet, int r, const TypedDay& typed) {
     sheet.hyou_system(r, record::kind_number) = typed.kind_number;
     sheet.hyou_system(r, record::kind_name) = typed.kind_name;
@@ -140,9 +147,10 @@ QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, con
     for (int r = row::first_day; r <= sheet.month.length(); ++r) {
         const TypedDay now = typed_day(sheet, r);
         const auto as_posted = posted.find(r);
-        const bool stands_as_posted = as_posted != posted.end() && as_posted->typed == now;
+        const bool stands_as_posted =
+            as_posted != posted.end() && nobody_typed(as_posted->typed, now, sheet.kind_without_work);
         const TypedDay& before = as_posted == posted.end() || stands_as_posted ? read[r] : as_posted->typed;
-        if (stands_as_posted || (now != before && !only_stamped(sheet.kind_without_work, before, now))) {
+        if (stands_as_posted || !nobody_typed(before, now, sheet.kind_without_work)) {
             days << DraftDay{sheet.month.day(r), before, now, break_from(sheet, r, before), Val(sheet.mark(r)) == 2,
                 stands_as_posted};
             if (as_posted != posted.end())
