@@ -71,14 +71,36 @@ bool lies_over(const DraftDay& day, const MonthSheet& stored, int r) {
            (day.beneath.isEmpty() && stands_as_read(day.before, typed_day(stored, r), stored.kind_without_work));
 }
 
+/// Nobody chose one, neither here nor where the day that stands in the sheet was saved.
+bool has_standard_kind(const MonthSheet& sheet, const DraftDay& day, const TypedDay& stored) {
+    return Val(day.typed.kind_number) == 0 && !takes_kind_away(day) &&
+           !has_chosen_kind(stored, sheet.kind_without_work);
+}
+
 /// Whatever the rules of the work type have become.
 void lay_as_it_was(MonthSheet& sheet, int r, const DraftDay& day) {
     const TypedDay before = typed_day(sheet, r);
     write_times(sheet, r, day.typed, day.typed.break_time);
-    write_kind(sheet, r, day.typed);
+    if (day.posted || !has_standard_kind(sheet, day, before))
+        write_kind(sheet, r, day.typed);
     put_figures(sheet, sheet.hyou, r, day.figures);
     if (!day.posted)
         lay_hours(sheet, r, day.hours);
+    tally_laid(sheet, r, before);
+}
+
+void lay_typed(MonthSheet& sheet, int r, const DraftDay& day, bool calculates) {
+    const TypedDay before = typed_day(sheet, r);
+    const bool by_hand = day.break_from == BreakFrom::Cell;
+    // Where no rule gives a break, what stood in the cell stays.
+    write_times(sheet, r, day.typed, calculates && !by_hand ? day.before.break_time : day.typed.break_time);
+    if (calculates)
+        calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
+    const bool kind_comes_by_itself = calculates ? day.pending && day.typed.kind_number == day.before.kind_number
+                                                 : has_standard_kind(sheet, day, before);
+    if (!kind_comes_by_itself)
+        write_kind(sheet, r, day.typed);
+    lay_hours(sheet, r, day.hours);
     tally_laid(sheet, r, before);
 }
 
@@ -115,6 +137,10 @@ bool same_times(const TypedDay& a, const TypedDay& b) {
 bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work) {
     const bool stamped = day.kind_number == kind_without_work.number && day.holiday_work != u"0";
     return Val(day.kind_number) != 0 && !stamped;
+}
+
+bool takes_kind_away(const DraftDay& day) {
+    return Val(day.typed.kind_number) == 0 && Val(day.before.kind_number) != 0;
 }
 
 bool stored_alike(const TypedDay& a, const TypedDay& b) {
@@ -194,20 +220,15 @@ void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts) {
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day) {
     if (!day.figures.isEmpty() && (day.posted || day.typed == day.before))
         return lay_as_it_was(sheet, r, day);
-    const TypedDay before = typed_day(sheet, r);
-    const bool by_hand = day.break_from == BreakFrom::Cell;
-    const bool calculates = !same_times(before, day.typed);
-    // Where no rule gives a break, what stood in the cell stays.
-    write_times(sheet, r, day.typed, calculates && !by_hand ? day.before.break_time : day.typed.break_time);
-    if (calculates)
-        calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
-    const bool kind_comes_by_itself =
-        calculates ? day.pending && day.typed.kind_number == day.before.kind_number
-                   : Val(day.typed.kind_number) == 0 && !has_chosen_kind(before, sheet.kind_without_work);
-    if (!kind_comes_by_itself)
-        write_kind(sheet, r, day.typed);
-    lay_hours(sheet, r, day.hours);
-    tally_laid(sheet, r, before);
+    lay_typed(sheet, r, day, !same_times(typed_day(sheet, r), day.typed));
+}
+
+void lay_instead(MonthSheet& sheet, int r, const DraftDay& day) {
+    const bool has_times_as_read = same_times(day.typed, day.before);
+    if (has_times_as_read && !day.figures.isEmpty())
+        return lay_as_it_was(sheet, r, day);
+    put_figures(sheet, sheet.hyou, r, day.figures);
+    lay_typed(sheet, r, day, !has_times_as_read || !same_times(typed_day(sheet, r), day.typed));
 }
 
 } // namespace entry

@@ -67,6 +67,9 @@ struct DraftDay {
     friend bool operator==(const DraftDay&, const DraftDay&) = default;
 };
 
+/// Whether the person took away the kind that was read.
+bool takes_kind_away(const DraftDay& day);
+
 struct Draft {
     base::EmployeeKey employee;
     QList<DraftDay> days; ///< in order
@@ -114,6 +117,10 @@ void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts);
 /// one that was posted, or whose hours alone were typed: it has its figures, whatever the rules have become. Then the
 /// month is tallied, or its kinds are counted where only the kind differs.
 void lay_day(MonthSheet& sheet, int r, const DraftDay& day);
+
+/// The same over a day that somebody else changed and that stands in the sheet: it has the figures that it had where it
+/// was typed.
+void lay_instead(MonthSheet& sheet, int r, const DraftDay& day);
 
 /// Whether the row of the sheet, as it was read, is one of the versions.
 bool is_among(const QList<DayVersion>& versions, const MonthSheet& stored, int r);

@@ -21,6 +21,12 @@ namespace entry {
 
 using namespace base;
 
+namespace {
+
+const QString saved_with_a_day = u"日の変更といっしょに登録されます"_s;
+
+} // namespace
+
 store::Database ent_rovena::open_data() const {
     return store::Database::open(store::rovdata_path(m_session.settings), store::Kind::Rovdata);
 }
@@ -155,10 +161,12 @@ void ent_rovena::保存処理() {
         m_unsaved = std::move(save.month);
     else if (save.month && (save.month->sums_taken_over || !save.month->taken_over.isEmpty()))
         take_over(*std::move(save.month));
-    else if (m_draft.waits_for_a_day() && changed_days(sheet).isEmpty())
-        report(u"日の変更といっしょに登録されます"_s);
+    else if (!m_closed && m_draft.waits_for_a_day() && changed_days(sheet).isEmpty())
+        report(saved_with_a_day);
     if (save.saved != Saved::Posted)
         return;
+    if (msglab == saved_with_a_day)
+        report({});
     m_draft.posted(sheet);
     m_history.posted(sheet);
 }

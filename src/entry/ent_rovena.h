@@ -90,8 +90,8 @@ public:
 
     // An employee who has one carries a dot in the list.
 
-    /// How the month stands, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05"; empty if untouched.
-    /// A closed month says so first.
+    /// How the month stands, in words: "未登録 3日", "反映待ち 14:05", "登録しました 14:05", "反映されていません";
+    /// empty if untouched. A closed month says so first.
     QString standing() const;
     /// Whether saved days are on their way into the tables, nothing where these aren't reached: a page asks now and
     /// then while it waits for them, and shows standing() anew.

@@ -2,7 +2,6 @@
 
 #include "base/literals.h"
 #include "base/text.h"
-#include "entry/calculation.h"
 #include "entry/cells.h"
 #include "entry/hand_figures.h"
 #include "entry/tally.h"
@@ -114,6 +113,12 @@ bool take_over_sums(MergedMonth& merged, const MonthInHand& hand, const MonthAsR
     return SumsOfOthers(merged.sheet, hand, merged.stored).take_over();
 }
 
+/// A kind that came by itself is no difference, unless the person took it away.
+bool stands_as_typed(const DraftDay& day, const TypedDay& stored, const DayKind& kind_without_work) {
+    return takes_kind_away(day) ? stored_alike(day.typed, stored)
+                                : stands_as_read(day.typed, stored, kind_without_work);
+}
+
 } // namespace
 
 bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work) {
@@ -130,21 +135,12 @@ Hours typed_hours(const Clash& clash) {
     return hours;
 }
 
-/// A column that no band of the weekday fills keeps what it had.
-void lay_instead(MonthSheet& sheet, const Clash& clash) {
-    const DraftDay& day = clash.draft;
-    put_figures(sheet, sheet.hyou, clash.row, day.figures);
-    if (same_times(day.typed, clash.stored) && !same_times(day.typed, day.before))
-        calculate_day(sheet, clash.row, day.break_from == BreakFrom::Cell ? col::break_time : col::clock_out);
-    lay_day(sheet, clash.row, day);
-}
-
 Merge merge(const CompanyMonth& month, const QList<DraftDay>& typed, const MonthAsRead& stored,
     const DayKind& kind_without_work, const QMap<int, Hours>& of_others) {
     Merge merged;
     for (int r = row::first_day; r <= month.length(); ++r) {
         const auto day = std::ranges::find(typed, month.day(r), &DraftDay::date);
-        const bool alike = day != typed.end() && stands_as_read(day->typed, stored[r], kind_without_work);
+        const bool alike = day != typed.end() && stands_as_typed(*day, stored[r], kind_without_work);
         if (day == typed.end() || (alike && (day->hours.isEmpty() || day->posted)))
             continue;
         const auto is_stored = [&](const TypedDay& version) {

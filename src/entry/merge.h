@@ -21,9 +21,6 @@ struct Clash {
 /// nothing is calculated, also those that lay beneath what somebody else typed over.
 Hours typed_hours(const Clash& clash);
 
-/// Lays the typed day over the stored one that stands in the sheet, with the figures that it had where it was typed.
-void lay_instead(MonthSheet& sheet, const Clash& clash);
-
 /// What belongs to the month's draft and stands in no cell.
 struct BesideSheet {
     QList<Clash> clashes;          ///< not yet decided

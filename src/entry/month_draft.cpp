@@ -22,6 +22,13 @@ QString words(const QString& text, QTime time) {
     return time.isValid() ? u"%1 %2"_s.arg(text, time.toString(u"H:mm")) : text;
 }
 
+/// Whether sums or counts of the month follow from a difference of the two days.
+bool counts_otherwise(const MonthSheet& a, const MonthSheet& b, int r) {
+    const TypedDay day = typed_day(a, r), other = typed_day(b, r);
+    return !same_times(day, other) || day.kind_number != other.kind_number || day.holiday_work != other.holiday_work ||
+           !same_figures(a.hyou, b.hyou, r);
+}
+
 } // namespace
 
 void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
@@ -306,11 +313,19 @@ void MonthDraft::bring_back(const BesideSheet& beside) {
     m_totals.clear(); // what stands in the sums then was noted then
 }
 
+QMap<QString, QString> MonthDraft::counts_by_hand() const {
+    QMap<QString, QString> counts = m_posted_counts;
+    counts.insert(m_counts);
+    return counts;
+}
+
 void MonthDraft::decide(MonthSheet& sheet, int clash, Choice choice) {
     const Clash decided = m_clashes.takeAt(clash);
     if (choice == Choice::Typed) {
-        lay_instead(sheet, decided);
-        tally_anew(sheet, m_counts);
+        const MonthSheet theirs = sheet;
+        lay_instead(sheet, decided.row, decided.draft);
+        if (counts_otherwise(theirs, sheet, decided.row))
+            tally_anew(sheet, counts_by_hand());
     } else {
         m_without_column.remove(decided.draft.date);
     }

@@ -83,6 +83,7 @@ private:
     void add_without_column(QList<DraftDay>& days, const MonthSheet& sheet) const;
     static QStringList totals_of(const MonthSheet& sheet);
     void note_sums(const MonthSheet& sheet);
+    QMap<QString, QString> counts_by_hand() const; ///< also those that were posted
     void day_posted(const MonthSheet& sheet, const DraftDay& day);
     void let_arrived_go(const MonthSheet& stored);
     void stands_otherwise(Clash& clash, const MonthSheet& stored) const;
