@@ -1,29 +1,36 @@
 #include "store/silence.h"
 
+#include <atomic>
+#include <thread>
 #include <utility>
 
 namespace store {
 
 namespace {
-thread_local SilenceTold told_here;
-}
+
+// Not a variable of each thread: on Windows what such a one has to destroy is gone by the time its thread ends.
+std::atomic<std::thread::id> teller;
+SilenceTold told_there;
+
+} // namespace
 
 void tell_silence(SilenceTold told) {
-    told_here = std::move(told);
+    teller = std::this_thread::get_id();
+    told_there = std::move(told);
 }
 
 bool Silence::is_told() {
-    return told_here.begins && told_here.ends;
+    return std::this_thread::get_id() == teller && told_there.begins && told_there.ends;
 }
 
 void Silence::is_long() {
     if (is_told() && !std::exchange(m_begun, true))
-        told_here.begins();
+        told_there.begins();
 }
 
 Silence::~Silence() {
     if (m_begun && is_told())
-        told_here.ends();
+        told_there.ends();
 }
 
 } // namespace store
