@@ -71,13 +71,13 @@ bool lies_over(const DraftDay& day, const MonthSheet& stored, int r) {
            (day.beneath.isEmpty() && stands_as_read(day.before, typed_day(stored, r), stored.kind_without_work));
 }
 
-/// Nobody chose one, neither here nor where the day that stands in the sheet was saved.
+/// Whether nobody chose one, neither here nor where the day that stands in the sheet was saved.
 bool has_standard_kind(const MonthSheet& sheet, const DraftDay& day, const TypedDay& stored) {
     return Val(day.typed.kind_number) == 0 && !takes_kind_away(day) &&
            !has_chosen_kind(stored, sheet.kind_without_work);
 }
 
-/// Whatever the rules of the work type have become.
+/// With the figures that it has, whatever the rules of the work type have become.
 void lay_as_it_was(MonthSheet& sheet, int r, const DraftDay& day) {
     const TypedDay before = typed_day(sheet, r);
     write_times(sheet, r, day.typed, day.typed.break_time);

@@ -16,7 +16,7 @@ struct SilenceTold {
     std::function<void()> begins, ends;
 };
 
-/// From now on, in this thread; others tell nobody. Empty ones tell nobody either.
+/// From now on, in the thread that called this last; others tell nobody. Empty ones tell nobody either.
 void tell_silence(SilenceTold told);
 
 /// A wait, as long as it lives; whether it tells anybody, and that it has become a long one. Told once.
