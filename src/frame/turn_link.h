@@ -37,7 +37,8 @@ public:
     /// Takes the turn and returns whether this PC may post: also on the main PC (`use_class` 0), which needs no turn.
     /// Waits at most 10 seconds with the interface running, on a data server from when that is reached, and there looks
     /// once more, which may stand still for some seconds. Then it tells the person that the server can't be reached, or
-    /// that others are still at it. A connection that is refused or lost ends the wait at once. The mark is "◎" either way, until the next attempt.
+    /// that others are still at it. A connection that is refused or lost ends the wait at once. The mark is "◎" either
+    /// way, until the next attempt.
     [[nodiscard]] bool サーバー接続開始();
 
     /// Gives the turn up; does nothing unless one was granted. Waits at most 10 seconds, in silence.
