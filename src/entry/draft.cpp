@@ -18,20 +18,28 @@ using namespace base;
 
 namespace {
 
-auto as_stored(const TypedDay& day) {
+auto times_as_stored(const TypedDay& day) {
     const ClockNumber in = clock_of(day.clock_in);
-    const qint64 kind = Val(day.kind_number);
-    return std::tuple(in, end_minutes(in, clock_of(day.clock_out)), clock_of(day.break_time), Trim(day.remark), kind,
-        kind == 0 ? 0 : Val(day.holiday_work));
+    return std::tuple(in, end_minutes(in, clock_of(day.clock_out)), clock_of(day.break_time));
 }
 
-/// A day that isn't calculated yet was typed by hand in its break if that isn't the one that was read.
-BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
+auto as_stored(const TypedDay& day) {
+    const qint64 kind = Val(day.kind_number);
+    return std::tuple(times_as_stored(day), Trim(day.remark), kind, kind == 0 ? 0 : Val(day.holiday_work));
+}
+
+/// The break that was read stays where no rule gives one.
+bool has_break_by_hand(const MonthSheet& sheet, int r, const TypedDay& read) {
     const QString& pause = sheet.hyou(r, col::break_time);
-    const bool by_hand = Val(sheet.mark(r)) == 2
-                             ? pause != read.break_time
-                             : minutes_of(pause) != day_figures(sheet, r, BreakFrom::Rules).breakTotal;
-    return by_hand ? BreakFrom::Cell : BreakFrom::Rules;
+    if (Val(sheet.mark(r)) == 2)
+        return pause != read.break_time;
+    const minutes by_rules = day_figures(sheet, r, BreakFrom::Rules).breakTotal;
+    const bool erased = by_rules == minutes(0) && minutes_of(read.break_time) != by_rules;
+    return minutes_of(pause) != by_rules || erased;
+}
+
+BreakFrom break_from(const MonthSheet& sheet, int r, const TypedDay& read) {
+    return has_break_by_hand(sheet, r, read) ? BreakFrom::Cell : BreakFrom::Rules;
 }
 
 /// Whether nothing that was typed lies between the two.
@@ -61,7 +69,7 @@ void tally_laid(MonthSheet& sheet, int r, const TypedDay& before) {
     sheet.mark(r) = u"1"_s;
     if (!same_times(before, now))
         tally_month(sheet);
-    else if (before.kind_number != now.kind_number || before.holiday_work != now.holiday_work)
+    else if (!same_kind(before, now))
         休暇出勤日計算処理(sheet, 0);
 }
 
@@ -94,11 +102,12 @@ void lay_typed(MonthSheet& sheet, int r, const DraftDay& day, bool calculates) {
     const bool by_hand = day.break_from == BreakFrom::Cell;
     // Where no rule gives a break, what stood in the cell stays.
     write_times(sheet, r, day.typed, calculates && !by_hand ? day.before.break_time : day.typed.break_time);
+    const bool kind_is_to_follow = calculates && day.pending;
+    if (kind_is_to_follow || (!calculates && !has_standard_kind(sheet, day, before)))
+        write_kind(sheet, r, day.typed);
     if (calculates)
         calculate_day(sheet, r, by_hand ? col::break_time : col::clock_out);
-    const bool kind_comes_by_itself = calculates ? day.pending && day.typed.kind_number == day.before.kind_number
-                                                 : has_standard_kind(sheet, day, before);
-    if (!kind_comes_by_itself)
+    if (calculates && !kind_is_to_follow)
         write_kind(sheet, r, day.typed);
     lay_hours(sheet, r, day.hours);
     tally_laid(sheet, r, before);
@@ -134,6 +143,10 @@ bool same_times(const TypedDay& a, const TypedDay& b) {
     return a.clock_in == b.clock_in && a.clock_out == b.clock_out && a.break_time == b.break_time;
 }
 
+bool same_kind(const TypedDay& a, const TypedDay& b) {
+    return a.kind_number == b.kind_number && a.holiday_work == b.holiday_work;
+}
+
 bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work) {
     const bool stamped = day.kind_number == kind_without_work.number && day.holiday_work != u"0";
     return Val(day.kind_number) != 0 && !stamped;
@@ -145,6 +158,10 @@ bool takes_kind_away(const DraftDay& day) {
 
 bool stored_alike(const TypedDay& a, const TypedDay& b) {
     return as_stored(a) == as_stored(b);
+}
+
+bool times_stored_alike(const TypedDay& a, const TypedDay& b) {
+    return times_as_stored(a) == times_as_stored(b);
 }
 
 bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now) {

@@ -30,6 +30,9 @@ TypedDay typed_day(const MonthSheet& sheet, int r);
 /// Whether their clock times and breaks are the same, from which a day's figures follow.
 bool same_times(const TypedDay& a, const TypedDay& b);
 
+/// Whether both count alike as days of a kind.
+bool same_kind(const TypedDay& a, const TypedDay& b);
+
 /// Whether a person chose the day's kind. The calculation gives a day without work its kind and leaves `休出` as it is;
 /// a choice sets it.
 bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work);
@@ -37,6 +40,8 @@ bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work);
 /// Whether both are the same once they are stored and read back: a clock-out of midnight reads back as "24:00", a break
 /// of "0:00" and a kind of number 0 as nothing.
 bool stored_alike(const TypedDay& a, const TypedDay& b);
+/// The same of their clock times and breaks alone.
+bool times_stored_alike(const TypedDay& a, const TypedDay& b);
 
 /// The days of a month as they were read, by sheet row; the rows past its end are blank days.
 using MonthAsRead = std::array<TypedDay, row::total>;

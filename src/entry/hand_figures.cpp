@@ -139,13 +139,14 @@ QStringList words_of(const Hours& hours, const MonthSheet& sheet) {
 Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, const TypedDay& day) {
     if (Val(sheet.mark(r)) == 2 || read.Cols() != sheet.hyou.Cols())
         return {};
-    const bool as_it_was = same_times(typed_day(sheet, r), day);
+    const bool as_it_was = times_stored_alike(typed_day(sheet, r), day);
     const QStringList own = as_it_was ? QStringList() : calculated(sheet, r, read);
     Hours hours;
-    for (int column = col::work_time; column < sheet.hyou.Cols(); ++column)
-        if (const QString& cell = sheet.hyou(r, column);
-            is_figure(column) && cell != (as_it_was ? read(r, column) : own[column]))
+    for (int column = col::work_time; column < sheet.hyou.Cols(); ++column) {
+        const QString& cell = sheet.hyou(r, column);
+        if (is_figure(column) && (as_it_was ? !same_time(cell, read(r, column)) : cell != own[column]))
             hours.insert(tag_of(sheet, column), cell);
+    }
     return hours;
 }
 

@@ -25,8 +25,7 @@ QString words(const QString& text, QTime time) {
 /// Whether sums or counts of the month follow from a difference of the two days.
 bool counts_otherwise(const MonthSheet& a, const MonthSheet& b, int r) {
     const TypedDay day = typed_day(a, r), other = typed_day(b, r);
-    return !same_times(day, other) || day.kind_number != other.kind_number || day.holiday_work != other.holiday_work ||
-           !same_figures(a.hyou, b.hyou, r);
+    return !same_times(day, other) || !same_kind(day, other) || !same_figures(a.hyou, b.hyou, r);
 }
 
 } // namespace
@@ -156,13 +155,13 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
                 counts->remove(tag);
     Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
     add_hours(draft.days, sheet, m_read, m_posted, m_read_figures);
-    add_without_column(draft.days, sheet);
     if (!m_posted.isEmpty())
         draft.posted_counts = m_posted_counts;
     // A day that is typed anew before it is decided stands as it is typed now.
     for (const Clash& clash : m_clashes)
         if (std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) == draft.days.end())
             draft.days << clash.draft;
+    add_without_column(draft.days, sheet);
     std::ranges::sort(draft.days, {}, &DraftDay::date);
     return draft;
 }
