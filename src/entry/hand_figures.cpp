@@ -47,11 +47,13 @@ Hours others(const Hours& known, const Hours& own, const MonthSheet& sheet, int 
     return figures;
 }
 
-/// What was typed over before the posting doesn't follow from the day either, if its rows get lost.
-void add_posted_hours(Hours& hours, const Hours& posted, const MonthSheet& sheet, int r) {
+/// What was typed over before the posting doesn't follow from the day either, if its rows get lost. Other times took
+/// it away, but where they give nothing.
+void add_posted_hours(Hours& hours, const PostedDay& posted, const MonthSheet& sheet, int r) {
+    const bool has_its_times = same_times(typed_day(sheet, r), posted.typed);
     const Hours now = figures_of(sheet, sheet.hyou, r);
-    for (const QString& tag : posted.keys())
-        if (const auto figure = now.find(tag); figure != now.end())
+    for (const auto& [tag, time] : posted.hours.asKeyValueRange())
+        if (const auto figure = now.find(tag); figure != now.end() && (has_its_times || same_time(*figure, time)))
             hours.insert(tag, *figure);
 }
 
@@ -167,8 +169,8 @@ void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead
             day->posted = false;
         }
         day->hours = day->posted ? posted.value(r).hours : hours;
-        if (!day->posted && !day->pending && as_posted != posted.end() && same_times(day->typed, as_posted->typed))
-            add_posted_hours(day->hours, as_posted->hours, sheet, r);
+        if (!day->posted && !day->pending && as_posted != posted.end())
+            add_posted_hours(day->hours, *as_posted, sheet, r);
         day->figures = posted.contains(r) ? posted.value(r).figures : figures_of(sheet, read_figures, r);
     }
 }
