@@ -7,41 +7,12 @@
 
 #include "base/system_number.h"
 #include "entry/day_figures.h"
+#include "entry/typed_day.h"
 
 #include <QDate>
 #include <QMap>
 
 namespace entry {
-
-/// What a person types into a day; all that its figures follow from.
-struct TypedDay {
-    QString clock_in;
-    QString clock_out;
-    QString break_time;
-    QString remark;
-    QString kind_number;
-    QString kind_name;
-    QString holiday_work;
-    friend bool operator==(const TypedDay&, const TypedDay&) = default;
-};
-
-TypedDay typed_day(const MonthSheet& sheet, int r);
-
-/// Whether their clock times and breaks are the same, from which a day's figures follow.
-bool same_times(const TypedDay& a, const TypedDay& b);
-
-/// Whether both count alike as days of a kind.
-bool same_kind(const TypedDay& a, const TypedDay& b);
-
-/// Whether a person chose the day's kind. The calculation gives a day without work its kind and leaves `休出` as it is;
-/// a choice sets it.
-bool has_chosen_kind(const TypedDay& day, const DayKind& kind_without_work);
-
-/// Whether both are the same once they are stored and read back: a clock-out of midnight reads back as "24:00", a break
-/// of "0:00" and a kind of number 0 as nothing.
-bool stored_alike(const TypedDay& a, const TypedDay& b);
-/// The same of their clock times and breaks alone.
-bool times_stored_alike(const TypedDay& a, const TypedDay& b);
 
 /// The days of a month as they were read, by sheet row; the rows past its end are blank days.
 using MonthAsRead = std::array<TypedDay, row::total>;
@@ -102,10 +73,6 @@ using PostedDays = QMap<int, PostedDay>;
 /// themselves. A day that stands as it was posted is told as posted. One that was changed again lies over what was
 /// posted: it is a draft even where it stands as it was read.
 QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted);
-
-/// Whether the calculation alone lies between the two: nobody chose a kind, and a day without work took its own from
-/// it, which leaves `休出` as it is, also as work left it that was taken back.
-bool only_stamped(const DayKind& kind_without_work, const TypedDay& before, TypedDay now);
 
 struct Clash; // entry/merge.h
 

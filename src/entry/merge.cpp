@@ -121,11 +121,6 @@ bool stands_as_typed(const DraftDay& day, const TypedDay& stored, const DayKind&
 
 } // namespace
 
-bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work) {
-    return read == stored || stored_alike(read, stored) || only_stamped(kind_without_work, read, stored) ||
-           only_stamped(kind_without_work, stored, read);
-}
-
 Hours typed_hours(const Clash& clash) {
     Hours hours = clash.draft.hours;
     if (same_times(clash.draft.typed, clash.stored))

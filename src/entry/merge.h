@@ -27,11 +27,6 @@ struct BesideSheet {
     QMap<QString, QString> counts; ///< typed into the strip by hand, by their tag
 };
 
-/// Whether what is stored is what was read. A day that stood without a kind and has by now the one that a save of other
-/// days gave it by itself is as it was, and so is one that got it and lost it with the rows of that save: nobody typed
-/// it.
-bool stands_as_read(const TypedDay& read, const TypedDay& stored, const DayKind& kind_without_work);
-
 struct Merge {
     QList<DraftDay> laid; ///< nobody else changed them
     QList<Clash> clashes; ///< somebody else did, and not to the same
