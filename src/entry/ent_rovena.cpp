@@ -159,7 +159,7 @@ void ent_rovena::保存処理() {
     SavedMonth save = entry::保存処理(m_session, hand, posted_employee(syalab, syainsyscd));
     if (save.month && !save.month->clashes.isEmpty())
         m_unsaved = std::move(save.month);
-    else if (save.month && (save.month->sums_taken_over || !save.month->taken_over.isEmpty()))
+    else if (save.month)
         take_over(*std::move(save.month));
     else if (!m_closed && m_draft.waits_for_a_day() && changed_days(sheet).isEmpty())
         report(saved_with_a_day);
@@ -167,8 +167,9 @@ void ent_rovena::保存処理() {
         return;
     if (msglab == saved_with_a_day)
         report({});
-    m_draft.posted(sheet);
+    m_draft.posted(sheet, m_in_tables.sheet);
     m_history.posted(sheet);
+    mark_draft();
 }
 
 void ent_rovena::ask_for_employee() {

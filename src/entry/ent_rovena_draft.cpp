@@ -7,6 +7,7 @@
 #include "common/sheet_csv.h"
 #include "entry/draft_store.h"
 #include "entry/ent_rovena.h"
+#include "entry/saving.h"
 #include "entry/unread_days.h"
 
 #include <algorithm>
@@ -100,8 +101,10 @@ void ent_rovena::decide(int clash, MonthDraft::Choice choice) {
     keep_draft();
 }
 
-/// Days or sums of others came onto the sheet: no earlier state of it can stand again beside what is stored now.
+/// Where days or sums of others come onto the sheet, no earlier state of it can stand again beside what is stored now.
 void ent_rovena::take_over(MergedMonth month) {
+    if (!month.sums_taken_over && month.taken_over.isEmpty())
+        return;
     sheet = std::move(month.sheet);
     m_draft.taken_over(sheet, month.taken_over);
     keep_draft();
@@ -113,17 +116,13 @@ void ent_rovena::take_over(MergedMonth month) {
 void ent_rovena::settle_and_save(const QList<MonthDraft::Choice>& choices) {
     if (!m_unsaved || choices.size() != m_unsaved->clashes.size())
         return;
-    const auto counts = m_draft.in_hand(sheet).counts;
-    for (qsizetype i = 0; i < choices.size(); ++i) {
-        const Clash& clash = m_unsaved->clashes[i];
-        m_draft.settled(clash, m_unsaved->stored);
-        if (choices[i] == MonthDraft::Choice::Stored)
-            copy_day(sheet, m_unsaved->stored, clash.row);
-    }
-    tally_anew(sheet, counts);
+    const MergedMonth unsaved = *std::exchange(m_unsaved, {});
+    m_draft.settle(sheet, unsaved, choices);
     keep_draft();
     if (choices.contains(MonthDraft::Choice::Stored)) // what stood before mustn't come back as this person's wish
         m_history.begin(sheet, m_draft.beside_sheet());
+    if (changed_days(sheet).isEmpty())
+        take_over(merge_months(m_draft.in_hand(sheet), unsaved.stored));
     保存処理();
 }
 

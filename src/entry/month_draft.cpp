@@ -192,7 +192,7 @@ void MonthDraft::count_typed(const MonthSheet& sheet, int column) {
     keep(sheet);
 }
 
-void MonthDraft::posted(const MonthSheet& sheet) {
+void MonthDraft::posted(const MonthSheet& sheet, const MonthSheet& in_tables) {
     if (m_employee.none())
         return;
     m_saved = m_session.host.now().time();
@@ -205,25 +205,28 @@ void MonthDraft::posted(const MonthSheet& sheet) {
     m_clashes.removeIf([&](const Clash& clash) { return !draft.days.contains(clash.draft); }); // typed anew
     for (const DraftDay& day : draft.days)
         if (std::ranges::find(m_clashes, day, &Clash::draft) == m_clashes.end())
-            day_posted(sheet, day);
+            day_posted(sheet, day, in_tables);
     m_read_figures = sheet.hyou;
     m_read_strip = sheet.hyou_day;
     write(draft_of(sheet));
 }
 
-void MonthDraft::day_posted(const MonthSheet& sheet, const DraftDay& day) {
+/// Where others' rows waited, the month was read with them, and the tables hold what lies beneath these.
+void MonthDraft::day_posted(const MonthSheet& sheet, const DraftDay& day, const MonthSheet& in_tables) {
     const int r = m_month.row(day.date);
     const DayVersion version{day.typed, figures_of(sheet, sheet.hyou, r)};
-    const QList<DayVersion> beneath = m_posted.contains(r)
-                                          ? beneath_next(m_posted[r], version)
-                                          : QList{DayVersion{m_read[r], figures_of(sheet, m_read_figures, r)}};
+    QList<DayVersion> beneath = m_posted.contains(r)
+                                    ? beneath_next(m_posted[r], version)
+                                    : QList{DayVersion{m_read[r], figures_of(sheet, m_read_figures, r)}};
+    if (!is_among(beneath, in_tables, r) && !is_among({version}, in_tables, r))
+        beneath << DayVersion{typed_day(in_tables, r), figures_of(in_tables, in_tables.hyou, r)};
     m_posted.insert(r, {day.typed, day.hours, version.figures, beneath});
 }
 
 /// What the tables hold now is what the next draft lies over. A day that stands there as it did before it was posted
 /// stays: it is asked about when the month is read anew.
 std::optional<bool> MonthDraft::on_their_way(const MonthSheet& sheet) {
-    if (std::ranges::none_of(m_kept.days, &DraftDay::posted))
+    if (!has_posted_days())
         return false;
     try {
         if (days_wait(m_session.settings, m_employee))
@@ -236,19 +239,23 @@ std::optional<bool> MonthDraft::on_their_way(const MonthSheet& sheet) {
 }
 
 bool MonthDraft::waits_for_days() const {
-    return !m_are_lost && std::ranges::any_of(m_kept.days, &DraftDay::posted);
+    return !m_are_lost && has_posted_days();
+}
+
+bool MonthDraft::has_posted_days() const {
+    return !m_posted.isEmpty() || std::ranges::any_of(m_kept.days, &DraftDay::posted);
 }
 
 void MonthDraft::let_arrived_go(const MonthSheet& stored) {
     Draft left = m_kept;
     left.days.removeIf([&](const DraftDay& day) { return arrived(day, stored); });
-    m_are_lost = std::ranges::any_of(left.days, &DraftDay::posted);
     m_posted.removeIf([&](const auto& entry) {
         const bool is_there = arrived(entry.value(), stored, entry.key());
         if (is_there)
             m_read[entry.key()] = entry.value().typed;
         return is_there;
     });
+    m_are_lost = !m_posted.isEmpty() || std::ranges::any_of(left.days, &DraftDay::posted);
     if (!m_are_lost) {
         m_posted_counts.clear();
         left.posted_counts.clear();
@@ -293,17 +300,34 @@ void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {
     m_without_column.remove(clash.draft.date);
     m_read[clash.row] = clash.stored;
     read_figures_of(stored, clash.row);
-    read_figures_of(stored, row::total);
-    m_read_strip = stored.hyou_day;
     m_posted.remove(clash.row);
+    m_clashes.removeIf([&](const Clash& undecided) { return undecided.row == clash.row; });
 }
 
+void MonthDraft::settle(MonthSheet& sheet, const MergedMonth& unsaved, const QList<Choice>& choices) {
+    const MonthSheet before = sheet;
+    bool otherwise = false;
+    for (qsizetype i = 0; i < choices.size(); ++i) {
+        const Clash& clash = unsaved.clashes[i];
+        settled(clash, unsaved.stored);
+        if (choices[i] == Choice::Stored)
+            copy_day(sheet, unsaved.stored, clash.row);
+        otherwise = otherwise || counts_otherwise(before, sheet, clash.row);
+    }
+    if (otherwise)
+        tally_anew(sheet, m_counts);
+}
+
+/// What was posted stays until it has come into the tables.
 void MonthDraft::give_up() {
+    Draft left{m_employee, {}, {}, m_posted_counts};
+    for (const auto& [r, day] : m_posted.asKeyValueRange())
+        left.days << DraftDay{m_month.day(r), m_read[r], day.typed, BreakFrom::Rules, false, true, day.hours,
+            day.figures, day.beneath};
     m_clashes.clear();
     m_counts.clear();
-    m_posted_counts.clear();
     m_without_column.clear();
-    write({m_employee, {}, {}});
+    write(left);
 }
 
 void MonthDraft::bring_back(const BesideSheet& beside) {

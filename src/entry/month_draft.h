@@ -29,8 +29,8 @@ public:
     /// A count was typed into the strip by hand; it is kept until the next calculation takes it away.
     void count_typed(const MonthSheet& sheet, int column);
 
-    /// The days of the sheet were posted.
-    void posted(const MonthSheet& sheet);
+    /// The days of the sheet were posted over what the tables held then.
+    void posted(const MonthSheet& sheet, const MonthSheet& in_tables);
 
     /// Whether saved days are on their way, and those that have come into the tables since leave the draft. Looks into
     /// the exchange files and the tables, so that it isn't asked with every key; nothing where they aren't reached.
@@ -46,16 +46,17 @@ public:
     /// them.
     void taken_over(const MonthSheet& sheet, const QList<int>& rows);
 
-    /// A day that a save found changed by somebody else as well was decided: the sheet stands over what is
-    /// stored.
-    void settled(const Clash& clash, const MonthSheet& stored);
+    enum class Choice { Typed, Stored };
 
-    /// The person gives up what was typed; the month is to be read anew.
+    /// The days that a save found changed by somebody else as well are decided, a choice each: the sheet stands over
+    /// what is stored.
+    void settle(MonthSheet& sheet, const MergedMonth& unsaved, const QList<Choice>& choices);
+
+    /// The person gives up what was typed and isn't saved; the month is to be read anew.
     void give_up();
 
     /// Days that somebody else changed as well, in order; they stand as they were read until they are decided.
     const QList<Clash>& clashes() const { return m_clashes; }
-    enum class Choice { Typed, Stored };
     void decide(MonthSheet& sheet, int clash, Choice choice);
 
     /// What belongs beside the sheet as it stands, and the same brought back with an earlier sheet; to be kept then.
@@ -84,8 +85,10 @@ private:
     static QStringList totals_of(const MonthSheet& sheet);
     void note_sums(const MonthSheet& sheet);
     QMap<QString, QString> counts_by_hand() const; ///< also those that were posted
-    void day_posted(const MonthSheet& sheet, const DraftDay& day);
+    bool has_posted_days() const;
+    void day_posted(const MonthSheet& sheet, const DraftDay& day, const MonthSheet& in_tables);
     void let_arrived_go(const MonthSheet& stored);
+    void settled(const Clash& clash, const MonthSheet& stored);
     void stands_otherwise(Clash& clash, const MonthSheet& stored) const;
 
     frame::Session& m_session;
