@@ -95,10 +95,11 @@ void lay_typed(MonthSheet& sheet, int r, const DraftDay& day, bool calculates) {
     tally_laid(sheet, r, before);
 }
 
-/// A day that was changed again behind a posting lies over whatever of this person the tables hold.
-DraftDay over_what_is_stored(DraftDay day, const MonthSheet& stored) {
+/// A day that was changed again behind a posting lies over whatever of this person the tables hold, and one that was
+/// typed over rows that wait over what the tables hold without them.
+DraftDay over_what_is_stored(DraftDay day, const MonthSheet& stored, const MonthSheet* coming) {
     const int r = stored.month.row(day.date);
-    if (is_among(day.beneath, stored, r)) {
+    if (is_among(day.beneath, stored, r) || (coming && is_among({{day.before, day.figures}}, *coming, r))) {
         day.before = typed_day(stored, r);
         day.figures = figures_of(stored, stored.hyou, r);
     }
@@ -147,12 +148,12 @@ QList<DraftDay> draft_days(const MonthSheet& sheet, const MonthAsRead& read, con
     return days;
 }
 
-QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft) {
+QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft, const MonthSheet* coming) {
     const MonthSheet stored = sheet; // the first day laid stamps the others
     QList<DraftDay> unsaved;
     for (const DraftDay& day : draft.days)
         if (!day.posted)
-            unsaved << over_what_is_stored(day, stored);
+            unsaved << over_what_is_stored(day, stored, coming);
         else if (const int r = sheet.month.row(day.date); lies_over(day, stored, r))
             lay_day(sheet, r, day);
     const Merge merged =

@@ -79,8 +79,9 @@ struct Clash; // entry/merge.h
 /// Lays the draft over the newly read month (see merge.h): days that nobody else changed get the typed values, are
 /// calculated and marked; those that are stored as typed get the hours typed over. Posted days get the figures that
 /// they were posted with, unless the tables hold them, or something of somebody else. Then the counts and
-/// sums typed by hand. Gives back the days that are to be decided; they stay as they were read.
-QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft);
+/// sums typed by hand. Gives back the days that are to be decided; they stay as they were read. `coming` is the month
+/// as it will be once the rows are in that wait, if any do.
+QList<Clash> lay_draft(MonthSheet& sheet, const Draft& draft, const MonthSheet* coming = nullptr);
 
 /// Writes the counts typed by hand into the strip.
 void lay_counts(base::Sheet& hyou_day, const QMap<QString, QString>& counts);

@@ -6,6 +6,7 @@
 #include "store/files.h"
 
 #include <QFile>
+#include <algorithm>
 #include <optional>
 
 namespace entry {
@@ -68,6 +69,11 @@ void add_counts(store::Database& database, const Draft& draft, int month_key) {
         insert.bind(draft.employee, month_key, tag, days).run();
     for (const auto& [tag, days] : draft.posted_counts.asKeyValueRange())
         insert.bind(draft.employee, month_key, posted_tag.toString() + tag, days).run();
+}
+
+/// Neither a posted one nor something of a day.
+bool is_typed_count(const QString& tag) {
+    return !tag.startsWith(posted_tag) && tag.indexOf(u' ') != 8;
 }
 
 /// All figures that lay beneath a day, in one text.
@@ -220,21 +226,19 @@ DraftsWaiting drafts_waiting(const base::Settings& settings) {
     auto database = open_drafts(settings);
     if (!database)
         return waiting;
-    QSet<std::pair<qint64, int>> months;
     auto days = database->prepare("select 社員システム番号, 年月日, 登録済 from sitagaki");
     while (days.step()) {
-        const qint64 employee = days.row().number(0);
         const QDate date = date_of_number(days.row().number(1));
-        months.insert({employee, CompanyMonth::of(date, settings.month_start_day).month_key()});
+        const int month = CompanyMonth::of(date, settings.month_start_day).month_key();
+        waiting.months_of[days.row().number(0)][month] |= days.row().number(2) == 0;
     }
-    auto counts = database->prepare("select 社員システム番号, 年月 from sitagaki_nissu");
+    auto counts = database->prepare("select 社員システム番号, 年月, 種類 from sitagaki_nissu");
     while (counts.step())
-        months.insert({counts.row().number(0), counts.row().integer(1)});
-    for (const auto& [employee, month] : months) {
-        waiting.employees.insert(employee);
-        waiting.months_of[employee].insert(month);
+        waiting.months_of[counts.row().number(0)][counts.row().integer(1)] |= is_typed_count(counts.row().text(2));
+    for (const QMap<int, bool>& months : std::as_const(waiting.months_of)) {
+        waiting.months += int(months.size());
+        waiting.unsaved += int(std::ranges::count(months, true));
     }
-    waiting.months = static_cast<int>(months.size());
     return waiting;
 }
 
@@ -253,7 +257,7 @@ QSet<qint64> drafts_waiting(const base::Settings& settings, const CompanyMonth& 
 
 QString waiting_words(const base::Settings& settings) {
     try {
-        const int months = drafts_waiting(settings).months;
+        const int months = drafts_waiting(settings).unsaved;
         return months == 0 ? QString() : u"未登録の月が %1件あります"_s.arg(months);
     } catch (const store::Error&) {
         return {};

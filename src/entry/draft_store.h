@@ -20,11 +20,11 @@ Draft read_draft(const base::Settings& settings, base::EmployeeKey employee, con
 /// Makes the draft the one of its employee and month, in one transaction; an empty one takes the old one away.
 void keep_draft(const base::Settings& settings, const Draft& draft, const base::CompanyMonth& month);
 
-/// Who has drafts: the employees' `システム番号`, the month keys of each, and how many months of them all.
+/// Who has drafts, by the employees' `システム番号`: the month keys of each, and whether something of it is unsaved.
 struct DraftsWaiting {
-    QSet<qint64> employees;
-    QMap<qint64, QSet<int>> months_of;
-    int months = 0;
+    QMap<qint64, QMap<int, bool>> months_of;
+    int months = 0;  ///< of them all
+    int unsaved = 0; ///< likewise
 };
 DraftsWaiting drafts_waiting(const base::Settings& settings);
 /// Those who have one of this month.

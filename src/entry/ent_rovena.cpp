@@ -168,7 +168,7 @@ void ent_rovena::保存処理() {
     if (msglab == saved_with_a_day)
         report({});
     m_draft.posted(sheet, m_in_tables.sheet);
-    m_history.posted(sheet);
+    m_history.posted(sheet, m_draft.beside_sheet());
     mark_draft();
 }
 

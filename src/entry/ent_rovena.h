@@ -230,7 +230,7 @@ private:
 
     void open_drafts();
     void mark_employees();
-    void mark_employee(int r, QList<int> months);
+    void mark_employee(int r, const QMap<int, bool>& months);
     void take_over(MergedMonth month);
     void keep_count();
     void keep_draft(UndoHistory::Step step = UndoHistory::Step::Own);
@@ -246,7 +246,7 @@ private:
     std::optional<MergedMonth> m_unsaved; ///< what the last save met; its clashes are to be decided
     UndoHistory m_history;
     OpenMonths m_open_months;
-    QMap<qint64, QSet<int>> m_draft_months; ///< by employee, month keys
+    QMap<qint64, QMap<int, bool>> m_draft_months; ///< as in DraftsWaiting
 };
 
 } // namespace entry

@@ -7,6 +7,7 @@
 #include "common/sheet_csv.h"
 #include "entry/draft_store.h"
 #include "entry/ent_rovena.h"
+#include "entry/hand_figures.h"
 #include "entry/saving.h"
 #include "entry/unread_days.h"
 
@@ -44,18 +45,23 @@ void ent_rovena::open_drafts() {
 
 void ent_rovena::mark_employees() {
     for (int r = hyou_syain.FixedRows(); r < hyou_syain.Rows(); ++r)
-        mark_employee(r, m_draft_months.value(Val(hyou_syain(r, 2))).values());
+        mark_employee(r, m_draft_months.value(Val(hyou_syain(r, 2))));
 }
 
 /// The dot tells that there is a draft, its tip of which months.
-void ent_rovena::mark_employee(int r, QList<int> months) {
+void ent_rovena::mark_employee(int r, const QMap<int, bool>& months) {
     const QDate today = m_session.host.now().date();
-    std::ranges::sort(months);
-    QStringList names;
-    for (const int month : std::as_const(months))
-        names << u"%1年%2月"_s.arg(shown_year(QDate(month / 100, 1, 1), m_session.settings, today)).arg(month % 100);
+    QStringList unsaved, saved;
+    for (const auto& [month, is_unsaved] : months.asKeyValueRange())
+        (is_unsaved ? unsaved : saved)
+            << u"%1年%2月"_s.arg(shown_year(QDate(month / 100, 1, 1), m_session.settings, today)).arg(month % 100);
+    QStringList tip;
+    if (!unsaved.isEmpty())
+        tip << u"未登録 "_s + unsaved.join(u'、');
+    if (!saved.isEmpty())
+        tip << u"反映待ち "_s + saved.join(u'、');
     hyou_syain.SetCellDot(r, 0, !months.isEmpty());
-    hyou_syain.SetCellTip(r, 0, months.isEmpty() ? QString() : u"未登録 "_s + names.join(u'、'));
+    hyou_syain.SetCellTip(r, 0, tip.join(u'　'));
 }
 
 void ent_rovena::keep_draft(UndoHistory::Step step) {
@@ -68,10 +74,13 @@ void ent_rovena::keep_draft(UndoHistory::Step step) {
 void ent_rovena::mark_draft() {
     const qint64 employee = Val(syainsyscd);
     const int month = sheet.month.month_key();
-    if (employee == 0 || has_draft() == m_draft_months.value(employee).contains(month))
+    const auto noted = m_draft_months.value(employee);
+    const bool is_as_noted = has_draft() ? noted.value(month, !m_draft.is_unsaved()) == m_draft.is_unsaved()
+                                         : !noted.contains(month);
+    if (employee == 0 || is_as_noted)
         return;
     if (has_draft())
-        m_draft_months[employee].insert(month);
+        m_draft_months[employee].insert(month, m_draft.is_unsaved());
     else
         m_draft_months = drafts_waiting(m_session.settings).months_of;
     mark_employees();
@@ -105,12 +114,18 @@ void ent_rovena::decide(int clash, MonthDraft::Choice choice) {
 void ent_rovena::take_over(MergedMonth month) {
     if (!month.sums_taken_over && month.taken_over.isEmpty())
         return;
+    const auto days = std::ranges::count_if(month.taken_over, [&](int r) {
+        return !same_figures(sheet.hyou, month.sheet.hyou, r) ||
+               !stands_as_read(typed_day(sheet, r), typed_day(month.sheet, r), sheet.kind_without_work);
+    });
     sheet = std::move(month.sheet);
     m_draft.taken_over(sheet, month.taken_over);
     keep_draft();
     m_history.begin(sheet, m_draft.beside_sheet());
-    report(month.taken_over.isEmpty() ? u"ほかのＰＣで登録された合計を表示しました"_s
-                                      : u"ほかのＰＣで登録された %1日を表示しました"_s.arg(month.taken_over.size()));
+    if (days > 0)
+        report(u"ほかのＰＣで登録された %1日を表示しました"_s.arg(days));
+    else if (month.sums_taken_over)
+        report(u"ほかのＰＣで登録された合計を表示しました"_s);
 }
 
 void ent_rovena::settle_and_save(const QList<MonthDraft::Choice>& choices) {

@@ -49,12 +49,15 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
         write_if_other(left_of(m_kept, sheet));
     m_counts = m_kept.counts;
     m_posted_counts = m_kept.posted_counts;
-    m_clashes = lay_draft(sheet, m_kept);
+    const auto coming = wait ? month_coming(sheet) : std::nullopt;
+    m_clashes = lay_draft(sheet, m_kept, coming ? &*coming : nullptr);
     for (const DraftDay& day : std::as_const(m_kept.days))
         if (day.posted || (wait && was_posted(day)))
             note_posted(sheet, day);
-    if (wait)
-        take_waiting_sums(sheet);
+        else if (const int r = m_month.row(day.date); coming && is_among({{day.before, day.figures}}, *coming, r))
+            note_read(*coming, r);
+    if (coming)
+        take_waiting_sums(sheet, *coming);
     m_totals = totals_of(sheet);
     keep(sheet);
 }
@@ -67,18 +70,23 @@ void MonthDraft::note_posted(MonthSheet& sheet, const DraftDay& day) {
     put_figures(sheet, m_read_figures, m_month.row(day.date), day.figures);
 }
 
-/// Where the waiting rows give the month as it stands, their sums and counts are its own. Those typed behind them
-/// stand.
-void MonthDraft::take_waiting_sums(MonthSheet& sheet) {
+/// What it will be once the rows that wait are in.
+std::optional<MonthSheet> MonthDraft::month_coming(const MonthSheet& sheet) const {
     try {
         auto exchange =
             store::Database::open(store::exchange_path(m_session.settings, store::posting_file), store::Kind::Exchange);
         MonthInTables unread;
-        if (!take_sums_of_same_days(sheet, month_as_stored(sheet, m_session.settings, exchange, m_employee, unread)))
-            return;
+        return month_as_stored(sheet, m_session.settings, exchange, m_employee, unread);
     } catch (const store::Error&) { // told by whatever the person does next
-        return;
+        return {};
     }
+}
+
+/// Where the waiting rows give the month as it stands, their sums and counts are its own. Those typed behind them
+/// stand.
+void MonthDraft::take_waiting_sums(MonthSheet& sheet, const MonthSheet& coming) {
+    if (!take_sums_of_same_days(sheet, coming))
+        return;
     read_figures_of(sheet, row::total);
     m_read_strip = sheet.hyou_day;
     lay_counts(sheet.hyou_day, m_counts);
@@ -274,26 +282,32 @@ void MonthDraft::read_figures_of(const MonthSheet& stored, int r) {
         m_read_figures(r, column) = stored.hyou(r, column);
 }
 
+void MonthDraft::note_read(const MonthSheet& stored, int r) {
+    m_read[r] = typed_day(stored, r);
+    read_figures_of(stored, r);
+}
+
 void MonthDraft::taken_over(const MonthSheet& sheet, const QList<int>& rows) {
     m_totals = totals_of(sheet);
     for (const int r : rows) {
         m_without_column.remove(m_month.day(r));
-        m_read[r] = typed_day(sheet, r);
-        read_figures_of(sheet, r);
+        note_read(sheet, r);
         m_posted.remove(r);
-        for (Clash& clash : m_clashes)
-            if (clash.row == r)
-                stands_otherwise(clash, sheet);
+        for (Clash clash : std::exchange(m_clashes, {}))
+            if (clash.row != r || stands_otherwise(clash, sheet))
+                m_clashes << clash;
     }
     read_figures_of(sheet, row::total);
     m_read_strip = sheet.hyou_day;
 }
 
-void MonthDraft::stands_otherwise(Clash& clash, const MonthSheet& stored) const {
+/// Whether it is to be decided still, over what is stored by now.
+bool MonthDraft::stands_otherwise(Clash& clash, const MonthSheet& stored) const {
     const Merge anew =
         merge(m_month, {clash.draft}, m_read, stored.kind_without_work, figures_of_others({clash.draft}, stored));
     clash.stored = m_read[clash.row];
     clash.stored_hours = anew.clashes.isEmpty() ? Hours() : anew.clashes.first().stored_hours;
+    return !anew.clashes.isEmpty() || !anew.laid.isEmpty();
 }
 
 void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {

@@ -75,11 +75,13 @@ public:
 
 private:
     void read_figures_of(const MonthSheet& stored, int r);
+    void note_read(const MonthSheet& stored, int r);
     Draft draft_of(const MonthSheet& sheet);
     void write(Draft draft);
     void write_if_other(Draft draft);
     void note_posted(MonthSheet& sheet, const DraftDay& day);
-    void take_waiting_sums(MonthSheet& sheet);
+    std::optional<MonthSheet> month_coming(const MonthSheet& sheet) const;
+    void take_waiting_sums(MonthSheet& sheet, const MonthSheet& coming);
     void keep_without_column(const MonthSheet& sheet, const DraftDay& day);
     void add_without_column(QList<DraftDay>& days, const MonthSheet& sheet) const;
     static QStringList totals_of(const MonthSheet& sheet);
@@ -89,7 +91,7 @@ private:
     void day_posted(const MonthSheet& sheet, const DraftDay& day, const MonthSheet& in_tables);
     void let_arrived_go(const MonthSheet& stored);
     void settled(const Clash& clash, const MonthSheet& stored);
-    void stands_otherwise(Clash& clash, const MonthSheet& stored) const;
+    bool stands_otherwise(Clash& clash, const MonthSheet& stored) const;
 
     frame::Session& m_session;
     base::EmployeeKey m_employee;

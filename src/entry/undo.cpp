@@ -92,7 +92,9 @@ void UndoHistory::begin_count() {
         m_states[m_now].count.reset();
 }
 
-void UndoHistory::posted(const MonthSheet& sheet) {
+void UndoHistory::posted(const MonthSheet& sheet, const BesideSheet& beside) {
+    for (State& state : m_states)
+        state.beside.clashes.removeIf([&](const Clash& clash) { return !beside.clashes.contains(clash); });
     for (int r = row::first_day; r <= sheet.month.length(); ++r)
         if (!Trim(sheet.mark(r)).isEmpty())
             m_posted.insert(r);

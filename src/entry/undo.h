@@ -37,8 +37,8 @@ public:
     void begin_count();
 
     /// The marked days were posted: each of them is marked "1" at least in every state that is brought back from now
-    /// on, as the tables hold the posted one.
-    void posted(const MonthSheet& sheet);
+    /// on, as the tables hold the posted one. What was decided by then is to be decided no more.
+    void posted(const MonthSheet& sheet, const BesideSheet& beside);
 
     bool can_undo() const { return m_now > 0; }
     bool can_redo() const { return m_now + 1 < m_states.size(); }

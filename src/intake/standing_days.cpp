@@ -34,7 +34,7 @@ TypedDay typed_by_person(TypedDay day, const entry::DayKind& kind_without_work) 
 
 StandingDays::StandingDays(const base::Settings& settings, store::Database& rovdata)
     : m_settings(settings), m_rovdata(rovdata), m_view(rovdata, store::Transaction::Lock::Read),
-      m_with_drafts(entry::drafts_waiting(settings).employees), m_kind_without_work(kind_without_work(rovdata)) {}
+      m_with_drafts(entry::drafts_waiting(settings).months_of), m_kind_without_work(kind_without_work(rovdata)) {}
 
 StandingDay StandingDays::day(EmployeeKey employee, QDate date) {
     const CompanyMonth month = CompanyMonth::of(date, m_settings.month_start_day);

@@ -41,7 +41,7 @@ private:
     const base::Settings& m_settings;
     store::Database& m_rovdata;
     store::Transaction m_view;
-    QSet<qint64> m_with_drafts;
+    QMap<qint64, QMap<int, bool>> m_with_drafts; ///< months by employee
     entry::DayKind m_kind_without_work;
     std::unordered_map<int, common::SavedMonth> m_readers; ///< by the month's key
     QHash<std::pair<qint64, int>, Month> m_months;         ///< by employee and month
