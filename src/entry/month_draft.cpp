@@ -28,6 +28,19 @@ bool counts_otherwise(const MonthSheet& a, const MonthSheet& b, int r) {
     return !same_times(day, other) || !same_kind(day, other) || !same_figures(a.hyou, b.hyou, r);
 }
 
+/// Those that nothing was typed over, and no calculation took away; also those that have no column now.
+QMap<QString, QString> still_shown(QMap<QString, QString> counts, const MonthSheet& sheet) {
+    for (int column = 0; column < sheet.hyou_day.Cols(); ++column)
+        if (const auto count = counts.constFind(sheet.hyou_day(strip::tag, column));
+            count != counts.cend() && *count != sheet.hyou_day(strip::count, column))
+            counts.erase(count);
+    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
+        if (const auto sum = counts.constFind(sum_tag.toString() + tag_of(sheet, column));
+            is_sum(column) && sum != counts.cend() && !same_time(*sum, sheet.hyou(row::total, column)))
+            counts.erase(sum);
+    return counts;
+}
+
 } // namespace
 
 void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
@@ -56,10 +69,18 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
             note_posted(sheet, day);
         else if (const int r = m_month.row(day.date); coming && is_among({{day.before, day.figures}}, *coming, r))
             note_read(*coming, r);
-    if (coming)
-        take_waiting_sums(sheet, *coming);
+    if (!coming || !take_sums(sheet, *coming))
+        note_sums_of_posted(sheet);
     m_totals = totals_of(sheet);
     keep(sheet);
+}
+
+/// Those that follow from posted days alone are nobody's change.
+void MonthDraft::note_sums_of_posted(const MonthSheet& sheet) {
+    if (m_kept.unsaved_days() == 0 && m_kept.counts.isEmpty()) {
+        read_figures_of(sheet, row::total);
+        m_read_strip = sheet.hyou_day;
+    }
 }
 
 void MonthDraft::note_posted(MonthSheet& sheet, const DraftDay& day) {
@@ -82,15 +103,16 @@ std::optional<MonthSheet> MonthDraft::month_coming(const MonthSheet& sheet) cons
     }
 }
 
-/// Where the waiting rows give the month as it stands, their sums and counts are its own. Those typed behind them
-/// stand.
-void MonthDraft::take_waiting_sums(MonthSheet& sheet, const MonthSheet& coming) {
-    if (!take_sums_of_same_days(sheet, coming))
-        return;
+/// Where the month stands as it is stored, or will be by waiting rows, these sums and counts are its own. Those typed
+/// since stand. Gives back whether it does.
+bool MonthDraft::take_sums(MonthSheet& sheet, const MonthSheet& stored) {
+    if (!take_sums_of_same_days(sheet, stored))
+        return false;
     read_figures_of(sheet, row::total);
     m_read_strip = sheet.hyou_day;
     lay_counts(sheet.hyou_day, m_counts);
     lay_sums(sheet, m_counts);
+    return true;
 }
 
 /// A work type that was taken away may be given back.
@@ -146,7 +168,6 @@ void MonthDraft::note_sums(const MonthSheet& sheet) {
         if (!is_sum(column) || m_totals[column] == before[column])
             continue;
         const QString tag = sum_tag.toString() + tag_of(sheet, column);
-        m_posted_counts.remove(tag);
         if (m_totals[column] == sum_of_days(sheet, column))
             m_counts.remove(tag);
         else
@@ -156,22 +177,37 @@ void MonthDraft::note_sums(const MonthSheet& sheet) {
 
 Draft MonthDraft::draft_of(const MonthSheet& sheet) {
     note_sums(sheet);
-    for (int column = 0; column < sheet.hyou_day.Cols(); ++column)
-        for (auto* counts : {&m_counts, &m_posted_counts})
-            if (const QString& tag = sheet.hyou_day(strip::tag, column);
-                counts->contains(tag) && counts->value(tag) != sheet.hyou_day(strip::count, column))
-                counts->remove(tag);
+    m_counts = still_shown(m_counts, sheet);
     Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
     add_hours(draft.days, sheet, m_read, m_posted, m_read_figures);
     if (!m_posted.isEmpty())
-        draft.posted_counts = m_posted_counts;
+        draft.posted_counts = still_shown(m_posted_counts, sheet);
     // A day that is typed anew before it is decided stands as it is typed now.
     for (const Clash& clash : m_clashes)
         if (std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) == draft.days.end())
             draft.days << clash.draft;
     add_without_column(draft.days, sheet);
     std::ranges::sort(draft.days, {}, &DraftDay::date);
+    if (draft.unsaved_days() == 0)
+        add_other_than_read(draft.counts, sheet);
     return draft;
+}
+
+/// Sums that were typed, and typed or taken back since, and likewise posted counts. Those of unsaved days follow from
+/// these.
+void MonthDraft::add_other_than_read(QMap<QString, QString>& counts, const MonthSheet& sheet) const {
+    const auto add = [&](const QString& tag, const QString& shown) {
+        if (!counts.contains(tag))
+            counts.insert(tag, shown);
+    };
+    if (m_read_figures.Cols() == sheet.hyou.Cols())
+        for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
+            if (is_sum(column) && !same_time(sheet.hyou(row::total, column), m_read_figures(row::total, column)))
+                add(sum_tag.toString() + tag_of(sheet, column), sheet.hyou(row::total, column));
+    for (int column = 0; column < sheet.hyou_day.Cols(); ++column)
+        if (const auto posted = m_posted_counts.find(sheet.hyou_day(strip::tag, column));
+            posted != m_posted_counts.end() && *posted != sheet.hyou_day(strip::count, column))
+            add(posted.key(), sheet.hyou_day(strip::count, column));
 }
 
 void MonthDraft::keep(const MonthSheet& sheet) {
@@ -206,6 +242,7 @@ void MonthDraft::posted(const MonthSheet& sheet, const MonthSheet& in_tables) {
     m_saved = m_session.host.now().time();
     m_are_lost = false;
     note_sums(sheet);
+    m_posted_counts = still_shown(m_posted_counts, sheet);
     m_posted_counts.insert(std::exchange(m_counts, {}));
     for (Clash& clash : m_clashes)
         clash.draft.posted = false;
@@ -328,7 +365,7 @@ void MonthDraft::settle(MonthSheet& sheet, const MergedMonth& unsaved, const QLi
             copy_day(sheet, unsaved.stored, clash.row);
         otherwise = otherwise || counts_otherwise(before, sheet, clash.row);
     }
-    if (otherwise)
+    if (!take_sums(sheet, unsaved.stored) && otherwise)
         tally_anew(sheet, m_counts);
 }
 
@@ -351,7 +388,7 @@ void MonthDraft::bring_back(const BesideSheet& beside) {
 }
 
 QMap<QString, QString> MonthDraft::counts_by_hand() const {
-    QMap<QString, QString> counts = m_posted_counts;
+    QMap<QString, QString> counts = m_kept.posted_counts;
     counts.insert(m_counts);
     return counts;
 }

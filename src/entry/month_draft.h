@@ -77,11 +77,13 @@ private:
     void read_figures_of(const MonthSheet& stored, int r);
     void note_read(const MonthSheet& stored, int r);
     Draft draft_of(const MonthSheet& sheet);
+    void add_other_than_read(QMap<QString, QString>& counts, const MonthSheet& sheet) const;
     void write(Draft draft);
     void write_if_other(Draft draft);
     void note_posted(MonthSheet& sheet, const DraftDay& day);
     std::optional<MonthSheet> month_coming(const MonthSheet& sheet) const;
-    void take_waiting_sums(MonthSheet& sheet, const MonthSheet& coming);
+    bool take_sums(MonthSheet& sheet, const MonthSheet& stored);
+    void note_sums_of_posted(const MonthSheet& sheet);
     void keep_without_column(const MonthSheet& sheet, const DraftDay& day);
     void add_without_column(QList<DraftDay>& days, const MonthSheet& sheet) const;
     static QStringList totals_of(const MonthSheet& sheet);
