@@ -53,6 +53,7 @@ struct Draft {
     /// of the hours.
     QMap<QString, QString> counts;
     QMap<QString, QString> posted_counts{}; ///< the same, posted together with the days that are
+    QList<DraftDay> undecided{}; ///< of `days`, as they lay before others' when they were typed anew and not decided
 
     bool isEmpty() const { return days.isEmpty() && counts.isEmpty(); }
     int unsaved_days() const; ///< of its days, those that weren't posted as they are typed

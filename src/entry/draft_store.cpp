@@ -117,8 +117,25 @@ DayVersion version_from(const QString& text) {
     return {{fields[0], fields[1], fields[2], fields[3], fields[4], fields[5], fields[6]}, figures_from(fields[7])};
 }
 
-/// Hours stand beside the counts, under their day and tag.
-void add_hours(store::Database& database, const Draft& draft, int month_key) {
+/// A day before it was typed anew: beneath it, as it was typed, and the marks.
+constexpr QStringView undecided_tag = u"未決";
+constexpr QChar between_versions(0x1e); ///< a record separator
+
+QString one_text(const DraftDay& day) {
+    return QStringList{one_text(DayVersion{day.before, day.figures}), one_text(DayVersion{day.typed, day.hours}),
+        digits(int(day.break_from == BreakFrom::Cell)), digits(int(day.pending))}
+        .join(between_versions);
+}
+
+DraftDay undecided_from(QDate date, const QString& text) {
+    const QStringList parts = text.split(between_versions);
+    const DayVersion before = version_from(parts.value(0)), typed = version_from(parts.value(1));
+    return {date, before.typed, typed.typed, BreakFrom(Val(parts.value(2))), Val(parts.value(3)) != 0, false,
+        typed.figures, before.figures};
+}
+
+/// What else is known of days stands beside the counts, under their day and tag.
+void add_what_is_known(store::Database& database, const Draft& draft, int month_key) {
     auto insert = database.prepare("insert into sitagaki_nissu values (?,?,?,?)");
     const auto add = [&](QDate day, const QString& tag, const QString& text) {
         insert.bind(draft.employee, month_key, u"%1 %2"_s.arg(date_number(day)).arg(tag), text).run();
@@ -131,9 +148,11 @@ void add_hours(store::Database& database, const Draft& draft, int month_key) {
         for (qsizetype i = 0; i < day.beneath.size(); ++i)
             add(day.date, version_tag(i), one_text(day.beneath[i]));
     }
+    for (const DraftDay& day : draft.undecided)
+        add(day.date, undecided_tag.toString(), one_text(day));
 }
 
-/// A count, or hours of a day of the draft.
+/// A count, or what is known of a day of the draft.
 void take_in(Draft& draft, const QString& tag, const QString& text) {
     for (DraftDay& day : draft.days)
         if (const QString own = digits(date_number(day.date)) + u' '; tag.startsWith(own)) {
@@ -141,6 +160,8 @@ void take_in(Draft& draft, const QString& tag, const QString& text) {
                 day.figures = figures_from(text);
             else if (figure.startsWith(versions_tag))
                 day.beneath << version_from(text);
+            else if (figure == undecided_tag)
+                draft.undecided << undecided_from(day.date, text);
             else
                 day.hours.insert(figure, text);
             return;
@@ -217,7 +238,7 @@ void keep_draft(const base::Settings& settings, const Draft& draft, const Compan
     take_away(database, draft.employee, month);
     add_days(database, draft);
     add_counts(database, draft, month.month_key());
-    add_hours(database, draft, month.month_key());
+    add_what_is_known(database, draft, month.month_key());
     transaction.commit();
 }
 

@@ -69,6 +69,8 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
             note_posted(sheet, day);
         else if (const int r = m_month.row(day.date); coming && is_among({{day.before, day.figures}}, *coming, r))
             note_read(*coming, r);
+    for (const DraftDay& day : std::as_const(m_kept.undecided))
+        m_clashes << Clash{m_month.row(day.date), day, m_read[m_month.row(day.date)]};
     if (!coming || !take_sums(sheet, *coming))
         note_sums_of_posted(sheet);
     m_totals = totals_of(sheet);
@@ -182,10 +184,10 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
     add_hours(draft.days, sheet, m_read, m_posted, m_read_figures);
     if (!m_posted.isEmpty())
         draft.posted_counts = still_shown(m_posted_counts, sheet);
-    // A day that is typed anew before it is decided stands as it is typed now.
-    for (const Clash& clash : m_clashes)
-        if (std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) == draft.days.end())
-            draft.days << clash.draft;
+    for (const Clash& clash : m_clashes) {
+        const bool typed_anew = std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) != draft.days.end();
+        (typed_anew ? draft.undecided : draft.days) << clash.draft;
+    }
     add_without_column(draft.days, sheet);
     std::ranges::sort(draft.days, {}, &DraftDay::date);
     if (draft.unsaved_days() == 0)

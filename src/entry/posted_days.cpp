@@ -75,7 +75,7 @@ bool arrived(const PostedDay& day, const MonthSheet& stored, int r) {
 }
 
 Draft left_of(const Draft& draft, const MonthSheet& stored) {
-    Draft left{draft.employee, {}, draft.counts};
+    Draft left{draft.employee, {}, draft.counts, {}, draft.undecided};
     bool any_lost = false;
     for (const DraftDay& day : draft.days) {
         const bool is_lost = was_posted(day) && !has_arrived(day, stored);
