@@ -52,10 +52,11 @@ struct Draft {
     /// Counts typed into the strip by hand, by their tag, and sums typed over in the total row, by sum_tag and the tag
     /// of the hours.
     QMap<QString, QString> counts;
-    QMap<QString, QString> posted_counts{}; ///< the same, posted together with the days that are
+    QMap<QString, QString> posted_counts{};  ///< the same, posted together with the days that are
+    QMap<QString, QString> counts_beneath{}; ///< of these, as they were read before they were posted
     QList<DraftDay> undecided{}; ///< of `days`, as they lay before others' when they were typed anew and not decided
 
-    bool isEmpty() const { return days.isEmpty() && counts.isEmpty(); }
+    bool isEmpty() const { return days.isEmpty() && counts.isEmpty() && posted_counts.isEmpty(); }
     int unsaved_days() const; ///< of its days, those that weren't posted as they are typed
     friend bool operator==(const Draft&, const Draft&) = default;
 };

@@ -62,6 +62,7 @@ void add_days(store::Database& database, const Draft& draft) {
 }
 
 constexpr QStringView posted_tag = u"登録 ";
+constexpr QStringView beneath_tag = u"登録前 ";
 
 void add_counts(store::Database& database, const Draft& draft, int month_key) {
     auto insert = database.prepare("insert into sitagaki_nissu values (?,?,?,?)");
@@ -69,11 +70,13 @@ void add_counts(store::Database& database, const Draft& draft, int month_key) {
         insert.bind(draft.employee, month_key, tag, days).run();
     for (const auto& [tag, days] : draft.posted_counts.asKeyValueRange())
         insert.bind(draft.employee, month_key, posted_tag.toString() + tag, days).run();
+    for (const auto& [tag, days] : draft.counts_beneath.asKeyValueRange())
+        insert.bind(draft.employee, month_key, beneath_tag.toString() + tag, days).run();
 }
 
 /// Neither a posted one nor something of a day.
 bool is_typed_count(const QString& tag) {
-    return !tag.startsWith(posted_tag) && tag.indexOf(u' ') != 8;
+    return !tag.startsWith(posted_tag) && !tag.startsWith(beneath_tag) && tag.indexOf(u' ') != 8;
 }
 
 /// All figures that lay beneath a day, in one text.
@@ -168,6 +171,8 @@ void take_in(Draft& draft, const QString& tag, const QString& text) {
         }
     if (tag.startsWith(posted_tag))
         draft.posted_counts.insert(tag.sliced(posted_tag.size()), text);
+    else if (tag.startsWith(beneath_tag))
+        draft.counts_beneath.insert(tag.sliced(beneath_tag.size()), text);
     else
         draft.counts.insert(tag, text);
 }

@@ -75,8 +75,8 @@ void ent_rovena::mark_draft() {
     const qint64 employee = Val(syainsyscd);
     const int month = sheet.month.month_key();
     const auto noted = m_draft_months.value(employee);
-    const bool is_as_noted = has_draft() ? noted.value(month, !m_draft.is_unsaved()) == m_draft.is_unsaved()
-                                         : !noted.contains(month);
+    const bool is_as_noted =
+        has_draft() ? noted.value(month, !m_draft.is_unsaved()) == m_draft.is_unsaved() : !noted.contains(month);
     if (employee == 0 || is_as_noted)
         return;
     if (has_draft())

@@ -152,6 +152,20 @@ Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, con
     return hours;
 }
 
+std::optional<QString> shown_under(const QString& tag, const MonthSheet& sheet) {
+    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
+        if (is_sum(column) && tag == sum_tag.toString() + tag_of(sheet, column))
+            return sheet.hyou(row::total, column);
+    for (int column = 0; column < sheet.hyou_day.Cols(); ++column)
+        if (tag == sheet.hyou_day(strip::tag, column))
+            return sheet.hyou_day(strip::count, column);
+    return {};
+}
+
+bool same_under(const QString& tag, const QString& a, const QString& b) {
+    return tag.startsWith(sum_tag) ? same_time(a, b) : count_of(a) == count_of(b);
+}
+
 void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted,
     const base::Sheet& read_figures) {
     for (int r = row::first_day; r <= sheet.month.length(); ++r) {

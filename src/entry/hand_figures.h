@@ -48,6 +48,12 @@ Hours hours_by_hand(const MonthSheet& sheet, int r, const base::Sheet& read, con
 /// What the tag of a sum of the month begins with, among counts.
 inline constexpr QStringView sum_tag = u"合計 ";
 
+/// What the month shows under the tag of a count or a sum; nothing where it has no such column.
+std::optional<QString> shown_under(const QString& tag, const MonthSheet& sheet);
+
+/// Whether two texts under a tag are the same count, or sum.
+bool same_under(const QString& tag, const QString& a, const QString& b);
+
 /// Adds the hours typed by hand to the days of a draft, and to each what its figures were; a day that has nothing else
 /// joins them, over what it was in the tables or as it was posted.
 void add_hours(QList<DraftDay>& days, const MonthSheet& sheet, const MonthAsRead& read, const PostedDays& posted,

@@ -30,14 +30,10 @@ bool counts_otherwise(const MonthSheet& a, const MonthSheet& b, int r) {
 
 /// Those that nothing was typed over, and no calculation took away; also those that have no column now.
 QMap<QString, QString> still_shown(QMap<QString, QString> counts, const MonthSheet& sheet) {
-    for (int column = 0; column < sheet.hyou_day.Cols(); ++column)
-        if (const auto count = counts.constFind(sheet.hyou_day(strip::tag, column));
-            count != counts.cend() && *count != sheet.hyou_day(strip::count, column))
-            counts.erase(count);
-    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
-        if (const auto sum = counts.constFind(sum_tag.toString() + tag_of(sheet, column));
-            is_sum(column) && sum != counts.cend() && !same_time(*sum, sheet.hyou(row::total, column)))
-            counts.erase(sum);
+    counts.removeIf([&](const auto& count) {
+        const auto shown = shown_under(count.key(), sheet);
+        return shown && !same_under(count.key(), *shown, count.value());
+    });
     return counts;
 }
 
@@ -57,11 +53,13 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     for (const DraftDay& day : std::as_const(m_kept.days))
         keep_without_column(sheet, day);
     know_what_lies_beneath(m_kept.days);
-    const bool wait = std::ranges::any_of(m_kept.days, was_posted) && days_wait(m_session.settings, employee);
+    const bool any_posted = !m_kept.posted_counts.isEmpty() || std::ranges::any_of(m_kept.days, was_posted);
+    const bool wait = any_posted && days_wait(m_session.settings, employee);
     if (!wait)
         write_if_other(left_of(m_kept, sheet));
     m_counts = m_kept.counts;
     m_posted_counts = m_kept.posted_counts;
+    m_counts_beneath = m_kept.counts_beneath;
     const auto coming = wait ? month_coming(sheet) : std::nullopt;
     m_clashes = lay_draft(sheet, m_kept, coming ? &*coming : nullptr);
     for (const DraftDay& day : std::as_const(m_kept.days))
@@ -147,6 +145,7 @@ void MonthDraft::end() {
     m_clashes.clear();
     m_counts.clear();
     m_posted_counts.clear();
+    m_counts_beneath.clear();
     m_totals.clear();
     m_without_column.clear();
     m_saved = {};
@@ -182,8 +181,9 @@ Draft MonthDraft::draft_of(const MonthSheet& sheet) {
     m_counts = still_shown(m_counts, sheet);
     Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
     add_hours(draft.days, sheet, m_read, m_posted, m_read_figures);
-    if (!m_posted.isEmpty())
-        draft.posted_counts = still_shown(m_posted_counts, sheet);
+    draft.posted_counts = still_shown(m_posted_counts, sheet);
+    for (const QString& tag : draft.posted_counts.keys())
+        draft.counts_beneath.insert(tag, m_counts_beneath.value(tag));
     for (const Clash& clash : m_clashes) {
         const bool typed_anew = std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) != draft.days.end();
         (typed_anew ? draft.undecided : draft.days) << clash.draft;
@@ -206,10 +206,9 @@ void MonthDraft::add_other_than_read(QMap<QString, QString>& counts, const Month
         for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
             if (is_sum(column) && !same_time(sheet.hyou(row::total, column), m_read_figures(row::total, column)))
                 add(sum_tag.toString() + tag_of(sheet, column), sheet.hyou(row::total, column));
-    for (int column = 0; column < sheet.hyou_day.Cols(); ++column)
-        if (const auto posted = m_posted_counts.find(sheet.hyou_day(strip::tag, column));
-            posted != m_posted_counts.end() && *posted != sheet.hyou_day(strip::count, column))
-            add(posted.key(), sheet.hyou_day(strip::count, column));
+    for (const auto& [tag, posted] : m_posted_counts.asKeyValueRange())
+        if (const auto shown = shown_under(tag, sheet); shown && !same_under(tag, *shown, posted))
+            add(tag, *shown);
 }
 
 void MonthDraft::keep(const MonthSheet& sheet) {
@@ -245,6 +244,9 @@ void MonthDraft::posted(const MonthSheet& sheet, const MonthSheet& in_tables) {
     m_are_lost = false;
     note_sums(sheet);
     m_posted_counts = still_shown(m_posted_counts, sheet);
+    for (const QString& tag : m_counts.keys())
+        if (!m_posted_counts.contains(tag))
+            m_counts_beneath.insert(tag, read_under(tag, sheet));
     m_posted_counts.insert(std::exchange(m_counts, {}));
     for (Clash& clash : m_clashes)
         clash.draft.posted = false;
@@ -256,6 +258,14 @@ void MonthDraft::posted(const MonthSheet& sheet, const MonthSheet& in_tables) {
     m_read_figures = sheet.hyou;
     m_read_strip = sheet.hyou_day;
     write(draft_of(sheet));
+}
+
+/// As it was read, or posted last.
+QString MonthDraft::read_under(const QString& tag, MonthSheet sheet) const {
+    if (m_read_figures.Cols() == sheet.hyou.Cols())
+        sheet.hyou = m_read_figures;
+    sheet.hyou_day = m_read_strip;
+    return shown_under(tag, sheet).value_or(QString());
 }
 
 /// Where others' rows waited, the month was read with them, and the tables hold what lies beneath these.
@@ -273,7 +283,7 @@ void MonthDraft::day_posted(const MonthSheet& sheet, const DraftDay& day, const 
 /// What the tables hold now is what the next draft lies over. A day that stands there as it did before it was posted
 /// stays: it is asked about when the month is read anew.
 std::optional<bool> MonthDraft::on_their_way(const MonthSheet& sheet) {
-    if (!has_posted_days())
+    if (!has_posted())
         return false;
     try {
         if (days_wait(m_session.settings, m_employee))
@@ -286,11 +296,12 @@ std::optional<bool> MonthDraft::on_their_way(const MonthSheet& sheet) {
 }
 
 bool MonthDraft::waits_for_days() const {
-    return !m_are_lost && has_posted_days();
+    return !m_are_lost && has_posted();
 }
 
-bool MonthDraft::has_posted_days() const {
-    return !m_posted.isEmpty() || std::ranges::any_of(m_kept.days, &DraftDay::posted);
+bool MonthDraft::has_posted() const {
+    return !m_posted.isEmpty() || !m_kept.posted_counts.isEmpty() ||
+           std::ranges::any_of(m_kept.days, &DraftDay::posted);
 }
 
 void MonthDraft::let_arrived_go(const MonthSheet& stored) {
@@ -302,10 +313,12 @@ void MonthDraft::let_arrived_go(const MonthSheet& stored) {
             m_read[entry.key()] = entry.value().typed;
         return is_there;
     });
-    m_are_lost = !m_posted.isEmpty() || std::ranges::any_of(left.days, &DraftDay::posted);
+    m_are_lost = !m_posted.isEmpty() || std::ranges::any_of(left.days, &DraftDay::posted) ||
+                 !lost_counts(m_kept, stored).isEmpty();
     if (!m_are_lost) {
         m_posted_counts.clear();
         left.posted_counts.clear();
+        left.counts_beneath.clear();
     }
     write(left);
 }
@@ -373,10 +386,10 @@ void MonthDraft::settle(MonthSheet& sheet, const MergedMonth& unsaved, const QLi
 
 /// What was posted stays until it has come into the tables.
 void MonthDraft::give_up() {
-    Draft left{m_employee, {}, {}, m_posted_counts};
+    Draft left{m_employee, {}, {}, m_posted_counts, m_counts_beneath};
     for (const auto& [r, day] : m_posted.asKeyValueRange())
-        left.days << DraftDay{m_month.day(r), m_read[r], day.typed, BreakFrom::Rules, false, true, day.hours,
-            day.figures, day.beneath};
+        left.days << DraftDay{
+            m_month.day(r), m_read[r], day.typed, BreakFrom::Rules, false, true, day.hours, day.figures, day.beneath};
     m_clashes.clear();
     m_counts.clear();
     m_without_column.clear();
@@ -416,7 +429,7 @@ QString MonthDraft::standing() const {
     const auto is_of_sum = [](const QString& tag) { return tag.startsWith(sum_tag); };
     if (!m_kept.counts.isEmpty())
         return std::ranges::all_of(m_kept.counts.keys(), is_of_sum) ? u"未登録 合計"_s : u"未登録 日数"_s;
-    if (!m_kept.days.isEmpty())
+    if (!m_kept.isEmpty())
         return m_are_lost ? u"反映されていません"_s : words(u"反映待ち"_s, m_saved);
     return m_saved.isValid() ? words(u"登録しました"_s, m_saved) : QString();
 }

@@ -89,7 +89,8 @@ private:
     static QStringList totals_of(const MonthSheet& sheet);
     void note_sums(const MonthSheet& sheet);
     QMap<QString, QString> counts_by_hand() const; ///< also those that were posted
-    bool has_posted_days() const;
+    bool has_posted() const;
+    QString read_under(const QString& tag, MonthSheet sheet) const;
     void day_posted(const MonthSheet& sheet, const DraftDay& day, const MonthSheet& in_tables);
     void let_arrived_go(const MonthSheet& stored);
     void settled(const Clash& clash, const MonthSheet& stored);
@@ -104,9 +105,10 @@ private:
     PostedDays m_posted;
     Draft m_kept; ///< as it lies in the file
     QList<Clash> m_clashes;
-    QMap<QString, QString> m_counts;        ///< typed by hand, as they were typed: of the strip, and sums by sum_tag
-    QMap<QString, QString> m_posted_counts; ///< likewise, posted
-    QStringList m_totals;                   ///< the total row, as it was looked at last
+    QMap<QString, QString> m_counts;         ///< typed by hand, as they were typed: of the strip, and sums by sum_tag
+    QMap<QString, QString> m_posted_counts;  ///< likewise, posted
+    QMap<QString, QString> m_counts_beneath; ///< of these, as they were read before
+    QStringList m_totals;                    ///< the total row, as it was looked at last
     QMap<QDate, std::pair<TypedDay, Hours>>
         m_without_column;    ///< hours typed into columns that the sheet hasn't got now
     QTime m_saved;           ///< when it was posted; invalid if it wasn't since it was read

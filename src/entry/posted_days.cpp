@@ -74,8 +74,18 @@ bool arrived(const PostedDay& day, const MonthSheet& stored, int r) {
     return has_arrived({day.typed, day.figures}, day.beneath, stored, r);
 }
 
+QMap<QString, QString> lost_counts(const Draft& draft, const MonthSheet& stored) {
+    QMap<QString, QString> lost = draft.posted_counts;
+    lost.removeIf([&](const auto& count) {
+        const auto shown = shown_under(count.key(), stored);
+        return !shown || same_under(count.key(), *shown, count.value()) ||
+               !same_under(count.key(), *shown, draft.counts_beneath.value(count.key()));
+    });
+    return lost;
+}
+
 Draft left_of(const Draft& draft, const MonthSheet& stored) {
-    Draft left{draft.employee, {}, draft.counts, {}, draft.undecided};
+    Draft left{draft.employee, {}, draft.counts, {}, {}, draft.undecided};
     bool any_lost = false;
     for (const DraftDay& day : draft.days) {
         const bool is_lost = was_posted(day) && !has_arrived(day, stored);
@@ -83,8 +93,7 @@ Draft left_of(const Draft& draft, const MonthSheet& stored) {
         if (const DraftDay rest = left_of(day, stored, is_lost); is_lost || !day.posted || !rest.hours.isEmpty())
             left.days << rest;
     }
-    if (any_lost)
-        add_missing(left.counts, draft.posted_counts);
+    add_missing(left.counts, any_lost ? draft.posted_counts : lost_counts(draft, stored));
     return left;
 }
 

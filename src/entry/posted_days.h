@@ -19,6 +19,9 @@ bool arrived(const DraftDay& day, const MonthSheet& stored);
 /// The same of a day as it was posted.
 bool arrived(const PostedDay& day, const MonthSheet& stored, int r);
 
+/// Posted counts and sums of a draft that the tables hold as they did before, now that no row waits.
+QMap<QString, QString> lost_counts(const Draft& draft, const MonthSheet& stored);
+
 /// What is left of a draft once no row waits. A day that was posted is over then, unless the tables hold what was
 /// beneath it: its rows were refused or the company was taken back to an earlier state, or else somebody made the day
 /// again what it was. The person knows which, and is asked: it lies over itself, where something else stands now. Its
