@@ -100,6 +100,9 @@ void lay_typed(MonthSheet& sheet, int r, const DraftDay& day, bool calculates) {
 DraftDay over_what_is_stored(DraftDay day, const MonthSheet& stored, const MonthSheet* coming) {
     const int r = stored.month.row(day.date);
     if (is_among(day.beneath, stored, r) || (coming && is_among({{day.before, day.figures}}, *coming, r))) {
+        if (same_times(day.typed, day.before)) // then its figures stand, whatever the times here would give
+            for (const auto& [tag, time] : day.figures.asKeyValueRange())
+                day.hours.insert(tag, day.hours.value(tag, time));
         day.before = typed_day(stored, r);
         day.figures = figures_of(stored, stored.hyou, r);
     }

@@ -46,6 +46,8 @@ struct DraftDay {
 /// Whether the person took away the kind that was read.
 bool takes_kind_away(const DraftDay& day);
 
+constexpr QChar between_texts(u'\n');
+
 struct Draft {
     base::EmployeeKey employee;
     QList<DraftDay> days; ///< in order
@@ -53,7 +55,7 @@ struct Draft {
     /// of the hours.
     QMap<QString, QString> counts;
     QMap<QString, QString> posted_counts{};  ///< the same, posted together with the days that are
-    QMap<QString, QString> counts_beneath{}; ///< of these, as they were read before they were posted
+    QMap<QString, QString> counts_beneath{}; ///< of these, what the tables may hold still, by between_texts
     QList<DraftDay> undecided{}; ///< of `days`, as they lay before others' when they were typed anew and not decided
 
     bool isEmpty() const { return days.isEmpty() && counts.isEmpty() && posted_counts.isEmpty(); }

@@ -28,15 +28,6 @@ bool counts_otherwise(const MonthSheet& a, const MonthSheet& b, int r) {
     return !same_times(day, other) || !same_kind(day, other) || !same_figures(a.hyou, b.hyou, r);
 }
 
-/// Those that nothing was typed over, and no calculation took away; also those that have no column now.
-QMap<QString, QString> still_shown(QMap<QString, QString> counts, const MonthSheet& sheet) {
-    counts.removeIf([&](const auto& count) {
-        const auto shown = shown_under(count.key(), sheet);
-        return shown && !same_under(count.key(), *shown, count.value());
-    });
-    return counts;
-}
-
 } // namespace
 
 void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
@@ -44,22 +35,24 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
     m_employee = employee;
     m_month = sheet.month;
     m_read = month_as_read(sheet);
-    m_read_figures = sheet.hyou;
-    m_read_strip = sheet.hyou_day;
-    m_totals = totals_of(sheet);
+    m_as_read = sheet;
+    m_sums.begin(sheet);
     m_kept = read_draft(m_session.settings, employee, m_month);
     if (m_kept.isEmpty())
         return;
     for (const DraftDay& day : std::as_const(m_kept.days))
         keep_without_column(sheet, day);
     know_what_lies_beneath(m_kept.days);
-    const bool any_posted = !m_kept.posted_counts.isEmpty() || std::ranges::any_of(m_kept.days, was_posted);
-    const bool wait = any_posted && days_wait(m_session.settings, employee);
+    lay_kept(sheet);
+    m_sums.stand(sheet);
+    keep(sheet);
+}
+
+void MonthDraft::lay_kept(MonthSheet& sheet) {
+    const bool wait = days_wait(m_session.settings, m_employee);
     if (!wait)
         write_if_other(left_of(m_kept, sheet));
-    m_counts = m_kept.counts;
-    m_posted_counts = m_kept.posted_counts;
-    m_counts_beneath = m_kept.counts_beneath;
+    m_sums.take_up(m_kept);
     const auto coming = wait ? month_coming(sheet) : std::nullopt;
     m_clashes = lay_draft(sheet, m_kept, coming ? &*coming : nullptr);
     for (const DraftDay& day : std::as_const(m_kept.days))
@@ -69,18 +62,9 @@ void MonthDraft::begin(MonthSheet& sheet, EmployeeKey employee) {
             note_read(*coming, r);
     for (const DraftDay& day : std::as_const(m_kept.undecided))
         m_clashes << Clash{m_month.row(day.date), day, m_read[m_month.row(day.date)]};
-    if (!coming || !take_sums(sheet, *coming))
-        note_sums_of_posted(sheet);
-    m_totals = totals_of(sheet);
-    keep(sheet);
-}
-
-/// Those that follow from posted days alone are nobody's change.
-void MonthDraft::note_sums_of_posted(const MonthSheet& sheet) {
-    if (m_kept.unsaved_days() == 0 && m_kept.counts.isEmpty()) {
-        read_figures_of(sheet, row::total);
-        m_read_strip = sheet.hyou_day;
-    }
+    const bool as_coming = coming && take_sums(sheet, *coming);
+    if (!as_coming && !is_unsaved()) // they follow from posted days alone
+        note_sums_read(sheet);
 }
 
 void MonthDraft::note_posted(MonthSheet& sheet, const DraftDay& day) {
@@ -88,7 +72,7 @@ void MonthDraft::note_posted(MonthSheet& sheet, const DraftDay& day) {
     if (!posted)
         return;
     m_posted.insert(m_month.row(day.date), *posted);
-    put_figures(sheet, m_read_figures, m_month.row(day.date), day.figures);
+    put_figures(sheet, m_as_read.hyou, m_month.row(day.date), day.figures);
 }
 
 /// What it will be once the rows that wait are in.
@@ -108,10 +92,9 @@ std::optional<MonthSheet> MonthDraft::month_coming(const MonthSheet& sheet) cons
 bool MonthDraft::take_sums(MonthSheet& sheet, const MonthSheet& stored) {
     if (!take_sums_of_same_days(sheet, stored))
         return false;
-    read_figures_of(sheet, row::total);
-    m_read_strip = sheet.hyou_day;
-    lay_counts(sheet.hyou_day, m_counts);
-    lay_sums(sheet, m_counts);
+    note_sums_read(sheet);
+    lay_counts(sheet.hyou_day, m_sums.typed());
+    lay_sums(sheet, m_sums.typed());
     return true;
 }
 
@@ -143,72 +126,25 @@ void MonthDraft::end() {
     m_kept = {};
     m_posted.clear();
     m_clashes.clear();
-    m_counts.clear();
-    m_posted_counts.clear();
-    m_counts_beneath.clear();
-    m_totals.clear();
+    m_sums = {};
     m_without_column.clear();
     m_saved = {};
     m_are_lost = false;
     m_trouble.clear();
 }
 
-QStringList MonthDraft::totals_of(const MonthSheet& sheet) {
-    QStringList totals;
-    for (int column = 0; column < sheet.hyou.Cols(); ++column)
-        totals << sheet.hyou(row::total, column);
-    return totals;
-}
-
-/// A sum that changes to what the days don't give was typed; a tally takes it away, as it does counts.
-void MonthDraft::note_sums(const MonthSheet& sheet) {
-    const QStringList before = std::exchange(m_totals, totals_of(sheet));
-    if (before.size() != m_totals.size())
-        return;
-    for (int column = col::break_time; column < sheet.hyou.Cols(); ++column) {
-        if (!is_sum(column) || m_totals[column] == before[column])
-            continue;
-        const QString tag = sum_tag.toString() + tag_of(sheet, column);
-        if (m_totals[column] == sum_of_days(sheet, column))
-            m_counts.remove(tag);
-        else
-            m_counts.insert(tag, m_totals[column]);
-    }
-}
-
 Draft MonthDraft::draft_of(const MonthSheet& sheet) {
-    note_sums(sheet);
-    m_counts = still_shown(m_counts, sheet);
-    Draft draft{m_employee, draft_days(sheet, m_read, m_posted), m_counts};
-    add_hours(draft.days, sheet, m_read, m_posted, m_read_figures);
-    draft.posted_counts = still_shown(m_posted_counts, sheet);
-    for (const QString& tag : draft.posted_counts.keys())
-        draft.counts_beneath.insert(tag, m_counts_beneath.value(tag));
+    m_sums.look(sheet, m_as_read);
+    Draft draft{m_employee, draft_days(sheet, m_read, m_posted), {}};
+    add_hours(draft.days, sheet, m_read, m_posted, m_as_read.hyou);
     for (const Clash& clash : m_clashes) {
         const bool typed_anew = std::ranges::find(draft.days, clash.draft.date, &DraftDay::date) != draft.days.end();
         (typed_anew ? draft.undecided : draft.days) << clash.draft;
     }
     add_without_column(draft.days, sheet);
     std::ranges::sort(draft.days, {}, &DraftDay::date);
-    if (draft.unsaved_days() == 0)
-        add_other_than_read(draft.counts, sheet);
+    m_sums.put_into(draft, sheet, m_as_read);
     return draft;
-}
-
-/// Sums that were typed, and typed or taken back since, and likewise posted counts. Those of unsaved days follow from
-/// these.
-void MonthDraft::add_other_than_read(QMap<QString, QString>& counts, const MonthSheet& sheet) const {
-    const auto add = [&](const QString& tag, const QString& shown) {
-        if (!counts.contains(tag))
-            counts.insert(tag, shown);
-    };
-    if (m_read_figures.Cols() == sheet.hyou.Cols())
-        for (int column = col::break_time; column < sheet.hyou.Cols(); ++column)
-            if (is_sum(column) && !same_time(sheet.hyou(row::total, column), m_read_figures(row::total, column)))
-                add(sum_tag.toString() + tag_of(sheet, column), sheet.hyou(row::total, column));
-    for (const auto& [tag, posted] : m_posted_counts.asKeyValueRange())
-        if (const auto shown = shown_under(tag, sheet); shown && !same_under(tag, *shown, posted))
-            add(tag, *shown);
 }
 
 void MonthDraft::keep(const MonthSheet& sheet) {
@@ -233,7 +169,7 @@ void MonthDraft::write(Draft draft) {
 }
 
 void MonthDraft::count_typed(const MonthSheet& sheet, int column) {
-    m_counts.insert(sheet.hyou_day(strip::tag, column), sheet.hyou_day(strip::count, column));
+    m_sums.count_typed(sheet, column);
     keep(sheet);
 }
 
@@ -242,12 +178,7 @@ void MonthDraft::posted(const MonthSheet& sheet, const MonthSheet& in_tables) {
         return;
     m_saved = m_session.host.now().time();
     m_are_lost = false;
-    note_sums(sheet);
-    m_posted_counts = still_shown(m_posted_counts, sheet);
-    for (const QString& tag : m_counts.keys())
-        if (!m_posted_counts.contains(tag))
-            m_counts_beneath.insert(tag, read_under(tag, sheet));
-    m_posted_counts.insert(std::exchange(m_counts, {}));
+    m_sums.posted(sheet, m_as_read);
     for (Clash& clash : m_clashes)
         clash.draft.posted = false;
     const Draft draft = draft_of(sheet);
@@ -255,17 +186,8 @@ void MonthDraft::posted(const MonthSheet& sheet, const MonthSheet& in_tables) {
     for (const DraftDay& day : draft.days)
         if (std::ranges::find(m_clashes, day, &Clash::draft) == m_clashes.end())
             day_posted(sheet, day, in_tables);
-    m_read_figures = sheet.hyou;
-    m_read_strip = sheet.hyou_day;
+    m_as_read = sheet;
     write(draft_of(sheet));
-}
-
-/// As it was read, or posted last.
-QString MonthDraft::read_under(const QString& tag, MonthSheet sheet) const {
-    if (m_read_figures.Cols() == sheet.hyou.Cols())
-        sheet.hyou = m_read_figures;
-    sheet.hyou_day = m_read_strip;
-    return shown_under(tag, sheet).value_or(QString());
 }
 
 /// Where others' rows waited, the month was read with them, and the tables hold what lies beneath these.
@@ -274,7 +196,7 @@ void MonthDraft::day_posted(const MonthSheet& sheet, const DraftDay& day, const 
     const DayVersion version{day.typed, figures_of(sheet, sheet.hyou, r)};
     QList<DayVersion> beneath = m_posted.contains(r)
                                     ? beneath_next(m_posted[r], version)
-                                    : QList{DayVersion{m_read[r], figures_of(sheet, m_read_figures, r)}};
+                                    : QList{DayVersion{m_read[r], figures_of(sheet, m_as_read.hyou, r)}};
     if (!is_among(beneath, in_tables, r) && !is_among({version}, in_tables, r))
         beneath << DayVersion{typed_day(in_tables, r), figures_of(in_tables, in_tables.hyou, r)};
     m_posted.insert(r, {day.typed, day.hours, version.figures, beneath});
@@ -316,7 +238,7 @@ void MonthDraft::let_arrived_go(const MonthSheet& stored) {
     m_are_lost = !m_posted.isEmpty() || std::ranges::any_of(left.days, &DraftDay::posted) ||
                  !lost_counts(m_kept, stored).isEmpty();
     if (!m_are_lost) {
-        m_posted_counts.clear();
+        m_sums.let_posted_go();
         left.posted_counts.clear();
         left.counts_beneath.clear();
     }
@@ -324,14 +246,19 @@ void MonthDraft::let_arrived_go(const MonthSheet& stored) {
 }
 
 MonthInHand MonthDraft::in_hand(const MonthSheet& sheet) const {
-    return {sheet, m_read, m_posted, m_read_figures, m_read_strip, m_counts};
+    return {sheet, m_read, m_posted, m_as_read.hyou, m_as_read.hyou_day, m_sums.typed()};
 }
 
 void MonthDraft::read_figures_of(const MonthSheet& stored, int r) {
-    if (m_read_figures.Cols() != stored.hyou.Cols())
+    if (m_as_read.hyou.Cols() != stored.hyou.Cols())
         return;
     for (int column = 0; column < stored.hyou.Cols(); ++column)
-        m_read_figures(r, column) = stored.hyou(r, column);
+        m_as_read.hyou(r, column) = stored.hyou(r, column);
+}
+
+void MonthDraft::note_sums_read(const MonthSheet& sheet) {
+    read_figures_of(sheet, row::total);
+    m_as_read.hyou_day = sheet.hyou_day;
 }
 
 void MonthDraft::note_read(const MonthSheet& stored, int r) {
@@ -340,7 +267,7 @@ void MonthDraft::note_read(const MonthSheet& stored, int r) {
 }
 
 void MonthDraft::taken_over(const MonthSheet& sheet, const QList<int>& rows) {
-    m_totals = totals_of(sheet);
+    m_sums.stand(sheet);
     for (const int r : rows) {
         m_without_column.remove(m_month.day(r));
         note_read(sheet, r);
@@ -349,8 +276,7 @@ void MonthDraft::taken_over(const MonthSheet& sheet, const QList<int>& rows) {
             if (clash.row != r || stands_otherwise(clash, sheet))
                 m_clashes << clash;
     }
-    read_figures_of(sheet, row::total);
-    m_read_strip = sheet.hyou_day;
+    note_sums_read(sheet);
 }
 
 /// Whether it is to be decided still, over what is stored by now.
@@ -381,30 +307,29 @@ void MonthDraft::settle(MonthSheet& sheet, const MergedMonth& unsaved, const QLi
         otherwise = otherwise || counts_otherwise(before, sheet, clash.row);
     }
     if (!take_sums(sheet, unsaved.stored) && otherwise)
-        tally_anew(sheet, m_counts);
+        tally_anew(sheet, m_sums.typed());
 }
 
 /// What was posted stays until it has come into the tables.
 void MonthDraft::give_up() {
-    Draft left{m_employee, {}, {}, m_posted_counts, m_counts_beneath};
+    Draft left{m_employee, {}, {}, m_kept.posted_counts, m_kept.counts_beneath};
     for (const auto& [r, day] : m_posted.asKeyValueRange())
         left.days << DraftDay{
             m_month.day(r), m_read[r], day.typed, BreakFrom::Rules, false, true, day.hours, day.figures, day.beneath};
     m_clashes.clear();
-    m_counts.clear();
+    m_sums.give_up();
     m_without_column.clear();
     write(left);
 }
 
 void MonthDraft::bring_back(const BesideSheet& beside) {
     m_clashes = beside.clashes;
-    m_counts = beside.counts;
-    m_totals.clear(); // what stands in the sums then was noted then
+    m_sums.bring_back(beside.counts);
 }
 
 QMap<QString, QString> MonthDraft::counts_by_hand() const {
     QMap<QString, QString> counts = m_kept.posted_counts;
-    counts.insert(m_counts);
+    counts.insert(m_sums.typed());
     return counts;
 }
 

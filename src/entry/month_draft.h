@@ -3,6 +3,7 @@
 // The draft of the month on the sheet: kept on this PC from the first typed key until what was saved is in the tables.
 // The form says when a month was read, when something may have been typed, and when it was saved.
 
+#include "entry/hand_sums.h"
 #include "entry/merge.h"
 #include "frame/session.h"
 
@@ -60,7 +61,7 @@ public:
     void decide(MonthSheet& sheet, int clash, Choice choice);
 
     /// What belongs beside the sheet as it stands, and the same brought back with an earlier sheet; to be kept then.
-    BesideSheet beside_sheet() const { return {m_clashes, m_counts}; }
+    BesideSheet beside_sheet() const { return {m_clashes, m_sums.typed()}; }
     void bring_back(const BesideSheet& beside);
 
     bool isEmpty() const { return m_kept.isEmpty(); }
@@ -76,21 +77,18 @@ public:
 private:
     void read_figures_of(const MonthSheet& stored, int r);
     void note_read(const MonthSheet& stored, int r);
+    void note_sums_read(const MonthSheet& sheet);
     Draft draft_of(const MonthSheet& sheet);
-    void add_other_than_read(QMap<QString, QString>& counts, const MonthSheet& sheet) const;
     void write(Draft draft);
     void write_if_other(Draft draft);
     void note_posted(MonthSheet& sheet, const DraftDay& day);
     std::optional<MonthSheet> month_coming(const MonthSheet& sheet) const;
+    void lay_kept(MonthSheet& sheet);
     bool take_sums(MonthSheet& sheet, const MonthSheet& stored);
-    void note_sums_of_posted(const MonthSheet& sheet);
     void keep_without_column(const MonthSheet& sheet, const DraftDay& day);
     void add_without_column(QList<DraftDay>& days, const MonthSheet& sheet) const;
-    static QStringList totals_of(const MonthSheet& sheet);
-    void note_sums(const MonthSheet& sheet);
     QMap<QString, QString> counts_by_hand() const; ///< also those that were posted
     bool has_posted() const;
-    QString read_under(const QString& tag, MonthSheet sheet) const;
     void day_posted(const MonthSheet& sheet, const DraftDay& day, const MonthSheet& in_tables);
     void let_arrived_go(const MonthSheet& stored);
     void settled(const Clash& clash, const MonthSheet& stored);
@@ -100,15 +98,11 @@ private:
     base::EmployeeKey m_employee;
     base::CompanyMonth m_month{2000, 1, 1};
     MonthAsRead m_read;
-    base::Sheet m_read_figures{0, 0}; ///< the sheet as it was read, or posted last
-    base::Sheet m_read_strip{0, 0};   ///< the counts, likewise
+    MonthSheet m_as_read; ///< the sheet as it was read, or posted last
     PostedDays m_posted;
     Draft m_kept; ///< as it lies in the file
     QList<Clash> m_clashes;
-    QMap<QString, QString> m_counts;         ///< typed by hand, as they were typed: of the strip, and sums by sum_tag
-    QMap<QString, QString> m_posted_counts;  ///< likewise, posted
-    QMap<QString, QString> m_counts_beneath; ///< of these, as they were read before
-    QStringList m_totals;                    ///< the total row, as it was looked at last
+    HandSums m_sums;
     QMap<QDate, std::pair<TypedDay, Hours>>
         m_without_column;    ///< hours typed into columns that the sheet hasn't got now
     QTime m_saved;           ///< when it was posted; invalid if it wasn't since it was read

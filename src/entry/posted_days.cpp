@@ -78,8 +78,9 @@ QMap<QString, QString> lost_counts(const Draft& draft, const MonthSheet& stored)
     QMap<QString, QString> lost = draft.posted_counts;
     lost.removeIf([&](const auto& count) {
         const auto shown = shown_under(count.key(), stored);
-        return !shown || same_under(count.key(), *shown, count.value()) ||
-               !same_under(count.key(), *shown, draft.counts_beneath.value(count.key()));
+        const QStringList beneath = draft.counts_beneath.value(count.key()).split(between_texts);
+        const auto stands = [&](const QString& text) { return same_under(count.key(), *shown, text); };
+        return !shown || stands(count.value()) || std::ranges::none_of(beneath, stands);
     });
     return lost;
 }
