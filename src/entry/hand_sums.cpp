@@ -116,7 +116,9 @@ void HandSums::let_posted_go() {
 
 void HandSums::put_into(Draft& draft, const MonthSheet& sheet, const MonthSheet& as_read) const {
     draft.counts = m_typed;
-    draft.counts.removeIf([&](const auto& count) { return m_posted.value(count.key()) == count.value(); });
+    draft.counts.removeIf([&](const auto& count) {
+        return m_posted.contains(count.key()) && m_posted.value(count.key()) == count.value();
+    });
     draft.posted_counts = still_shown(m_posted, sheet);
     draft.counts_beneath.clear();
     for (const QString& tag : draft.posted_counts.keys())
