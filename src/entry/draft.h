@@ -30,7 +30,7 @@ struct DayVersion {
 
 struct DraftDay {
     QDate date;
-    TypedDay before; ///< as it was read
+    TypedDay before; ///< as it was read; as it was posted, if it was typed anew since; as it is typed, if that got lost
     TypedDay typed;
     BreakFrom break_from = BreakFrom::Rules;
     bool pending = false; ///< typed and not yet calculated: its kind follows from the calculation

@@ -53,7 +53,7 @@ public:
     SumsOfOthers(MonthSheet& sheet, const MonthInHand& hand, const MonthSheet& stored)
         : m_sheet(sheet), m_hand(hand), m_stored(stored) {}
 
-    /// Whether there are any.
+    /// Gives back whether there were any.
     bool take_over() {
         if (m_hand.figures.Cols() == m_sheet.hyou.Cols())
             for (int column = col::break_time; column < m_sheet.hyou.Cols(); ++column)

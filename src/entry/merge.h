@@ -21,7 +21,7 @@ struct Clash {
 /// nothing is calculated, also those that lay beneath what somebody else typed over.
 Hours typed_hours(const Clash& clash);
 
-/// What belongs to the month's draft and stands in no cell.
+/// What belongs to the month's draft and doesn't follow from the cells.
 struct BesideSheet {
     QList<Clash> clashes;          ///< not yet decided
     QMap<QString, QString> counts; ///< typed into the strip by hand, by their tag

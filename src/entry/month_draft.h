@@ -30,7 +30,8 @@ public:
     /// A count was typed into the strip by hand; it is kept until the next calculation takes it away.
     void count_typed(const MonthSheet& sheet, int column);
 
-    /// The days of the sheet were posted over what the tables held then.
+    /// The days of the sheet were posted over what the tables held then: all that the draft holds but for undecided
+    /// days. Hours whose column is gone wait on in it.
     void posted(const MonthSheet& sheet, const MonthSheet& in_tables);
 
     /// Whether saved days are on their way, and those that have come into the tables since leave the draft. Looks into
