@@ -46,6 +46,7 @@ struct DraftDay {
 /// Whether the person took away the kind that was read.
 bool takes_kind_away(const DraftDay& day);
 
+/// Between the texts of what may lie beneath a count or a sum.
 constexpr QChar between_texts(u'\n');
 
 struct Draft {

@@ -290,8 +290,7 @@ bool MonthDraft::stands_otherwise(Clash& clash, const MonthSheet& stored) const 
 
 void MonthDraft::settled(const Clash& clash, const MonthSheet& stored) {
     m_without_column.remove(clash.draft.date);
-    m_read[clash.row] = clash.stored;
-    read_figures_of(stored, clash.row);
+    note_read(stored, clash.row);
     m_posted.remove(clash.row);
     m_clashes.removeIf([&](const Clash& undecided) { return undecided.row == clash.row; });
 }
